@@ -1,0 +1,52 @@
+// oravin-demo: writes the sample installation.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "demo/sample.h"
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app{
+      "Writes a complete sample installation of the game and of Oravin into a folder, so that everything can be tried\n"
+      "without the game: made-up ships, drawn textures and made-up numbers in the game's own file formats.\n"
+      "A sample that is already there is put back to its first state."};
+  app.name("oravin-demo");
+  std::string folder;
+  oravin::demo::SampleOptions options;
+  app.add_option("DIR", folder, "The folder to write to: a new or an empty one, or an earlier sample")->required();
+  app.add_option("--entries", options.entries, "How many entries the game's archive has (at least one per ship)")
+      ->check(CLI::Range(0, 2000000))
+      ->capture_default_str();
+  app.add_option("--ships", options.ships, "How many stock ships the ship list has; three add-on ships come on top")
+      ->check(CLI::Range(1, 30000))
+      ->capture_default_str();
+  app.add_option("--megabytes", options.megabytes, "Make the archive at least this large (in MiB)")
+      ->check(CLI::Range(0, 2000))
+      ->capture_default_str();
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kDone : kWrongUsage;
+  }
+  try {
+    const oravin::demo::Sample sample = oravin::demo::WriteSample(folder, options);
+    std::printf("The sample installation is written: %zu ships, %zu ship packs.\n", sample.ships.size(),
+                sample.packs.size());
+    std::printf("  game folder     %s\n", sample.game.string().c_str());
+    std::printf("  program folder  %s\n", sample.program.string().c_str());
+    std::printf("  configuration   %s\n", sample.config.string().c_str());
+    return kDone;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "oravin-demo: %s\n", error.what());
+    return kFailed;
+  }
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "desk/controls.h"
+
+namespace oravin {
+
+/// The controls of the "About" tab.
+struct AboutTab {
+  Label lblVersion;
+  Label lblPurpose;
+  TextBox txtSLPath;       ///< the game folder
+  TextBox txtProgramPath;  ///< the program's own folder
+  Button cmdReadme;
+  Button cmdExit;
+};
+
+AboutTab NewAboutTab();
+
+/// The version label: major and minor version with a point, the revision behind them without one, so that version 2.1.3
+/// reads "Version 2.13". That is meant.
+std::string VersionText(int major, int minor, int revision);
+
+/// The version for the command line: 2.1.3.
+std::string PlainVersion();
+
+}  // namespace oravin

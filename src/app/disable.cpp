@@ -1,0 +1,85 @@
+#include "app/disable.h"
+
+#include "app/safekeeping.h"
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "desk/write_plan.h"
+#include "hog/RestoreHog.h"
+#include "hog/fat_backup.h"
+#include "ships/shipstats.h"
+#include "switcher/add_on_ship.h"
+#include "texture/RestoreTcacheFile.h"
+#include "util/File_Path.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* question =
+    "This will restore all files back to their previous state.\n"
+    "This will also remove all StarLancer fighters from the\n"
+    "StarLancer\\Ships\\ folder.\n"
+    "If you want to keep any of these files make copies of them.\n"
+    "Are you sure you want to continue?";
+
+WritePlan PlanDisable(const Installation& installation) {
+  const std::string shipsFolder = installation.GamePath + "ships\\";
+  WritePlan plan;
+  plan.folders = {installation.GamePath, installation.ProgramPath};
+  if (FolderExists(std::string(shipsFolder))) plan.folders.push_back(shipsFolder);
+  plan.files = {installation.GamePath + "resource.hog", installation.GamePath + "shipstats.bin",
+                installation.GamePath + "shipstats.def", installation.GamePath + "tcachehw.dat",
+                installation.ProgramPath + catalogueName};
+  for (const ShipRecord& ship : installation.ships) {
+    if (IsInert(ship)) continue;
+    plan.files.push_back(shipsFolder + ModelOf(ship));
+    plan.files.push_back(shipsFolder + BackupOf(ship));
+  }
+  NeedRoom(plan, installation.GamePath, FileLength(installation.GamePath + "tcachehw.dat"));
+  NeedRoom(plan, installation.GamePath, KeptModelsSize(installation));
+  return plan;
+}
+
+void RestoreArchiveAndStats(Host& host, const Installation& installation) {
+  const std::string hog = installation.GamePath + "resource.hog";
+  const std::string shipsFolder = installation.GamePath + "ships\\";
+  const std::string current = installation.GamePath + "shipstats.bin";
+  const std::string defaults = installation.GamePath + "shipstats.def";
+  const HogTable backup = ReadFatBackup(host, installation.ProgramPath);
+  if (installation.ships.empty()) {
+    RestoreHogByBackup(host, hog, shipsFolder, backup);
+    RestoreAllBlocks(host, current, defaults);
+    return;
+  }
+  RestoreHog(host, hog, shipsFolder, installation.ProgramPath + addOnShipsFolder, installation.ships, backup);
+  // Names of ships that have left the ship list since they were disguised are known to the backup alone.
+  if (FileExists(std::string(hog))) RestoreHogByBackup(host, hog, shipsFolder, backup);
+  RestoreShipStats(host, current, defaults, installation.ships);
+}
+
+}  // namespace
+
+void cmdDisable_Click(Main& main) {
+  Installation& installation = main.installation;
+  if (!AskYesNo(main.host, question)) return;
+  CloseOpenFiles(main);
+  if (!ReadyToWrite(main.host, PlanDisable(installation))) return;
+
+  Trap(main.host, "cmdDisable_Click()", [&] { EraseAllLeftovers(main.host.files, installation); });
+  RestoreArchiveAndStats(main.host, installation);
+  Trap(main.host, "cmdDisable_Click()", [&] {
+    const std::string catalogue = installation.ProgramPath + catalogueName;
+    if (FileExists(std::string(catalogue))) EraseFile(main.host.files, catalogue);
+  });
+  RestoreTcacheFile(main.host, installation.GamePath + "tcachehw.dat");
+  main.stats.lblWeapons.caption = "Weapons:";
+  Trap(main.host, "cmdDisable_Click()", [&] { PutPlayersModelsBack(main.host.files, installation); });
+  installation.ships.clear();
+  EmptyLists(main);
+  EndProgress(main.host);
+  ShowSuccess(main.host, "Restoration complete", Icon::information);
+}
+
+}  // namespace oravin

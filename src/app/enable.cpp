@@ -1,0 +1,160 @@
+#include "app/enable.h"
+
+#include "app/safekeeping.h"
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "desk/write_plan.h"
+#include "hog/fat_backup.h"
+#include "hog/unpack.h"
+#include "ships/shipstats.h"
+#include "switcher/add_on_ship.h"
+#include "switcher/catalogue_build.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* question =
+    "Enabling these features will require about 6 MB of storage space\n"
+    "and will make reversable modifications to key StarLancer files.\n"
+    "StarLancer must not be open and it may take up to 20 seconds\n"
+    "to make all the Necessary changes. \n"
+    "You should read the readme.txt before enabling these options.\n"
+    "Are you sure you want to continue?";
+
+constexpr const char* enabledMessage =
+    "Options Enabled. If you haven't read the readme.txt file, do so and \n"
+    "use the ''Disable / Restore'' button BEFORE uninstalling.\n"
+    "If you have any suggestions or bug reports, please send the to me.";
+
+/// What is known before the first change.
+struct Preparation {
+  std::vector<ListedShip> list;
+  std::vector<std::string> stockModels;
+  std::vector<std::string> models;  ///< of stock and add-on ships
+  HogTable live;
+  bool repaired = false;
+  bool wasEnabled = false;
+};
+
+void CollectModels(Preparation& preparation) {
+  for (const ListedShip& ship : preparation.list) {
+    const std::string model = Trim(ship.file);
+    if (model.empty()) continue;
+    preparation.models.push_back(model);
+    if (ship.kind != importedKind) preparation.stockModels.push_back(model);
+  }
+}
+
+bool ReadArchive(Main& main, Preparation& preparation) {
+  std::string hog = main.installation.GamePath + "resource.hog";
+  std::vector<HogEntry> entries;
+  const int count = GetHogData(main.host, hog, entries, &preparation.repaired);
+  preparation.live = TableOf(std::move(entries));
+  if (count > 0) return true;
+  Show(
+      main.host,
+      "Enabling was stopped, because the table of resource.hog cannot be read. If you have a backup of the table, open "
+      "the archive on the Hog Editor tab and press \"Restore FAT\".",
+      Icon::exclamation);
+  return false;
+}
+
+/// Adds what the models will take: each is written beside the one that it replaces.
+void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
+  const Installation& installation = main.installation;
+  const std::string folder = installation.GamePath + "ships\\";
+  const OpenedFile hog(main.host.files, installation.GamePath + "resource.hog", platform::OpenFor::reading);
+  const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
+  for (const ListedShip& ship : preparation.list) {
+    const std::string model = Trim(ship.file);
+    if (model.empty()) continue;
+    plan.files.push_back(folder + model);
+    plan.files.push_back(folder + ChangeExtension(std::string(model), ".org"));
+    if (ship.kind == importedKind) {
+      NeedRoom(plan, installation.GamePath, FileLength(installation.ProgramPath + addOnShipsFolder + model));
+    } else if (const auto entry = FindModel(model, preparation.live, backup)) {
+      NeedRoom(plan, installation.GamePath, UnpackedSize(main.host.files, hog.handle, entry->Size, entry->Offset));
+    }
+  }
+}
+
+WritePlan PlanEnable(Main& main, const Preparation& preparation) {
+  const Installation& installation = main.installation;
+  WritePlan plan;
+  plan.folders = {installation.GamePath, installation.ProgramPath};
+  for (const char* folder : {"backup\\", "backup\\ships\\"}) {
+    if (FolderExists(installation.ProgramPath + folder)) plan.folders.push_back(installation.ProgramPath + folder);
+  }
+  if (FolderExists(installation.GamePath + "ships\\")) plan.folders.push_back(installation.GamePath + "ships\\");
+  plan.files = {installation.GamePath + "resource.hog",   installation.GamePath + "shipstats.bin",
+                installation.GamePath + "shipstats.def",  installation.ProgramPath + catalogueName,
+                installation.ProgramPath + fatBackupName, installation.ProgramPath + "backup\\shipstats.def"};
+  PlanModels(main, preparation, plan);
+  NeedRoom(plan, installation.GamePath, FileLength(installation.GamePath + "shipstats.bin"));
+  NeedRoom(plan, installation.ProgramPath, preparation.list.size() * shipRecordSize);
+  NeedRoom(plan, installation.ProgramPath,
+           FatBackupSize(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live));
+  if (!preparation.wasEnabled) {
+    NeedRoom(plan, installation.ProgramPath, PlayersFilesSize(main.host.files, installation, preparation.models));
+  }
+  return plan;
+}
+
+/// Everything that can be found out without changing anything.
+bool Prepare(Main& main, Preparation& preparation) {
+  preparation.list = ReadShipList(main.host, main.installation.ProgramPath);
+  if (preparation.list.empty()) return false;
+  CollectModels(preparation);
+  preparation.wasEnabled = FeaturesEnabled(main.installation.ProgramPath);
+  if (!ReadArchive(main, preparation)) return false;
+  return Trapped(main.host, "cmdEnable_Click()", false,
+                 [&] { return ReadyToWrite(main.host, PlanEnable(main, preparation)); });
+}
+
+/// Copies all that is needed to undo what follows.
+bool KeepBackups(Main& main, const Preparation& preparation) {
+  const Installation& installation = main.installation;
+  KeepDefaults(main.host, installation);
+  return Trap(main.host, "cmdEnable_Click()", [&] {
+    ShowProgress(main.host, "Keeping backups", 0, 1);
+    KeepFatBackup(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live,
+                  preparation.repaired, preparation.stockModels);
+    if (preparation.wasEnabled) return;
+    KeepPlayersFiles(main.host.files, installation, preparation.models, preparation.live);
+  });
+}
+
+}  // namespace
+
+void cmdEnable_Click(Main& main) {
+  if (!AskYesNo(main.host, question)) return;
+  CloseOpenFiles(main);
+  Preparation preparation;
+  if (!Prepare(main, preparation)) return;
+  Installation& installation = main.installation;
+  const bool foldersReady = Trap(main.host, "cmdEnable_Click()", [&] {
+    MakeFolders(main.host.files, installation);
+    EraseAllLeftovers(main.host.files, installation);
+  });
+  if (!foldersReady) return;
+  if (preparation.wasEnabled) {
+    SwapDesk desk = SwapDeskOf(main);
+    cmdUnswapAll_Click(desk, main.switcher);
+  }
+  if (!KeepBackups(main, preparation)) return;
+  const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
+  if (!BuildCatalogue(main.host, installation, preparation.list, preparation.live, backup)) return;
+  UnpackSetup(main.host, installation.GamePath, installation.ships);
+  SetUpShipStats(main.host, installation.GamePath + "shipstats.bin", installation.GamePath + "shipstats.def",
+                 installation.ships);
+  EndProgress(main.host);
+  FillLists(main);
+  ShowSuccess(main.host, enabledMessage, Icon::none);
+}
+
+}  // namespace oravin

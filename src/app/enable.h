@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/main.h"
+
+namespace oravin {
+
+/// Enables the editing features: builds the catalogue, unpacks the stock models into the game's ships folder, disguises
+/// their names in the archive's table and sets up the statistics. Asks first; whatever can stop it stops it before the
+/// first change. On an enabled installation every changed ship is put back first.
+///
+/// @throws ProgramEnd for a ship list whose number of ships is not positive
+void cmdEnable_Click(Main& main);
+
+}  // namespace oravin

@@ -1,0 +1,41 @@
+#include "app/main.h"
+
+namespace oravin {
+
+Main::Main()
+    : switcher(NewSwitcherTab()),
+      stats(NewStatsTab()),
+      imports(NewImportTab()),
+      hog(NewHogTab()),
+      tcache(NewTcacheTab()),
+      about(NewAboutTab()) {
+  TabStrip1.captions = {"Switcher", "Ship Stats / Guns", "Import Ships", "Hog Editor", "Tcache Editor", "About"};
+}
+
+Main::~Main() {
+  platform::UnlockFolder(gameLock);
+  platform::UnlockFolder(programLock);
+}
+
+void CloseOpenFiles(Main& main) {
+  CloseAll(main.host.files);
+}
+
+SwapDesk SwapDeskOf(Main& main) {
+  return {main.host, main.installation, main.stats, [&main] { CloseOpenFiles(main); }};
+}
+
+void FillLists(Main& main) {
+  main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
+  DisplaySwitcher(main.host, main.switcher, main.installation, false);
+  DisplayShipEdit(main.stats, main.installation.ships);
+}
+
+void EmptyLists(Main& main) {
+  main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
+  ClearRows(main.switcher.swapOrgList);
+  ClearRows(main.switcher.swapToList);
+  DisplayShipEdit(main.stats, main.installation.ships);
+}
+
+}  // namespace oravin

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/about_tab.h"
+#include "catalogue/installation.h"
+#include "desk/controls.h"
+#include "desk/host.h"
+#include "hog/hog_tab.h"
+#include "platform/installation_lock.h"
+#include "ships/stats_tab.h"
+#include "switcher/import_tab.h"
+#include "switcher/swap.h"
+#include "switcher/switcher_tab.h"
+#include "texture/tcache_tab.h"
+
+namespace oravin {
+
+/// The main window: the one record of all state. A front end makes it once and hands it down.
+struct Main {
+  Main();
+  Main(const Main&) = delete;
+  Main& operator=(const Main&) = delete;
+  ~Main();
+
+  Host host;
+  Installation installation;
+
+  TabStrip TabStrip1;
+  SwitcherTab switcher;
+  StatsTab stats;
+  ImportTab imports;
+  HogTab hog;
+  TcacheTab tcache;
+  AboutTab about;
+
+  bool onlyLooks = false;  ///< another copy of the program works on the installation
+  platform::FolderLock gameLock;
+  platform::FolderLock programLock;
+};
+
+/// Closes the files that the archive's and the texture cache's tabs hold open.
+void CloseOpenFiles(Main& main);
+
+/// The records that a swap works on.
+SwapDesk SwapDeskOf(Main& main);
+
+/// Fills the switcher's lists, with the fighters, and the stats tab's list from the catalogue.
+void FillLists(Main& main);
+
+/// Empties these lists.
+void EmptyLists(Main& main);
+
+}  // namespace oravin

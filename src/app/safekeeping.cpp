@@ -1,0 +1,172 @@
+#include "app/safekeeping.h"
+
+#include <charconv>
+#include <map>
+
+#include "catalogue/catalogue.h"
+#include "desk/error_trap.h"
+#include "hog/disguise.h"
+#include "hog/unpack.h"
+#include "ships/shipstats.h"
+#include "texture/RestoreTcacheFile.h"
+#include "texture/Texture.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+std::string BackupFolder(const Installation& installation) {
+  return installation.ProgramPath + "backup\\";
+}
+std::string KeptModels(const Installation& installation) {
+  return BackupFolder(installation) + "ships\\";
+}
+std::string LooseModels(const Installation& installation) {
+  return installation.GamePath + "ships\\";
+}
+
+/// The name of the n-th kept copy of a file, counted from 1.
+std::string NumberedName(const std::string& name, int number) {
+  return number == 1 ? name : name + "." + std::to_string(number);
+}
+
+/// Takes a kept copy's name apart.
+std::pair<std::string, int> NameAndNumber(const std::string& name) {
+  const std::size_t dot = name.find_last_of('.');
+  int number = 0;
+  if (dot != std::string::npos) {
+    const auto [end, failure] = std::from_chars(name.data() + dot + 1, name.data() + name.size(), number);
+    if (failure == std::errc() && end == name.data() + name.size() && number > 1) return {name.substr(0, dot), number};
+  }
+  return {name, 1};
+}
+
+/// Keeps a copy of a file. The latest copy always has the highest number: where an equal copy is there already it
+/// serves, and takes the next number if a different one came after it.
+void KeepModel(Files& files, const std::string& from, const std::string& folder, const std::string& name) {
+  int next = 1;
+  int equal = 0;
+  for (; FileExists(folder + NumberedName(name, next)); ++next) {
+    if (SameContent(files, from, folder + NumberedName(name, next))) equal = next;
+  }
+  if (equal != 0 && equal == next - 1) return;
+  const std::string to = folder + NumberedName(name, next);
+  CopyWhole(files, from, to);
+}
+
+/// True when a loose model is the work of an earlier run whose catalogue is lost: the table still hides the model's
+/// name, and the stock model stands loose under its own name or moved aside.
+bool OwnWork(Files& files, const Installation& installation, const std::string& model, const HogTable& live) {
+  if (!IsDisguised(model, live)) return false;
+  const auto entry = FindModel(model, live, {});
+  if (!entry) return false;
+  const std::string hog = installation.GamePath + "resource.hog";
+  const std::string loose = LooseModels(installation) + model;
+  const std::string aside = LooseModels(installation) + ChangeExtension(std::string(model), ".org");
+  return (FileExists(std::string(loose)) && SameAsUnpacked(files, hog, loose, entry->Size, entry->Offset)) ||
+         (FileExists(std::string(aside)) && SameAsUnpacked(files, hog, aside, entry->Size, entry->Offset));
+}
+
+void KeepLooseModels(Files& files, const Installation& installation, const std::vector<std::string>& models,
+                     const HogTable& live) {
+  for (const std::string& model : models) {
+    const std::string aside = ChangeExtension(std::string(model), ".org");
+    const bool looseThere = FileExists(LooseModels(installation) + model);
+    const bool asideThere = FileExists(LooseModels(installation) + aside);
+    if ((!looseThere && !asideThere) || OwnWork(files, installation, model, live)) continue;
+    if (looseThere) KeepModel(files, LooseModels(installation) + model, KeptModels(installation), model);
+    if (asideThere) KeepModel(files, LooseModels(installation) + aside, KeptModels(installation), aside);
+  }
+}
+
+void KeepTextures(Files& files, const Installation& installation) {
+  const std::string cache = installation.GamePath + "tcachehw.dat";
+  if (TcacheCount(files, cache) <= factoryTextures) return;
+  const std::string kept = BackupFolder(installation) + "tcachehw.dat";
+  if (FileExists(std::string(kept))) {
+    if (SameContent(files, cache, kept)) return;
+    std::string old = BackupFolder(installation) + "tcachehw.old";
+    for (int number = 2; FileExists(std::string(old)); ++number) {
+      old = BackupFolder(installation) + "tcachehw.old" + std::to_string(number);
+    }
+    RenameOver(files, kept, old);
+  }
+  CopyWhole(files, cache, kept);
+}
+
+}  // namespace
+
+void KeepDefaults(Host& host, const Installation& installation) {
+  const std::string defaults = installation.GamePath + "shipstats.def";
+  const std::string kept = BackupFolder(installation) + "shipstats.def";
+  if (FeaturesEnabled(installation.ProgramPath) && !FileExists(std::string(defaults)) &&
+      FileExists(std::string(kept))) {
+    Trap(host, "BackupShipStats", [&] { CopyWhole(host.files, kept, defaults); });
+  }
+  BackupShipStats(host, installation.GamePath);
+}
+
+void MakeFolders(Files& files, const Installation& installation) {
+  MakeFolder(files, BackupFolder(installation));
+  MakeFolder(files, KeptModels(installation));
+  MakeFolder(files, LooseModels(installation));
+}
+
+void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
+                      const HogTable& live) {
+  KeepLooseModels(files, installation, models, live);
+  KeepTextures(files, installation);
+  const std::string defaults = installation.GamePath + "shipstats.def";
+  if (FileExists(std::string(defaults))) CopyWhole(files, defaults, BackupFolder(installation) + "shipstats.def");
+}
+
+std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models) {
+  std::uint64_t size = FileLength(installation.GamePath + "shipstats.bin");
+  for (const std::string& model : models) {
+    size += FileLength(LooseModels(installation) + model);
+    size += FileLength(LooseModels(installation) + ChangeExtension(std::string(model), ".org"));
+  }
+  const std::string cache = installation.GamePath + "tcachehw.dat";
+  return TcacheCount(files, cache) > factoryTextures ? size + FileLength(cache) : size;
+}
+
+void PutPlayersModelsBack(Files& files, const Installation& installation) {
+  const auto items = platform::ListNative(KeptModels(installation));
+  if (!items) return;
+  std::map<std::string, int> latest;
+  for (const platform::FileFacts& item : *items) {
+    if (item.folder) continue;
+    const auto [name, number] = NameAndNumber(item.name);
+    if (!IsPlainFileName(name)) continue;
+    int& highest = latest[name];
+    highest = std::max(highest, number);
+  }
+  for (const auto& [name, number] : latest) {
+    CopyWhole(files, KeptModels(installation) + NumberedName(name, number), LooseModels(installation) + name);
+  }
+  for (const platform::FileFacts& item : *items) {
+    if (!item.folder) EraseFile(files, KeptModels(installation) + item.name);
+  }
+}
+
+std::uint64_t KeptModelsSize(const Installation& installation) {
+  std::uint64_t size = 0;
+  for (const platform::FileFacts& item :
+       platform::ListNative(KeptModels(installation)).value_or(std::vector<platform::FileFacts>())) {
+    size += item.length;
+  }
+  return size;
+}
+
+void EraseAllLeftovers(Files& files, const Installation& installation) {
+  EraseLeftovers(files, installation.GamePath);
+  EraseLeftovers(files, LooseModels(installation));
+  EraseLeftovers(files, installation.ProgramPath);
+  EraseLeftovers(files, BackupFolder(installation));
+  EraseLeftovers(files, KeptModels(installation));
+}
+
+}  // namespace oravin

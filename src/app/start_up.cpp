@@ -1,0 +1,197 @@
+#include "app/start_up.h"
+
+#include <array>
+
+#include "app/safekeeping.h"
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "desk/program_end.h"
+#include "platform/current_folder.h"
+#include "platform/native_path.h"
+#include "platform/registry.h"
+#include "util/File_Path.h"
+#include "util/delimited_text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* appPathsKey = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Oravin.exe\\";
+constexpr const char* gameKey = "Software\\Microsoft\\Microsoft Games\\StarLancer\\1.0\\";
+constexpr const char* directPlayKey = "Software\\Microsoft\\DirectPlay\\Applications\\StarLancer\\";
+constexpr const char* chosenGameValue = "StarLancerPath";
+constexpr const char* usualProgramFolder = "C:\\Program Files\\Oravin\\";
+constexpr std::uint64_t longestIni = 65536;
+
+struct RegistryValue {
+  const char* key;
+  const char* name;
+};
+
+/// Where the game folder may stand in the registry, in the order in which it is looked for.
+constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"},
+                                                            {gameKey, "InstallationDirectory"},
+                                                            {directPlayKey, "Path"},
+                                                            {appPathsKey, chosenGameValue}}};
+
+bool IsGameFolder(const std::string& folder) {
+  return FileExists(folder + "resource.hog");
+}
+
+/// The program folder, first guess: where the registry says that the program is, else the usual folder.
+void GuessProgramFolder(Installation& installation) {
+  const auto executable = platform::RegReadString(platform::localMachine, appPathsKey, "");
+  installation.ProgramPath = executable ? ParentFolder(std::string(*executable)) : std::string();
+  if (!executable || !FolderExists(installation.ProgramPath)) {
+    if (!FolderExists(std::string(usualProgramFolder))) return;
+    platform::SetCurrentFolder(usualProgramFolder);
+    installation.ProgramPath = usualProgramFolder;
+  } else if (FileExists(installation.ProgramPath + "resource.hog")) {
+    // The archive is looked for here, not the catalogue: meant.
+    platform::SetCurrentFolder(installation.ProgramPath);
+  }
+}
+
+bool GameFolderFromRegistry(Installation& installation) {
+  for (const RegistryValue& value : gameFolderValues) {
+    const auto found = platform::RegReadString(platform::localMachine, value.key, value.name);
+    if (!found) continue;
+    installation.GamePath = *found;
+    AddBackslash(installation.GamePath);
+    if (IsGameFolder(installation.GamePath)) return true;
+    platform::SetCurrentFolder(installation.ProgramPath);
+  }
+  return false;
+}
+
+/// The INI file: two quoted lines, the game folder and the program folder.
+bool FoldersFromIni(Host& host, Installation& installation) {
+  const std::string path = installation.ProgramPath + "oravin.ini";
+  if (!FileExists(std::string(path)) || FileLength(path) == 0) return false;
+  return Trapped(host, "Form_Load", false, [&] {
+    const std::string all = TextOf(ReadWhole(host.files, path, longestIni));
+    DelimitedText text{path, all};
+    installation.GamePath = TakeText(text);
+    if (!FileExists(installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
+    AddBackslash(installation.GamePath);
+    AddBackslash(installation.ProgramPath);
+    return FolderExists(installation.GamePath) && FolderExists(installation.ProgramPath) &&
+           FileExists(installation.ProgramPath + "shipsdata.txt") && IsGameFolder(installation.GamePath);
+  });
+}
+
+/// Asks for a folder until it holds a certain file.
+std::string AskFolder(Host& host, const char* prompt, const char* file, const char* refusal) {
+  for (;;) {
+    std::string folder = BrowseForFolder(host, prompt);
+    AddBackslash(folder);
+    if (folder.empty()) throw ProgramEnd();
+    if (FileExists(folder + file)) return folder;
+    Show(host, refusal, Icon::exclamation);
+  }
+}
+
+void AskGameFolder(Host& host, Installation& installation) {
+  Show(host, "Registy entries for StarLancer not found!", Icon::exclamation);
+  installation.GamePath = AskFolder(host, "Select your StarLancer Game Directory", "resource.hog",
+                                    "This is not a StarLancer game directory");
+  if (!platform::RegWriteString(platform::localMachine, appPathsKey, chosenGameValue, installation.GamePath)) {
+    Show(host, "Can't Create Registry entry", Icon::none);
+  }
+}
+
+void SettleProgramFolder(Host& host, Installation& installation) {
+  if (FileExists(std::string(usualProgramFolder) + "shipsData.txt")) {
+    installation.ProgramPath = usualProgramFolder;
+  } else if (installation.ProgramPath.empty() || !FileExists(installation.ProgramPath + "shipsData.txt")) {
+    Show(host, "Can't find Oravin local path in registry", Icon::exclamation);
+    installation.ProgramPath = AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)",
+                                         "shipsdata.txt", "This is not an Oravin directory");
+  }
+}
+
+void WriteIni(Host& host, Installation& installation) {
+  Trap(host, "Form_Load", [&] {
+    const std::string text =
+        '"' + AddBackslash(installation.GamePath) + "\"\r\n\"" + installation.ProgramPath + "\"\r\n";
+    WriteWhole(host.files, installation.ProgramPath + "oravin.ini", BytesOf(text));
+  });
+}
+
+void SearchFolders(Host& host, Installation& installation) {
+  if (GameFolderFromRegistry(installation) || FoldersFromIni(host, installation)) return;
+  AskGameFolder(host, installation);
+  SettleProgramFolder(host, installation);
+  WriteIni(host, installation);
+}
+
+[[noreturn]] void RefuseGiven(Host& host, const std::string& folder, const char* refusal) {
+  Show(host, folder + "\n" + refusal, Icon::exclamation);
+  throw ProgramEnd();
+}
+
+void TakeGivenFolders(Host& host, Installation& installation, const GivenFolders& given) {
+  if (!given.program.empty()) {
+    installation.ProgramPath = platform::ToWindowsPath(given.program);
+    AddBackslash(installation.ProgramPath);
+    if (!FileExists(installation.ProgramPath + "shipsData.txt")) {
+      RefuseGiven(host, installation.ProgramPath, "This is not an Oravin directory");
+    }
+  }
+  if (given.game.empty()) return;
+  installation.GamePath = platform::ToWindowsPath(given.game);
+  AddBackslash(installation.GamePath);
+  if (!IsGameFolder(installation.GamePath)) {
+    RefuseGiven(host, installation.GamePath, "This is not a StarLancer game directory");
+  }
+}
+
+void FindFolders(Main& main, const GivenFolders& given) {
+  Installation& installation = main.installation;
+  if (given.program.empty()) GuessProgramFolder(installation);
+  if (given.game.empty()) {
+    // A given program folder is the person's last word; the search must not replace it.
+    if (!given.program.empty()) TakeGivenFolders(main.host, installation, {{}, given.program});
+    SearchFolders(main.host, installation);
+  }
+  TakeGivenFolders(main.host, installation, given);
+  if (!given.game.empty() && given.program.empty()) SettleProgramFolder(main.host, installation);
+}
+
+void LockInstallation(Main& main) {
+  const Installation& installation = main.installation;
+  const bool oneFolder =
+      platform::ToNativePath(installation.GamePath) == platform::ToNativePath(installation.ProgramPath);
+  main.onlyLooks = !platform::LockFolder(installation.GamePath, main.gameLock) ||
+                   (!oneFolder && !platform::LockFolder(installation.ProgramPath, main.programLock));
+  if (!main.onlyLooks) return;
+  Show(main.host,
+       "Another copy of Oravin is working on this installation. This copy only looks: close the other one and start "
+       "Oravin again to change anything.",
+       Icon::information);
+}
+
+}  // namespace
+
+void Form_Load(Main& main, const GivenFolders& given) {
+  Installation& installation = main.installation;
+  main.about.lblVersion.caption = VersionText(ORAVIN_VERSION_MAJOR, ORAVIN_VERSION_MINOR, ORAVIN_VERSION_REVISION);
+  FindFolders(main, given);
+
+  AddBackslash(installation.GamePath);
+  main.about.txtSLPath.text = installation.GamePath;
+  main.about.txtProgramPath.text = installation.ProgramPath;
+  main.hog.txtHogPath.text = installation.GamePath + "Resource.hog";
+  main.tcache.txtTcacheSource.text = installation.GamePath + "tcachehw.dat";
+
+  LockInstallation(main);
+  if (FeaturesEnabled(installation.ProgramPath)) {
+    LoadCatalogue(main.host, installation.ProgramPath + catalogueName, installation.ships);
+    FillLists(main);
+  }
+  if (!main.onlyLooks) KeepDefaults(main.host, installation);
+}
+
+}  // namespace oravin

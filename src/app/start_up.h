@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "app/main.h"
+
+namespace oravin {
+
+/// Folders that the person named when starting the program, as native or Windows paths; empty ones are searched for.
+struct GivenFolders {
+  std::string game;
+  std::string program;
+};
+
+/// Start-up: settles the game folder and the program folder, shows them, loads the catalogue when the features are
+/// enabled, fills the lists, and keeps a first copy of the stock statistics.
+///
+/// The folders come from the registry, else from the INI file in the program folder, else from the person; what a
+/// person chose is stored back. Folders given by the caller are taken as they are and stored nowhere.
+///
+/// @throws ProgramEnd when the person cancels a choice of folder, or a given folder is not the right one
+void Form_Load(Main& main, const GivenFolders& given = {});
+
+}  // namespace oravin

@@ -1,0 +1,64 @@
+#include "app/status.h"
+
+#include "catalogue/catalogue.h"
+#include "hog/Hog.h"
+#include "ships/shipstats.h"
+#include "texture/RestoreTcacheFile.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/run_time_error.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+std::uint64_t ArchiveCount(Files& files, const std::string& path) {
+  const OpenedFile hog(files, path, platform::OpenFor::reading);
+  return ReadLongBE(files, hogCountOffset, hog.handle);
+}
+
+template <typename Count>
+GameFile Look(const std::string& folder, const std::string& name, const char* counted, Count&& count) {
+  GameFile file;
+  file.name = name;
+  file.counted = counted;
+  const std::string path = folder + name;
+  file.found = FileExists(std::string(path));
+  if (!file.found) return file;
+  file.size = FileLength(path);
+  try {
+    file.count = count(path);
+  } catch (const RunTimeError&) {
+    file.count = 0;  // a file too short for a header counts nothing
+  }
+  return file;
+}
+
+}  // namespace
+
+Status StatusOf(Main& main) {
+  const Installation& installation = main.installation;
+  Status status;
+  status.gameFolder = installation.GamePath;
+  status.programFolder = installation.ProgramPath;
+  status.enabled = FeaturesEnabled(installation.ProgramPath);
+  status.onlyLooks = main.onlyLooks;
+  for (const ShipRecord& ship : installation.ships) {
+    if (IsInert(ship)) continue;
+    ++status.ships;
+    if (ship.Changed) ++status.changedShips;
+  }
+  Files& files = main.host.files;
+  const auto blocks = [](const std::string& path) { return FileLength(path) / statsBlockSize; };
+  status.files.push_back(Look(installation.GamePath, "resource.hog", "entries",
+                              [&](const std::string& path) { return ArchiveCount(files, path); }));
+  status.files.push_back(Look(installation.GamePath, "tcachehw.dat", "textures", [&](const std::string& path) {
+    return static_cast<std::uint64_t>(TcacheCount(files, path));
+  }));
+  status.files.push_back(Look(installation.GamePath, "shipstats.bin", "blocks", blocks));
+  status.files.push_back(Look(installation.GamePath, "shipstats.def", "blocks", blocks));
+  return status;
+}
+
+}  // namespace oravin

@@ -1,0 +1,65 @@
+#include "catalogue/catalogue.h"
+
+#include "desk/error_trap.h"
+#include "util/File_Path.h"
+#include "util/run_time_error.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+/// Indices of ships are 16-bit signed numbers in the records.
+constexpr std::uint64_t mostShips = 32767;
+
+Ships ReadShips(Files& files, const std::string& path) {
+  const OpenedFile file(files, path, platform::OpenFor::reading);
+  const std::uint64_t records = LengthOf(files, file.handle) / shipRecordSize;
+  if (records >= mostShips) throw RunTimeError("could not read", path, "it is too large to be a ship catalogue");
+  Ships ships(static_cast<std::size_t>(records) + 1);  // the surplus element is meant: see the header
+  Bytes slot(shipRecordSize);
+  for (std::size_t i = 0; i < records; ++i) {
+    Get(files, file.handle, i * shipRecordSize, slot);
+    const auto ship = RecordFrom(slot);
+    if (!ship) throw RunTimeError("could not read", path, "record " + std::to_string(i + 1) + " is damaged");
+    ships[i] = *ship;
+  }
+  MarkSecondParts(ships);
+  return ships;
+}
+
+}  // namespace
+
+bool FeaturesEnabled(const std::string& programPath) {
+  const std::string path = programPath + catalogueName;
+  return FileExists(std::string(path)) && FileLength(path) > 0;
+}
+
+int LoadCatalogue(Host& host, const std::string& path, Ships& ships) {
+  ships = Trapped(host, "LoadCatalogue", Ships(), [&] { return ReadShips(host.files, path); });
+  return static_cast<int>(ships.size());
+}
+
+void MarkSecondParts(Ships& ships) {
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    const bool second = i + 1 < ships.size() && !IsInert(ships[i]) && !IsInert(ships[i + 1]) &&
+                        SameName(ships[i].ShipName.Trimmed(), ships[i + 1].ShipName.Trimmed());
+    ships[i].HasSecondPart = second;
+    ships[i].SecondPartIndex = Int16Value(second ? static_cast<int>(i + 1) : 0);
+  }
+}
+
+void PutShipRecord(Files& files, const std::string& programPath, const Ships& ships, std::size_t index) {
+  const std::string path = programPath + catalogueName;
+  const auto slot = SlotOf(ships.at(index));
+  if (!slot) throw RunTimeError("could not write", path, "a record is longer than its slot");
+  const OpenedFile file(files, path, platform::OpenFor::changing);
+  const std::uint64_t at = index * shipRecordSize;
+  if (at + shipRecordSize > LengthOf(files, file.handle)) {
+    throw RunTimeError("could not write", path, "it has no record " + std::to_string(index + 1));
+  }
+  Put(files, file.handle, at, *slot);
+}
+
+}  // namespace oravin

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "catalogue/ship_record.h"
+
+namespace oravin {
+
+/// The installed game that the program works on.
+struct Installation {
+  std::string GamePath;     ///< the game folder, ending in a backslash
+  std::string ProgramPath;  ///< the program's own folder, ending in a backslash
+  Ships ships;              ///< the catalogue as it is loaded; empty while the features are not enabled
+};
+
+}  // namespace oravin

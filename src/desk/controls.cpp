@@ -1,0 +1,44 @@
+#include "desk/controls.h"
+
+#include <charconv>
+
+namespace oravin {
+
+void ClearRows(ListView& list) {
+  list.rows.clear();
+  ++list.revision;
+}
+
+void AddRow(ListView& list, ListRow row) {
+  list.rows.push_back(std::move(row));
+  ++list.revision;
+}
+
+void SetText(ListView& list, std::size_t row, std::size_t column, const std::string& text) {
+  if (row >= list.rows.size()) return;
+  std::vector<std::string>& texts = list.rows[row].texts;
+  if (texts.size() <= column) texts.resize(column + 1);
+  texts[column] = text;
+  ++list.revision;
+}
+
+void SelectOnly(ListView& list, std::optional<std::size_t> row) {
+  for (std::size_t i = 0; i < list.rows.size(); ++i) list.rows[i].selected = row == i;
+  ++list.revision;
+}
+
+std::optional<std::size_t> SelectedRow(const ListView& list) {
+  for (std::size_t i = 0; i < list.rows.size(); ++i) {
+    if (list.rows[i].selected) return i;
+  }
+  return std::nullopt;
+}
+
+int IndexOfKey(const std::string& key) {
+  int number = 0;
+  if (key.empty()) return -1;
+  const auto [end, failure] = std::from_chars(key.data() + 1, key.data() + key.size(), number);
+  return failure == std::errc() && end == key.data() + key.size() ? number - 1 : -1;
+}
+
+}  // namespace oravin

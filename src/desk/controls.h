@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// The window's controls as plain records: what a person sees and nothing else. Handlers read and change them; the
+/// window shows them. `&` in a caption marks the access key.
+namespace oravin {
+
+struct Label {
+  std::string caption;
+};
+
+struct TextBox {
+  std::string text;
+  std::string tooltip;
+  bool enabled = true;
+  bool readOnly = false;
+};
+
+struct Button {
+  std::string caption;
+  std::string tooltip;
+  bool enabled = true;
+};
+
+struct CheckBox {
+  std::string caption;
+  std::string tooltip;
+  bool enabled = true;
+  bool checked = false;
+};
+
+struct ListColumn {
+  std::string heading;
+  bool number = false;  ///< aligned to the right
+};
+
+struct ListRow {
+  std::string key;
+  std::vector<std::string> texts;  ///< one a column; missing ones are empty
+  int image = 0;                   ///< index into the window's images; 0 for none
+  bool selected = false;
+};
+
+/// A list with columns. Rows are shown straight out of the record.
+struct ListView {
+  std::vector<ListColumn> columns;
+  std::vector<ListRow> rows;
+  bool severalSelectable = false;
+  unsigned revision = 0;  ///< counts the changes of rows, texts and selection, so that only what changed is drawn
+};
+
+struct TabStrip {
+  std::vector<std::string> captions;
+  int chosen = 1;  ///< counted from 1
+};
+
+/// Removes all rows.
+void ClearRows(ListView& list);
+
+/// Adds a row at the end.
+void AddRow(ListView& list, ListRow row);
+
+/// Sets the text of one column of one row; a row that is not there does not matter.
+void SetText(ListView& list, std::size_t row, std::size_t column, const std::string& text);
+
+/// Selects one row alone, or none.
+void SelectOnly(ListView& list, std::optional<std::size_t> row);
+
+/// The first selected row.
+std::optional<std::size_t> SelectedRow(const ListView& list);
+
+/// The number in a row's key behind its first character, minus 1: the index of the ship that the row shows. -1 when the
+/// key holds no number.
+int IndexOfKey(const std::string& key);
+
+}  // namespace oravin

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "desk/host.h"
+#include "util/run_time_error.h"
+
+namespace oravin {
+
+/// Shows the box of a procedure's error trap: "Error - " and what went wrong with which file.
+void ShowTrapped(Host& host, const std::string& procedure, const RunTimeError& error);
+
+/// A procedure's error trap: runs its body; a run-time error in it ends it, shows one box titled with the procedure's
+/// name, and the neutral value is returned.
+template <typename Value, typename Body>
+Value Trapped(Host& host, const std::string& procedure, Value neutral, Body&& body) {
+  try {
+    return std::forward<Body>(body)();
+  } catch (const RunTimeError& error) {
+    ShowTrapped(host, procedure, error);
+    return neutral;
+  }
+}
+
+/// The same for a procedure without a result. Returns false when the body was ended by an error.
+template <typename Body>
+bool Trap(Host& host, const std::string& procedure, Body&& body) {
+  try {
+    std::forward<Body>(body)();
+    return true;
+  } catch (const RunTimeError& error) {
+    ShowTrapped(host, procedure, error);
+    return false;
+  }
+}
+
+}  // namespace oravin

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "desk/desk.h"
+#include "util/files.h"
+
+namespace oravin {
+
+/// What a procedure of the core reaches the outside by.
+struct Host {
+  Files files;
+  Desk desk;
+};
+
+}  // namespace oravin

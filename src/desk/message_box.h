@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+namespace oravin {
+
+enum class Icon { none, exclamation, critical, question, information };
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
+enum class Answer { ok, cancel, yes, no };
+
+/// The title of a box that asks for none of its own: the program's name.
+inline constexpr const char* programTitle = "Oravin";
+
+/// A modal message to the person at the desk.
+struct MessageBox {
+  std::string text;  ///< lines are joined by "\n"
+  std::string title = programTitle;
+  Icon icon = Icon::none;
+  Buttons buttons = Buttons::ok;
+  bool success = false;  ///< the message tells of a success, whatever its icon
+
+  bool operator==(const MessageBox&) const = default;
+};
+
+}  // namespace oravin

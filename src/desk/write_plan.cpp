@@ -1,0 +1,71 @@
+#include "desk/write_plan.h"
+
+#include "desk/dialogs.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+/// What the file system takes beside the bytes themselves, and what is written in passing.
+constexpr std::uint64_t spareRoom = std::uint64_t{1} << 20;
+
+std::string Help(const std::string& reason) {
+  if (reason == "it is read-only") return "Take the read-only mark away and try again.";
+  if (reason == "another program has it open") {
+    return "Close StarLancer, and whatever else may be using the file, and try again.";
+  }
+  return "Put that right and try again.";
+}
+
+void Refuse(Host& host, const std::string& path, const std::string& reason) {
+  Show(host, path + " cannot be written: " + reason + ".\n" + Help(reason) + " Nothing has been changed.",
+       Icon::exclamation);
+}
+
+void RefuseRoom(Host& host, const std::string& folder, std::uint64_t needed, std::uint64_t free) {
+  Show(host,
+       "The disk of " + folder + " is too full: " + Grouped(needed) + " bytes are needed there and " + Grouped(free) +
+           " are free.\nMake room and try again. Nothing has been changed.",
+       Icon::exclamation);
+}
+
+bool RoomFor(Host& host, const WritePlan& plan) {
+  // Folders whose disks have the very same room left are taken to lie on one disk, which then must hold all of it.
+  std::map<std::uint64_t, std::uint64_t> neededByFree;
+  for (const auto& [folder, bytes] : plan.room) {
+    const auto free = platform::FreeSpace(folder);
+    if (!free) continue;
+    const std::uint64_t needed = neededByFree[*free] += bytes;
+    if (needed + spareRoom <= *free) continue;
+    RefuseRoom(host, folder, needed + spareRoom, *free);
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+void NeedRoom(WritePlan& plan, const std::string& folder, std::uint64_t bytes) {
+  plan.room[folder] += bytes;
+}
+
+bool ReadyToWrite(Host& host, const WritePlan& plan) {
+  for (const std::string& folder : plan.folders) {
+    const std::string reason = platform::WhyNoNewFiles(folder);
+    if (reason.empty()) continue;
+    Refuse(host, folder, reason);
+    return false;
+  }
+  for (const std::string& file : plan.files) {
+    if (!platform::FactsOf(file)) continue;
+    const std::string reason = platform::WhyNotWritable(file);
+    if (reason.empty()) continue;
+    Refuse(host, file, reason);
+    return false;
+  }
+  return RoomFor(host, plan);
+}
+
+}  // namespace oravin

@@ -1,0 +1,139 @@
+#include "hog/Hog.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::size_t firstBlock = 65536;
+constexpr std::size_t largestReserve = 65536;
+
+/// The table's bytes as they come from the file, block by block.
+struct TableBlocks {
+  Files& files;
+  int handle;
+  std::uint64_t blockAt = hogTableOffset;  ///< the file offset of the block's first byte
+  Bytes block = {};
+  std::size_t at = 0;  ///< the next byte in the block that has not been taken
+};
+
+/// Drops what has been taken and reads on behind the rest. False at the file's end.
+bool ReadOn(TableBlocks& table) {
+  table.block.erase(table.block.begin(), table.block.begin() + static_cast<std::ptrdiff_t>(table.at));
+  table.blockAt += table.at;
+  table.at = 0;
+  const std::size_t kept = table.block.size();
+  table.block.resize(kept + std::max(firstBlock, kept));  // a name without an end doubles the block, to the file's end
+  const std::span<std::uint8_t> fresh(table.block.data() + kept, table.block.size() - kept);
+  const std::size_t count = GetSome(table.files, table.handle, table.blockAt + kept, fresh);
+  table.block.resize(kept + count);
+  return count > 0;
+}
+
+[[noreturn]] void EndsEarly(const std::string& path) {
+  throw RunTimeError("could not read", path, "its table is damaged: it ends in the middle of an entry");
+}
+
+HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
+  while (table.block.size() - table.at < hogNameInEntry) {
+    if (!ReadOn(table)) EndsEarly(path);
+  }
+  const void* zero = nullptr;
+  std::size_t searched = hogNameInEntry;
+  for (;;) {
+    const std::size_t left = table.block.size() - table.at;
+    if (left > searched) zero = std::memchr(table.block.data() + table.at + searched, 0, left - searched);
+    if (zero != nullptr) break;
+    searched = left;
+    if (!ReadOn(table)) EndsEarly(path);
+  }
+  const std::uint8_t* entry = table.block.data() + table.at;
+  const std::uint64_t position = table.blockAt + table.at;
+  if (position > UINT32_MAX) throw RunTimeError("could not read", path, "its table is damaged: it is too long");
+  const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - entry) - hogNameInEntry;
+  table.at += hogNameInEntry + length + 1;
+  return {TextOf({entry + hogNameInEntry, length}), BigEndian32(entry + 4), BigEndian32(entry),
+          static_cast<std::uint32_t>(position)};
+}
+
+std::uint32_t RepairCount(Host& host, const std::string& path) {
+  Show(host, "Error in resource.hog - Hog says number of items = 0 - attempting to correct", Icon::exclamation);
+  const OpenedFile file(host.files, path, OpenFor::changing);
+  // Little-endian, although the count is read big-endian: meant, see the header.
+  Put(host.files, file.handle, hogCountOffset, DecToByteArray(repairedHogCount));
+  return repairedHogCount;
+}
+
+std::vector<HogEntry> ReadTable(Host& host, const std::string& path, bool& repaired) {
+  const OpenedFile file(host.files, path, OpenFor::reading);
+  std::uint32_t count = ReadLongBE(host.files, hogCountOffset, file.handle);
+  if (count == 0) {
+    count = RepairCount(host, path);
+    repaired = true;
+  }
+  const std::uint64_t length = LengthOf(host.files, file.handle);
+  if (hogTableOffset + count * smallestHogEntry > length) {
+    throw RunTimeError("could not read", path,
+                       "it says that it holds " + Grouped(count) + " files, more than it has room for");
+  }
+  std::vector<HogEntry> entries;
+  entries.reserve(std::min<std::size_t>(count, largestReserve));
+  TableBlocks table{host.files, file.handle};
+  for (std::uint32_t i = 0; i < count; ++i) entries.push_back(TakeEntry(table, path));
+  return entries;
+}
+
+}  // namespace
+
+int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries, bool* repaired) {
+  if (!FileExists(hogPath)) Show(host, "Error - hog not found", Icon::exclamation, "GetHogData");
+  bool repairedNow = false;
+  entries = Trapped(host, "GetHogData", std::vector<HogEntry>(), [&] { return ReadTable(host, hogPath, repairedNow); });
+  if (repaired != nullptr) *repaired = repairedNow;
+  return static_cast<int>(entries.size());
+}
+
+bool IsBIGF(Files& files) {
+  std::array<std::uint8_t, 4> magic{};
+  return GetSome(files, hogHandle, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
+}
+
+int FindHogEntry(const std::vector<HogEntry>& entries, int count, const std::string& name) {
+  const std::size_t known = std::min(entries.size(), static_cast<std::size_t>(std::max(count, 0)));
+  for (std::size_t i = 0; i < known; ++i) {
+    if (SameName(entries[i].Name, name)) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+HogNames NamesOf(const std::vector<HogEntry>& entries) {
+  HogNames names;
+  names.reserve(entries.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    names[UpperCase(Trim(entries[i].Name))].push_back(static_cast<int>(i));
+  }
+  return names;
+}
+
+const std::vector<int>& EntriesNamed(const HogNames& names, const std::string& name) {
+  static const std::vector<int> none;
+  const auto found = names.find(UpperCase(Trim(name)));
+  return found == names.end() ? none : found->second;
+}
+
+std::uint64_t EndOf(const HogEntry& entry) {
+  return entry.FatPos + hogNameInEntry + entry.Name.size() + 1;
+}
+
+}  // namespace oravin

@@ -1,0 +1,89 @@
+#include "hog/fat_backup.h"
+
+#include <algorithm>
+
+#include "hog/disguise.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::size_t blockSize = 1U << 18U;
+
+/// H, or where it is not believable the end of the table's last entry.
+std::uint64_t BackupLength(Files& files, int hog, const std::vector<HogEntry>& entries) {
+  const std::uint64_t tableEnd = entries.empty() ? hogTableOffset : EndOf(entries.back());
+  const std::uint64_t stated = ReadLongBE(files, hogTableSizeOffset, hog);
+  return stated < hogTableOffset || stated > LengthOf(files, hog) || stated < tableEnd ? tableEnd : stated;
+}
+
+/// Hands out the bytes that a backup made now would hold, block by block, until `take` returns false.
+template <typename Take>
+bool EachBlock(Files& files, int hog, const HogTable& live, bool repaired, Take&& take) {
+  const std::uint64_t length = BackupLength(files, hog, live.entries);
+  for (std::uint64_t at = 0; at < length; at += blockSize) {
+    Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, length - at)));
+    Get(files, hog, at, block);
+    if (at == 0 && repaired) PutBigEndian32(&block.at(hogCountOffset), static_cast<std::uint32_t>(live.entries.size()));
+    if (!take(at, block)) return false;
+  }
+  return true;
+}
+
+bool EqualsBackup(Files& files, int hog, const std::string& backup, const HogTable& live, bool repaired) {
+  if (FileLength(backup) != BackupLength(files, hog, live.entries)) return false;
+  const OpenedFile old(files, backup, OpenFor::reading);
+  return EachBlock(files, hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
+    Bytes kept(block.size());
+    Get(files, old.handle, at, kept);
+    return kept == block;
+  });
+}
+
+/// The first of resource.old, resource.old2, ... that is not there yet.
+std::string FreeOldName(const std::string& programPath) {
+  std::string name = programPath + "backup\\resource.old";
+  for (int number = 2; FileExists(std::string(name)); ++number) {
+    name = programPath + "backup\\resource.old" + std::to_string(number);
+  }
+  return name;
+}
+
+}  // namespace
+
+void KeepFatBackup(Files& files, const std::string& gamePath, const std::string& programPath, const HogTable& live,
+                   bool repaired, const std::vector<std::string>& models) {
+  if (std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); })) return;
+  const std::string backup = programPath + fatBackupName;
+  const OpenedFile hog(files, gamePath + "resource.hog", OpenFor::reading);
+  if (FileExists(std::string(backup))) {
+    if (EqualsBackup(files, hog.handle, backup, live, repaired)) return;
+    CopyWhole(files, backup, FreeOldName(programPath));
+  }
+  WriteBeside(files, backup, [&](int handle) {
+    EachBlock(files, hog.handle, live, repaired, [&](std::uint64_t at, const Bytes& block) {
+      Put(files, handle, at, block);
+      return true;
+    });
+  });
+}
+
+std::uint64_t FatBackupSize(Files& files, const std::string& gamePath, const std::string& programPath,
+                            const HogTable& live) {
+  const OpenedFile hog(files, gamePath + "resource.hog", OpenFor::reading);
+  return BackupLength(files, hog.handle, live.entries) + FileLength(programPath + fatBackupName);
+}
+
+HogTable ReadFatBackup(Host& host, const std::string& programPath) {
+  std::string path = programPath + fatBackupName;
+  std::vector<HogEntry> entries;
+  if (FileExists(path)) GetHogData(host, path, entries);
+  return TableOf(std::move(entries));
+}
+
+}  // namespace oravin

@@ -1,0 +1,59 @@
+#include "hog/model_entry.h"
+
+#include "hog/disguise.h"
+#include "util/Hex_Util.h"
+
+namespace oravin {
+
+namespace {
+
+const HogEntry* FirstNamed(const HogTable& table, const std::string& name) {
+  const std::vector<int>& found = EntriesNamed(table.names, name);
+  return found.empty() ? nullptr : &table.entries[static_cast<std::size_t>(found.front())];
+}
+
+const HogEntry* OnlyNamed(const HogTable& table, const std::string& name) {
+  return EntriesNamed(table.names, name).size() == 1 ? FirstNamed(table, name) : nullptr;
+}
+
+bool RecordHolds(Files& files, const std::string& hogPath, const ShipRecord& ship) {
+  const OpenedFile file(files, hogPath, platform::OpenFor::reading);
+  const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
+  return NamesModel(files, file.handle, fatPos, ModelOf(ship)) &&
+         ReadLongBE(files, fatPos, file.handle) == Unsigned32(ship.HogOffset) &&
+         ReadLongBE(files, std::uint64_t{fatPos} + 4, file.handle) == Unsigned32(ship.HogSize);
+}
+
+}  // namespace
+
+HogTable TableOf(std::vector<HogEntry> entries) {
+  HogTable table;
+  table.names = NamesOf(entries);
+  table.entries = std::move(entries);
+  return table;
+}
+
+std::optional<HogEntry> FindModel(const std::string& model, const HogTable& live, const HogTable& backup) {
+  const HogEntry* found = FirstNamed(live, model);
+  if (found == nullptr) found = FirstNamed(backup, model);
+  if (found == nullptr) found = OnlyNamed(live, Disguised(model));
+  return found == nullptr ? std::nullopt : std::optional(*found);
+}
+
+bool IsDisguised(const std::string& model, const HogTable& live) {
+  return FirstNamed(live, model) == nullptr && FirstNamed(live, Disguised(model)) != nullptr;
+}
+
+std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, const ShipRecord& ship) {
+  if (Unsigned32(ship.HogFatPos) == 0) return std::nullopt;
+  if (RecordHolds(host.files, hogPath, ship)) {
+    return HogEntry{ModelOf(ship), Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset), Unsigned32(ship.HogFatPos)};
+  }
+  std::string path = hogPath;
+  std::vector<HogEntry> entries;
+  GetHogData(host, path, entries);
+  const HogTable live = TableOf(std::move(entries));
+  return FindModel(ModelOf(ship), live, {});
+}
+
+}  // namespace oravin

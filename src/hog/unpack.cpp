@@ -1,0 +1,156 @@
+#include "hog/unpack.h"
+
+#include <algorithm>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "desk/program_end.h"
+#include "hog/Hog.h"
+#include "hog/decompress.h"
+#include "hog/disguise.h"
+#include "hog/model_entry.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::uint64_t blockSize = 1U << 20U;
+constexpr const char* archiveName = "resource.hog";
+
+/// The entry's bytes and up to unpackMargin more; zeros stand in for what lies past the archive's end.
+Bytes ReadStored(Files& files, int hog, std::uint32_t size, std::uint32_t offset) {
+  Bytes stored(size + storedExcess);
+  GetSome(files, hog, offset, stored);
+  return stored;
+}
+
+void WriteStored(Files& files, int hog, int handle, std::uint32_t size, std::uint32_t offset) {
+  const std::uint64_t length = size + storedExcess;
+  for (std::uint64_t at = 0; at < length; at += blockSize) {
+    Bytes block(static_cast<std::size_t>(std::min(blockSize, length - at)));
+    GetSome(files, hog, offset + at, block);
+    Put(files, handle, at, block);
+  }
+}
+
+/// Unpacks every stock model; a two-part ship's first model serves both parts, and the second part is passed over.
+void UnpackModels(Host& host, const std::string& gamePath, const Ships& ships) {
+  const int total = static_cast<int>(ships.size());
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    const ShipRecord& ship = ships[i];
+    if (!IsStock(ship)) continue;
+    ShowProgress(host, "Unpacking " + ModelOf(ship), static_cast<int>(i), total);
+    const bool listed = Unsigned32(ship.HogFatPos) != 0;
+    if (listed) UnpackShip(host, gamePath, ship, ModelOf(ship));
+    const std::int64_t partner = WholeNumber(ship.SecondPartIndex);
+    if (!ship.HasSecondPart || partner <= static_cast<std::int64_t>(i)) continue;
+    if (listed) UnpackShip(host, gamePath, ship, ModelOf(ships[static_cast<std::size_t>(partner)]));
+    ++i;
+  }
+}
+
+void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships) {
+  std::vector<std::string> passedOver;
+  Trap(host, "UnpackSetup", [&] {
+    const OpenedFile hog(host.files, gamePath + archiveName, OpenFor::changing);
+    for (const ShipRecord& ship : ships) {
+      const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
+      if (!IsStock(ship) || fatPos == 0) continue;
+      const bool loose = FileExists(gamePath + "ships\\" + ModelOf(ship));
+      if (!loose || !DisguiseName(host.files, hog.handle, fatPos, ModelOf(ship))) passedOver.push_back(ModelOf(ship));
+    }
+    Flush(host.files, hog.handle);
+  });
+  if (passedOver.empty()) return;
+  Show(host,
+       "The names of these ships were left as they are in resource.hog, because the model could not be unpacked or "
+       "something else stands at its place in the table:" +
+           Listed(passedOver),
+       Icon::exclamation);
+}
+
+}  // namespace
+
+std::uint64_t UnpackedSize(Files& files, int hog, std::uint32_t size, std::uint32_t offset) {
+  if (offset + std::uint64_t{5} > LengthOf(files, hog)) return size + storedExcess;
+  const bool compressed = ReadWordBE(files, offset, hog) == compressedSignature;
+  return compressed ? Read24BE(files, std::uint64_t{offset} + 2, hog) : size + storedExcess;
+}
+
+std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::string& destination, std::uint32_t size,
+                          std::uint32_t offset) {
+  const OpenedFile hog(files, hogPath, OpenFor::reading);
+  if (std::uint64_t{offset} + size > LengthOf(files, hog.handle)) {
+    throw RunTimeError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end");
+  }
+  const std::uint32_t signature = ReadWordBE(files, offset, hog.handle);
+  if (signature != compressedSignature) {
+    WriteBeside(files, destination, [&](int handle) { WriteStored(files, hog.handle, handle, size, offset); });
+    return signature;
+  }
+  Unpacked unpacked;
+  Decompress(ReadStored(files, hog.handle, size, offset), unpacked, destination);
+  WriteWhole(files, destination, unpacked.Span());
+  return signature;
+}
+
+bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
+                    std::uint32_t offset) {
+  const OpenedFile hog(files, hogPath, OpenFor::reading);
+  const std::uint64_t length = UnpackedSize(files, hog.handle, size, offset);
+  if (std::uint64_t{offset} + size > LengthOf(files, hog.handle) || FileLength(path) != length) return false;
+  const Bytes stored = ReadStored(files, hog.handle, size, offset);
+  const Bytes loose = ReadWhole(files, path, length);
+  if (ReadWordBE(files, offset, hog.handle) != compressedSignature) return loose == stored;
+  Unpacked unpacked;
+  Decompress(stored, unpacked, path);
+  return std::equal(loose.begin(), loose.end(), unpacked.Span().begin(), unpacked.Span().end());
+}
+
+std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
+                         std::uint32_t size, std::uint32_t offset) {
+  AddBackslash(folder);
+  if (!FolderExists(folder) || !FileExists(hogPath)) {
+    Show(host, "Error - Path(s) not found", Icon::exclamation, "UnpackFile()");
+    return 0;
+  }
+  return Trapped(host, "UnpackFile()", std::uint32_t{0},
+                 [&] { return UnpackEntry(host.files, hogPath, folder + name, size, offset); });
+}
+
+bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model) {
+  std::string hogPath = gamePath + archiveName;
+  std::string folder = gamePath + "ships\\";
+  std::optional<HogEntry> entry;
+  bool written = false;
+  const bool looked = Trap(host, "UnpackFile()", [&] {
+    entry = LiveEntryOf(host, hogPath, ship);
+    if (!entry) return;
+    UnpackEntry(host.files, hogPath, folder + model, entry->Size, entry->Offset);
+    written = true;
+  });
+  if (looked && !entry) {
+    Show(host, "The model " + ModelOf(ship) + " was not found in resource.hog. Nothing was unpacked.",
+         Icon::exclamation);
+  }
+  return written;
+}
+
+void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships) {
+  AddBackslash(gamePath);
+  if (!FolderExists(gamePath)) {
+    Show(host, "Error - Invalid Path", Icon::critical, "UnpackSetup");
+    throw ProgramEnd();
+  }
+  UnpackModels(host, gamePath, ships);
+  DisguiseModels(host, gamePath, ships);
+  EndProgress(host);
+}
+
+}  // namespace oravin

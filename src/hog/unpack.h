@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "catalogue/ship_record.h"
+#include "desk/host.h"
+
+namespace oravin {
+
+/// What a stored (not compressed) entry is written with behind its own bytes: those that follow it in the archive, and
+/// zeros past the archive's end. This is meant; extraction in the archive's tab is the way to the exact bytes.
+inline constexpr std::uint64_t storedExcess = 50000;
+
+/// Writes one entry of the archive to a file: unpacked where it is compressed, else its bytes and storedExcess more.
+/// @param destination the file's whole path
+/// @return the 16-bit signature at the entry's start
+/// @throws RunTimeError when the entry does not lie inside the archive, is damaged, or a file fails; then the
+///   destination is as it was
+std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::string& destination, std::uint32_t size,
+                          std::uint32_t offset);
+
+/// True when a file holds exactly what UnpackEntry would write for an entry.
+/// @throws RunTimeError as UnpackEntry
+bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
+                    std::uint32_t offset);
+
+/// UnpackEntry into a folder, with boxes titled "UnpackFile()": "Error - Path(s) not found" when the folder or the
+/// archive is missing, and the error trap's.
+/// @param hogPath,folder trimmed in place; a backslash is appended to the folder
+/// @return the signature, 4347 for a compressed entry; 0 when nothing was written
+std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
+                         std::uint32_t size, std::uint32_t offset);
+
+/// Writes a ship's stock model into the game's ships folder, after making sure that the archive still lists that ship
+/// where the catalogue says (LiveEntryOf). Where it is nowhere, a box says so.
+/// @param model the file name to write it under
+/// @return whether the model was written
+bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model);
+
+/// Writes every stock ship's model into the game's ships folder and disguises its name in the archive's table.
+///
+/// Of a two-part ship the first part's model is written under both names: that is meant. A name is disguised only where
+/// the table's position still bears it and the loose model is there; what was passed over is named in one box. A folder
+/// that is missing gives "Error - Invalid Path", and the program ends.
+void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships);
+
+/// The most bytes that UnpackEntry may write for an entry, read from its first bytes.
+std::uint64_t UnpackedSize(Files& files, int hog, std::uint32_t size, std::uint32_t offset);
+
+}  // namespace oravin

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+/// The file system's own rules, system by system. Every path is a Windows path of the core (see native_path.h); every
+/// size and offset is in bytes. A procedure that can fail returns the system's reason in plain words, empty when it
+/// succeeded.
+namespace oravin::platform {
+
+/// An open file of the system: a descriptor or a handle. `noFile` stands for none.
+using NativeFile = std::intptr_t;
+inline constexpr NativeFile noFile = -1;
+
+enum class OpenFor {
+  reading,    ///< an existing file, to be read
+  changing,   ///< an existing file, to be read and written
+  creating,   ///< read and written; made when it is missing, kept when it is there
+  replacing,  ///< read and written; made when it is missing, emptied when it is there
+};
+
+struct FileFacts {
+  std::string name;  ///< as it is spelled on disk, without its folder
+  bool folder = false;
+  bool hidden = false;
+  bool system = false;
+  std::uint64_t length = 0;
+};
+
+std::string OpenNative(const std::string& path, OpenFor purpose, NativeFile& file);
+/// Reads up to `bytes.size()` bytes at `offset`; `count` tells how many there were before the file's end.
+std::string ReadNative(NativeFile file, std::uint64_t offset, std::span<std::uint8_t> bytes, std::size_t& count);
+std::string WriteNative(NativeFile file, std::uint64_t offset, std::span<const std::uint8_t> bytes);
+std::string LengthNative(NativeFile file, std::uint64_t& length);
+/// Waits until the file's bytes are on the disk.
+std::string FlushNative(NativeFile file);
+std::string CloseNative(NativeFile file);
+
+std::string EraseNative(const std::string& path);
+/// Renames a file; a file that bears the new name already is replaced in the same step.
+std::string RenameNative(const std::string& from, const std::string& to);
+/// Makes one folder; one that is there already is no failure.
+std::string MakeFolderNative(const std::string& path);
+
+/// What the file system says of one path; nothing when there is no such file or folder.
+std::optional<FileFacts> FactsOf(const std::string& path);
+/// The files and folders of one folder, without `.` and `..`, in no set order; nothing when it cannot be listed.
+std::optional<std::vector<FileFacts>> ListNative(const std::string& folder);
+
+/// Tells whether an existing file can be changed now: it is neither read-only nor held open by another program.
+std::string WhyNotWritable(const std::string& path);
+/// Tells whether files can be made in an existing folder.
+std::string WhyNoNewFiles(const std::string& folder);
+/// The bytes that this user may still write on the disk of an existing folder; nothing when the system does not say.
+std::optional<std::uint64_t> FreeSpace(const std::string& folder);
+
+}  // namespace oravin::platform

@@ -1,0 +1,220 @@
+#include "platform/file_system.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <system_error>
+
+#include "platform/native_path.h"
+
+namespace oravin::platform {
+
+namespace {
+
+constexpr mode_t anyoneMayWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+
+std::string Reason(int error) {
+  switch (error) {
+    case ENOENT:
+      return "it does not exist";
+    case EACCES:
+    case EPERM:
+      return "you have no permission";
+    case EROFS:
+      return "the disk is read-only";
+    case ENOSPC:
+      return "the disk is full";
+    case EISDIR:
+      return "it is a folder";
+    case ENOTDIR:
+      return "a part of the path is no folder";
+    default:
+      return std::generic_category().message(error);
+  }
+}
+
+int Descriptor(NativeFile file) {
+  return static_cast<int>(file);
+}
+
+std::string Sum(bool done) {
+  return done ? std::string() : Reason(errno);
+}
+
+/// Wine keeps the DOS attributes of a file as hexadecimal text in this extended attribute: 2 is hidden, 4 is system.
+unsigned DosAttributes(const std::string& path) {
+  std::array<char, 16> text{};
+  const ssize_t length = getxattr(path.c_str(), "user.DOSATTRIB", text.data(), text.size() - 1);
+  return length > 0 ? static_cast<unsigned>(std::strtoul(text.data(), nullptr, 16)) : 0;
+}
+
+FileFacts FactsFrom(const std::string& name, const std::string& path, const struct stat& status) {
+  FileFacts facts;
+  facts.name = name;
+  facts.folder = S_ISDIR(status.st_mode);
+  facts.length = facts.folder ? 0 : static_cast<std::uint64_t>(status.st_size);
+  const unsigned attributes = DosAttributes(path);
+  facts.hidden = (attributes & 2U) != 0;
+  facts.system = (attributes & 4U) != 0;
+  return facts;
+}
+
+}  // namespace
+
+std::string OpenNative(const std::string& path, OpenFor purpose, NativeFile& file) {
+  file = noFile;
+  const std::string native = ToNativePath(path);
+  if (native.empty()) return "there is no such drive";
+  int flags = O_CLOEXEC;
+  switch (purpose) {
+    case OpenFor::reading:
+      flags |= O_RDONLY;
+      break;
+    case OpenFor::changing:
+      flags |= O_RDWR;
+      break;
+    case OpenFor::creating:
+      flags |= O_RDWR | O_CREAT;
+      break;
+    case OpenFor::replacing:
+      flags |= O_RDWR | O_CREAT | O_TRUNC;
+      break;
+  }
+  struct stat status;
+  const bool there = stat(native.c_str(), &status) == 0;
+  if (there && S_ISDIR(status.st_mode)) return Reason(EISDIR);
+  // A file that is marked read-only is respected even where the user's rights would reach past the mark.
+  if (there && purpose != OpenFor::reading && (status.st_mode & anyoneMayWrite) == 0) return "it is read-only";
+  const int descriptor = open(native.c_str(), flags, 0666);
+  if (descriptor < 0) return Reason(errno);
+  file = descriptor;
+  return {};
+}
+
+std::string ReadNative(NativeFile file, std::uint64_t offset, std::span<std::uint8_t> bytes, std::size_t& count) {
+  count = 0;
+  while (count < bytes.size()) {
+    const ssize_t got =
+        pread(Descriptor(file), bytes.data() + count, bytes.size() - count, static_cast<off_t>(offset + count));
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return Reason(errno);
+    if (got == 0) break;
+    count += static_cast<std::size_t>(got);
+  }
+  return {};
+}
+
+std::string WriteNative(NativeFile file, std::uint64_t offset, std::span<const std::uint8_t> bytes) {
+  std::size_t count = 0;
+  while (count < bytes.size()) {
+    const ssize_t put =
+        pwrite(Descriptor(file), bytes.data() + count, bytes.size() - count, static_cast<off_t>(offset + count));
+    if (put < 0 && errno == EINTR) continue;
+    if (put < 0) return Reason(errno);
+    count += static_cast<std::size_t>(put);
+  }
+  return {};
+}
+
+std::string LengthNative(NativeFile file, std::uint64_t& length) {
+  struct stat status;
+  if (fstat(Descriptor(file), &status) != 0) return Reason(errno);
+  length = static_cast<std::uint64_t>(status.st_size);
+  return {};
+}
+
+std::string FlushNative(NativeFile file) {
+  return Sum(fsync(Descriptor(file)) == 0);
+}
+
+std::string CloseNative(NativeFile file) {
+  return Sum(close(Descriptor(file)) == 0);
+}
+
+std::string EraseNative(const std::string& path) {
+  return Sum(unlink(ToNativePath(path).c_str()) == 0);
+}
+
+std::string RenameNative(const std::string& from, const std::string& to) {
+  return Sum(rename(ToNativePath(from).c_str(), ToNativePath(to).c_str()) == 0);
+}
+
+std::string MakeFolderNative(const std::string& path) {
+  std::string native = ToNativePath(path);
+  while (native.size() > 1 && native.back() == '/') native.pop_back();
+  if (mkdir(native.c_str(), 0777) == 0) return {};
+  const int error = errno;
+  struct stat status;
+  if (error == EEXIST && stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) return {};
+  return Reason(error);
+}
+
+std::optional<FileFacts> FactsOf(const std::string& path) {
+  const std::string native = ToNativePath(path);
+  struct stat status;
+  if (native.empty() || stat(native.c_str(), &status) != 0) return std::nullopt;
+  const std::size_t slash = native.find_last_of('/');
+  return FactsFrom(slash == std::string::npos ? native : native.substr(slash + 1), native, status);
+}
+
+std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {
+  std::string native = ToNativePath(folder);
+  if (native.empty()) return std::nullopt;
+  if (native.back() != '/') native += '/';
+  DIR* listing = opendir(native.c_str());
+  if (listing == nullptr) return std::nullopt;
+  std::vector<FileFacts> items;
+  while (const dirent* item = readdir(listing)) {
+    const std::string name = static_cast<const char*>(item->d_name);
+    struct stat status;
+    if (name == "." || name == ".." || stat((native + name).c_str(), &status) != 0) continue;
+    items.push_back(FactsFrom(name, native + name, status));
+  }
+  closedir(listing);
+  return items;
+}
+
+std::string WhyNotWritable(const std::string& path) {
+  NativeFile file = noFile;
+  const std::string reason = OpenNative(path, OpenFor::changing, file);
+  if (!reason.empty()) return reason;
+#ifdef F_SETLEASE
+  // The kernel grants a write lease only while nobody else has the file open; where the file system knows no leases, or
+  // the file is another user's, it refuses for a different reason and the question stays open.
+  // Somebody who opens the file in that moment would raise a signal; SIGURG is one that does nothing by itself.
+  fcntl(Descriptor(file), F_SETSIG, SIGURG);
+  const bool held = fcntl(Descriptor(file), F_SETLEASE, F_WRLCK) != 0 && errno == EAGAIN;
+  if (!held) fcntl(Descriptor(file), F_SETLEASE, F_UNLCK);
+#else
+  const bool held = false;
+#endif
+  close(Descriptor(file));
+  return held ? "another program has it open" : "";
+}
+
+std::string WhyNoNewFiles(const std::string& folder) {
+  const std::string native = ToNativePath(folder);
+  struct stat status;
+  if (stat(native.c_str(), &status) != 0) return Reason(errno);
+  if (!S_ISDIR(status.st_mode)) return Reason(ENOTDIR);
+  if ((status.st_mode & anyoneMayWrite) == 0) return "it is read-only";
+  return Sum(access(native.c_str(), W_OK | X_OK) == 0);
+}
+
+std::optional<std::uint64_t> FreeSpace(const std::string& folder) {
+  struct statvfs status;
+  if (statvfs(ToNativePath(folder).c_str(), &status) != 0) return std::nullopt;
+  return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
+}
+
+}  // namespace oravin::platform

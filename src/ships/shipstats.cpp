@@ -1,0 +1,183 @@
+#include "ships/shipstats.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/delimited_text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::uint64_t longestStatsText = 65536;
+constexpr int highestIndex = 32767;  // a record's index is a 16-bit signed number
+
+std::array<std::uint8_t, statsSize> BytesOfStats(const ShipStats& stats) {
+  std::array<std::uint8_t, statsSize> bytes{};
+  for (std::size_t i = 0; i < statsCount; ++i) {
+    PutLittleEndian32(&bytes.at(4 * i), std::bit_cast<std::uint32_t>(stats.values.at(i)));
+  }
+  return bytes;
+}
+
+bool BlockInside(std::uint64_t fileLength, int shipIndex) {
+  return shipIndex >= 0 && (static_cast<std::uint64_t>(shipIndex) + 1) * statsBlockSize <= fileLength;
+}
+
+std::uint64_t StatsAt(int shipIndex) {
+  return static_cast<std::uint64_t>(shipIndex) * statsBlockSize + statsOffset;
+}
+
+/// The two checks that reading and writing begin with.
+bool BlockThere(Host& host, std::string& path, int shipIndex, const std::string& titleWhenMissing) {
+  if (!FileExists(path)) {
+    Show(host, "Error - file not found", Icon::exclamation, titleWhenMissing);
+    return false;
+  }
+  if (BlockInside(FileLength(path), shipIndex)) return true;
+  Show(host, "Error - invalid ship", Icon::exclamation, "PutShipsStats");
+  return false;
+}
+
+bool BothThere(Host& host, std::string& current, std::string& defaults) {
+  const bool both = FileExists(current) && FileExists(defaults);
+  if (!both) Show(host, "Error - Path(s) not found", Icon::exclamation, "RestoreShipStats");
+  return both;
+}
+
+int IndexOf(const TaggedValue& value) {
+  const std::int64_t index = WholeNumber(value);
+  return index < 0 || index > highestIndex ? -1 : static_cast<int>(index);
+}
+
+/// Copies one block's statistics from the defaults. False when a file failed although the block is there: then the
+/// defaults are still needed.
+bool RestoreBlock(Host& host, std::string& current, std::string& defaults, int index) {
+  const bool there = BlockInside(FileLength(current), index) && BlockInside(FileLength(defaults), index);
+  ShipStats stats;
+  const bool done = GetShipsStats(host, defaults, index, stats) && PutShipsStats(host, current, index, stats);
+  return done || !there;
+}
+
+void EraseDefaults(Host& host, std::string& defaults) {
+  Trap(host, "RestoreShipStats", [&] {
+    if (FileExists(defaults)) EraseFile(host.files, defaults);
+  });
+}
+
+}  // namespace
+
+bool GetShipsStats(Host& host, std::string& path, int shipIndex, ShipStats& stats) {
+  if (!BlockThere(host, path, shipIndex, "GetShipsStats")) return false;
+  return Trap(host, "GetShipsStats", [&] {
+    const OpenedFile file(host.files, path, OpenFor::reading);
+    std::array<std::uint8_t, statsSize> bytes{};
+    Get(host.files, file.handle, StatsAt(shipIndex), bytes);
+    for (std::size_t i = 0; i < statsCount; ++i)
+      stats.values.at(i) = std::bit_cast<float>(LittleEndian32(&bytes.at(4 * i)));
+  });
+}
+
+bool PutShipsStats(Host& host, std::string& path, int shipIndex, const ShipStats& stats) {
+  if (!BlockThere(host, path, shipIndex, "PutShipsStats")) return false;
+  return Trap(host, "PutShipsStats", [&] {
+    const OpenedFile file(host.files, path, OpenFor::changing);
+    Put(host.files, file.handle, StatsAt(shipIndex), BytesOfStats(stats));
+  });
+}
+
+void RestoreShipStats(Host& host, std::string currentPath, std::string defaultsPath, const Ships& ships) {
+  if (!BothThere(host, currentPath, defaultsPath)) return;
+  bool kept = false;
+  for (const ShipRecord& ship : ships) {
+    if (IsStock(ship)) kept = !RestoreBlock(host, currentPath, defaultsPath, IndexOf(ship.StatsIndex)) || kept;
+  }
+  if (!kept) EraseDefaults(host, defaultsPath);
+}
+
+void RestoreAllBlocks(Host& host, std::string currentPath, std::string defaultsPath) {
+  if (!BothThere(host, currentPath, defaultsPath)) return;
+  const std::uint64_t shorter = std::min(FileLength(currentPath), FileLength(defaultsPath));
+  const int blocks = static_cast<int>(std::min<std::uint64_t>(shorter / statsBlockSize, highestIndex));
+  for (int i = 0; i < blocks; ++i) {
+    if (!RestoreBlock(host, currentPath, defaultsPath, i)) return;
+  }
+  EraseDefaults(host, defaultsPath);
+}
+
+void SetUpShipStats(Host& host, std::string currentPath, std::string defaultsPath, const Ships& ships) {
+  if (!BothThere(host, currentPath, defaultsPath)) return;
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    const std::int64_t partner = WholeNumber(ships[i].ChangedToIndex);
+    if (IsInert(ships[i]) || !ships[i].Changed || partner < 0 || static_cast<std::int64_t>(i) <= partner) continue;
+    ShipStats stats;
+    if (!GetShipsStats(host, defaultsPath, IndexOf(ships[i].StatsIndex), stats)) continue;
+    PutShipsStats(host, currentPath, IndexOf(ships[static_cast<std::size_t>(partner)].StatsIndex), stats);
+  }
+}
+
+bool GetImportStats(Host& host, std::string& path, ShipStats& stats) {
+  if (!FileExists(path)) {
+    Show(host, "File not found!", Icon::critical, "GetImportStats");
+    return false;
+  }
+  return Trap(host, "GetImportStats", [&] {
+    const std::string all = TextOf(ReadWhole(host.files, path, longestStatsText));
+    DelimitedText text{path, all};
+    ShipStats read;
+    for (const StatsRow& row : statsRows) read.values.at(row.field) = static_cast<float>(TakeNumber(text));
+    stats = read;
+  });
+}
+
+int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const ShipStats& stats) {
+  TrimInPlace(path);
+  return Trapped(host, "CopyShipStats", 0, [&] {
+    const OpenedFile file(host.files, path, OpenFor::creating);
+    const std::uint64_t length = LengthOf(host.files, file.handle);
+    if (length == 0) return 0;
+    // One write, so that the file never ends inside a block that this procedure began.
+    Bytes block(statsBlockSize);
+    const std::string name = ship.ShipName.Trimmed();
+    std::copy(name.begin(), name.end(), block.begin());
+    const auto bytes = BytesOfStats(stats);
+    std::copy(bytes.begin(), bytes.end(), block.begin() + static_cast<std::ptrdiff_t>(statsOffset));
+    Put(host.files, file.handle, length, block);
+    return static_cast<int>(std::nearbyint(static_cast<double>(length) / static_cast<double>(statsBlockSize)));
+  });
+}
+
+int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks) {
+  return Trapped(host, "CopyShipStats", -1, [&] {
+    const OpenedFile file(host.files, path, OpenFor::reading);
+    const std::uint64_t blocks = LengthOf(host.files, file.handle) / statsBlockSize;
+    std::array<std::uint8_t, statsNameWidth> name{};
+    for (std::uint64_t i = static_cast<std::uint64_t>(std::max(stockBlocks, 0)); i < blocks; ++i) {
+      Get(host.files, file.handle, i * statsBlockSize, name);
+      const std::string text = TextOf(name);
+      if (SameName(text.substr(0, text.find('\0')), shipName)) return static_cast<int>(i);
+    }
+    return -1;
+  });
+}
+
+void BackupShipStats(Host& host, const std::string& gamePath) {
+  const std::string current = gamePath + "shipstats.bin";
+  const std::string defaults = gamePath + "shipstats.def";
+  if (!FileExists(std::string(current))) {
+    Show(host, "Can't find shipstats.bin", Icon::exclamation);
+    return;
+  }
+  if (FileExists(std::string(defaults))) return;
+  Trap(host, "BackupShipStats", [&] { CopyWhole(host.files, current, defaults); });
+}
+
+}  // namespace oravin

@@ -1,0 +1,28 @@
+#include "switcher/add_on_ship.h"
+
+#include "ships/shipstats.h"
+#include "util/File_Path.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship) {
+  std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
+  std::string current = installation.GamePath + "shipstats.bin";
+  std::string defaults = installation.GamePath + "shipstats.def";
+  ShipStats stats;
+  if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
+  // Only the defaults get blocks of imported ships, so whatever lies behind the current file's length is one.
+  const int stockBlocks = static_cast<int>(FileLength(current) / statsBlockSize);
+  const int known = FindAddedBlock(host, defaults, ship.ShipName.Trimmed(), stockBlocks);
+  if (known < 0) return CopyShipStats(host, defaults, ship, stats);
+  PutShipsStats(host, defaults, known, stats);
+  return known;
+}
+
+void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship) {
+  const std::string model = ModelOf(ship);
+  CopyWhole(files, installation.ProgramPath + addOnShipsFolder + model, installation.GamePath + "ships\\" + model);
+}
+
+}  // namespace oravin

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "catalogue/installation.h"
+#include "desk/host.h"
+
+/// Add-on ships: models in `addons\ships\` of the program folder, statistics texts in `addons\stats\`.
+namespace oravin {
+
+inline constexpr const char* addOnShipsFolder = "addons\\ships\\";
+inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
+
+/// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`: from its statistics text,
+/// else from the first block of `shipstats.bin`. A block that bears the ship's name already is written anew in place.
+/// @return the block's index
+int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship);
+
+/// Copies an add-on ship's model into the game's ships folder.
+/// @throws RunTimeError when a file fails
+void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship);
+
+}  // namespace oravin

@@ -1,0 +1,105 @@
+#include "switcher/catalogue_build.h"
+
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "switcher/add_on_ship.h"
+#include "util/File_Path.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+ShipRecord NewRecord(const ListedShip& line) {
+  ShipRecord ship;
+  ship.ShipName.Set(line.name);
+  ship.ShipFile.Set(line.file);
+  ship.ShipKind = Int16Value(line.kind);
+  ship.HogOffset = Int32Value(0);
+  ship.HogSize = Int32Value(0);
+  ship.HogFatPos = Int32Value(0);
+  ship.StatsIndex = Int16Value(line.statsIndex);
+  ship.Textures[0].Set(line.texture0);
+  ship.Textures[1].Set(line.texture1);
+  ship.SecondPartIndex = Int16Value(0);
+  ship.ChangedToIndex = Int16Value(0);
+  return ship;
+}
+
+void Locate(ShipRecord& ship, const HogTable& live, const HogTable& backup, std::vector<std::string>& missing) {
+  const auto entry = FindModel(ModelOf(ship), live, backup);
+  if (!entry) {
+    missing.push_back(ModelOf(ship));
+    return;
+  }
+  ship.HogOffset = Int32Value(entry->Offset);
+  ship.HogSize = Int32Value(entry->Size);
+  ship.HogFatPos = Int32Value(entry->FatPos);
+}
+
+void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, std::vector<std::string>& missing) {
+  ship.Imported = true;
+  ship.StatsIndex = Int16Value(AddOnStats(host, installation, ship));
+  if (!FileExists(installation.ProgramPath + addOnShipsFolder + ModelOf(ship))) missing.push_back(ModelOf(ship));
+}
+
+Ships RecordsOf(Host& host, const Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
+                const HogTable& backup, std::vector<std::string>& missing) {
+  Ships ships;
+  ships.reserve(list.size());
+  for (const ListedShip& line : list) {
+    ShowProgress(host, "Looking for " + line.file, static_cast<int>(ships.size()), static_cast<int>(list.size()));
+    ShipRecord ship = NewRecord(line);
+    if (line.kind == importedKind) ship.Imported = true;
+    if (IsInert(ship)) {
+      // A line without a model: its record is kept for the order of the records, and nothing works on it.
+    } else if (ship.Imported) {
+      PrepareAddOn(host, installation, ship, missing);
+    } else {
+      Locate(ship, live, backup, missing);
+    }
+    ships.push_back(ship);
+  }
+  return ships;
+}
+
+void WriteCatalogue(Files& files, const std::string& path, const Ships& ships) {
+  Bytes all;
+  all.reserve(ships.size() * shipRecordSize);
+  for (const ShipRecord& ship : ships) {
+    const auto slot = SlotOf(ship);
+    if (!slot) throw RunTimeError("could not write", path, "a record is longer than its slot");
+    all.insert(all.end(), slot->begin(), slot->end());
+  }
+  WriteWhole(files, path, all);
+}
+
+void InstallAddOns(Host& host, const Installation& installation) {
+  for (const ShipRecord& ship : installation.ships) {
+    if (IsInert(ship) || !ship.Imported) continue;
+    if (!FileExists(installation.ProgramPath + addOnShipsFolder + ModelOf(ship))) continue;
+    Trap(host, "BuildCatalogue", [&] { InstallAddOnModel(host.files, installation, ship); });
+  }
+}
+
+}  // namespace
+
+bool BuildCatalogue(Host& host, Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
+                    const HogTable& backup) {
+  const std::string path = installation.ProgramPath + catalogueName;
+  std::vector<std::string> missing;
+  const bool written = Trap(host, "BuildCatalogue", [&] {
+    WriteCatalogue(host.files, path, RecordsOf(host, installation, list, live, backup, missing));
+  });
+  EndProgress(host);
+  if (!written || LoadCatalogue(host, path, installation.ships) == 0) return false;
+  InstallAddOns(host, installation);
+  if (!missing.empty()) {
+    Show(host, "The models of these ships were found neither in resource.hog nor among the add-ons:" + Listed(missing),
+         Icon::exclamation);
+  }
+  return true;
+}
+
+}  // namespace oravin

@@ -1,0 +1,248 @@
+#include "switcher/swap.h"
+
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "hog/unpack.h"
+#include "ships/shipstats.h"
+#include "switcher/swap_plan.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* swapTitle = "cmdSwap_Click()";
+constexpr const char* unswapTitle = "cmdUnSwap_Click()";
+constexpr int strongGunKind = 2;  // stock ships of this kind lend better guns to what they replace
+
+std::string ModelPath(const Installation& installation, const ShipRecord& ship) {
+  return installation.GamePath + "ships\\" + ModelOf(ship);
+}
+
+std::string BackupPath(const Installation& installation, const ShipRecord& ship) {
+  return installation.GamePath + "ships\\" + BackupOf(ship);
+}
+
+bool CatalogueThere(Host& host, const Installation& installation, const char* title) {
+  if (FileExists(installation.ProgramPath + catalogueName)) return true;
+  Show(host, "Error - ships.dat not found - Reinstall", Icon::exclamation, title);
+  return false;
+}
+
+bool Known(const Installation& installation, int index) {
+  return index >= 0 && static_cast<std::size_t>(index) < installation.ships.size() &&
+         !IsInert(installation.ships[static_cast<std::size_t>(index)]);
+}
+
+/// The indices of a target's records.
+std::vector<std::size_t> PartIndices(const Installation& installation, int target) {
+  std::vector<std::size_t> parts{static_cast<std::size_t>(target)};
+  if (PartsOf(installation.ships[parts[0]]) == 2) parts.push_back(parts[0] + 1);
+  return parts;
+}
+
+void WriteChange(SwapDesk& desk, int target, int source) {
+  Installation& installation = desk.installation;
+  const ShipRecord by = installation.ships[static_cast<std::size_t>(source)];
+  for (const std::size_t part : PartIndices(installation, target)) {
+    ShipRecord& ship = installation.ships[part];
+    ship.ChangedToFile = by.ShipFile;
+    ship.ChangedToName = by.ShipName;
+    ship.Changed = true;
+    ship.ChangedToIndex = Int16Value(source);  // every part points to the source's first record: meant
+    PutShipRecord(desk.host.files, installation.ProgramPath, installation.ships, part);
+  }
+}
+
+void WriteNoChange(SwapDesk& desk, int target) {
+  Installation& installation = desk.installation;
+  for (const std::size_t part : PartIndices(installation, target)) {
+    ShipRecord& ship = installation.ships[part];
+    ship.ChangedToFile.Set("");
+    ship.ChangedToName.Set("");
+    ship.Changed = false;
+    ship.ChangedToIndex = BooleanValue(false);  // a truth value, not the number 0: meant
+    PutShipRecord(desk.host.files, installation.ProgramPath, installation.ships, part);
+  }
+}
+
+/// Unpacks a ship's missing model; then a backup of it is out of date. A model that could not be unpacked leaves its
+/// backup alone: it may be the only one.
+void UnpackMissing(Host& host, const Installation& installation, const ShipRecord& ship) {
+  if (!UnpackShip(host, installation.GamePath, ship, ModelOf(ship))) return;
+  const std::string backup = BackupPath(installation, ship);
+  if (FileExists(std::string(backup))) EraseFile(host.files, backup);
+}
+
+void ProvideSource(Host& host, const Installation& installation, const ShipRecord& source) {
+  if (FileExists(ModelPath(installation, source))) return;
+  if (source.Imported) {
+    // The swap goes on all the same, and the copy fails: meant.
+    Show(host, "Error - imported ship '" + ModelOf(source) + "' not found", Icon::none);
+  } else {
+    UnpackMissing(host, installation, source);
+  }
+}
+
+/// Moves one part's stock model aside, unless a backup has it already, and puts the source's model in its place.
+void ReplaceModel(Host& host, const Installation& installation, const ShipRecord& part, const ShipRecord& source) {
+  const std::string model = ModelPath(installation, part);
+  const std::string backup = BackupPath(installation, part);
+  if (!FileExists(std::string(model))) UnpackMissing(host, installation, part);
+  if (!FileExists(std::string(backup)) && FileExists(std::string(model))) RenameOver(host.files, model, backup);
+  const std::string sourceBackup = BackupPath(installation, source);
+  const std::string from = FileExists(std::string(sourceBackup)) ? sourceBackup : ModelPath(installation, source);
+  // Without anything to copy, an earlier swap's model must not stay: the copy fails and says so.
+  if (!FileExists(std::string(from)) && FileExists(std::string(model))) EraseFile(host.files, model);
+  CopyWhole(host.files, from, model);
+}
+
+/// The statistics that a source brings along. False when they cannot be read.
+bool SourceStats(Host& host, const Installation& installation, const ShipRecord& source, ShipStats& stats) {
+  const bool fromDefaults = source.Imported || source.Changed;
+  std::string path = installation.GamePath + (fromDefaults ? "shipstats.def" : "shipstats.bin");
+  if (!GetShipsStats(host, path, static_cast<int>(WholeNumber(source.StatsIndex)), stats)) return false;
+  if (!source.Imported && WholeNumber(source.ShipKind) == strongGunKind) {
+    stats.values[gunEnergyField] += 50.0F;
+    stats.values[gunRechargeField] = 6.0F;
+  }
+  return true;
+}
+
+void CopyStats(SwapDesk& desk, int target, const ShipRecord& source) {
+  ShipStats stats;
+  if (!SourceStats(desk.host, desk.installation, source, stats)) return;
+  std::string current = desk.installation.GamePath + "shipstats.bin";
+  for (const std::size_t part : PartIndices(desk.installation, target)) {
+    PutShipsStats(desk.host, current, static_cast<int>(WholeNumber(desk.installation.ships[part].StatsIndex)), stats);
+  }
+}
+
+void RestoreStats(SwapDesk& desk, int target) {
+  std::string current = desk.installation.GamePath + "shipstats.bin";
+  std::string defaults = desk.installation.GamePath + "shipstats.def";
+  for (const std::size_t part : PartIndices(desk.installation, target)) {
+    const int index = static_cast<int>(WholeNumber(desk.installation.ships[part].StatsIndex));
+    ShipStats stats;
+    if (GetShipsStats(desk.host, defaults, index, stats)) PutShipsStats(desk.host, current, index, stats);
+  }
+}
+
+/// Puts one part's own model back: from its backup, else from the archive.
+void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part) {
+  const std::string model = ModelPath(installation, part);
+  const std::string backup = BackupPath(installation, part);
+  if (FileExists(std::string(backup))) {
+    RenameOver(host.files, backup, model);
+  } else {
+    UnpackShip(host, installation.GamePath, part, ModelOf(part));
+  }
+}
+
+/// A swap of two known ships. `listed` is called when the catalogue has been written.
+void Swap(SwapDesk& desk, int target, int source, const std::function<void()>& listed) {
+  Installation& installation = desk.installation;
+  if (!Known(installation, target) || !Known(installation, source)) return;
+  const ShipRecord by = installation.ships[static_cast<std::size_t>(source)];
+  const ShipRecord& ship = installation.ships[static_cast<std::size_t>(target)];
+  if (!IsStock(ship) || ship.ShipName == by.ShipName || ship.ChangedToName == by.ShipName) return;
+  if (!CatalogueThere(desk.host, installation, swapTitle)) return;
+  desk.closeOthers();
+  if (!ReadyToWrite(desk.host, PlanSwap(desk.host.files, installation, target, source))) return;
+  Trap(desk.host, swapTitle, [&] {
+    WriteChange(desk, target, source);
+    listed();
+    ProvideSource(desk.host, installation, by);
+    for (const std::size_t part : PartIndices(installation, target)) {
+      ReplaceModel(desk.host, installation, installation.ships[part], by);
+    }
+    CopyStats(desk, target, by);
+    DisplayShipEdit(desk.statsTab, installation.ships);
+  });
+}
+
+/// The steps that put a changed ship back: catalogue, models, statistics.
+void PutBack(SwapDesk& desk, int target, const std::function<void()>& listed) {
+  WriteNoChange(desk, target);
+  listed();
+  for (const std::size_t part : PartIndices(desk.installation, target)) {
+    PutModelBack(desk.host, desk.installation, desk.installation.ships[part]);
+  }
+  RestoreStats(desk, target);
+}
+
+void Unswap(SwapDesk& desk, int target, const std::function<void()>& listed) {
+  Installation& installation = desk.installation;
+  if (!Known(installation, target) || !installation.ships[static_cast<std::size_t>(target)].Changed) return;
+  if (!CatalogueThere(desk.host, installation, unswapTitle)) return;
+  desk.closeOthers();
+  if (!ReadyToWrite(desk.host, PlanUnswap(desk.host.files, installation, target))) return;
+  Trap(desk.host, unswapTitle, [&] {
+    PutBack(desk, target, listed);
+    DisplayShipEdit(desk.statsTab, installation.ships);
+  });
+}
+
+int SelectedShip(const ListView& list) {
+  const auto row = SelectedRow(list);
+  return row ? IndexOfKey(list.rows[*row].key) : -1;
+}
+
+}  // namespace
+
+void cmdSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
+  const auto row = SelectedRow(tab.swapOrgList);
+  const int source = SelectedShip(tab.swapToList);
+  if (!row || !Known(desk.installation, source)) return;
+  const std::string name = desk.installation.ships[static_cast<std::size_t>(source)].ShipName.Trimmed();
+  Swap(desk, SelectedShip(tab.swapOrgList), source, [&] { SetText(tab.swapOrgList, *row, 1, "--->" + name); });
+}
+
+void cmdUnSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
+  const auto row = SelectedRow(tab.swapOrgList);
+  if (!row) return;
+  Unswap(desk, SelectedShip(tab.swapOrgList), [&] { SetText(tab.swapOrgList, *row, 1, ""); });
+}
+
+void cmdUnswapAll_Click(SwapDesk& desk, SwitcherTab& tab) {
+  const Installation& installation = desk.installation;
+  desk.closeOthers();
+  bool ready = true;
+  for (std::size_t i = 0; ready && i < installation.ships.size(); ++i) {
+    const bool changed = !IsInert(installation.ships[i]) && installation.ships[i].Changed;
+    if (changed) ready = ReadyToWrite(desk.host, PlanUnswap(desk.host.files, installation, static_cast<int>(i)));
+  }
+  if (!ready) return;
+  for (std::size_t i = 0; i < installation.ships.size(); ++i) {
+    if (!CatalogueThere(desk.host, installation, unswapTitle)) break;
+    if (IsInert(installation.ships[i]) || !installation.ships[i].Changed) continue;
+    ShowProgress(desk.host, "Putting back " + installation.ships[i].ShipName.Trimmed(), static_cast<int>(i),
+                 static_cast<int>(installation.ships.size()));
+    Trap(desk.host, unswapTitle, [&] { PutBack(desk, static_cast<int>(i), [] {}); });
+  }
+  EndProgress(desk.host);
+  for (std::size_t row = 0; row < tab.swapOrgList.rows.size(); ++row) SetText(tab.swapOrgList, row, 1, "");
+  DisplayShipEdit(desk.statsTab, installation.ships);
+}
+
+void SwapShip(SwapDesk& desk, const std::string& targetName, const std::string& sourceName) {
+  const Ships& ships = desk.installation.ships;
+  Swap(desk, FindShip(ships, targetName), FindShip(ships, sourceName), [] {});
+}
+
+void UnswapShip(SwapDesk& desk, const std::string& targetName) {
+  Unswap(desk, FindShip(desk.installation.ships, targetName), [] {});
+}
+
+void SwapPairs(SwapDesk& desk, const std::vector<std::pair<std::string, std::string>>& pairs) {
+  for (const auto& [target, source] : pairs) {
+    if (Trim(target).empty()) continue;
+    UnswapShip(desk, target);
+    SwapShip(desk, target, source);
+  }
+}
+
+}  // namespace oravin

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "catalogue/installation.h"
+#include "desk/host.h"
+#include "ships/stats_tab.h"
+#include "switcher/switcher_tab.h"
+
+/// A swap makes the game fly one ship, the source, in place of a stock ship, the target: the target's model and
+/// statistics are replaced by the source's, and its catalogue record remembers it. The stock model is kept beside under
+/// its name with the extension ".org", the stock statistics in `shipstats.def`; an unswap puts both back.
+///
+/// Nothing is rolled back: a failure in a later step leaves the records that were written.
+namespace oravin {
+
+/// Closes what other tabs hold open; called before files are changed.
+using CloseOthers = std::function<void()>;
+
+/// The records and tabs that a swap touches.
+struct SwapDesk {
+  Host& host;
+  Installation& installation;
+  StatsTab& statsTab;
+  CloseOthers closeOthers;
+};
+
+/// Makes the ship selected in swapToList fly in place of the one selected in swapOrgList. Silently nothing when both
+/// bear one name or the target is changed to that ship already. Without a catalogue file the box "Error - ships.dat not
+/// found - Reinstall".
+void cmdSwap_Click(SwapDesk& desk, SwitcherTab& tab);
+
+/// Puts the ship selected in swapOrgList back. Silently nothing when it is not changed.
+void cmdUnSwap_Click(SwapDesk& desk, SwitcherTab& tab);
+
+/// Puts every changed ship back, in the order of the catalogue.
+void cmdUnswapAll_Click(SwapDesk& desk, SwitcherTab& tab);
+
+/// The same as the two handlers, by the ships' names and without the lists: the first ship of that trimmed, upper-cased
+/// name. A name that no ship has does nothing.
+void SwapShip(SwapDesk& desk, const std::string& targetName, const std::string& sourceName);
+void UnswapShip(SwapDesk& desk, const std::string& targetName);
+
+/// Unswaps and swaps the pairs of (target, source) names in list order; a pair whose target is blank is passed over.
+void SwapPairs(SwapDesk& desk, const std::vector<std::pair<std::string, std::string>>& pairs);
+
+}  // namespace oravin

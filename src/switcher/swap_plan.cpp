@@ -1,0 +1,65 @@
+#include "switcher/swap_plan.h"
+
+#include <algorithm>
+
+#include "catalogue/catalogue.h"
+#include "hog/unpack.h"
+#include "util/File_Path.h"
+#include "util/run_time_error.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+/// The most bytes that a ship's model takes, whether it is loose or has to be unpacked first.
+std::uint64_t ModelSize(Files& files, const Installation& installation, const ShipRecord& ship) {
+  const std::string folder = installation.GamePath + "ships\\";
+  const std::uint64_t loose = std::max(FileLength(folder + ModelOf(ship)), FileLength(folder + BackupOf(ship)));
+  if (loose > 0) return loose;
+  try {
+    const OpenedFile hog(files, installation.GamePath + "resource.hog", platform::OpenFor::reading);
+    return UnpackedSize(files, hog.handle, Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset));
+  } catch (const RunTimeError&) {
+    return 0;  // an archive that cannot be read is told of where the model is unpacked
+  }
+}
+
+void AddModel(WritePlan& plan, const Installation& installation, const ShipRecord& ship) {
+  plan.files.push_back(installation.GamePath + "ships\\" + ModelOf(ship));
+  plan.files.push_back(installation.GamePath + "ships\\" + BackupOf(ship));
+}
+
+WritePlan CommonPlan(const Installation& installation) {
+  WritePlan plan;
+  plan.files = {installation.ProgramPath + catalogueName, installation.GamePath + "shipstats.bin"};
+  plan.folders = {installation.GamePath + "ships\\"};
+  return plan;
+}
+
+}  // namespace
+
+WritePlan PlanSwap(Files& files, const Installation& installation, int target, int source) {
+  WritePlan plan = CommonPlan(installation);
+  const auto first = static_cast<std::size_t>(target);
+  const ShipRecord& by = installation.ships[static_cast<std::size_t>(source)];
+  const std::uint64_t sourceSize = ModelSize(files, installation, by);
+  NeedRoom(plan, installation.GamePath, sourceSize);
+  for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
+    AddModel(plan, installation, installation.ships[part]);
+    NeedRoom(plan, installation.GamePath, sourceSize + ModelSize(files, installation, installation.ships[part]));
+  }
+  return plan;
+}
+
+WritePlan PlanUnswap(Files& files, const Installation& installation, int target) {
+  WritePlan plan = CommonPlan(installation);
+  const auto first = static_cast<std::size_t>(target);
+  for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
+    AddModel(plan, installation, installation.ships[part]);
+    NeedRoom(plan, installation.GamePath, ModelSize(files, installation, installation.ships[part]));
+  }
+  return plan;
+}
+
+}  // namespace oravin

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "catalogue/installation.h"
+#include "desk/controls.h"
+#include "desk/host.h"
+
+namespace oravin {
+
+/// The pictures of the ship kinds in the window's image list.
+inline constexpr int stockImage = 2;
+inline constexpr int otherStockImage = 3;
+inline constexpr int importedFighterImage = 5;
+inline constexpr int importedCapitalImage = 6;
+
+/// The controls of the "Switcher" tab.
+struct SwitcherTab {
+  ListView swapOrgList;  ///< the stock ships that can be changed, and what they are changed to
+  ListView swapToList;   ///< the ships that they can be changed to
+  Button cmdSwap;
+  Button cmdUnswap;
+  Button cmdUnswapAll;
+  Button cmdToggle;
+  Button cmdEnable;
+  Button cmdDisable;
+};
+
+/// The tab as it looks before a catalogue is loaded.
+SwitcherTab NewSwitcherTab();
+
+/// Fills the two lists with the capital ships, or with the fighters. A two-part ship is one item; imported ships are
+/// only listed to change to. An item's key is "s" and the ship's index counted from 1.
+void DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips);
+
+/// Shows the other kind of ships than the first item's (of the first ship, when nothing is listed), and turns the
+/// caption round.
+void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installation);
+
+/// Starts the game folder's model viewer with the model of the selected ship; nothing happens where the game folder has
+/// none.
+void ViewModel(const ListView& list, const Installation& installation);
+
+}  // namespace oravin

@@ -1,0 +1,159 @@
+#include "util/File_Path.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr int firstPrintable = 32;
+constexpr int lastPrintable = 127;
+
+/// The number of characters behind the dot of the path's extension, 1 to 3; 0 when there is none among the last four.
+std::size_t ExtensionLength(std::string_view path) {
+  const std::string_view tail = path.substr(path.size() - std::min<std::size_t>(path.size(), 4));
+  // The dot must be one of the first three of four characters; of a shorter path, one that is not the last.
+  for (std::size_t i = 0; i + 1 < tail.size(); ++i) {
+    if (tail[i] == '.') return tail.size() - i - 1;
+  }
+  return 0;
+}
+
+bool AnyFileMatches(const std::string& path) {
+  const std::size_t slash = path.find_last_of("\\:");
+  const std::string folder = slash == std::string::npos ? ".\\" : path.substr(0, slash + 1);
+  const std::string pattern = slash == std::string::npos ? path : path.substr(slash + 1);
+  const auto items = platform::ListNative(folder);
+  return items && std::any_of(items->begin(), items->end(), [&](const platform::FileFacts& item) {
+           return !item.folder && !item.hidden && !item.system && MatchesPattern(item.name, pattern);
+         });
+}
+
+std::size_t LastBeforeEnd(const std::string& path, const char* characters) {
+  return path.size() < 2 ? std::string::npos : path.find_last_of(characters, path.size() - 2);
+}
+
+}  // namespace
+
+bool IsPrintableText(std::string& text) {
+  TrimInPlace(text);
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+    const int code = static_cast<std::uint8_t>(c);
+    return code >= firstPrintable && code <= lastPrintable;
+  });
+}
+
+bool FileExists(std::string& path) {
+  if (!IsPrintableText(path)) return false;
+  const char last = path.back();
+  if (last == '\\' || last == ':' || last == '.') return false;
+  if (path.find_first_of("*?") != std::string::npos) return AnyFileMatches(path);
+  const auto facts = platform::FactsOf(path);
+  return facts && !facts->folder && !facts->hidden && !facts->system;
+}
+
+bool FolderExists(std::string& path) {
+  if (!IsPrintableText(path)) return false;
+  if (path.find_first_of("*?") != std::string::npos) return false;
+  const auto facts = platform::FactsOf(path.back() == '\\' ? path : path + '\\');
+  return facts && facts->folder;
+}
+
+std::string AddBackslash(std::string& path) {
+  TrimInPlace(path);
+  if (!path.empty() && path.back() != '\\') path += '\\';
+  return path;
+}
+
+std::string ParentFolder(std::string& path) {
+  TrimInPlace(path);
+  const std::size_t slash = LastBeforeEnd(path, "\\");
+  return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+}
+
+std::string FileNameOf(std::string& path) {
+  TrimInPlace(path);
+  const std::size_t mark = LastBeforeEnd(path, "\\:");
+  return mark == std::string::npos ? std::string() : path.substr(mark + 1);
+}
+
+std::string ExtensionOf(const std::string& path) {
+  const std::string trimmed = Trim(path);
+  return LowerCase(std::string_view(trimmed).substr(trimmed.size() - ExtensionLength(trimmed)));
+}
+
+std::string ChangeExtension(std::string& path, std::string& extension) {
+  TrimInPlace(path);
+  TrimInPlace(extension);
+  if (path.empty()) return path;
+  const std::size_t length = ExtensionLength(path);
+  return path.substr(0, path.size() - (length == 0 ? 0 : length + 1)) + extension;
+}
+
+bool FileExists(std::string&& path) {
+  return FileExists(path);
+}
+bool FolderExists(std::string&& path) {
+  return FolderExists(path);
+}
+std::string ParentFolder(std::string&& path) {
+  return ParentFolder(path);
+}
+std::string FileNameOf(std::string&& path) {
+  return FileNameOf(path);
+}
+bool IsPrintableText(std::string&& text) {
+  return IsPrintableText(text);
+}
+std::string ChangeExtension(std::string&& path, std::string&& extension) {
+  return ChangeExtension(path, extension);
+}
+
+bool IsPlainFileName(const std::string& name) {
+  if (name.empty() || name.back() == '.' || name.back() == ' ' || name.front() == ' ') return false;
+  if (std::any_of(name.begin(), name.end(), [](char c) {
+        const int code = static_cast<std::uint8_t>(c);
+        return code < firstPrintable || code == lastPrintable ||
+               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+      })) {
+    return false;
+  }
+  // The names of devices stay devices whatever extension they bear.
+  const std::string base = UpperCase(name.substr(0, name.find('.')));
+  static constexpr std::array<std::string_view, 4> devices = {"CON", "PRN", "AUX", "NUL"};
+  if (std::find(devices.begin(), devices.end(), base) != devices.end()) return false;
+  const bool port = base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT"));
+  return !(port && base[3] >= '0' && base[3] <= '9');
+}
+
+bool MatchesPattern(const std::string& name, const std::string& pattern) {
+  const std::string text = UpperCase(name);
+  const std::string wanted = UpperCase(pattern);
+  std::size_t at = 0;
+  std::size_t in = 0;
+  std::size_t star = std::string::npos;
+  std::size_t resume = 0;
+  while (at < text.size()) {
+    if (in < wanted.size() && (wanted[in] == '?' || (wanted[in] == text[at] && wanted[in] != '*'))) {
+      ++at;
+      ++in;
+    } else if (in < wanted.size() && wanted[in] == '*') {
+      star = in++;
+      resume = at;
+    } else if (star != std::string::npos) {
+      in = star + 1;
+      at = ++resume;
+    } else {
+      return false;
+    }
+  }
+  return wanted.find_first_not_of('*', in) == std::string::npos;
+}
+
+}  // namespace oravin

@@ -1,0 +1,97 @@
+#include "util/delimited_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "util/run_time_error.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+[[noreturn]] void Fail(const DelimitedText& text, const std::string& why) {
+  const std::string_view before = text.all.substr(0, std::min(text.at, text.all.size()));
+  const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+  throw RunTimeError("could not read", text.path, why + " (line " + std::to_string(line) + ")");
+}
+
+bool IsLineEnd(char c) {
+  return c == '\r' || c == '\n';
+}
+
+void Skip(DelimitedText& text, std::string_view characters) {
+  text.at = std::min(text.all.find_first_not_of(characters, text.at), text.all.size());
+}
+
+/// Moves over the one separator that ends a value: a comma, or a line end of one or two characters.
+void SkipSeparator(DelimitedText& text) {
+  Skip(text, " \t");
+  if (text.at >= text.all.size()) return;
+  if (text.all[text.at] == ',') {
+    ++text.at;
+    return;
+  }
+  if (text.all[text.at] == '\r') ++text.at;
+  if (text.at < text.all.size() && text.all[text.at] == '\n') ++text.at;
+}
+
+std::string TakeQuoted(DelimitedText& text) {
+  const std::size_t begin = text.at + 1;
+  const std::size_t end = text.all.find_first_of("\"\r\n", begin);
+  if (end == std::string_view::npos || text.all[end] != '"') Fail(text, "a quote is not closed");
+  text.at = end + 1;
+  Skip(text, " \t");
+  if (text.at < text.all.size() && text.all[text.at] != ',' && !IsLineEnd(text.all[text.at])) {
+    Fail(text, "a comma is missing behind a quote");
+  }
+  SkipSeparator(text);
+  return std::string(text.all.substr(begin, end - begin));
+}
+
+}  // namespace
+
+bool AtEnd(DelimitedText& text) {
+  return text.all.find_first_not_of(" \t\r\n", text.at) == std::string_view::npos;
+}
+
+std::string TakeText(DelimitedText& text) {
+  // Behind a comma a value follows, be it an empty one; elsewhere empty lines stand for nothing.
+  const bool behindComma = text.at > 0 && text.at <= text.all.size() && text.all[text.at - 1] == ',';
+  if (!behindComma && AtEnd(text)) Fail(text, "it ends too early");
+  Skip(text, behindComma ? " \t" : " \t\r\n");
+  if (text.at < text.all.size() && text.all[text.at] == '"') return TakeQuoted(text);
+  const std::size_t begin = text.at;
+  text.at = std::min(text.all.find_first_of(",\r\n", begin), text.all.size());
+  const std::string value = Trim(text.all.substr(begin, text.at - begin));
+  SkipSeparator(text);
+  return value;
+}
+
+double TakeNumber(DelimitedText& text) {
+  const std::size_t begin = text.at;
+  const std::string value = TakeText(text);
+  const std::string_view digits = std::string_view(value).substr(value.starts_with('+') ? 1 : 0);
+  double number = 0;
+  const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (failure != std::errc() || end != digits.data() + digits.size() || !std::isfinite(number)) {
+    text.at = begin;
+    Skip(text, " \t\r\n");
+    Fail(text, "\"" + value.substr(0, 40) + "\" is no number");
+  }
+  return number;
+}
+
+std::int32_t TakeWhole(DelimitedText& text, std::int32_t lowest, std::int32_t highest) {
+  const std::size_t begin = text.at;
+  const double number = TakeNumber(text);
+  if (number < lowest || number > highest || number != std::floor(number)) {
+    text.at = begin;
+    Skip(text, " \t\r\n");
+    Fail(text, "a whole number from " + std::to_string(lowest) + " to " + std::to_string(highest) + " is wanted");
+  }
+  return static_cast<std::int32_t>(number);
+}
+
+}  // namespace oravin

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Text of the core is single-byte text in the game's code page (Windows-1252), one character a byte.
+namespace oravin {
+
+/// The text without the blanks (code 32) at its two ends.
+std::string Trim(std::string_view text);
+
+/// Removes the blanks at the two ends of the caller's own text.
+void TrimInPlace(std::string& text);
+
+/// The text with its letters in upper (lower) case, accented ones included.
+std::string UpperCase(std::string_view text);
+std::string LowerCase(std::string_view text);
+
+/// True when the two are one name: equal after trimming, without regard to case.
+bool SameName(std::string_view a, std::string_view b);
+
+/// A number with its digits grouped by thousands: 1,234,567.
+std::string Grouped(unsigned long long number);
+
+/// The names one a line, each behind a line break; of many only the first ones and how many more there are.
+std::string Listed(const std::vector<std::string>& names);
+
+/// The text as UTF-8, for screens and JSON; every byte has a character, so nothing is lost.
+std::string ToUtf8(std::string_view text);
+
+/// UTF-8 as text of the core; a character outside the code page becomes '?'.
+std::string FromUtf8(std::string_view utf8);
+
+}  // namespace oravin

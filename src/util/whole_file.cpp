@@ -1,0 +1,104 @@
+#include "util/whole_file.h"
+
+#include <algorithm>
+
+#include "util/File_Path.h"
+#include "util/run_time_error.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::size_t blockSize = std::size_t{1} << 20;
+
+using platform::OpenFor;
+
+}  // namespace
+
+Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most) {
+  const OpenedFile file(files, path, OpenFor::reading);
+  const std::uint64_t length = LengthOf(files, file.handle);
+  if (length > most) throw RunTimeError("could not read", path, "it is too large to be right");
+  Bytes bytes(static_cast<std::size_t>(length));
+  Get(files, file.handle, 0, bytes);
+  return bytes;
+}
+
+void WriteBeside(Files& files, const std::string& path, const std::function<void(int handle)>& write) {
+  const std::string beside = path + besideSuffix;
+  try {
+    {
+      const OpenedFile file(files, beside, OpenFor::replacing);
+      write(file.handle);
+      Flush(files, file.handle);
+    }
+    RenameOver(files, beside, path);
+  } catch (const RunTimeError&) {
+    platform::EraseNative(beside);
+    throw;
+  }
+}
+
+void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes) {
+  WriteBeside(files, path, [&](int handle) { Put(files, handle, 0, bytes); });
+}
+
+void CopyWhole(Files& files, const std::string& from, const std::string& to) {
+  const OpenedFile source(files, from, OpenFor::reading);
+  const std::uint64_t length = LengthOf(files, source.handle);
+  Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(length, blockSize)));
+  WriteBeside(files, to, [&](int handle) {
+    for (std::uint64_t at = 0; at < length; at += block.size()) {
+      const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), length - at));
+      const std::span<std::uint8_t> piece(block.data(), count);
+      Get(files, source.handle, at, piece);
+      Put(files, handle, at, piece);
+    }
+  });
+}
+
+void EraseFile(Files& files, const std::string& path) {
+  DoOrThrow(files, FileOperation::Kind::erase, path, "could not delete", [&] { return platform::EraseNative(path); });
+}
+
+void RenameOver(Files& files, const std::string& from, const std::string& to) {
+  DoOrThrow(files, FileOperation::Kind::rename, to, "could not write",
+            [&] { return platform::RenameNative(from, to); });
+}
+
+void MakeFolder(Files& files, const std::string& path) {
+  DoOrThrow(files, FileOperation::Kind::makeFolder, path, "could not make the folder",
+            [&] { return platform::MakeFolderNative(path); });
+}
+
+bool SameContent(Files& files, const std::string& a, const std::string& b) {
+  if (!FileExists(std::string(a)) || !FileExists(std::string(b)) || FileLength(a) != FileLength(b)) return false;
+  const OpenedFile first(files, a, OpenFor::reading);
+  const OpenedFile second(files, b, OpenFor::reading);
+  Bytes blockA(blockSize / 4);
+  Bytes blockB(blockSize / 4);
+  for (std::uint64_t at = 0;; at += blockA.size()) {
+    const std::size_t countA = GetSome(files, first.handle, at, blockA);
+    const std::size_t countB = GetSome(files, second.handle, at, blockB);
+    if (countA != countB ||
+        !std::equal(blockA.begin(), blockA.begin() + static_cast<std::ptrdiff_t>(countA), blockB.begin())) {
+      return false;
+    }
+    if (countA < blockA.size()) return true;
+  }
+}
+
+std::uint64_t FileLength(const std::string& path) {
+  const auto facts = platform::FactsOf(path);
+  return facts ? facts->length : 0;
+}
+
+void EraseLeftovers(Files& files, const std::string& folder) {
+  const auto items = platform::ListNative(folder);
+  if (!items) return;
+  for (const platform::FileFacts& item : *items) {
+    if (!item.folder && item.name.ends_with(besideSuffix)) EraseFile(files, folder + item.name);
+  }
+}
+
+}  // namespace oravin

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+
+#include "util/bytes.h"
+#include "util/files.h"
+
+/// Files as a whole. A file that is written whole is written beside itself first, flushed to the disk and then renamed
+/// over the old one: there is no moment without it. Every failure is a RunTimeError.
+namespace oravin {
+
+/// What the name of a file bears at its end while it is being written. Whatever is left over from a run that was cut
+/// short can be told by it (EraseLeftovers).
+inline constexpr const char* besideSuffix = ".oravin-new";
+
+/// Reads a whole file.
+/// @param most the greatest length in bytes that is still read; a longer file is an error
+Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most);
+
+/// Writes a whole file.
+void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes);
+
+/// Writes a whole file, piece by piece: `write` is given the handle of the file beside and puts the pieces into it.
+void WriteBeside(Files& files, const std::string& path, const std::function<void(int handle)>& write);
+
+/// Copies a whole file, in blocks.
+void CopyWhole(Files& files, const std::string& from, const std::string& to);
+
+void EraseFile(Files& files, const std::string& path);
+
+/// Renames a file, over another one where that is there.
+void RenameOver(Files& files, const std::string& from, const std::string& to);
+
+/// Makes a folder where it is missing; the folder above must be there.
+void MakeFolder(Files& files, const std::string& path);
+
+/// True when both files can be read and hold the same bytes.
+bool SameContent(Files& files, const std::string& a, const std::string& b);
+
+/// The length of a file in bytes; 0 where there is none.
+std::uint64_t FileLength(const std::string& path);
+
+/// Erases what a run that was cut short left half-written in one folder (not in the folders below it).
+void EraseLeftovers(Files& files, const std::string& folder);
+
+}  // namespace oravin
