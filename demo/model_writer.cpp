@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <stdexcept>
 
 #include "demo/random.h"
 
@@ -37,7 +38,12 @@ std::uint32_t Unsigned(std::int32_t value) {
   return static_cast<std::uint32_t>(value);
 }
 
+std::size_t Count(int value) {
+  return static_cast<std::size_t>(value);
+}
+
 void PutChunkHeader(Bytes& out, std::uint32_t type, std::uint32_t size, std::size_t count) {
+  if (count > 0xFFFF) throw std::length_error("too many elements for a chunk of a model");
   PutLittle16(out, type);
   PutLittle16(out, size);
   PutLittle16(out, static_cast<std::uint32_t>(count));
@@ -87,14 +93,14 @@ struct RoughPoint {
 };
 
 void PutVertices(Bytes& out, const Hull& hull, Random& random) {
-  PutChunkHeader(out, 2, kVertexSize, static_cast<std::size_t>(hull.rings * hull.segments));
+  PutChunkHeader(out, 2, kVertexSize, Count(hull.rings) * Count(hull.segments));
   const int rough = hull.radius / 32 + 1;
   std::vector<RoughPoint> half(static_cast<std::size_t>(hull.segments) / 2 + 1);
   for (int ring = 0; ring < hull.rings; ++ring) {
     const int radius = hull.radius * ProfileAt(hull, ring) / 256;
     const int z = ring * hull.length / std::max(hull.rings - 1, 1) - hull.length / 2;
     for (RoughPoint& point : half) {
-      const bool moved = Below(random, 3) != 0;
+      const bool moved = Below(random, 5) < 2;
       point = {radius + (moved ? Between(random, -rough, rough) : 0), moved ? Between(random, -rough, rough) : 0};
     }
     for (int segment = 0; segment < hull.segments; ++segment) {
@@ -118,7 +124,7 @@ void PutVertices(Bytes& out, const Hull& hull, Random& random) {
 
 void PutFaces(Bytes& out, const Hull& hull, std::size_t textures, Random& random) {
   const int bands = hull.rings - 1;
-  PutChunkHeader(out, 3, kFaceSize, static_cast<std::size_t>(2 * bands * hull.segments));
+  PutChunkHeader(out, 3, kFaceSize, 2 * Count(bands) * Count(hull.segments));
   for (int ring = 0; ring < bands; ++ring) {
     const std::uint32_t texture = textures == 0 ? 0 : Below(random, static_cast<std::uint32_t>(textures));
     const int stretch = Between(random, 0, 5);

@@ -35,7 +35,8 @@ struct ModelOptions {
 /// The offset of the class byte in every model file.
 inline constexpr std::size_t kClassByteOffset = 26;
 
-/// A model file: a header chunk, meshes in three levels of detail, the texture names, the attachments.
+/// A model file: a header chunk, meshes in three levels of detail, the texture names, the attachments. Throws
+/// std::length_error when it is too large for its chunks (above about 1.5 MB) or a name is too long.
 Bytes BuildModel(const ModelOptions& options);
 
 /// Weapons that suit the class: mirrored guns and missile launchers for a fighter, turrets for a capital ship; at most

@@ -13,6 +13,11 @@ namespace {
 
 constexpr int kTile = 256;
 
+// Where the pixel stands in an array of rows of the given width.
+std::size_t PlaceOf(int x, int y, int width) {
+  return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
+}
+
 std::uint8_t Part(int value) {
   return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
 }
@@ -27,7 +32,7 @@ Colour Mix(const Colour& a, const Colour& b, int share) {  // of b, in 1/256
 }
 
 int NoiseAt(const NoiseField& noise, int x, int y) {
-  return noise.values[static_cast<std::size_t>((y & 255) * kTile + (x & 255))];
+  return noise.values[PlaceOf(x & 255, y & 255, kTile)];
 }
 
 // A number that looks random but depends on its arguments alone.
@@ -222,7 +227,7 @@ Picture DrawCube(int width, int height, const NoiseField& noise) {
 
 Picture Halve(const Picture& picture) {
   return Paint(picture.width / 2, picture.height / 2, [&](int x, int y) {
-    const auto at = static_cast<std::size_t>(2 * y * picture.width + 2 * x);
+    const auto at = PlaceOf(2 * x, 2 * y, picture.width);
     const auto row = static_cast<std::size_t>(picture.width);
     const Colour& a = picture.pixels[at];
     const Colour& b = picture.pixels[at + 1];
@@ -259,7 +264,7 @@ NoiseField MakeNoise(std::uint64_t seed) {
         const int inY = y % cell * 256 / cell;
         const int low = corner(x / cell, y / cell) * (256 - inX) + corner(x / cell + 1, y / cell) * inX;
         const int high = corner(x / cell, y / cell + 1) * (256 - inX) + corner(x / cell + 1, y / cell + 1) * inX;
-        sum[static_cast<std::size_t>(y * kTile + x)] += weight * ((low * (256 - inY) + high * inY) >> 16);
+        sum[PlaceOf(x, y, kTile)] += weight * ((low * (256 - inY) + high * inY) >> 16);
       }
     }
   }

@@ -14,7 +14,7 @@ namespace oravin::demo {
 namespace {
 
 constexpr int kUsualEntries = 1000;  // beyond these, entries are small
-constexpr std::uint64_t kMegabyte = 1024 * 1024;
+constexpr std::uint64_t kMegabyte = 1048576;
 constexpr std::uint64_t kPaddingEntry = 4 * kMegabyte;
 
 struct PlannedEntry {
@@ -97,7 +97,7 @@ std::vector<PlannedEntry> PlanEntries(const std::vector<PlannedShip>& ships, int
 }
 
 Bytes EntryBytes(const PlannedEntry& entry) {
-  const Bytes plain =
+  Bytes plain =
       entry.ship != nullptr ? BuildShipModel(*entry.ship) : MakeContent(entry.content, SeedOf(entry.name), entry.size);
   if (entry.stored) return plain;
   return Compress(plain, entry.ship != nullptr ? Effort::kNormal : Effort::kFast);

@@ -115,6 +115,7 @@ PlannedShip AddOn(const char* name, const char* stem, std::uint8_t classByte, st
 
 std::vector<NamedModel> NamedModels() {
   std::vector<NamedModel> models;
+  models.reserve(kStockShips.size());
   for (const StockShip& ship : kStockShips) models.push_back({std::string(ship.stem), IsCapital(ship.classByte)});
   return models;
 }

@@ -9,13 +9,13 @@ namespace oravin::demo {
 
 /// One record of the ship list (shipsData.txt).
 struct SampleShip {
-  int kind;                        ///< 1 and 2: the two sides' stock ships; 3: an add-on ship
+  int kind = 1;                    ///< 1 and 2: the two sides' stock ships; 3: an add-on ship
   std::string name;                ///< at most 30 characters; two consecutive records of one name are a two-part ship
   std::string file;                ///< the model's file name, at most 30 characters
-  int statsIndex;                  ///< the ship's block in shipstats.bin (0 for add-on ships: Enable appends theirs)
+  int statsIndex = 0;              ///< the ship's block in shipstats.bin (0 for add-on ships: Enable appends theirs)
   std::string texture0, texture1;  ///< names of textures in the cache (of add-on bitmaps for kind 3)
-  bool capital;                    ///< the model's class byte marks a capital ship
-  bool stored;                     ///< the model lies uncompressed in the archive
+  bool capital = false;            ///< the model's class byte marks a capital ship
+  bool stored = false;             ///< the model lies uncompressed in the archive
 };
 
 /// A record with what only the sample's writer needs to know.
@@ -25,9 +25,6 @@ struct PlannedShip {
   bool variant = false;               ///< the second ("Tiger") part of a two-part ship
   std::vector<std::string> textures;  ///< all texture names of the model
 };
-
-/// The number of stock records in the hand-made list; a longer list is continued with made-up names.
-inline constexpr int kNamedStockRecords = 60;
 
 /// The models of the hand-made list in its order, each once (variants share their first part's textures), for the
 /// texture plan: file name stem and whether the ship is a capital ship.

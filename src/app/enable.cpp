@@ -11,6 +11,7 @@
 #include "switcher/add_on_ship.h"
 #include "switcher/catalogue_build.h"
 #include "util/File_Path.h"
+#include "util/folder_names.h"
 #include "util/text.h"
 #include "util/whole_file.h"
 
@@ -68,13 +69,15 @@ bool ReadArchive(Main& main, Preparation& preparation) {
 void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
   const Installation& installation = main.installation;
   const std::string folder = installation.GamePath + "ships\\";
+  const FolderNames there = NamesIn(folder);
   const OpenedFile hog(main.host.files, installation.GamePath + "resource.hog", platform::OpenFor::reading);
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   for (const ListedShip& ship : preparation.list) {
     const std::string model = Trim(ship.file);
     if (model.empty()) continue;
-    plan.files.push_back(folder + model);
-    plan.files.push_back(folder + ChangeExtension(std::string(model), ".org"));
+    for (const std::string& name : {model, ChangeExtension(std::string(model), ".org")}) {
+      if (LengthIn(there, name)) plan.files.push_back(folder + name);
+    }
     if (ship.kind == importedKind) {
       NeedRoom(plan, installation.GamePath, FileLength(installation.ProgramPath + addOnShipsFolder + model));
     } else if (const auto entry = FindModel(model, preparation.live, backup)) {

@@ -11,6 +11,7 @@
 #include "texture/RestoreTcacheFile.h"
 #include "texture/Texture.h"
 #include "util/File_Path.h"
+#include "util/folder_names.h"
 #include "util/text.h"
 #include "util/whole_file.h"
 
@@ -72,10 +73,11 @@ bool OwnWork(Files& files, const Installation& installation, const std::string& 
 
 void KeepLooseModels(Files& files, const Installation& installation, const std::vector<std::string>& models,
                      const HogTable& live) {
+  const FolderNames there = NamesIn(LooseModels(installation));
   for (const std::string& model : models) {
     const std::string aside = ChangeExtension(std::string(model), ".org");
-    const bool looseThere = FileExists(LooseModels(installation) + model);
-    const bool asideThere = FileExists(LooseModels(installation) + aside);
+    const bool looseThere = LengthIn(there, model).has_value();
+    const bool asideThere = LengthIn(there, aside).has_value();
     if ((!looseThere && !asideThere) || OwnWork(files, installation, model, live)) continue;
     if (looseThere) KeepModel(files, LooseModels(installation) + model, KeptModels(installation), model);
     if (asideThere) KeepModel(files, LooseModels(installation) + aside, KeptModels(installation), aside);
@@ -124,10 +126,11 @@ void KeepPlayersFiles(Files& files, const Installation& installation, const std:
 }
 
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models) {
+  const FolderNames there = NamesIn(LooseModels(installation));
   std::uint64_t size = FileLength(installation.GamePath + "shipstats.bin");
   for (const std::string& model : models) {
-    size += FileLength(LooseModels(installation) + model);
-    size += FileLength(LooseModels(installation) + ChangeExtension(std::string(model), ".org"));
+    size +=
+        LengthIn(there, model).value_or(0) + LengthIn(there, ChangeExtension(std::string(model), ".org")).value_or(0);
   }
   const std::string cache = installation.GamePath + "tcachehw.dat";
   return TcacheCount(files, cache) > factoryTextures ? size + FileLength(cache) : size;

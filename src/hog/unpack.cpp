@@ -39,20 +39,40 @@ void WriteStored(Files& files, int hog, int handle, std::uint32_t size, std::uin
   }
 }
 
+/// Unpacks one model beside its name; says so where the archive no longer holds it.
+bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, const ShipRecord& ship,
+             const std::string& model) {
+  const std::string hogPath = gamePath + archiveName;
+  std::optional<HogEntry> entry;
+  const bool done = Trap(host, "UnpackFile()", [&] {
+    entry = LiveEntryOf(host, hogPath, ship);
+    if (entry) {
+      AddUnpacked(host.files, together, hogPath, gamePath + "ships\\" + model, entry->Size, entry->Offset);
+    }
+  });
+  if (done && !entry) {
+    Show(host, "The model " + ModelOf(ship) + " was not found in resource.hog. Nothing was unpacked.",
+         Icon::exclamation);
+  }
+  return done && entry;
+}
+
 /// Unpacks every stock model; a two-part ship's first model serves both parts, and the second part is passed over.
 void UnpackModels(Host& host, const std::string& gamePath, const Ships& ships) {
   const int total = static_cast<int>(ships.size());
+  WholeFiles together;
   for (std::size_t i = 0; i < ships.size(); ++i) {
     const ShipRecord& ship = ships[i];
     if (!IsStock(ship)) continue;
     ShowProgress(host, "Unpacking " + ModelOf(ship), static_cast<int>(i), total);
     const bool listed = Unsigned32(ship.HogFatPos) != 0;
-    if (listed) UnpackShip(host, gamePath, ship, ModelOf(ship));
+    if (listed) AddShip(host, together, gamePath, ship, ModelOf(ship));
     const std::int64_t partner = WholeNumber(ship.SecondPartIndex);
     if (!ship.HasSecondPart || partner <= static_cast<std::int64_t>(i)) continue;
-    if (listed) UnpackShip(host, gamePath, ship, ModelOf(ships[static_cast<std::size_t>(partner)]));
+    if (listed) AddShip(host, together, gamePath, ship, ModelOf(ships[static_cast<std::size_t>(partner)]));
     ++i;
   }
+  Trap(host, "UnpackFile()", [&] { CommitWhole(host.files, together); });
 }
 
 void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships) {
@@ -85,18 +105,26 @@ std::uint64_t UnpackedSize(Files& files, int hog, std::uint32_t size, std::uint3
 
 std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::string& destination, std::uint32_t size,
                           std::uint32_t offset) {
+  WholeFiles alone;
+  const std::uint32_t signature = AddUnpacked(files, alone, hogPath, destination, size, offset);
+  CommitWhole(files, alone);
+  return signature;
+}
+
+std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string& hogPath,
+                          const std::string& destination, std::uint32_t size, std::uint32_t offset) {
   const OpenedFile hog(files, hogPath, OpenFor::reading);
   if (std::uint64_t{offset} + size > LengthOf(files, hog.handle)) {
     throw RunTimeError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end");
   }
   const std::uint32_t signature = ReadWordBE(files, offset, hog.handle);
   if (signature != compressedSignature) {
-    WriteBeside(files, destination, [&](int handle) { WriteStored(files, hog.handle, handle, size, offset); });
+    AddWhole(files, together, destination, [&](int handle) { WriteStored(files, hog.handle, handle, size, offset); });
     return signature;
   }
   Unpacked unpacked;
   Decompress(ReadStored(files, hog.handle, size, offset), unpacked, destination);
-  WriteWhole(files, destination, unpacked.Span());
+  AddWhole(files, together, destination, [&](int handle) { Put(files, handle, 0, unpacked.Span()); });
   return signature;
 }
 
@@ -125,21 +153,9 @@ std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, 
 }
 
 bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model) {
-  std::string hogPath = gamePath + archiveName;
-  std::string folder = gamePath + "ships\\";
-  std::optional<HogEntry> entry;
-  bool written = false;
-  const bool looked = Trap(host, "UnpackFile()", [&] {
-    entry = LiveEntryOf(host, hogPath, ship);
-    if (!entry) return;
-    UnpackEntry(host.files, hogPath, folder + model, entry->Size, entry->Offset);
-    written = true;
-  });
-  if (looked && !entry) {
-    Show(host, "The model " + ModelOf(ship) + " was not found in resource.hog. Nothing was unpacked.",
-         Icon::exclamation);
-  }
-  return written;
+  WholeFiles alone;
+  return AddShip(host, alone, gamePath, ship, model) &&
+         Trap(host, "UnpackFile()", [&] { CommitWhole(host.files, alone); });
 }
 
 void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships) {

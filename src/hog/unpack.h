@@ -5,6 +5,7 @@
 
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
+#include "util/whole_file.h"
 
 namespace oravin {
 
@@ -19,6 +20,10 @@ inline constexpr std::uint64_t storedExcess = 50000;
 ///   destination is as it was
 std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::string& destination, std::uint32_t size,
                           std::uint32_t offset);
+
+/// The same, together with other files: the destination takes its name when these are committed (CommitWhole).
+std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string& hogPath,
+                          const std::string& destination, std::uint32_t size, std::uint32_t offset);
 
 /// True when a file holds exactly what UnpackEntry would write for an entry.
 /// @throws RunTimeError as UnpackEntry

@@ -38,6 +38,8 @@ std::string LengthNative(NativeFile file, std::uint64_t& length);
 /// Waits until the file's bytes are on the disk.
 std::string FlushNative(NativeFile file);
 std::string CloseNative(NativeFile file);
+/// Waits until the bytes of several closed files are on the disk; in one go where the system can do that.
+std::string FlushMany(const std::vector<std::string>& paths);
 
 std::string EraseNative(const std::string& path);
 /// Renames a file; a file that bears the new name already is replaced in the same step.

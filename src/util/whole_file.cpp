@@ -39,6 +39,29 @@ void WriteBeside(Files& files, const std::string& path, const std::function<void
   }
 }
 
+void AddWhole(Files& files, WholeFiles& together, const std::string& path,
+              const std::function<void(int handle)>& write) {
+  const std::string beside = path + besideSuffix;
+  try {
+    const OpenedFile file(files, beside, OpenFor::replacing);
+    write(file.handle);
+  } catch (const RunTimeError&) {
+    platform::EraseNative(beside);
+    throw;
+  }
+  together.paths.push_back(path);
+}
+
+void CommitWhole(Files& files, WholeFiles& together) {
+  if (together.paths.empty()) return;
+  std::vector<std::string> besides;
+  for (const std::string& path : together.paths) besides.push_back(path + besideSuffix);
+  DoOrThrow(files, FileOperation::Kind::flush, together.paths.front(), "could not write",
+            [&] { return platform::FlushMany(besides); });
+  for (std::size_t i = 0; i < besides.size(); ++i) RenameOver(files, besides[i], together.paths[i]);
+  together.paths.clear();
+}
+
 void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes) {
   WriteBeside(files, path, [&](int handle) { Put(files, handle, 0, bytes); });
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "util/bytes.h"
 #include "util/files.h"
@@ -25,6 +26,18 @@ void WriteWhole(Files& files, const std::string& path, std::span<const std::uint
 
 /// Writes a whole file, piece by piece: `write` is given the handle of the file beside and puts the pieces into it.
 void WriteBeside(Files& files, const std::string& path, const std::function<void(int handle)>& write);
+
+/// Several files that are written whole together: they are flushed in one go and only then take their names.
+struct WholeFiles {
+  std::vector<std::string> paths;
+};
+
+/// Writes one more of them beside its name.
+void AddWhole(Files& files, WholeFiles& together, const std::string& path,
+              const std::function<void(int handle)>& write);
+
+/// Flushes them and renames each over the old file of its name.
+void CommitWhole(Files& files, WholeFiles& together);
 
 /// Copies a whole file, in blocks.
 void CopyWhole(Files& files, const std::string& from, const std::string& to);

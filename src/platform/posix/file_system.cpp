@@ -7,6 +7,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -139,6 +140,23 @@ std::string FlushNative(NativeFile file) {
 
 std::string CloseNative(NativeFile file) {
   return Sum(close(Descriptor(file)) == 0);
+}
+
+std::string FlushMany(const std::vector<std::string>& paths) {
+  // Flushing a whole file system is one wait; file by file it would be one for each.
+  std::vector<dev_t> flushed;
+  for (const std::string& path : paths) {
+    const int file = open(ToNativePath(path).c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return Reason(errno);
+    struct stat status;
+    const bool known = fstat(file, &status) == 0;
+    const bool done = known && std::find(flushed.begin(), flushed.end(), status.st_dev) != flushed.end();
+    const std::string reason = !known ? Reason(errno) : done ? std::string() : Sum(syncfs(file) == 0);
+    if (known) flushed.push_back(status.st_dev);
+    close(file);
+    if (!reason.empty()) return reason;
+  }
+  return {};
 }
 
 std::string EraseNative(const std::string& path) {

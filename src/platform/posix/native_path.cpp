@@ -74,8 +74,13 @@ std::string ToNativePath(const std::string& windowsPath) {
   for (char& c : rest) {
     if (c == '\\') c = '/';
   }
-  // Most paths are spelled as they are on disk: one look instead of one for each folder.
+  // Most paths, or at least their folders, are spelled as they are on disk: one look instead of one for each folder.
   if (Exists(native + rest)) return native + rest;
+  const std::size_t slash = rest.find_last_of('/');
+  if (slash != std::string::npos && slash + 1 < rest.size() && Exists(native + rest.substr(0, slash + 1))) {
+    native += rest.substr(0, slash + 1);
+    return native + SpellingOnDisk(native, rest.substr(slash + 1));
+  }
   std::size_t begin = 0;
   while (begin < rest.size()) {
     std::size_t end = rest.find('/', begin);

@@ -1,0 +1,223 @@
+#include "installation/expected_files.h"
+
+#include <algorithm>
+#include <bit>
+#include <cctype>
+
+namespace oravin::test {
+
+namespace {
+
+constexpr std::size_t blockSize = 352;
+constexpr std::size_t statsAt = 64;
+constexpr std::size_t statsSize = 60;
+
+std::string Plain(std::string name) {
+  while (!name.empty() && name.back() == ' ') name.pop_back();
+  for (char& c : name) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return name;
+}
+
+std::string Org(const std::string& file) { return file.substr(0, file.size() - 4) + ".org"; }
+
+void AddText(Bytes& record, const std::string& text) {
+  for (std::size_t i = 0; i < 30; ++i) record.push_back(i < text.size() ? static_cast<std::uint8_t>(text[i]) : 0x20);
+}
+
+void AddTagged(Bytes& record, int tag, std::uint32_t value, int width) {
+  record.push_back(static_cast<std::uint8_t>(tag));
+  record.push_back(0);
+  for (int i = 0; i < width; ++i) record.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+}
+
+void AddFlag(Bytes& record, bool flag) { record.insert(record.end(), 2, flag ? 0xFF : 0x00); }
+
+/// The block that an add-on ship's statistics make: from its text where it has one, else the first stock block's.
+Bytes AddedBlock(const SmallShip& ship, const Bytes& stock) {
+  Bytes block(blockSize);
+  std::copy(ship.name.begin(), ship.name.end(), block.begin());
+  std::copy_n(stock.begin() + statsAt, statsSize, block.begin() + statsAt);
+  if (ship.name != "Manta") return block;
+  // The text lists Shield Recharge as its 10th value; the block has it behind Afterburner Fuel.
+  const float values[15] = {1, 0.5F, 3, 0.5F, 5, 0.5F, 7, 0.5F, 9, 11, 12, 10, 13, 14, 15};
+  for (std::size_t i = 0; i < 15; ++i) PutLittleEndian32(&block[statsAt + 4 * i], std::bit_cast<std::uint32_t>(values[i]));
+  return block;
+}
+
+void AddToFloat(Bytes& stats, std::size_t at, float value, bool set) {
+  const float old = std::bit_cast<float>(LittleEndian32(&stats.at(at)));
+  PutLittleEndian32(&stats.at(at), std::bit_cast<std::uint32_t>(set ? value : old + value));
+}
+
+}  // namespace
+
+ExpectedFiles::ExpectedFiles(const SmallInstallation& installation)
+    : ships(installation.ships),
+      before(ImageOf(installation.folder.native)),
+      archive(before.at("game/resource.hog")),
+      stockStats(before.at("game/shipstats.bin")),
+      stats(stockStats),
+      changes(ships.size()) {}
+
+int ExpectedFiles::Parts(int ship) const {
+  const auto index = static_cast<std::size_t>(ship);
+  return index + 1 < ships.size() && Plain(ships[index].name) == Plain(ships[index + 1].name) ? 2 : 1;
+}
+
+int ExpectedFiles::BlockOf(int ship) const {
+  const auto added = addedBlocks.find(ship);
+  return added == addedBlocks.end() ? ships[static_cast<std::size_t>(ship)].statsIndex : added->second;
+}
+
+void ExpectedFiles::StartUp() {
+  if (!defaults) defaults = stats;
+}
+
+void ExpectedFiles::Enable() {
+  if (enabled) UnswapAll();
+  StartUp();
+  backedUp = true;
+  changes.assign(ships.size(), {});
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    if (ships[i].kind != 3) continue;
+    const int index = static_cast<int>(i);
+    if (!addedBlocks.contains(index)) {
+      addedBlocks[index] = static_cast<int>(defaults->size() / blockSize);
+      defaults->resize(defaults->size() + blockSize);
+    }
+    const Bytes block = AddedBlock(ships[i], stockStats);
+    std::copy(block.begin(), block.end(),
+              defaults->begin() + static_cast<std::ptrdiff_t>(blockSize) * addedBlocks[index]);
+    looseModels[ships[i].file] = ships[i].model;
+  }
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    if (ships[i].kind == 3) continue;
+    const Bytes model = UnpackedBytes(archive, EntryNamed(archive, ships[i].entryName), ships[i]);
+    looseModels[ships[i].file] = model;
+    if (Parts(static_cast<int>(i)) != 2) continue;
+    looseModels[ships[i + 1].file] = model;  // the first part's model serves both
+    ++i;
+  }
+  enabled = true;
+}
+
+void ExpectedFiles::PutStats(int block, const Bytes& from, int fromBlock) {
+  std::copy_n(from.begin() + static_cast<std::ptrdiff_t>(blockSize) * fromBlock + statsAt, statsSize,
+              stats.begin() + static_cast<std::ptrdiff_t>(blockSize) * block + statsAt);
+}
+
+void ExpectedFiles::Swap(int target, int source) {
+  const auto t = static_cast<std::size_t>(target);
+  const auto s = static_cast<std::size_t>(source);
+  if (ships[t].name == ships[s].name) return;
+  if (changes[t].to && ships[static_cast<std::size_t>(*changes[t].to)].name == ships[s].name) return;
+  const bool sourceChanged = changes[s].to.has_value();
+  for (int part = target; part < target + Parts(target); ++part) {
+    const auto p = static_cast<std::size_t>(part);
+    changes[p] = {source, false};
+    const std::string file = ships[p].file;
+    if (!looseModels.contains(Org(file))) looseModels[Org(file)] = looseModels.at(file);
+    const std::string from = ships[s].file;
+    looseModels[file] = looseModels.contains(Org(from)) ? looseModels.at(Org(from)) : looseModels.at(from);
+  }
+  const bool imported = ships[s].kind == 3;
+  Bytes from = imported || sourceChanged ? *defaults : stats;
+  const std::size_t block = blockSize * static_cast<std::size_t>(BlockOf(source));
+  if (!imported && ships[s].kind == 2) {
+    AddToFloat(from, block + statsAt + 48, 50.0F, false);
+    AddToFloat(from, block + statsAt + 52, 6.0F, true);
+  }
+  for (int part = target; part < target + Parts(target); ++part) PutStats(BlockOf(part), from, BlockOf(source));
+}
+
+void ExpectedFiles::Unswap(int target) {
+  if (!changes[static_cast<std::size_t>(target)].to) return;
+  for (int part = target; part < target + Parts(target); ++part) {
+    const auto p = static_cast<std::size_t>(part);
+    changes[p] = {std::nullopt, true};
+    looseModels[ships[p].file] = looseModels.at(Org(ships[p].file));
+    looseModels.erase(Org(ships[p].file));
+    PutStats(BlockOf(part), *defaults, BlockOf(part));
+  }
+}
+
+void ExpectedFiles::UnswapAll() {
+  for (std::size_t i = 0; i < ships.size(); ++i) Unswap(static_cast<int>(i));
+}
+
+void ExpectedFiles::Disable() {
+  enabled = false;
+  stats = stockStats;
+  defaults.reset();
+  addedBlocks.clear();
+  looseModels.clear();
+}
+
+Bytes ExpectedFiles::DisguisedArchive() const {
+  Bytes disguised = archive;
+  for (const SmallShip& ship : ships) {
+    if (ship.kind == 3) continue;
+    const std::string name = "S47" + ship.file.substr(3);
+    std::copy(name.begin(), name.end(),
+              disguised.begin() + EntryNamed(archive, ship.entryName).position + 8);
+  }
+  return disguised;
+}
+
+Bytes ExpectedFiles::Catalogue() const {
+  Bytes all;
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    const SmallShip& ship = ships[i];
+    const bool imported = ship.kind == 3;
+    const TableEntry entry = imported ? TableEntry{"", 0, 0, 0} : EntryNamed(archive, ship.entryName);
+    Bytes record;
+    AddText(record, ship.name);
+    AddText(record, ship.file);
+    AddTagged(record, 2, static_cast<std::uint32_t>(ship.kind), 2);
+    AddTagged(record, 3, entry.offset, 4);
+    AddTagged(record, 3, entry.size, 4);
+    AddTagged(record, 3, entry.position, 4);
+    AddTagged(record, 2, static_cast<std::uint32_t>(BlockOf(static_cast<int>(i))), 2);
+    AddText(record, "hull");
+    for (int texture = 1; texture < 21; ++texture) AddText(record, "");
+    // The second part is found at every load: the build writes 0, a record that a swap wrote holds what was loaded.
+    const bool rewritten = changes[i].to || changes[i].everUnswapped;
+    const bool second = rewritten && Parts(static_cast<int>(i)) == 2;
+    AddFlag(record, second);
+    AddTagged(record, 2, second ? static_cast<std::uint32_t>(i + 1) : 0, 2);
+    AddFlag(record, changes[i].to.has_value());
+    if (changes[i].everUnswapped) {
+      AddTagged(record, 11, 0, 2);
+    } else {
+      AddTagged(record, 2, static_cast<std::uint32_t>(changes[i].to.value_or(0)), 2);
+    }
+    AddFlag(record, imported);
+    const auto by = changes[i].to ? std::optional(ships[static_cast<std::size_t>(*changes[i].to)]) : std::nullopt;
+    AddText(record, by ? by->name : "");
+    AddText(record, by ? by->file : "");
+    record.resize(868);
+    all.insert(all.end(), record.begin(), record.end());
+  }
+  return all;
+}
+
+FolderImage ExpectedFiles::Image() const {
+  FolderImage image = before;
+  image["game/shipstats.bin"] = stats;
+  if (defaults) image["game/shipstats.def"] = *defaults;
+  for (const auto& [name, bytes] : looseModels) image["game/ships/" + name] = bytes;
+  if (enabled) {
+    image["game/resource.hog"] = DisguisedArchive();
+    image["program/ships.dat"] = Catalogue();
+  }
+  if (backedUp) {
+    image["program/backup/"];
+    image["program/backup/ships/"];
+    image["program/backup/shipstats.def"] = stockStats;
+    const auto table = static_cast<std::ptrdiff_t>(BigEndian32(&archive.at(12)));
+    image["program/backup/resource.fat"] = Bytes(archive.begin(), archive.begin() + table);
+  }
+  return image;
+}
+
+}  // namespace oravin::test
