@@ -42,21 +42,38 @@ WritePlan PlanDisable(const Installation& installation) {
   return plan;
 }
 
-void RestoreArchiveAndStats(Host& host, const Installation& installation) {
+/// Returns whether the archive and the ships folder are as they were; until then the catalogue is needed.
+bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
   const std::string hog = installation.GamePath + "resource.hog";
   const std::string shipsFolder = installation.GamePath + "ships\\";
   const std::string current = installation.GamePath + "shipstats.bin";
   const std::string defaults = installation.GamePath + "shipstats.def";
   const HogTable backup = ReadFatBackup(host, installation.ProgramPath);
   if (installation.ships.empty()) {
-    RestoreHogByBackup(host, hog, shipsFolder, backup);
+    const bool restored = RestoreHogByBackup(host, hog, shipsFolder, backup);
     RestoreAllBlocks(host, current, defaults);
-    return;
+    return restored;
   }
-  RestoreHog(host, hog, shipsFolder, installation.ProgramPath + addOnShipsFolder, installation.ships, backup);
+  bool restored =
+      RestoreHog(host, hog, shipsFolder, installation.ProgramPath + addOnShipsFolder, installation.ships, backup);
   // Names of ships that have left the ship list since they were disguised are known to the backup alone.
-  if (FileExists(std::string(hog))) RestoreHogByBackup(host, hog, shipsFolder, backup);
+  if (FileExists(std::string(hog))) restored = RestoreHogByBackup(host, hog, shipsFolder, backup) && restored;
   RestoreShipStats(host, current, defaults, installation.ships);
+  return restored;
+}
+
+/// Deletes the catalogue and empties the lists. While the catalogue is there the player's own models must not come
+/// back: the next Disable would take them for its own.
+bool ForgetCatalogue(Main& main) {
+  Installation& installation = main.installation;
+  const bool erased = Trap(main.host, "cmdDisable_Click()", [&] {
+    const std::string catalogue = installation.ProgramPath + catalogueName;
+    if (FileExists(std::string(catalogue))) EraseFile(main.host.files, catalogue);
+  });
+  if (!erased) return false;
+  installation.ships.clear();
+  EmptyLists(main);
+  return true;
 }
 
 }  // namespace
@@ -68,18 +85,22 @@ void cmdDisable_Click(Main& main) {
   if (!ReadyToWrite(main.host, PlanDisable(installation))) return;
 
   Trap(main.host, "cmdDisable_Click()", [&] { EraseAllLeftovers(main.host.files, installation); });
-  RestoreArchiveAndStats(main.host, installation);
-  Trap(main.host, "cmdDisable_Click()", [&] {
-    const std::string catalogue = installation.ProgramPath + catalogueName;
-    if (FileExists(std::string(catalogue))) EraseFile(main.host.files, catalogue);
-  });
+  if (FeaturesEnabled(installation.ProgramPath)) KeepDefaults(main.host, installation);
+  const bool restored = RestoreArchiveAndStats(main.host, installation);
+  // A missing archive is no reason to stay enabled: there is nothing left in it to restore.
+  const bool forget = (restored || !FileExists(installation.GamePath + "resource.hog")) && ForgetCatalogue(main);
   RestoreTcacheFile(main.host, installation.GamePath + "tcachehw.dat");
   main.stats.lblWeapons.caption = "Weapons:";
-  Trap(main.host, "cmdDisable_Click()", [&] { PutPlayersModelsBack(main.host.files, installation); });
-  installation.ships.clear();
-  EmptyLists(main);
+  if (forget) Trap(main.host, "cmdDisable_Click()", [&] { PutPlayersModelsBack(main.host.files, installation); });
   EndProgress(main.host);
-  ShowSuccess(main.host, "Restoration complete", Icon::information);
+  if (forget) {
+    ShowSuccess(main.host, "Restoration complete", Icon::information);
+  } else {
+    Show(main.host,
+         "Not everything could be restored, as the messages before this one say. Put that right and use \"Disable / "
+         "Restore\" again: the ship catalogue has been kept for it.",
+         Icon::exclamation);
+  }
 }
 
 }  // namespace oravin

@@ -76,7 +76,7 @@ void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
     const std::string model = Trim(ship.file);
     if (model.empty()) continue;
     for (const std::string& name : {model, ChangeExtension(std::string(model), ".org")}) {
-      if (LengthIn(there, name)) plan.files.push_back(folder + name);
+      if (FindIn(there, name) != nullptr) plan.files.push_back(folder + name);
     }
     if (ship.kind == importedKind) {
       NeedRoom(plan, installation.GamePath, FileLength(installation.ProgramPath + addOnShipsFolder + model));

@@ -75,12 +75,13 @@ void KeepLooseModels(Files& files, const Installation& installation, const std::
                      const HogTable& live) {
   const FolderNames there = NamesIn(LooseModels(installation));
   for (const std::string& model : models) {
-    const std::string aside = ChangeExtension(std::string(model), ".org");
-    const bool looseThere = LengthIn(there, model).has_value();
-    const bool asideThere = LengthIn(there, aside).has_value();
-    if ((!looseThere && !asideThere) || OwnWork(files, installation, model, live)) continue;
-    if (looseThere) KeepModel(files, LooseModels(installation) + model, KeptModels(installation), model);
-    if (asideThere) KeepModel(files, LooseModels(installation) + aside, KeptModels(installation), aside);
+    const FolderNames::Item* loose = FindIn(there, model);
+    const FolderNames::Item* aside = FindIn(there, ChangeExtension(std::string(model), ".org"));
+    if ((loose == nullptr && aside == nullptr) || OwnWork(files, installation, model, live)) continue;
+    for (const FolderNames::Item* item : {loose, aside}) {
+      if (item == nullptr) continue;
+      KeepModel(files, LooseModels(installation) + item->spelling, KeptModels(installation), item->spelling);
+    }
   }
 }
 
@@ -129,8 +130,7 @@ std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, c
   const FolderNames there = NamesIn(LooseModels(installation));
   std::uint64_t size = FileLength(installation.GamePath + "shipstats.bin");
   for (const std::string& model : models) {
-    size +=
-        LengthIn(there, model).value_or(0) + LengthIn(there, ChangeExtension(std::string(model), ".org")).value_or(0);
+    size += LengthIn(there, model) + LengthIn(there, ChangeExtension(std::string(model), ".org"));
   }
   const std::string cache = installation.GamePath + "tcachehw.dat";
   return TcacheCount(files, cache) > factoryTextures ? size + FileLength(cache) : size;

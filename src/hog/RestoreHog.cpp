@@ -15,14 +15,13 @@ using platform::OpenFor;
 
 constexpr const char* procedure = "RestoreHog";
 
-void EraseIfThere(Host& host, const std::string& path) {
-  if (!FileExists(std::string(path))) return;
-  Trap(host, procedure, [&] { EraseFile(host.files, path); });
+bool EraseIfThere(Host& host, const std::string& path) {
+  return !FileExists(std::string(path)) || Trap(host, procedure, [&] { EraseFile(host.files, path); });
 }
 
-void EraseModelAndBackup(Host& host, const std::string& shipsFolder, const std::string& model, const char* extension) {
-  EraseIfThere(host, shipsFolder + model);
-  EraseIfThere(host, shipsFolder + ChangeExtension(std::string(model), extension));
+bool EraseModelAndBackup(Host& host, const std::string& shipsFolder, const std::string& model, const char* extension) {
+  const bool erased = EraseIfThere(host, shipsFolder + model);
+  return EraseIfThere(host, shipsFolder + ChangeExtension(std::string(model), extension)) && erased;
 }
 
 /// The spelling of a model's name in the backup, at the same table position and only when it is the same name.
@@ -34,17 +33,18 @@ std::string SpellingOf(const HogTable& backup, const std::string& model, std::ui
   return model;
 }
 
-void RestoreStock(Host& host, int hog, const std::string& shipsFolder, const ShipRecord& ship, const HogTable& backup,
+bool RestoreStock(Host& host, int hog, const std::string& shipsFolder, const ShipRecord& ship, const HogTable& backup,
                   std::vector<std::string>& passedOver) {
   const std::string model = ModelOf(ship);
   const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
+  bool named = true;
   if (fatPos != 0) {
-    const bool done = Trapped(host, procedure, false, [&] {
-      return PutNameBack(host.files, hog, fatPos, model, SpellingOf(backup, model, fatPos));
+    named = Trap(host, procedure, [&] {
+      if (PutNameBack(host.files, hog, fatPos, model, SpellingOf(backup, model, fatPos))) return;
+      passedOver.push_back(model);
     });
-    if (!done) passedOver.push_back(model);
   }
-  EraseModelAndBackup(host, shipsFolder, model, ".org");
+  return EraseModelAndBackup(host, shipsFolder, model, ".org") && named;
 }
 
 void NamePassedOver(Host& host, const std::vector<std::string>& passedOver) {
@@ -59,14 +59,15 @@ void NamePassedOver(Host& host, const std::vector<std::string>& passedOver) {
 
 }  // namespace
 
-void RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder, const std::string& addOnFolder,
+bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder, const std::string& addOnFolder,
                 const Ships& ships, const HogTable& backup) {
   if (!FileExists(hogPath)) {
     Show(host, "Error - hog not found", Icon::exclamation, procedure);
-    return;
+    return false;
   }
   std::vector<std::string> passedOver;
-  Trap(host, procedure, [&] {
+  bool all = true;
+  const bool through = Trap(host, procedure, [&] {
     const OpenedFile hog(host.files, hogPath, OpenFor::changing);
     bool asked = false;
     for (std::size_t i = 0; i < ships.size(); ++i) {
@@ -74,36 +75,40 @@ void RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder,
       if (IsInert(ship)) continue;
       ShowProgress(host, "Restoring " + ModelOf(ship), static_cast<int>(i), static_cast<int>(ships.size()));
       if (!ship.Imported) {
-        RestoreStock(host, hog.handle, shipsFolder, ship, backup, passedOver);
+        all = RestoreStock(host, hog.handle, shipsFolder, ship, backup, passedOver) && all;
       } else if (FileExists(addOnFolder + ModelOf(ship))) {
-        EraseIfThere(host, shipsFolder + ModelOf(ship));
+        all = EraseIfThere(host, shipsFolder + ModelOf(ship)) && all;
       } else {
         // The answer is not looked at: meant, see the header.
         if (!asked) AskYesNo(host, "Do you wish to delete the imported ship(s) in SL\\ships\\ ?");
         asked = true;
-        EraseModelAndBackup(host, shipsFolder, ModelOf(ship), ".bak");
+        all = EraseModelAndBackup(host, shipsFolder, ModelOf(ship), ".bak") && all;
       }
     }
     Flush(host.files, hog.handle);
   });
   EndProgress(host);
   NamePassedOver(host, passedOver);
+  return through && all;
 }
 
-void RestoreHogByBackup(Host& host, std::string hogPath, const std::string& shipsFolder, const HogTable& backup) {
+bool RestoreHogByBackup(Host& host, std::string hogPath, const std::string& shipsFolder, const HogTable& backup) {
   if (!FileExists(hogPath)) {
     Show(host, "Error - hog not found", Icon::exclamation, procedure);
-    return;
+    return false;
   }
-  Trap(host, procedure, [&] {
+  bool all = true;
+  const bool through = Trap(host, procedure, [&] {
     const OpenedFile hog(host.files, hogPath, OpenFor::changing);
     for (const HogEntry& entry : backup.entries) {
       if (!IsPlainFileName(entry.Name) || !NamesDisguised(host.files, hog.handle, entry.FatPos, entry.Name)) continue;
+      // The loose model goes first: as long as the name is disguised, another run knows that it is the program's own.
+      all = EraseModelAndBackup(host, shipsFolder, entry.Name, ".org") && all;
       PutNameBack(host.files, hog.handle, entry.FatPos, entry.Name, entry.Name);
-      EraseModelAndBackup(host, shipsFolder, entry.Name, ".org");
     }
     Flush(host.files, hog.handle);
   });
+  return through && all;
 }
 
 }  // namespace oravin

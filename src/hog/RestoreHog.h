@@ -20,11 +20,12 @@ namespace oravin {
 /// @param shipsFolder the game's ships folder
 /// @param addOnFolder the program's folder of add-on models
 /// @param backup the table's backup; may be empty
-void RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder, const std::string& addOnFolder,
+/// @return false when a file could not be changed or deleted (its box was shown): then the catalogue is still needed
+bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder, const std::string& addOnFolder,
                 const Ships& ships, const HogTable& backup);
 
 /// The same where there is no catalogue: every name that the table's backup knows and that stands disguised at the same
 /// position is put back, and that name's loose model and ".org" are deleted.
-void RestoreHogByBackup(Host& host, std::string hogPath, const std::string& shipsFolder, const HogTable& backup);
+bool RestoreHogByBackup(Host& host, std::string hogPath, const std::string& shipsFolder, const HogTable& backup);
 
 }  // namespace oravin

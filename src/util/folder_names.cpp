@@ -10,14 +10,20 @@ FolderNames NamesIn(const std::string& folder) {
   const auto items = platform::ListNative(folder);
   if (!items) return names;
   for (const platform::FileFacts& item : *items) {
-    if (!item.folder && !item.hidden && !item.system) names.lengths.emplace(UpperCase(item.name), item.length);
+    if (!item.folder && !item.hidden && !item.system)
+      names.items.emplace(UpperCase(item.name), FolderNames::Item{item.name, item.length});
   }
   return names;
 }
 
-std::optional<std::uint64_t> LengthIn(const FolderNames& names, const std::string& name) {
-  const auto found = names.lengths.find(UpperCase(name));
-  return found == names.lengths.end() ? std::nullopt : std::optional(found->second);
+const FolderNames::Item* FindIn(const FolderNames& names, const std::string& name) {
+  const auto found = names.items.find(UpperCase(name));
+  return found == names.items.end() ? nullptr : &found->second;
+}
+
+std::uint64_t LengthIn(const FolderNames& names, const std::string& name) {
+  const FolderNames::Item* item = FindIn(names, name);
+  return item == nullptr ? 0 : item->length;
 }
 
 }  // namespace oravin

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -10,13 +9,20 @@ namespace oravin {
 /// The files of one folder by name, listed once: for actions that ask for many names of the same folder. Hidden and
 /// system files do not count, as in FileExists.
 struct FolderNames {
-  std::unordered_map<std::string, std::uint64_t> lengths;  ///< by upper-cased name, in bytes
+  struct Item {
+    std::string spelling;  ///< as it is on disk
+    std::uint64_t length;  ///< in bytes
+  };
+  std::unordered_map<std::string, Item> items;  ///< by upper-cased name
 };
 
 /// Lists a folder; one that is missing has no files.
 FolderNames NamesIn(const std::string& folder);
 
-/// The length of a file of the folder, without regard to case; nothing when it is not there.
-std::optional<std::uint64_t> LengthIn(const FolderNames& names, const std::string& name);
+/// A file of the folder, without regard to case; null when it is not there.
+const FolderNames::Item* FindIn(const FolderNames& names, const std::string& name);
+
+/// Its length in bytes; 0 when it is not there.
+std::uint64_t LengthIn(const FolderNames& names, const std::string& name);
 
 }  // namespace oravin

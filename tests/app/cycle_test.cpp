@@ -8,7 +8,22 @@
 namespace oravin::test {
 namespace {
 
-enum Ship { alpha, bravo, tiger, tigerVariant, cruiser, carrier, stored, fireA, fireB, twin, twinVariant, manta, wraith, colossus };
+enum Ship {
+  alpha,
+  bravo,
+  tiger,
+  tigerVariant,
+  cruiser,
+  carrier,
+  stored,
+  fireA,
+  fireB,
+  twin,
+  twinVariant,
+  manta,
+  wraith,
+  colossus
+};
 
 struct Cycle : testing::Test {
   void Start() {
@@ -199,7 +214,8 @@ TEST_F(Cycle, ALongWalkOfRandomActions) {
     const bool fighter = random() % 3 != 0;
     const std::vector<int>& targets = fighter ? fighters : capitals;
     std::vector<int> sources = targets;
-    sources.insert(sources.end(), fighter ? std::initializer_list<int>{manta, wraith} : std::initializer_list<int>{colossus});
+    sources.insert(sources.end(),
+                   fighter ? std::initializer_list<int>{manta, wraith} : std::initializer_list<int>{colossus});
     const int target = targets[random() % targets.size()];
     switch (random() % 12) {
       case 0:

@@ -70,9 +70,12 @@ std::string ToNativePath(const std::string& windowsPath) {
   } else if (!windowsPath.empty() && (windowsPath[0] == '\\' || windowsPath[0] == '/')) {
     native = "/";
   }
-  std::string rest = windowsPath.substr(at);
-  for (char& c : rest) {
-    if (c == '\\') c = '/';
+  // One slash between two names; a drive's root brings its own.
+  std::string rest;
+  for (const char c : windowsPath.substr(at)) {
+    const char mark = c == '\\' ? '/' : c;
+    const char before = !rest.empty() ? rest.back() : native.empty() ? '\0' : native.back();
+    if (mark != '/' || before != '/') rest += mark;
   }
   // Most paths, or at least their folders, are spelled as they are on disk: one look instead of one for each folder.
   if (Exists(native + rest)) return native + rest;

@@ -154,6 +154,7 @@ bool RegWriteString(const std::string& root, const std::string& key, const std::
   while (at < lines.size() && KeyOfLine(lines[at]) != wanted) ++at;
   if (at == lines.size()) {
     lines.insert(lines.end(), {"", "[" + root + "\\" + key.substr(0, key.find_last_not_of('\\') + 1) + "]"});
+    at = lines.size() - 1;
   }
   for (++at; at < lines.size() && (lines[at].empty() || lines[at][0] != '['); ++at) {
     std::size_t equals = 0;
