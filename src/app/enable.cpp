@@ -128,7 +128,8 @@ bool KeepBackups(Main& main, const Preparation& preparation) {
     KeepFatBackup(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live,
                   preparation.repaired, preparation.stockModels);
     if (preparation.wasEnabled) return;
-    KeepPlayersFiles(main.host.files, installation, preparation.models, preparation.live);
+    KeepPlayersFiles(main.host.files, installation, preparation.models, preparation.live,
+                     ReadFatBackup(main.host, installation.ProgramPath));
   });
 }
 

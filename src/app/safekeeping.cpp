@@ -1,13 +1,14 @@
 #include "app/safekeeping.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
 #include "catalogue/catalogue.h"
 #include "desk/error_trap.h"
-#include "hog/disguise.h"
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
+#include "switcher/add_on_ship.h"
 #include "texture/RestoreTcacheFile.h"
 #include "texture/Texture.h"
 #include "util/File_Path.h"
@@ -58,29 +59,31 @@ void KeepModel(Files& files, const std::string& from, const std::string& folder,
   CopyWhole(files, from, to);
 }
 
-/// True when a loose model is the work of an earlier run whose catalogue is lost: the table still hides the model's
-/// name, and the stock model stands loose under its own name or moved aside.
-bool OwnWork(Files& files, const Installation& installation, const std::string& model, const HogTable& live) {
-  if (!IsDisguised(model, live)) return false;
-  const auto entry = FindModel(model, live, {});
-  if (!entry) return false;
+/// True when a loose file is the work of an earlier run whose catalogue is lost: the same bytes are a stock model of
+/// the archive (a swap puts it under other names, too) or an add-on's model, so nothing is lost with it.
+bool OwnWork(Files& files, const Installation& installation, const std::string& loose,
+             const std::vector<std::string>& models, const HogTable& live, const HogTable& backup) {
   const std::string hog = installation.GamePath + "resource.hog";
-  const std::string loose = LooseModels(installation) + model;
-  const std::string aside = LooseModels(installation) + ChangeExtension(std::string(model), ".org");
-  return (FileExists(std::string(loose)) && SameAsUnpacked(files, hog, loose, entry->Size, entry->Offset)) ||
-         (FileExists(std::string(aside)) && SameAsUnpacked(files, hog, aside, entry->Size, entry->Offset));
+  return std::any_of(models.begin(), models.end(), [&](const std::string& model) {
+    const auto entry = FindModel(model, live, backup);
+    return entry ? SameAsUnpacked(files, hog, loose, entry->Size, entry->Offset)
+                 : SameContent(files, loose, installation.ProgramPath + addOnShipsFolder + model);
+  });
 }
 
 void KeepLooseModels(Files& files, const Installation& installation, const std::vector<std::string>& models,
-                     const HogTable& live) {
+                     const HogTable& live, const HogTable& backup) {
   const FolderNames there = NamesIn(LooseModels(installation));
+  // Names that are disguised although the features are not enabled tell of a catalogue that was lost.
+  const bool lost =
+      std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); });
   for (const std::string& model : models) {
-    const FolderNames::Item* loose = FindIn(there, model);
-    const FolderNames::Item* aside = FindIn(there, ChangeExtension(std::string(model), ".org"));
-    if ((loose == nullptr && aside == nullptr) || OwnWork(files, installation, model, live)) continue;
-    for (const FolderNames::Item* item : {loose, aside}) {
+    for (const std::string& name : {model, ChangeExtension(std::string(model), ".org")}) {
+      const FolderNames::Item* item = FindIn(there, name);
       if (item == nullptr) continue;
-      KeepModel(files, LooseModels(installation) + item->spelling, KeptModels(installation), item->spelling);
+      const std::string loose = LooseModels(installation) + item->spelling;
+      if (lost && OwnWork(files, installation, loose, models, live, backup)) continue;
+      KeepModel(files, loose, KeptModels(installation), item->spelling);
     }
   }
 }
@@ -119,8 +122,8 @@ void MakeFolders(Files& files, const Installation& installation) {
 }
 
 void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
-                      const HogTable& live) {
-  KeepLooseModels(files, installation, models, live);
+                      const HogTable& live, const HogTable& backup) {
+  KeepLooseModels(files, installation, models, live, backup);
   KeepTextures(files, installation);
   const std::string defaults = installation.GamePath + "shipstats.def";
   if (FileExists(std::string(defaults))) CopyWhole(files, defaults, BackupFolder(installation) + "shipstats.def");

@@ -22,11 +22,13 @@ void KeepDefaults(Host& host, const Installation& installation);
 /// @throws RunTimeError
 void MakeFolders(Files& files, const Installation& installation);
 
-/// Copies what enabling is going to replace. Models that an earlier run unpacked itself are passed over.
+/// Copies what enabling is going to replace. Where an earlier run's catalogue was lost, models that are that run's own
+/// work are passed over.
 /// @param models the file names of the catalogue's ships, stock and add-on
+/// @param live,backup the archive's table and its backup
 /// @throws RunTimeError
 void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
-                      const HogTable& live);
+                      const HogTable& live, const HogTable& backup);
 
 /// The most bytes that KeepPlayersFiles writes.
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models);
