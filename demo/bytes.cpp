@@ -8,9 +8,7 @@ namespace oravin::demo {
 
 namespace {
 
-std::uint8_t ByteOf(std::uint32_t value, int shift) {
-  return static_cast<std::uint8_t>((value >> shift) & 0xFFU);
-}
+std::uint8_t ByteOf(std::uint32_t value, int shift) { return static_cast<std::uint8_t>((value >> shift) & 0xFFU); }
 
 }  // namespace
 
@@ -27,13 +25,9 @@ void PutBig32(Bytes& bytes, std::uint32_t value) {
   for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(ByteOf(value, shift));
 }
 
-void PutFloat(Bytes& bytes, float value) {
-  PutLittle32(bytes, std::bit_cast<std::uint32_t>(value));
-}
+void PutFloat(Bytes& bytes, float value) { PutLittle32(bytes, std::bit_cast<std::uint32_t>(value)); }
 
-void PutText(Bytes& bytes, std::string_view text) {
-  bytes.insert(bytes.end(), text.begin(), text.end());
-}
+void PutText(Bytes& bytes, std::string_view text) { bytes.insert(bytes.end(), text.begin(), text.end()); }
 
 void PutField(Bytes& bytes, std::string_view text, std::size_t width) {
   if (text.size() >= width) throw std::length_error("text too long for its field: " + std::string(text));

@@ -83,9 +83,7 @@ std::uint32_t Load32(const std::uint8_t* p) {
   return value;
 }
 
-std::uint32_t HashOf(std::uint32_t value, int shift) {
-  return (value * 2654435761U) >> shift;
-}
+std::uint32_t HashOf(std::uint32_t value, int shift) { return (value * 2654435761U) >> shift; }
 
 Finder MakeFinder(std::span<const std::uint8_t> data) {
   const auto size = static_cast<std::uint32_t>(data.size());
@@ -160,18 +158,14 @@ void Visit(Finder& finder, std::uint32_t position, const Limits& limits, int can
   slot4 = position;
 }
 
-std::uint8_t Byte(std::uint32_t value) {
-  return static_cast<std::uint8_t>(value & 0xFFU);
-}
+std::uint8_t Byte(std::uint32_t value) { return static_cast<std::uint8_t>(value & 0xFFU); }
 
 // The output is written through a pointer into a buffer that holds the worst case.
 //
 // The worst case: a copy is only taken where it saves at least one byte, and it can split one literal run into two,
 // which costs one byte. So no mixture is longer than literals alone: one control byte for every 112 of them, and the
 // ends.
-std::size_t WorstCase(std::size_t size) {
-  return size + size / 112 + 16;
-}
+std::size_t WorstCase(std::size_t size) { return size + size / 112 + 16; }
 
 std::uint8_t* PutLiterals(std::uint8_t* out, const std::uint8_t* from, std::uint32_t count) {
   for (std::uint32_t i = 0; i < count; ++i) out[i] = from[i];

@@ -56,8 +56,8 @@ Bytes MakeScript(Random& random, std::size_t size) {
         text += "say \"";
         break;
       case 2:
-        text +=
-            "goto " + std::to_string(Between(random, -90000, 90000)) + "," + std::to_string(Between(random, 0, 9000));
+        text += "goto " + std::to_string(Between(random, -90000, 90000));
+        text += "," + std::to_string(Between(random, 0, 9000));  // apart: the operands of + have no fixed order
         break;
       default:
         text += "wait " + std::to_string(Between(random, 1, 240)) + " ";

@@ -34,13 +34,9 @@ constexpr std::uint32_t kFaceSize = 16;
 constexpr std::uint32_t kTextureElement = 36;
 constexpr std::uint32_t kAttachmentElement = 108;
 
-std::uint32_t Unsigned(std::int32_t value) {
-  return static_cast<std::uint32_t>(value);
-}
+std::uint32_t Unsigned(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 
-std::size_t Count(int value) {
-  return static_cast<std::size_t>(value);
-}
+std::size_t Count(int value) { return static_cast<std::size_t>(value); }
 
 void PutChunkHeader(Bytes& out, std::uint32_t type, std::uint32_t size, std::size_t count) {
   if (count > 0xFFFF) throw std::length_error("too many elements for a chunk of a model");

@@ -18,9 +18,7 @@ std::size_t PlaceOf(int x, int y, int width) {
   return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
 }
 
-std::uint8_t Part(int value) {
-  return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
-}
+std::uint8_t Part(int value) { return static_cast<std::uint8_t>(std::clamp(value, 0, 255)); }
 
 Colour Lit(const Colour& c, int light) {  // 256 leaves the colour as it is
   return {Part(c.red * light / 256), Part(c.green * light / 256), Part(c.blue * light / 256)};
@@ -31,9 +29,7 @@ Colour Mix(const Colour& a, const Colour& b, int share) {  // of b, in 1/256
   return {part(a.red, b.red), part(a.green, b.green), part(a.blue, b.blue)};
 }
 
-int NoiseAt(const NoiseField& noise, int x, int y) {
-  return noise.values[PlaceOf(x & 255, y & 255, kTile)];
-}
+int NoiseAt(const NoiseField& noise, int x, int y) { return noise.values[PlaceOf(x & 255, y & 255, kTile)]; }
 
 // A number that looks random but depends on its arguments alone.
 int Scatter(int x, int y, std::uint64_t seed) {

@@ -36,8 +36,6 @@ std::uint64_t SeedOf(std::string_view name);
 
 /// The sine of `angle` (a full turn is 1024) times 4096, by integers alone.
 int Sine(int angle);
-inline int Cosine(int angle) {
-  return Sine(angle + 256);
-}
+inline int Cosine(int angle) { return Sine(angle + 256); }
 
 }  // namespace oravin::demo

@@ -95,9 +95,7 @@ void WriteStatsText(const fs::path& folder, const std::string& stem, bool capita
   WriteWholeFile(folder / (stem + ".txt"), BuildStatsText(MakeStats(SeedOf(stem), capital)));
 }
 
-std::string StemOf(const std::string& file) {
-  return file.substr(0, file.find('.'));
-}
+std::string StemOf(const std::string& file) { return file.substr(0, file.find('.')); }
 
 void WriteAddOns(const Sample& sample, const std::vector<PlannedShip>& ships, const Paintbox& box) {
   const fs::path addons = sample.program / "addons";

@@ -71,9 +71,7 @@ constexpr std::array kStockShips{
     StockShip{1, 3, "Sovereign Line Ship", "sovereign", false},
 };
 
-bool IsCapital(std::uint8_t classByte) {
-  return classByte == 1 || classByte == 3 || classByte == 5;
-}
+bool IsCapital(std::uint8_t classByte) { return classByte == 1 || classByte == 3 || classByte == 5; }
 
 // Ships that continue the list: a name, a number, every ninth in two parts, every seventh a capital ship.
 struct MadeUp {

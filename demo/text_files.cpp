@@ -6,9 +6,7 @@ namespace oravin::demo {
 
 namespace {
 
-std::string Quoted(const std::string& text) {
-  return "\"" + text + "\"";
-}
+std::string Quoted(const std::string& text) { return "\"" + text + "\""; }
 
 // In the registry store, backslashes and quotes are escaped by a backslash.
 std::string Escaped(const std::string& text) {

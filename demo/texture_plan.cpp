@@ -11,9 +11,7 @@ namespace {
 
 constexpr int kChainImages = 8;  // 256x256 down to 2x2
 
-std::string Numbered(const char* stem, int number) {
-  return stem + Padded(number, 2);
-}
+std::string Numbered(const char* stem, int number) { return stem + Padded(number, 2); }
 
 void Add(std::vector<PlannedTexture>& plan, const CacheTexture& texture, Motif motif, bool withCompanion = false) {
   // A blast grows from picture to picture: its seed is its number.

@@ -5,7 +5,7 @@ die() { printf '%s\n' "$*" >&2; exit 1; }
 
 # What each command needs, as Debian's packages.
 packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev"
-packages_show="xvfb xdotool openbox imagemagick x11-utils fonts-dejavu-core jq"
+packages_show="xvfb xauth xdotool openbox imagemagick x11-utils fonts-dejavu-core jq"
 packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc $packages_show"
 
 # install_missing PACKAGE...: installs those that are not there, as root or through sudo.

@@ -30,13 +30,9 @@ void UnswapAll(Main& main) {
   cmdUnswapAll_Click(desk, main.switcher);
 }
 
-void Toggle(Main& main) {
-  cmdToggle_Click(main.host, main.switcher, main.installation);
-}
+void Toggle(Main& main) { cmdToggle_Click(main.host, main.switcher, main.installation); }
 
-void ViewSelected(Main& main) {
-  ViewModel(main.switcher.swapOrgList, main.installation);
-}
+void ViewSelected(Main& main) { ViewModel(main.switcher.swapOrgList, main.installation); }
 
 void Readme(Main& main) {
   const std::string readme = main.installation.ProgramPath + "readme.txt";
@@ -44,9 +40,7 @@ void Readme(Main& main) {
   Show(main.host, "The readme could not be opened. It is this file:\n" + readme, Icon::exclamation);
 }
 
-void Exit(Main&) {
-  throw ProgramEnd();
-}
+void Exit(Main&) { throw ProgramEnd(); }
 
 constexpr std::array<Handler, 11> handlers = {{{"switcher.cmdSwap", Swap, true},
                                                {"switcher.cmdUnswap", Unswap, true},
@@ -62,9 +56,7 @@ constexpr std::array<Handler, 11> handlers = {{{"switcher.cmdSwap", Swap, true},
 
 }  // namespace
 
-std::span<const Handler> Handlers() {
-  return handlers;
-}
+std::span<const Handler> Handlers() { return handlers; }
 
 void Run(Main& main, std::string_view name) {
   for (const Handler& handler : handlers) {

@@ -17,9 +17,7 @@ Main::~Main() {
   platform::UnlockFolder(programLock);
 }
 
-void CloseOpenFiles(Main& main) {
-  CloseAll(main.host.files);
-}
+void CloseOpenFiles(Main& main) { CloseAll(main.host.files); }
 
 SwapDesk SwapDeskOf(Main& main) {
   return {main.host, main.installation, main.stats, [&main] { CloseOpenFiles(main); }};

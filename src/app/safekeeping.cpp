@@ -20,15 +20,9 @@ namespace oravin {
 
 namespace {
 
-std::string BackupFolder(const Installation& installation) {
-  return installation.ProgramPath + "backup\\";
-}
-std::string KeptModels(const Installation& installation) {
-  return BackupFolder(installation) + "ships\\";
-}
-std::string LooseModels(const Installation& installation) {
-  return installation.GamePath + "ships\\";
-}
+std::string BackupFolder(const Installation& installation) { return installation.ProgramPath + "backup\\"; }
+std::string KeptModels(const Installation& installation) { return BackupFolder(installation) + "ships\\"; }
+std::string LooseModels(const Installation& installation) { return installation.GamePath + "ships\\"; }
 
 /// The name of the n-th kept copy of a file, counted from 1.
 std::string NumberedName(const std::string& name, int number) {

@@ -36,9 +36,7 @@ constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"
                                                             {directPlayKey, "Path"},
                                                             {appPathsKey, chosenGameValue}}};
 
-bool IsGameFolder(const std::string& folder) {
-  return FileExists(folder + "resource.hog");
-}
+bool IsGameFolder(const std::string& folder) { return FileExists(folder + "resource.hog"); }
 
 /// The program folder, first guess: where the registry says that the program is, else the usual folder.
 void GuessProgramFolder(Installation& installation) {

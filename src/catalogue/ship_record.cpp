@@ -79,25 +79,15 @@ std::optional<ShipRecord> RecordFrom(std::span<const std::uint8_t> slot) {
   return ship;
 }
 
-std::string ModelOf(const ShipRecord& ship) {
-  return ship.ShipFile.Trimmed();
-}
+std::string ModelOf(const ShipRecord& ship) { return ship.ShipFile.Trimmed(); }
 
-std::string BackupOf(const ShipRecord& ship) {
-  return ChangeExtension(ModelOf(ship), ".org");
-}
+std::string BackupOf(const ShipRecord& ship) { return ChangeExtension(ModelOf(ship), ".org"); }
 
-bool IsInert(const ShipRecord& ship) {
-  return !IsPlainFileName(ModelOf(ship));
-}
+bool IsInert(const ShipRecord& ship) { return !IsPlainFileName(ModelOf(ship)); }
 
-bool IsStock(const ShipRecord& ship) {
-  return !IsInert(ship) && !ship.Imported;
-}
+bool IsStock(const ShipRecord& ship) { return !IsInert(ship) && !ship.Imported; }
 
-int PartsOf(const ShipRecord& ship) {
-  return ship.HasSecondPart ? 2 : 1;
-}
+int PartsOf(const ShipRecord& ship) { return ship.HasSecondPart ? 2 : 1; }
 
 int FindShip(const Ships& ships, const std::string& name) {
   for (std::size_t i = 0; i < ships.size(); ++i) {

@@ -47,9 +47,7 @@ bool RoomFor(Host& host, const WritePlan& plan) {
 
 }  // namespace
 
-void NeedRoom(WritePlan& plan, const std::string& folder, std::uint64_t bytes) {
-  plan.room[folder] += bytes;
-}
+void NeedRoom(WritePlan& plan, const std::string& folder, std::uint64_t bytes) { plan.room[folder] += bytes; }
 
 bool ReadyToWrite(Host& host, const WritePlan& plan) {
   for (const std::string& folder : plan.folders) {

@@ -132,8 +132,6 @@ const std::vector<int>& EntriesNamed(const HogNames& names, const std::string& n
   return found == names.end() ? none : found->second;
 }
 
-std::uint64_t EndOf(const HogEntry& entry) {
-  return entry.FatPos + hogNameInEntry + entry.Name.size() + 1;
-}
+std::uint64_t EndOf(const HogEntry& entry) { return entry.FatPos + hogNameInEntry + entry.Name.size() + 1; }
 
 }  // namespace oravin

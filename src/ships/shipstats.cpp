@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "util/File_Path.h"
 #include "util/Hex_Util.h"
 #include "util/delimited_text.h"
+#include "util/run_time_error.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -32,9 +34,7 @@ bool BlockInside(std::uint64_t fileLength, int shipIndex) {
   return shipIndex >= 0 && (static_cast<std::uint64_t>(shipIndex) + 1) * statsBlockSize <= fileLength;
 }
 
-std::uint64_t StatsAt(int shipIndex) {
-  return static_cast<std::uint64_t>(shipIndex) * statsBlockSize + statsOffset;
-}
+std::uint64_t StatsAt(int shipIndex) { return static_cast<std::uint64_t>(shipIndex) * statsBlockSize + statsOffset; }
 
 /// The two checks that reading and writing begin with.
 bool BlockThere(Host& host, std::string& path, int shipIndex, const std::string& titleWhenMissing) {
@@ -133,7 +133,13 @@ bool GetImportStats(Host& host, std::string& path, ShipStats& stats) {
     const std::string all = TextOf(ReadWhole(host.files, path, longestStatsText));
     DelimitedText text{path, all};
     ShipStats read;
-    for (const StatsRow& row : statsRows) read.values.at(row.field) = static_cast<float>(TakeNumber(text));
+    for (const StatsRow& row : statsRows) {
+      const double number = TakeNumber(text);
+      if (std::fabs(number) > double{std::numeric_limits<float>::max()}) {
+        throw RunTimeError("could not read", path, std::string(row.label) + " is too large");
+      }
+      read.values.at(row.field) = static_cast<float>(number);
+    }
     stats = read;
   });
 }

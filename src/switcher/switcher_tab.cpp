@@ -35,9 +35,7 @@ std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalSh
 }
 
 /// A path as one word of a command line.
-std::string Quoted(const std::string& path) {
-  return path.find(' ') == std::string::npos ? path : '"' + path + '"';
-}
+std::string Quoted(const std::string& path) { return path.find(' ') == std::string::npos ? path : '"' + path + '"'; }
 
 bool Capital(Host& host, const Installation& installation, const ShipRecord& ship) {
   return IsCapitalShip(host, installation.GamePath + "ships\\" + ModelOf(ship));

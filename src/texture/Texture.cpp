@@ -21,8 +21,6 @@ double TextureDataSize(double width, double height, int imageCount, int bytesPer
   return total * bytesPerPixel;
 }
 
-std::uint64_t RoundedSize(double size) {
-  return size > 0 ? static_cast<std::uint64_t>(std::nearbyint(size)) : 0;
-}
+std::uint64_t RoundedSize(double size) { return size > 0 ? static_cast<std::uint64_t>(std::nearbyint(size)) : 0; }
 
 }  // namespace oravin

@@ -96,24 +96,12 @@ std::string ChangeExtension(std::string& path, std::string& extension) {
   return path.substr(0, path.size() - (length == 0 ? 0 : length + 1)) + extension;
 }
 
-bool FileExists(std::string&& path) {
-  return FileExists(path);
-}
-bool FolderExists(std::string&& path) {
-  return FolderExists(path);
-}
-std::string ParentFolder(std::string&& path) {
-  return ParentFolder(path);
-}
-std::string FileNameOf(std::string&& path) {
-  return FileNameOf(path);
-}
-bool IsPrintableText(std::string&& text) {
-  return IsPrintableText(text);
-}
-std::string ChangeExtension(std::string&& path, std::string&& extension) {
-  return ChangeExtension(path, extension);
-}
+bool FileExists(std::string&& path) { return FileExists(path); }
+bool FolderExists(std::string&& path) { return FolderExists(path); }
+std::string ParentFolder(std::string&& path) { return ParentFolder(path); }
+std::string FileNameOf(std::string&& path) { return FileNameOf(path); }
+bool IsPrintableText(std::string&& text) { return IsPrintableText(text); }
+std::string ChangeExtension(std::string&& path, std::string&& extension) { return ChangeExtension(path, extension); }
 
 bool IsPlainFileName(const std::string& name) {
   if (name.empty() || name.back() == '.' || name.back() == ' ' || name.front() == ' ') return false;
@@ -134,7 +122,9 @@ bool IsPlainFileName(const std::string& name) {
 
 bool MatchesPattern(const std::string& name, const std::string& pattern) {
   const std::string text = UpperCase(name);
-  const std::string wanted = UpperCase(pattern);
+  std::string wanted = UpperCase(pattern);
+  // A pattern's ".*" stands for no extension too, as in every listing of the game's system.
+  if (wanted.ends_with(".*") && text.find('.') == std::string::npos) wanted.resize(wanted.size() - 2);
   std::size_t at = 0;
   std::size_t in = 0;
   std::size_t star = std::string::npos;

@@ -47,7 +47,7 @@ bool IsPrintableText(std::string&& text);
 bool IsPlainFileName(const std::string& name);
 
 /// True when the name matches the pattern, in which `*` stands for any characters and `?` for one; case does not
-/// matter.
+/// matter. As on Windows, ".*" at the pattern's end stands for no extension too.
 bool MatchesPattern(const std::string& name, const std::string& pattern);
 
 }  // namespace oravin

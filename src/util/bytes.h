@@ -30,13 +30,9 @@ inline void PutLittleEndian32(std::uint8_t* at, std::uint32_t value) {
 }
 
 /// The characters of some bytes, one a byte.
-inline std::string TextOf(std::span<const std::uint8_t> bytes) {
-  return {bytes.begin(), bytes.end()};
-}
+inline std::string TextOf(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
 
 /// The bytes of some characters, one a character.
-inline Bytes BytesOf(std::string_view text) {
-  return {text.begin(), text.end()};
-}
+inline Bytes BytesOf(std::string_view text) { return {text.begin(), text.end()}; }
 
 }  // namespace oravin

@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "util/run_time_error.h"
-#include "util/text.h"
 
 namespace oravin {
 
@@ -17,9 +16,7 @@ namespace {
   throw RunTimeError("could not read", text.path, why + " (line " + std::to_string(line) + ")");
 }
 
-bool IsLineEnd(char c) {
-  return c == '\r' || c == '\n';
-}
+bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
 void Skip(DelimitedText& text, std::string_view characters) {
   text.at = std::min(text.all.find_first_not_of(characters, text.at), text.all.size());
@@ -52,9 +49,7 @@ std::string TakeQuoted(DelimitedText& text) {
 
 }  // namespace
 
-bool AtEnd(DelimitedText& text) {
-  return text.all.find_first_not_of(" \t\r\n", text.at) == std::string_view::npos;
-}
+bool AtEnd(DelimitedText& text) { return text.all.find_first_not_of(" \t\r\n", text.at) == std::string_view::npos; }
 
 std::string TakeText(DelimitedText& text) {
   // Behind a comma a value follows, be it an empty one; elsewhere empty lines stand for nothing.
@@ -64,9 +59,9 @@ std::string TakeText(DelimitedText& text) {
   if (text.at < text.all.size() && text.all[text.at] == '"') return TakeQuoted(text);
   const std::size_t begin = text.at;
   text.at = std::min(text.all.find_first_of(",\r\n", begin), text.all.size());
-  const std::string value = Trim(text.all.substr(begin, text.at - begin));
+  const std::string_view value = text.all.substr(begin, text.at - begin);
   SkipSeparator(text);
-  return value;
+  return std::string(value.substr(0, value.find_last_not_of(" \t") + 1));
 }
 
 double TakeNumber(DelimitedText& text) {

@@ -32,9 +32,7 @@ std::size_t ReadThrough(Files& files, OpenFile& file, std::uint64_t offset, std:
 
 }  // namespace
 
-Files::~Files() {
-  CloseAll(*this);
-}
+Files::~Files() { CloseAll(*this); }
 
 void DoOrThrow(Files& files, FileOperation::Kind kind, const std::string& path, const char* what,
                const std::function<std::string()>& operation) {
@@ -74,13 +72,9 @@ void CloseAll(Files& files) {
   while (!files.open.empty()) Close(files, files.open.begin()->first);
 }
 
-bool IsOpen(const Files& files, int handle) {
-  return files.open.contains(handle);
-}
+bool IsOpen(const Files& files, int handle) { return files.open.contains(handle); }
 
-std::uint64_t LengthOf(Files& files, int handle) {
-  return FileOf(files, handle).length;
-}
+std::uint64_t LengthOf(Files& files, int handle) { return FileOf(files, handle).length; }
 
 std::size_t GetSome(Files& files, int handle, std::uint64_t offset, std::span<std::uint8_t> bytes) {
   OpenFile& file = FileOf(files, handle);
@@ -128,8 +122,6 @@ OpenedFile::OpenedFile(Files& owner, const std::string& path, platform::OpenFor 
   OpenBinary(files, handle, path, purpose);
 }
 
-OpenedFile::~OpenedFile() {
-  Close(files, handle);
-}
+OpenedFile::~OpenedFile() { Close(files, handle); }
 
 }  // namespace oravin

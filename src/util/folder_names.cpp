@@ -10,8 +10,11 @@ FolderNames NamesIn(const std::string& folder) {
   const auto items = platform::ListNative(folder);
   if (!items) return names;
   for (const platform::FileFacts& item : *items) {
-    if (!item.folder && !item.hidden && !item.system)
-      names.items.emplace(UpperCase(item.name), FolderNames::Item{item.name, item.length});
+    if (item.folder || item.hidden || item.system) continue;
+    const FolderNames::Item here{item.name, item.length};
+    const auto [known, fresh] = names.items.emplace(UpperCase(item.name), here);
+    // Of several spellings the first in byte order is taken, as where a path is looked up (platform/native_path.h).
+    if (!fresh && here.spelling < known->second.spelling) known->second = here;
   }
   return names;
 }

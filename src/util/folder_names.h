@@ -16,7 +16,7 @@ struct FolderNames {
   std::unordered_map<std::string, Item> items;  ///< by upper-cased name
 };
 
-/// Lists a folder; one that is missing has no files.
+/// Lists a folder; one that is missing has no files. Of several spellings of one name the first in byte order is taken.
 FolderNames NamesIn(const std::string& folder);
 
 /// A file of the folder, without regard to case; null when it is not there.

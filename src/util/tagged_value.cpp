@@ -44,17 +44,13 @@ void AppendLittleEndian(std::vector<std::uint8_t>& bytes, std::uint64_t value, s
 
 }  // namespace
 
-TaggedValue Int16Value(int number) {
-  return {TaggedValue::int16, static_cast<double>(number), {}};
-}
+TaggedValue Int16Value(int number) { return {TaggedValue::int16, static_cast<double>(number), {}}; }
 
 TaggedValue Int32Value(std::uint32_t number) {
   return {TaggedValue::int32, static_cast<double>(static_cast<std::int32_t>(number)), {}};
 }
 
-TaggedValue BooleanValue(bool truth) {
-  return {TaggedValue::boolean, truth ? -1.0 : 0.0, {}};
-}
+TaggedValue BooleanValue(bool truth) { return {TaggedValue::boolean, truth ? -1.0 : 0.0, {}}; }
 
 std::int64_t WholeNumber(const TaggedValue& value) {
   const double number = value.tag == TaggedValue::text ? std::strtod(value.characters.c_str(), nullptr) : value.number;
@@ -63,9 +59,7 @@ std::int64_t WholeNumber(const TaggedValue& value) {
   return std::llrint(number);
 }
 
-std::uint32_t Unsigned32(const TaggedValue& value) {
-  return static_cast<std::uint32_t>(WholeNumber(value));
-}
+std::uint32_t Unsigned32(const TaggedValue& value) { return static_cast<std::uint32_t>(WholeNumber(value)); }
 
 void AppendTagged(std::vector<std::uint8_t>& bytes, const TaggedValue& value) {
   AppendLittleEndian(bytes, value.tag, 2);

@@ -13,9 +13,7 @@ constexpr std::array<char16_t, 32> upperPage = {0x20AC, 0x0081, 0x201A, 0x0192, 
                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-std::uint8_t Byte(char c) {
-  return static_cast<std::uint8_t>(c);
-}
+std::uint8_t Byte(char c) { return static_cast<std::uint8_t>(c); }
 
 char UpperChar(char c) {
   const std::uint8_t byte = Byte(c);
@@ -62,9 +60,7 @@ char FromCode(char32_t code) {
 
 }  // namespace
 
-std::string Trim(std::string_view text) {
-  return std::string(Trimmed(text));
-}
+std::string Trim(std::string_view text) { return std::string(Trimmed(text)); }
 
 void TrimInPlace(std::string& text) {
   if (text.empty() || (text.front() != ' ' && text.back() != ' ')) return;

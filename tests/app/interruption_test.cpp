@@ -61,9 +61,7 @@ struct Stage {
 
 using Action = std::function<void(Session&)>;
 
-void EnableIt(Session& session) {
-  session.Press("switcher.cmdEnable");
-}
+void EnableIt(Session& session) { session.Press("switcher.cmdEnable"); }
 
 /// Enables, does `first`, and then `action` with a fault at each of its operations in turn; then `next` in a run of its
 /// own, and Disable.
@@ -96,21 +94,15 @@ Action Both(const Action& a, const Action& b) {
   };
 }
 
-TEST(Interruption, EnableThenDisable) {
-  WalkFaults(FaultKind::stop, nothing, EnableIt, nullptr);
-}
+TEST(Interruption, EnableThenDisable) { WalkFaults(FaultKind::stop, nothing, EnableIt, nullptr); }
 
-TEST(Interruption, EnableThenEnableThenDisable) {
-  WalkFaults(FaultKind::stop, nothing, EnableIt, EnableIt);
-}
+TEST(Interruption, EnableThenEnableThenDisable) { WalkFaults(FaultKind::stop, nothing, EnableIt, EnableIt); }
 
 TEST(Interruption, EnableOnAnEnabledInstallation) {
   WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), EnableIt, nullptr);
 }
 
-TEST(Interruption, Swap) {
-  WalkFaults(FaultKind::stop, EnableIt, swapTwoPart, nullptr);
-}
+TEST(Interruption, Swap) { WalkFaults(FaultKind::stop, EnableIt, swapTwoPart, nullptr); }
 
 TEST(Interruption, SwapThenUnswapAll) {
   WalkFaults(FaultKind::stop, EnableIt, swapTwoPart, [](Session& session) { session.UnswapAll(); });
@@ -120,29 +112,19 @@ TEST(Interruption, SwapToAChangedSource) {
   WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), swapChangedSource, nullptr);
 }
 
-TEST(Interruption, Unswap) {
-  WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), unswap, nullptr);
-}
+TEST(Interruption, Unswap) { WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), unswap, nullptr); }
 
 TEST(Interruption, UnswapThenSwapAgain) {
   WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), unswap, swapTwoPart);
 }
 
-TEST(Interruption, Disable) {
-  WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), disable, nullptr);
-}
+TEST(Interruption, Disable) { WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), disable, nullptr); }
 
-TEST(Interruption, DisableThenEnable) {
-  WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), disable, EnableIt);
-}
+TEST(Interruption, DisableThenEnable) { WalkFaults(FaultKind::stop, Both(EnableIt, swapTwoPart), disable, EnableIt); }
 
-TEST(Failure, OfEachOperationOfEnable) {
-  WalkFaults(FaultKind::failure, nothing, EnableIt, nullptr);
-}
+TEST(Failure, OfEachOperationOfEnable) { WalkFaults(FaultKind::failure, nothing, EnableIt, nullptr); }
 
-TEST(Failure, OfEachOperationOfASwap) {
-  WalkFaults(FaultKind::failure, EnableIt, swapTwoPart, nullptr);
-}
+TEST(Failure, OfEachOperationOfASwap) { WalkFaults(FaultKind::failure, EnableIt, swapTwoPart, nullptr); }
 
 TEST(Failure, OfEachOperationOfAnUnswap) {
   WalkFaults(FaultKind::failure, Both(EnableIt, swapTwoPart), unswap, nullptr);

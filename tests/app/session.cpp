@@ -7,9 +7,7 @@ Session::Session(const SmallInstallation& installation, bool start)
   if (start) Form_Load(main, {gamePath, programPath});
 }
 
-void Session::Press(std::string_view action) {
-  Run(main, action);
-}
+void Session::Press(std::string_view action) { Run(main, action); }
 
 void Session::Enable() {
   desk.ExpectQuestion(enableQuestion, Answer::yes);
@@ -47,8 +45,6 @@ void Session::Unswap(int target) {
   Run(main, "switcher.cmdUnswap");
 }
 
-void Session::UnswapAll() {
-  Run(main, "switcher.cmdUnswapAll");
-}
+void Session::UnswapAll() { Run(main, "switcher.cmdUnswapAll"); }
 
 }  // namespace oravin::test

@@ -51,9 +51,7 @@ struct StartUp : testing::Test {
   std::unique_ptr<Session> session = std::make_unique<Session>(installation, false);
 };
 
-std::string WithoutBackslash(const std::string& path) {
-  return path.substr(0, path.size() - 1);
-}
+std::string WithoutBackslash(const std::string& path) { return path.substr(0, path.size() - 1); }
 
 TEST_F(StartUp, TakesTheExePath) {
   RegisterProgram();
@@ -337,9 +335,7 @@ TEST_F(StartUp, ExitEndsTheProgram) {
   EXPECT_THROW(session->Press("about.cmdExit"), ProgramEnd);
 }
 
-TEST_F(StartUp, AnActionThatDoesNotExistIsAnError) {
-  EXPECT_THROW(session->Press("no.such"), std::out_of_range);
-}
+TEST_F(StartUp, AnActionThatDoesNotExistIsAnError) { EXPECT_THROW(session->Press("no.such"), std::out_of_range); }
 
 }  // namespace
 }  // namespace oravin::test

@@ -34,7 +34,11 @@ Forms RoundTrip(const Bytes& data, Effort effort, std::size_t* size = nullptr) {
 }
 
 class EveryEffort : public ::testing::TestWithParam<Effort> {};
-INSTANTIATE_TEST_SUITE_P(Compressor, EveryEffort, ::testing::Values(Effort::kFast, Effort::kNormal, Effort::kBest));
+std::string NameOfEffort(const ::testing::TestParamInfo<Effort>& info) {
+  return info.param == Effort::kFast ? "Fast" : info.param == Effort::kNormal ? "Normal" : "Best";
+}
+INSTANTIATE_TEST_SUITE_P(Compressor, EveryEffort, ::testing::Values(Effort::kFast, Effort::kNormal, Effort::kBest),
+                         NameOfEffort);
 
 TEST_P(EveryEffort, EmptyContentIsHeaderAndEndCommand) {
   EXPECT_EQ(Compress({}, GetParam()), (Bytes{0x10, 0xFB, 0, 0, 0, 0xFC}));

@@ -40,7 +40,8 @@ Bytes AddedBlock(const SmallShip& ship, const Bytes& stock) {
   if (ship.name != "Manta") return block;
   // The text lists Shield Recharge as its 10th value; the block has it behind Afterburner Fuel.
   const float values[15] = {1, 0.5F, 3, 0.5F, 5, 0.5F, 7, 0.5F, 9, 11, 12, 10, 13, 14, 15};
-  for (std::size_t i = 0; i < 15; ++i) PutLittleEndian32(&block[statsAt + 4 * i], std::bit_cast<std::uint32_t>(values[i]));
+  for (std::size_t i = 0; i < 15; ++i)
+    PutLittleEndian32(&block[statsAt + 4 * i], std::bit_cast<std::uint32_t>(values[i]));
   return block;
 }
 
@@ -158,8 +159,7 @@ Bytes ExpectedFiles::DisguisedArchive() const {
   for (const SmallShip& ship : ships) {
     if (ship.kind == 3) continue;
     const std::string name = "S47" + ship.file.substr(3);
-    std::copy(name.begin(), name.end(),
-              disguised.begin() + EntryNamed(archive, ship.entryName).position + 8);
+    std::copy(name.begin(), name.end(), disguised.begin() + EntryNamed(archive, ship.entryName).position + 8);
   }
   return disguised;
 }

@@ -26,7 +26,7 @@ struct ExpectedFiles {
   [[nodiscard]] FolderImage Image() const;
 
   struct Change {
-    std::optional<int> to;     ///< the replacing ship's index
+    std::optional<int> to;       ///< the replacing ship's index
     bool everUnswapped = false;  ///< the record holds a truth value instead of the number 0
   };
 
@@ -35,12 +35,12 @@ struct ExpectedFiles {
   Bytes archive;       ///< as it was
   Bytes stockStats;    ///< shipstats.bin as it was
   bool enabled = false;
-  bool backedUp = false;                    ///< the program's backup folder has been made
-  Bytes stats;                              ///< shipstats.bin
-  std::optional<Bytes> defaults;            ///< shipstats.def
-  std::map<int, int> addedBlocks;           ///< add-on ship to block
-  std::vector<Change> changes;              ///< by ship
-  std::map<std::string, Bytes> looseModels; ///< in the ships folder, by name, what the program put there
+  bool backedUp = false;                     ///< the program's backup folder has been made
+  Bytes stats;                               ///< shipstats.bin
+  std::optional<Bytes> defaults;             ///< shipstats.def
+  std::map<int, int> addedBlocks;            ///< add-on ship to block
+  std::vector<Change> changes;               ///< by ship
+  std::map<std::string, Bytes> looseModels;  ///< in the ships folder, by name, what the program put there
 
  private:
   [[nodiscard]] int Parts(int ship) const;

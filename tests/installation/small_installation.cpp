@@ -34,7 +34,8 @@ Bytes Statistics() {
   Bytes all;
   for (int block = 0; block < stockBlocks; ++block) {
     Bytes bytes(352);
-    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(block * 7 + static_cast<int>(i));
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+      bytes[i] = static_cast<std::uint8_t>(block * 7 + static_cast<int>(i));
     const Bytes name = BytesOf("SHIP" + std::to_string(block));
     std::fill_n(bytes.begin(), 64, std::uint8_t{0});
     std::copy(name.begin(), name.end(), bytes.begin());
@@ -100,8 +101,8 @@ SmallInstallation::SmallInstallation() : gamePath(folder.Windows("game\\")), pro
 void SmallInstallation::WriteShipList() const {
   std::string text = std::to_string(ships.size()) + "\r\n";
   for (const SmallShip& ship : ships) {
-    text += std::to_string(ship.kind) + ",\"" + ship.name + "\",\"" + ship.file + "\"," + std::to_string(ship.statsIndex) +
-            ",\"hull\",\"\"\r\n";
+    text += std::to_string(ship.kind) + ",\"" + ship.name + "\",\"" + ship.file + "\"," +
+            std::to_string(ship.statsIndex) + ",\"hull\",\"\"\r\n";
   }
   WriteFileAt(Program("shipsData.txt"), text);
 }
@@ -124,7 +125,8 @@ std::vector<TableEntry> TableIn(const Bytes& archive) {
   for (std::uint32_t i = 0; i < BigEndian32(&archive.at(8)); ++i) {
     const auto end = std::find(archive.begin() + static_cast<std::ptrdiff_t>(at) + 8, archive.end(), 0);
     const std::string name(archive.begin() + static_cast<std::ptrdiff_t>(at) + 8, end);
-    table.push_back({name, BigEndian32(&archive.at(at)), BigEndian32(&archive.at(at + 4)), static_cast<std::uint32_t>(at)});
+    table.push_back(
+        {name, BigEndian32(&archive.at(at)), BigEndian32(&archive.at(at + 4)), static_cast<std::uint32_t>(at)});
     at += 9 + name.size();
   }
   return table;
@@ -140,7 +142,8 @@ TableEntry EntryNamed(const Bytes& archive, const std::string& name) {
 Bytes UnpackedBytes(const Bytes& archive, const TableEntry& entry, const SmallShip& ship) {
   if (!ship.stored) return ship.model;
   Bytes bytes(entry.size + 50000);
-  for (std::size_t i = 0; i < bytes.size() && entry.offset + i < archive.size(); ++i) bytes[i] = archive[entry.offset + i];
+  for (std::size_t i = 0; i < bytes.size() && entry.offset + i < archive.size(); ++i)
+    bytes[i] = archive[entry.offset + i];
   return bytes;
 }
 

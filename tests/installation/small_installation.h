@@ -15,8 +15,8 @@ namespace oravin::test {
 struct SmallShip {
   int kind;
   std::string name;
-  std::string file;        ///< as the ship list spells it
-  std::string entryName;   ///< as the archive spells it
+  std::string file;       ///< as the ship list spells it
+  std::string entryName;  ///< as the archive spells it
   int statsIndex;
   std::uint8_t classByte;  ///< 1, 3, 5 capital, 2 cloaked, 0 fighter
   bool stored;             ///< not compressed in the archive

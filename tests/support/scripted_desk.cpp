@@ -99,17 +99,11 @@ void ScriptedDesk::ExpectQuestion(const std::string& text, Answer answer, const 
   Expect({text, title, Icon::question, Buttons::yesNo, false}, answer);
 }
 
-void ScriptedDesk::AnswerFolder(const std::string& folder) {
-  folders.push_back(folder);
-}
+void ScriptedDesk::AnswerFolder(const std::string& folder) { folders.push_back(folder); }
 
-void ScriptedDesk::AnswerFile(const std::string& file) {
-  files.push_back(file);
-}
+void ScriptedDesk::AnswerFile(const std::string& file) { files.push_back(file); }
 
-void ScriptedDesk::AllowOthers(std::function<Answer(const MessageBox&)> answer) {
-  others = std::move(answer);
-}
+void ScriptedDesk::AllowOthers(std::function<Answer(const MessageBox&)> answer) { others = std::move(answer); }
 
 bool ScriptedDesk::Done() {
   const bool all = expected.empty() && folders.empty() && files.empty();
@@ -135,8 +129,6 @@ std::string InWords(const MessageBox& box) {
 
 namespace oravin {
 
-void PrintTo(const MessageBox& box, std::ostream* out) {
-  *out << "\n" << test::InWords(box);
-}
+void PrintTo(const MessageBox& box, std::ostream* out) { *out << "\n" << test::InWords(box); }
 
 }  // namespace oravin

@@ -92,21 +92,15 @@ TEST(ScriptedDesk, ABoxThatWasNotExpectedFailsTheTest) {
   EXPECT_NONFATAL_FAILURE(ShowUnexpected(), "was not expected");
 }
 
-TEST(ScriptedDesk, ABoxThatDiffersFailsTheTest) {
-  EXPECT_NONFATAL_FAILURE(ShowDifferent(), "a box differs");
-}
+TEST(ScriptedDesk, ABoxThatDiffersFailsTheTest) { EXPECT_NONFATAL_FAILURE(ShowDifferent(), "a box differs"); }
 
-TEST(ScriptedDesk, ABoxThatNeverComesFailsTheTest) {
-  EXPECT_NONFATAL_FAILURE(ShowNothing(), "never came");
-}
+TEST(ScriptedDesk, ABoxThatNeverComesFailsTheTest) { EXPECT_NONFATAL_FAILURE(ShowNothing(), "never came"); }
 
 TEST(ScriptedDesk, ADialogThatWasNotExpectedFailsTheTest) {
   EXPECT_NONFATAL_FAILURE(BrowseUnexpected(), "was not expected");
 }
 
-TEST(ScriptedDesk, ADialogThatNeverOpensFailsTheTest) {
-  EXPECT_NONFATAL_FAILURE(BrowseNever(), "never opened");
-}
+TEST(ScriptedDesk, ADialogThatNeverOpensFailsTheTest) { EXPECT_NONFATAL_FAILURE(BrowseNever(), "never opened"); }
 
 TEST(ScriptedDesk, RecordsProgress) {
   ScriptedHost at;

@@ -32,9 +32,7 @@ TemporaryFolder::~TemporaryFolder() {
   fs::remove_all(native, failure);
 }
 
-fs::path TemporaryFolder::Native(std::string_view name) const {
-  return native / name;
-}
+fs::path TemporaryFolder::Native(std::string_view name) const { return native / name; }
 
 std::string TemporaryFolder::Windows(std::string_view name) const {
   std::string path = windows + std::string(name);
@@ -50,9 +48,7 @@ void WriteFileAt(const fs::path& path, std::string_view text) {
   if (!file) throw std::runtime_error("the test cannot write " + path.string());
 }
 
-void WriteFileAt(const fs::path& path, const Bytes& bytes) {
-  WriteFileAt(path, std::string_view(TextOf(bytes)));
-}
+void WriteFileAt(const fs::path& path, const Bytes& bytes) { WriteFileAt(path, std::string_view(TextOf(bytes))); }
 
 std::string ReadTextAt(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -63,13 +59,9 @@ std::string ReadTextAt(const fs::path& path) {
   return text;
 }
 
-Bytes ReadFileAt(const fs::path& path) {
-  return BytesOf(ReadTextAt(path));
-}
+Bytes ReadFileAt(const fs::path& path) { return BytesOf(ReadTextAt(path)); }
 
-void MakeFolderAt(const fs::path& path) {
-  fs::create_directories(path);
-}
+void MakeFolderAt(const fs::path& path) { fs::create_directories(path); }
 
 void PatchFileAt(const fs::path& path, std::uint64_t offset, const Bytes& bytes) {
   std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);

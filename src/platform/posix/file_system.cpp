@@ -44,13 +44,9 @@ std::string Reason(int error) {
   }
 }
 
-int Descriptor(NativeFile file) {
-  return static_cast<int>(file);
-}
+int Descriptor(NativeFile file) { return static_cast<int>(file); }
 
-std::string Sum(bool done) {
-  return done ? std::string() : Reason(errno);
-}
+std::string Sum(bool done) { return done ? std::string() : Reason(errno); }
 
 /// Wine keeps the DOS attributes of a file as hexadecimal text in this extended attribute: 2 is hidden, 4 is system.
 unsigned DosAttributes(const std::string& path) {
@@ -134,13 +130,9 @@ std::string LengthNative(NativeFile file, std::uint64_t& length) {
   return {};
 }
 
-std::string FlushNative(NativeFile file) {
-  return Sum(fsync(Descriptor(file)) == 0);
-}
+std::string FlushNative(NativeFile file) { return Sum(fsync(Descriptor(file)) == 0); }
 
-std::string CloseNative(NativeFile file) {
-  return Sum(close(Descriptor(file)) == 0);
-}
+std::string CloseNative(NativeFile file) { return Sum(close(Descriptor(file)) == 0); }
 
 std::string FlushMany(const std::vector<std::string>& paths) {
   // Flushing a whole file system is one wait; file by file it would be one for each.
@@ -159,9 +151,7 @@ std::string FlushMany(const std::vector<std::string>& paths) {
   return {};
 }
 
-std::string EraseNative(const std::string& path) {
-  return Sum(unlink(ToNativePath(path).c_str()) == 0);
-}
+std::string EraseNative(const std::string& path) { return Sum(unlink(ToNativePath(path).c_str()) == 0); }
 
 std::string RenameNative(const std::string& from, const std::string& to) {
   return Sum(rename(ToNativePath(from).c_str(), ToNativePath(to).c_str()) == 0);

@@ -18,9 +18,7 @@ bool Exists(const std::string& path) {
   return lstat(path.c_str(), &facts) == 0;
 }
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 bool SameName(const std::string& a, const char* b) {
   std::size_t i = 0;

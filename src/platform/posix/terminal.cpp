@@ -4,8 +4,6 @@
 
 namespace oravin::platform {
 
-bool PersonAtTerminal() {
-  return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1;
-}
+bool PersonAtTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1; }
 
 }  // namespace oravin::platform

@@ -21,8 +21,6 @@ Environment::Environment(std::string variable, std::optional<std::string> value)
   Set(name, value);
 }
 
-Environment::~Environment() {
-  Set(name, before);
-}
+Environment::~Environment() { Set(name, before); }
 
 }  // namespace oravin::test

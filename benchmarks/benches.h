@@ -1,0 +1,24 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <memory>
+
+namespace oravin::bench {
+
+/// Each registers the benchmarks of one figure or a few.
+void AddDecompress();
+/// @param work a folder for the files that are read
+void AddTableReading(const std::filesystem::path& work);
+/// @param work a folder for sample installations
+void AddInstallation(const std::filesystem::path& work);
+
+/// Prints how long the window takes to its first painting, beside the 0.3 s that it may take.
+/// @param programs the folder of oravin and oravin-cli
+void PrintStart(const std::filesystem::path& programs, const std::filesystem::path& work);
+/// Prints the most memory that enabling takes on an archive of 1 GiB, beside the 64 MiB and the largest file read at
+/// once.
+void PrintMemory(const std::filesystem::path& programs, const std::filesystem::path& work);
+
+}  // namespace oravin::bench

@@ -1,0 +1,26 @@
+// Usage: oravin-bench PROGRAMS WORK: PROGRAMS is the folder of oravin and oravin-cli, WORK a folder for files.
+
+#include <cstdio>
+
+#include "benches.h"
+#include "ratio_table.h"
+
+int main(int argc, char** argv) {
+  using namespace oravin::bench;
+  benchmark::Initialize(&argc, argv);
+  if (argc != 3) {
+    std::fprintf(stderr, "Usage: oravin-bench PROGRAMS WORK\n");
+    return 2;
+  }
+  const std::filesystem::path programs = std::filesystem::absolute(argv[1]);
+  const std::filesystem::path work = std::filesystem::absolute(argv[2]);
+  std::filesystem::create_directories(work);
+  AddDecompress();
+  AddTableReading(work);
+  AddInstallation(work);
+  RatioTable table;
+  benchmark::RunSpecifiedBenchmarks(&table);
+  PrintStart(programs, work);
+  PrintMemory(programs, work);
+  return 0;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace oravin::bench {
+
+/// Gathers the medians of all benchmarks and prints each figure beside its yardsticks. Benchmarks are named
+/// "figure/oravin" and "figure/yardstick NAME (wanted RATIO)"; the ratio is time over time, so less is better.
+class RatioTable : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context& context) override;
+  void ReportRuns(const std::vector<Run>& runs) override;
+  void Finalize() override;
+
+ private:
+  struct Side {
+    std::string name;
+    std::vector<double> seconds;
+  };
+  std::vector<std::string> order_;
+  std::map<std::string, std::vector<Side>> figures_;
+};
+
+/// A time in the unit that suits it.
+std::string InWords(double seconds);
+
+}  // namespace oravin::bench

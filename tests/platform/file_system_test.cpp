@@ -1,0 +1,247 @@
+#include "platform/file_system.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+
+#include "support/environment.h"
+#include "support/file_marks.h"
+#include "support/other_process.h"
+#include "support/temporary_folder.h"
+
+namespace oravin::platform {
+namespace {
+
+using test::TemporaryFolder;
+using test::WriteFileAt;
+
+TEST(OpenNative, TellsInPlainWordsWhyAFileCannotBeOpened) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  const test::Environment prefix("WINEPREFIX", folder.native);
+  NativeFile file = 0;
+  EXPECT_EQ(OpenNative(folder.Windows("missing"), OpenFor::reading, file), "it does not exist");
+  EXPECT_EQ(file, noFile);
+  EXPECT_EQ(OpenNative(folder.Windows("missing/file"), OpenFor::creating, file), "it does not exist");
+  EXPECT_EQ(OpenNative(folder.windows, OpenFor::reading, file), "it is a folder");
+  EXPECT_EQ(OpenNative(folder.Windows("file/below"), OpenFor::reading, file), "a part of the path is no folder");
+  EXPECT_EQ(OpenNative("Q:\\file", OpenFor::reading, file), "there is no such drive");
+}
+
+TEST(OpenNative, TheReadOnlyMarkIsRespected) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  test::SetReadOnly(folder.Native("file"), true);
+  NativeFile file = noFile;
+  for (const OpenFor purpose : {OpenFor::changing, OpenFor::creating, OpenFor::replacing}) {
+    EXPECT_EQ(OpenNative(folder.Windows("file"), purpose, file), "it is read-only");
+    EXPECT_EQ(file, noFile);
+  }
+  EXPECT_EQ(test::ReadTextAt(folder.Native("file")), "x");
+  EXPECT_EQ(OpenNative(folder.Windows("file"), OpenFor::reading, file), "");
+  EXPECT_EQ(CloseNative(file), "");
+}
+
+TEST(OpenNative, CreatingKeepsAndReplacingEmptiesAnExistingFile) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("Kept"), "abc");
+  WriteFileAt(folder.Native("Emptied"), "abc");
+  NativeFile file = noFile;
+  ASSERT_EQ(OpenNative(folder.Windows("kept"), OpenFor::creating, file), "");
+  CloseNative(file);
+  ASSERT_EQ(OpenNative(folder.Windows("EMPTIED"), OpenFor::replacing, file), "");
+  CloseNative(file);
+  ASSERT_EQ(OpenNative(folder.Windows("New"), OpenFor::creating, file), "");
+  CloseNative(file);
+  EXPECT_EQ(test::ImageOf(folder.native), (test::FolderImage{{"Kept", {'a', 'b', 'c'}}, {"Emptied", {}}, {"New", {}}}));
+}
+
+TEST(ReadNative, TellsHowManyBytesThereWereBeforeTheEnd) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "abcdef");
+  NativeFile file = noFile;
+  ASSERT_EQ(OpenNative(folder.Windows("file"), OpenFor::reading, file), "");
+  std::array<std::uint8_t, 4> bytes{};
+  std::size_t count = 99;
+  EXPECT_EQ(ReadNative(file, 4, bytes, count), "");
+  EXPECT_EQ(count, 2U);
+  EXPECT_EQ(bytes[0], 'e');
+  EXPECT_EQ(ReadNative(file, 6, bytes, count), "");
+  EXPECT_EQ(count, 0U);
+  CloseNative(file);
+}
+
+TEST(WriteNative, FillsTheGapBehindTheEndWithZeros) {
+  const TemporaryFolder folder;
+  NativeFile file = noFile;
+  ASSERT_EQ(OpenNative(folder.Windows("file"), OpenFor::creating, file), "");
+  const std::array<std::uint8_t, 1> byte{7};
+  EXPECT_EQ(WriteNative(file, 3, byte), "");
+  std::uint64_t length = 0;
+  EXPECT_EQ(LengthNative(file, length), "");
+  EXPECT_EQ(length, 4U);
+  EXPECT_EQ(FlushNative(file), "");
+  CloseNative(file);
+  EXPECT_EQ(test::ReadFileAt(folder.Native("file")), (Bytes{0, 0, 0, 7}));
+}
+
+TEST(WriteNative, AFileOpenedForReadingRefuses) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  NativeFile file = noFile;
+  ASSERT_EQ(OpenNative(folder.Windows("file"), OpenFor::reading, file), "");
+  const std::array<std::uint8_t, 1> byte{7};
+  EXPECT_NE(WriteNative(file, 0, byte), "");
+  CloseNative(file);
+  EXPECT_EQ(test::ReadTextAt(folder.Native("file")), "x");
+}
+
+TEST(FlushMany, FlushesFilesAndNamesTheReasonForAMissingOne) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("a"), "x");
+  WriteFileAt(folder.Native("b"), "x");
+  EXPECT_EQ(FlushMany({folder.Windows("a"), folder.Windows("b")}), "");
+  EXPECT_EQ(FlushMany({folder.Windows("a"), folder.Windows("missing")}), "it does not exist");
+  EXPECT_EQ(FlushMany({}), "");
+}
+
+TEST(RenameNative, ReplacesAFileOfTheNewName) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("from"), "new");
+  WriteFileAt(folder.Native("To"), "old");
+  EXPECT_EQ(RenameNative(folder.Windows("FROM"), folder.Windows("TO")), "");
+  EXPECT_EQ(test::ImageOf(folder.native), (test::FolderImage{{"To", {'n', 'e', 'w'}}}));
+  EXPECT_EQ(RenameNative(folder.Windows("from"), folder.Windows("to")), "it does not exist");
+}
+
+TEST(EraseNative, ErasesInWhateverCaseAndTellsOfAMissingFile) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("File"), "x");
+  EXPECT_EQ(EraseNative(folder.Windows("fILE")), "");
+  EXPECT_TRUE(test::ImageOf(folder.native).empty());
+  EXPECT_EQ(EraseNative(folder.Windows("file")), "it does not exist");
+}
+
+TEST(MakeFolderNative, AFolderThatIsThereIsNoFailureButAFileIs) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  EXPECT_EQ(MakeFolderNative(folder.Windows("new/")), "");
+  EXPECT_EQ(MakeFolderNative(folder.Windows("NEW")), "");
+  EXPECT_NE(MakeFolderNative(folder.Windows("file")), "");
+  EXPECT_EQ(MakeFolderNative(folder.Windows("a/b")), "it does not exist");
+  EXPECT_EQ(test::ImageOf(folder.native), (test::FolderImage{{"file", {'x'}}, {"new/", {}}}));
+}
+
+TEST(FactsOf, TellsNameKindAndLength) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("Ships/Model.shp"), "abc");
+  const auto file = FactsOf(folder.Windows("ships/MODEL.SHP"));
+  ASSERT_TRUE(file);
+  EXPECT_EQ(file->name, "Model.shp");
+  EXPECT_FALSE(file->folder);
+  EXPECT_EQ(file->length, 3U);
+  const auto ships = FactsOf(folder.Windows("SHIPS"));
+  ASSERT_TRUE(ships);
+  EXPECT_TRUE(ships->folder);
+  EXPECT_EQ(ships->length, 0U);
+  EXPECT_FALSE(FactsOf(folder.Windows("missing")));
+}
+
+TEST(FactsOf, TellsHiddenAndSystemFiles) {
+  const TemporaryFolder folder;
+  for (const char* name : {"plain", "hidden", "system", "both"}) WriteFileAt(folder.Native(name), "x");
+  if (!test::SetDosAttributes(folder.Native("hidden"), test::hiddenMark)) {
+    GTEST_SKIP() << "the file system of the temporary folder keeps no extended attributes";
+  }
+  test::SetDosAttributes(folder.Native("system"), test::systemMark);
+  test::SetDosAttributes(folder.Native("both"), test::hiddenMark | test::systemMark);
+  const auto marks = [&](const char* name) {
+    const auto facts = FactsOf(folder.Windows(name));
+    return std::pair(facts->hidden, facts->system);
+  };
+  EXPECT_EQ(marks("plain"), std::pair(false, false));
+  EXPECT_EQ(marks("hidden"), std::pair(true, false));
+  EXPECT_EQ(marks("system"), std::pair(false, true));
+  EXPECT_EQ(marks("both"), std::pair(true, true));
+}
+
+TEST(ListNative, ListsFilesAndFoldersWithoutTheDots) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("B.txt"), "xy");
+  test::MakeFolderAt(folder.Native("a"));
+  auto items = ListNative(folder.windows);
+  ASSERT_TRUE(items);
+  std::sort(items->begin(), items->end(), [](const auto& x, const auto& y) { return x.name < y.name; });
+  ASSERT_EQ(items->size(), 2U);
+  EXPECT_EQ((*items)[0].name, "B.txt");
+  EXPECT_EQ((*items)[0].length, 2U);
+  EXPECT_FALSE((*items)[0].folder);
+  EXPECT_EQ((*items)[1].name, "a");
+  EXPECT_TRUE((*items)[1].folder);
+}
+
+TEST(ListNative, AMissingFolderCannotBeListed) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  EXPECT_FALSE(ListNative(folder.Windows("missing/")));
+  EXPECT_FALSE(ListNative(folder.Windows("file")));
+}
+
+TEST(WhyNotWritable, NothingSpeaksAgainstAnOrdinaryFile) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  EXPECT_EQ(WhyNotWritable(folder.Windows("file")), "");
+  EXPECT_EQ(test::ReadTextAt(folder.Native("file")), "x");
+}
+
+TEST(WhyNotWritable, AReadOnlyFileIsNotWritable) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  test::SetReadOnly(folder.Native("file"), true);
+  EXPECT_EQ(WhyNotWritable(folder.Windows("file")), "it is read-only");
+}
+
+TEST(WhyNotWritable, AFileThatAnotherProgramHasOpenIsNotWritable) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  if (!test::KnowsHeldFiles(folder.native)) {
+    GTEST_SKIP() << "the file system of the temporary folder does not tell who has a file open";
+  }
+  {
+    const test::HeldFile held(folder.Native("file"));
+    EXPECT_EQ(WhyNotWritable(folder.Windows("file")), "another program has it open");
+  }
+  EXPECT_EQ(WhyNotWritable(folder.Windows("file")), "");
+}
+
+TEST(WhyNotWritable, AMissingFileIsNotWritable) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(WhyNotWritable(folder.Windows("file")), "it does not exist");
+  EXPECT_TRUE(test::ImageOf(folder.native).empty());
+}
+
+TEST(WhyNoNewFiles, TellsOfMissingReadOnlyAndWrongFolders) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  test::MakeFolderAt(folder.Native("locked"));
+  test::SetReadOnly(folder.Native("locked"), true);
+  EXPECT_EQ(WhyNoNewFiles(folder.windows), "");
+  EXPECT_EQ(WhyNoNewFiles(folder.Windows("locked")), "it is read-only");
+  EXPECT_EQ(WhyNoNewFiles(folder.Windows("missing")), "it does not exist");
+  EXPECT_EQ(WhyNoNewFiles(folder.Windows("file")), "a part of the path is no folder");
+  test::SetReadOnly(folder.Native("locked"), false);
+}
+
+TEST(FreeSpace, IsWhatTheFileSystemHasLeft) {
+  const TemporaryFolder folder;
+  const auto free = FreeSpace(folder.windows);
+  ASSERT_TRUE(free);
+  const auto space = std::filesystem::space(folder.native);
+  EXPECT_GT(*free, 0U);
+  EXPECT_LE(*free, space.capacity);
+  EXPECT_FALSE(FreeSpace(folder.Windows("missing")));
+}
+
+}  // namespace
+}  // namespace oravin::platform

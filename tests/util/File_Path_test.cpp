@@ -1,0 +1,266 @@
+#include "util/File_Path.h"
+
+#include <gtest/gtest.h>
+
+#include "support/environment.h"
+#include "support/file_marks.h"
+#include "support/temporary_folder.h"
+
+namespace oravin {
+namespace {
+
+using test::TemporaryFolder;
+using test::WriteFileAt;
+
+TEST(FileExists, AnExistingFileInWhateverCase) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("Ships/Model.SHP"), "x");
+  EXPECT_TRUE(FileExists(folder.Windows("ships/model.shp")));
+  EXPECT_FALSE(FileExists(folder.Windows("ships/other.shp")));
+}
+
+TEST(FileExists, TrimsTheCallersVariable) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("a.txt"), "x");
+  std::string path = "  " + folder.Windows("a.txt") + "   ";
+  EXPECT_TRUE(FileExists(path));
+  EXPECT_EQ(path, folder.Windows("a.txt"));
+  std::string missing = " missing ";
+  EXPECT_FALSE(FileExists(missing));
+  EXPECT_EQ(missing, "missing");
+}
+
+TEST(FileExists, AnEmptyPathDoesNotExist) {
+  EXPECT_FALSE(FileExists(std::string()));
+  EXPECT_FALSE(FileExists("   "));
+}
+
+TEST(FileExists, APathThatEndsInABackslashAColonOrADotDoesNotExist) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("colon:"), "x");
+  WriteFileAt(folder.Native("dot."), "x");
+  test::MakeFolderAt(folder.Native("game"));
+  EXPECT_FALSE(FileExists(folder.Windows("game/")));
+  EXPECT_FALSE(FileExists(folder.Windows("colon:")));
+  EXPECT_FALSE(FileExists(folder.Windows("dot.")));
+  EXPECT_FALSE(FileExists("C:"));
+  EXPECT_FALSE(FileExists("C:\\game\\"));
+}
+
+TEST(FileExists, APathWithACharacterAbove127DoesNotExist) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("J\xC3\xA4ger.shp"), "x");
+  ASSERT_TRUE(std::filesystem::exists(folder.Native("J\xC3\xA4ger.shp")));
+  EXPECT_FALSE(FileExists(folder.Windows("J\xC3\xA4ger.shp")));
+}
+
+TEST(FileExists, APathWithAControlCharacterDoesNotExist) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("a\tb"), "x");
+  EXPECT_FALSE(FileExists(folder.Windows("a\tb")));
+}
+
+TEST(FileExists, CharacterCode127IsAccepted) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("a\x7F"), "x");
+  EXPECT_TRUE(FileExists(folder.Windows("a\x7F")));
+}
+
+TEST(FileExists, AFolderIsNoFile) {
+  const TemporaryFolder folder;
+  test::MakeFolderAt(folder.Native("game"));
+  EXPECT_FALSE(FileExists(folder.Windows("game")));
+}
+
+TEST(FileExists, HiddenAndSystemFilesDoNotCount) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("hidden.shp"), "x");
+  WriteFileAt(folder.Native("system.shp"), "x");
+  if (!test::SetDosAttributes(folder.Native("hidden.shp"), test::hiddenMark)) {
+    GTEST_SKIP() << "the file system of the temporary folder keeps no extended attributes";
+  }
+  test::SetDosAttributes(folder.Native("system.shp"), test::systemMark);
+  EXPECT_FALSE(FileExists(folder.Windows("hidden.shp")));
+  EXPECT_FALSE(FileExists(folder.Windows("system.shp")));
+  EXPECT_FALSE(FileExists(folder.Windows("*.shp")));
+  WriteFileAt(folder.Native("plain.shp"), "x");
+  EXPECT_TRUE(FileExists(folder.Windows("*.shp")));
+}
+
+TEST(FileExists, APathWithWildcardsExistsWhenAnythingMatches) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("Model1.SHP"), "x");
+  test::MakeFolderAt(folder.Native("folder.bmp"));
+  EXPECT_TRUE(FileExists(folder.Windows("*.shp")));
+  EXPECT_TRUE(FileExists(folder.Windows("model?.shp")));
+  EXPECT_TRUE(FileExists(folder.Windows("*")));
+  EXPECT_FALSE(FileExists(folder.Windows("model??.shp")));
+  EXPECT_FALSE(FileExists(folder.Windows("*.bmp")));
+  EXPECT_FALSE(FileExists(folder.Windows("missing/*")));
+}
+
+TEST(FileExists, OnAnUnknownDriveNothingExists) {
+  const TemporaryFolder folder;
+  const test::Environment prefix("WINEPREFIX", folder.native);
+  EXPECT_FALSE(FileExists("Q:\\file.txt"));
+  EXPECT_FALSE(FileExists("Q:\\*"));
+}
+
+TEST(FolderExists, WithAndWithoutTheBackslashAtItsEnd) {
+  const TemporaryFolder folder;
+  test::MakeFolderAt(folder.Native("Game"));
+  std::string path = " " + folder.Windows("game") + " ";
+  EXPECT_TRUE(FolderExists(path));
+  EXPECT_EQ(path, folder.Windows("game"));
+  EXPECT_TRUE(FolderExists(folder.Windows("GAME/")));
+  EXPECT_FALSE(FolderExists(folder.Windows("other")));
+}
+
+TEST(FolderExists, NeitherAFileNorAnEmptyNorAnUnprintablePath) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "x");
+  test::MakeFolderAt(folder.Native("\xC3\x84"));
+  EXPECT_FALSE(FolderExists(folder.Windows("file")));
+  EXPECT_FALSE(FolderExists(folder.Windows("file/")));
+  EXPECT_FALSE(FolderExists(""));
+  EXPECT_FALSE(FolderExists("  "));
+  EXPECT_FALSE(FolderExists(folder.Windows("\xC3\x84")));
+}
+
+TEST(AddBackslash, ToThePathAndToTheCallersVariable) {
+  std::string path = "  C:\\a ";
+  EXPECT_EQ(AddBackslash(path), "C:\\a\\");
+  EXPECT_EQ(path, "C:\\a\\");
+}
+
+TEST(AddBackslash, OneThatIsThereIsEnough) {
+  std::string path = "C:\\a\\";
+  EXPECT_EQ(AddBackslash(path), "C:\\a\\");
+}
+
+TEST(AddBackslash, AnEmptyPathStaysEmpty) {
+  std::string path = "   ";
+  EXPECT_EQ(AddBackslash(path), "");
+  EXPECT_EQ(path, "");
+}
+
+TEST(ParentFolder, OfAFileAndOfAFolderAreTheSame) {
+  EXPECT_EQ(ParentFolder("C:\\a\\b.txt"), "C:\\a\\");
+  EXPECT_EQ(ParentFolder("C:\\a\\b\\"), "C:\\a\\");
+}
+
+TEST(ParentFolder, OfANameWithoutABackslashIsEmpty) {
+  EXPECT_EQ(ParentFolder("ships.dat"), "");
+  EXPECT_EQ(ParentFolder("ships\\"), "");
+  EXPECT_EQ(ParentFolder("\\"), "");
+  EXPECT_EQ(ParentFolder(""), "");
+}
+
+TEST(ParentFolder, TrimsTheCallersVariable) {
+  std::string path = " C:\\a\\b ";
+  EXPECT_EQ(ParentFolder(path), "C:\\a\\");
+  EXPECT_EQ(path, "C:\\a\\b");
+}
+
+TEST(FileNameOf, IsWhatStandsBehindTheLastBackslashOrColon) {
+  EXPECT_EQ(FileNameOf("C:\\x\\ships.dat"), "ships.dat");
+  EXPECT_EQ(FileNameOf("C:ships.dat"), "ships.dat");
+  EXPECT_EQ(FileNameOf("C:\\x\\folder\\"), "folder\\");
+}
+
+TEST(FileNameOf, ABareNameGivesAnEmptyText) {
+  EXPECT_EQ(FileNameOf("ships.dat"), "");
+  EXPECT_EQ(FileNameOf(""), "");
+}
+
+TEST(FileNameOf, TrimsTheCallersVariable) {
+  std::string path = " C:\\a.b ";
+  EXPECT_EQ(FileNameOf(path), "a.b");
+  EXPECT_EQ(path, "C:\\a.b");
+}
+
+TEST(ExtensionOf, OneToThreeCharactersInLowerCase) {
+  EXPECT_EQ(ExtensionOf("model.SHP"), "shp");
+  EXPECT_EQ(ExtensionOf("C:\\x\\a.Gz"), "gz");
+  EXPECT_EQ(ExtensionOf("make.C"), "c");
+  EXPECT_EQ(ExtensionOf("  model.SHP "), "shp");
+}
+
+TEST(ExtensionOf, ALongerOneOrNoneIsEmpty) {
+  EXPECT_EQ(ExtensionOf("archive.jpeg"), "");
+  EXPECT_EQ(ExtensionOf("readme"), "");
+  EXPECT_EQ(ExtensionOf("readme."), "");
+  EXPECT_EQ(ExtensionOf(""), "");
+}
+
+TEST(ExtensionOf, TheFirstDotAmongTheLastFourCharactersCounts) { EXPECT_EQ(ExtensionOf("model.a.b"), "a.b"); }
+
+TEST(ChangeExtension, ReplacesOneToThreeCharacters) {
+  EXPECT_EQ(ChangeExtension("C:\\x\\model.SHP", ".org"), "C:\\x\\model.org");
+  EXPECT_EQ(ChangeExtension("a.gz", ".bmp"), "a.bmp");
+  EXPECT_EQ(ChangeExtension("a.c", ".bmp"), "a.bmp");
+}
+
+TEST(ChangeExtension, WhereThereIsNoneTheNewOneIsAppended) {
+  EXPECT_EQ(ChangeExtension("readme", ".txt"), "readme.txt");
+  EXPECT_EQ(ChangeExtension("archive.jpeg", ".bmp"), "archive.jpeg.bmp");
+}
+
+TEST(ChangeExtension, TrimsBothOfTheCallersVariables) {
+  std::string path = " a.shp ";
+  std::string extension = " .org ";
+  EXPECT_EQ(ChangeExtension(path, extension), "a.org");
+  EXPECT_EQ(path, "a.shp");
+  EXPECT_EQ(extension, ".org");
+}
+
+TEST(ChangeExtension, AnEmptyPathStaysEmpty) { EXPECT_EQ(ChangeExtension("  ", ".org"), ""); }
+
+TEST(IsPrintableText, CodesFrom32To127) {
+  EXPECT_TRUE(IsPrintableText("a b~\x7F"));
+  EXPECT_FALSE(IsPrintableText(""));
+  EXPECT_FALSE(IsPrintableText("   "));
+  EXPECT_FALSE(IsPrintableText("a\x1F"));
+  EXPECT_FALSE(IsPrintableText("a\x80"));
+  EXPECT_FALSE(IsPrintableText("\xFF"));
+  std::string text = "  a ";
+  EXPECT_TRUE(IsPrintableText(text));
+  EXPECT_EQ(text, "a");
+}
+
+TEST(IsPlainFileName, NamesOfFilesInsideAFolder) {
+  for (const char* name : {"tiger.shp", "a", "S47tiger.shp", "two words.shp", "COM10", "COMET.shp", "console"}) {
+    EXPECT_TRUE(IsPlainFileName(name)) << name;
+  }
+}
+
+TEST(IsPlainFileName, NothingThatTheFileSystemGivesAMeaningOfItsOwn) {
+  for (const char* name :
+       {"",   ".",  "..", "..\\a.shp", "a/b",   "C:a", "a*",      "a?",  "a|b",     "<a",  "a>",   "\"a\"",
+        " a", "a ", "a.", "a\n",       "a\x7F", "CON", "con.shp", "NUL", "aux.txt", "Prn", "COM1", "lpt9.shp"}) {
+    EXPECT_FALSE(IsPlainFileName(name)) << name;
+  }
+  EXPECT_FALSE(IsPlainFileName(std::string("a\0b", 3)));
+}
+
+TEST(MatchesPattern, StarsAndQuestionMarks) {
+  EXPECT_TRUE(MatchesPattern("Model.SHP", "*.shp"));
+  EXPECT_TRUE(MatchesPattern("model.shp", "m*l.s?p"));
+  EXPECT_TRUE(MatchesPattern("aXbXc", "a*X*c"));
+  EXPECT_TRUE(MatchesPattern("abc", "abc**"));
+  EXPECT_TRUE(MatchesPattern("", "*"));
+  EXPECT_FALSE(MatchesPattern("model.shp", "model?.shp"));
+  EXPECT_FALSE(MatchesPattern("model.shp", "*.sh"));
+  EXPECT_FALSE(MatchesPattern("model.shp", "odel.shp"));
+  EXPECT_FALSE(MatchesPattern("", "?"));
+}
+
+TEST(MatchesPattern, StarDotStarStandsForNamesWithoutAnExtensionToo) {
+  EXPECT_TRUE(MatchesPattern("readme", "*.*"));
+  EXPECT_TRUE(MatchesPattern("readme", "readme.*"));
+  EXPECT_TRUE(MatchesPattern("readme.txt", "*.*"));
+  EXPECT_FALSE(MatchesPattern("readme", "other.*"));
+}
+
+}  // namespace
+}  // namespace oravin

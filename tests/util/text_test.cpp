@@ -1,0 +1,98 @@
+#include "util/text.h"
+
+#include <gtest/gtest.h>
+
+namespace oravin {
+namespace {
+
+TEST(Text, TrimTakesBlanksAndNothingElse) {
+  EXPECT_EQ(Trim("  a b  "), "a b");
+  EXPECT_EQ(Trim("\ta\n"), "\ta\n");
+  EXPECT_EQ(Trim("   "), "");
+  EXPECT_EQ(Trim(""), "");
+  std::string text = " x ";
+  TrimInPlace(text);
+  EXPECT_EQ(text, "x");
+  std::string blanks = "  ";
+  TrimInPlace(blanks);
+  EXPECT_EQ(blanks, "");
+}
+
+TEST(Text, UpperCaseKnowsTheLettersOfTheCodePage) {
+  EXPECT_EQ(UpperCase("azAZ09_"), "AZAZ09_");
+  EXPECT_EQ(UpperCase("\xE0\xE4\xF6\xFC\xFE"), "\xC0\xC4\xD6\xDC\xDE");
+  EXPECT_EQ(UpperCase("\x9A\x9C\x9E\xFF"), "\x8A\x8C\x8E\x9F");
+  EXPECT_EQ(UpperCase("\xF7\xD7\xDF\xB5"), "\xF7\xD7\xDF\xB5");  // signs, sharp s and micro have no other case
+}
+
+TEST(Text, LowerCaseIsTheWayBack) {
+  EXPECT_EQ(LowerCase("AZaz"), "azaz");
+  for (int code = 0; code < 256; ++code) {
+    const std::string one(1, static_cast<char>(code));
+    if (UpperCase(one) != one) {
+      EXPECT_EQ(LowerCase(UpperCase(one)), one) << code;
+    }
+    if (LowerCase(one) != one) {
+      EXPECT_EQ(UpperCase(LowerCase(one)), one) << code;
+    }
+  }
+}
+
+TEST(Text, NamesAreComparedWithoutBlanksAtTheEndsAndWithoutRegardToCase) {
+  EXPECT_TRUE(SameName(" Tiger ", "TIGER"));
+  EXPECT_TRUE(SameName("J\xE4ger", "J\xC4GER"));
+  EXPECT_TRUE(SameName("", "  "));
+  EXPECT_FALSE(SameName("Tiger", "Tiger2"));
+  EXPECT_FALSE(SameName("Ti ger", "Tiger"));
+}
+
+TEST(Text, DigitsAreGroupedByThousands) {
+  EXPECT_EQ(Grouped(0), "0");
+  EXPECT_EQ(Grouped(999), "999");
+  EXPECT_EQ(Grouped(1000), "1,000");
+  EXPECT_EQ(Grouped(1234567), "1,234,567");
+  EXPECT_EQ(Grouped(18446744073709551615ULL), "18,446,744,073,709,551,615");
+}
+
+TEST(Text, NamesAreListedOneALine) {
+  EXPECT_EQ(Listed({}), "");
+  EXPECT_EQ(Listed({"a", "b"}), "\na\nb");
+}
+
+TEST(Text, OfManyNamesOnlyTheFirstTwentyAreListed) {
+  std::vector<std::string> names(20, "x");
+  std::string all;
+  for (int i = 0; i < 20; ++i) all += "\nx";
+  EXPECT_EQ(Listed(names), all);
+  names.push_back("y");
+  EXPECT_EQ(Listed(names), all + "\nand 1 more");
+  names.push_back("z");
+  EXPECT_EQ(Listed(names), all + "\nand 2 more");
+}
+
+TEST(Text, EveryByteComesBackThroughUtf8) {
+  std::string all;
+  for (int code = 0; code < 256; ++code) all += static_cast<char>(code);
+  EXPECT_EQ(FromUtf8(ToUtf8(all)), all);
+}
+
+TEST(Text, TheUpperHalfOfTheCodePageIsRead) {
+  EXPECT_EQ(ToUtf8("\x80"), "\xE2\x82\xAC");  // euro sign
+  EXPECT_EQ(ToUtf8("\x8A"), "\xC5\xA0");      // S with caron
+  EXPECT_EQ(ToUtf8("\xE4"), "\xC3\xA4");      // a with diaeresis
+  EXPECT_EQ(FromUtf8("\xE2\x82\xAC\xC3\xA4z"), "\x80\xE4z");
+}
+
+TEST(Text, ACharacterOutsideTheCodePageBecomesAQuestionMark) {
+  EXPECT_EQ(FromUtf8("a\xD0\x96z"), "a?z");
+  EXPECT_EQ(FromUtf8("\xF0\x9F\x9A\x80!"), "?!");
+}
+
+TEST(Text, BrokenUtf8DoesNoHarm) {
+  EXPECT_EQ(FromUtf8("a\xE2\x82").front(), 'a');
+  EXPECT_EQ(FromUtf8("\xC3").size(), 1U);
+  EXPECT_EQ(FromUtf8("\xFF\xFF\xFF\xFFz").back(), 'z');
+}
+
+}  // namespace
+}  // namespace oravin
