@@ -19,6 +19,10 @@ using platform::OpenFor;
 constexpr std::size_t firstBlock = 65536;
 constexpr std::size_t largestReserve = 65536;
 
+/// From this length on a name's end is looked for before its characters are kept: a name without an end must not take
+/// memory for all the rest of the file.
+constexpr std::size_t longName = std::size_t{1} << 20;
+
 /// The table's bytes as they come from the file, block by block.
 struct TableBlocks {
   Files& files;
@@ -41,6 +45,16 @@ bool ReadOn(TableBlocks& table) {
   return count > 0;
 }
 
+/// True when a zero byte stands anywhere behind the block: looked for without keeping what lies before it.
+bool ZeroAhead(const TableBlocks& table) {
+  Bytes block(firstBlock);
+  for (std::uint64_t at = table.blockAt + table.block.size();; at += block.size()) {
+    const std::size_t count = GetSome(table.files, table.handle, at, block);
+    if (std::memchr(block.data(), 0, count) != nullptr) return true;
+    if (count < block.size()) return false;
+  }
+}
+
 [[noreturn]] void EndsEarly(const std::string& path) {
   throw RunTimeError("could not read", path, "its table is damaged: it ends in the middle of an entry");
 }
@@ -55,6 +69,7 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
     const std::size_t left = table.block.size() - table.at;
     if (left > searched) zero = std::memchr(table.block.data() + table.at + searched, 0, left - searched);
     if (zero != nullptr) break;
+    if (searched < longName && left >= longName && !ZeroAhead(table)) EndsEarly(path);
     searched = left;
     if (!ReadOn(table)) EndsEarly(path);
   }

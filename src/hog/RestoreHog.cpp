@@ -103,7 +103,9 @@ bool RestoreHogByBackup(Host& host, std::string hogPath, const std::string& ship
     for (const HogEntry& entry : backup.entries) {
       if (!IsPlainFileName(entry.Name) || !NamesDisguised(host.files, hog.handle, entry.FatPos, entry.Name)) continue;
       // The loose model goes first: as long as the name is disguised, another run knows that it is the program's own.
-      all = EraseModelAndBackup(host, shipsFolder, entry.Name, ".org") && all;
+      const bool erased = EraseModelAndBackup(host, shipsFolder, entry.Name, ".org");
+      all = erased && all;
+      if (!erased) continue;
       PutNameBack(host.files, hog.handle, entry.FatPos, entry.Name, entry.Name);
     }
     Flush(host.files, hog.handle);

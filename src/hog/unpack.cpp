@@ -39,6 +39,14 @@ void WriteStored(Files& files, int hog, int handle, std::uint32_t size, std::uin
   }
 }
 
+/// Writes one more file beside its name. Two ships may share a model: a destination that was written before takes its
+/// name once, with what was written last.
+void AddOnce(Files& files, WholeFiles& together, const std::string& destination,
+             const std::function<void(int handle)>& write) {
+  std::erase_if(together.paths, [&](const std::string& path) { return SameName(path, destination); });
+  AddWhole(files, together, destination, write);
+}
+
 /// Unpacks one model beside its name; says so where the archive no longer holds it.
 bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, const ShipRecord& ship,
              const std::string& model) {
@@ -119,12 +127,12 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
   }
   const std::uint32_t signature = ReadWordBE(files, offset, hog.handle);
   if (signature != compressedSignature) {
-    AddWhole(files, together, destination, [&](int handle) { WriteStored(files, hog.handle, handle, size, offset); });
+    AddOnce(files, together, destination, [&](int handle) { WriteStored(files, hog.handle, handle, size, offset); });
     return signature;
   }
   Unpacked unpacked;
   Decompress(ReadStored(files, hog.handle, size, offset), unpacked, destination);
-  AddWhole(files, together, destination, [&](int handle) { Put(files, handle, 0, unpacked.Span()); });
+  AddOnce(files, together, destination, [&](int handle) { Put(files, handle, 0, unpacked.Span()); });
   return signature;
 }
 

@@ -15,6 +15,8 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
   // Only the defaults get blocks of imported ships, so whatever lies behind the current file's length is one.
   const int stockBlocks = static_cast<int>(FileLength(current) / statsBlockSize);
   const int known = FindAddedBlock(host, defaults, ship.ShipName.Trimmed(), stockBlocks);
+  // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
+  if (known < 0 && !FileExists(std::string(defaults))) return 0;
   if (known < 0) return CopyShipStats(host, defaults, ship, stats);
   PutShipsStats(host, defaults, known, stats);
   return known;

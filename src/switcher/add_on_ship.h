@@ -13,7 +13,7 @@ inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
 
 /// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`: from its statistics text,
 /// else from the first block of `shipstats.bin`. A block that bears the ship's name already is written anew in place.
-/// @return the block's index
+/// @return the block's index; 0 where `shipstats.def` is missing, which then stays so
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship);
 
 /// Copies an add-on ship's model into the game's ships folder.

@@ -45,6 +45,8 @@ WritePlan PlanSwap(Files& files, const Installation& installation, int target, i
   const ShipRecord& by = installation.ships[static_cast<std::size_t>(source)];
   const std::uint64_t sourceSize = ModelSize(files, installation, by);
   NeedRoom(plan, installation.GamePath, sourceSize);
+  // A source that only the archive has is unpacked first, and an older backup of it is deleted.
+  if (!by.Imported && !FileExists(installation.GamePath + "ships\\" + ModelOf(by))) AddModel(plan, installation, by);
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
     NeedRoom(plan, installation.GamePath, sourceSize + ModelSize(files, installation, installation.ships[part]));

@@ -47,7 +47,7 @@ TEST(Sample, TheWholeCycleLeavesTheGameFolderAsItWas) {
   Form_Load(main, {sample.game.string(), sample.program.string()});
   desk.ExpectQuestion(enableQuestion, Answer::yes);
   desk.ExpectSuccess(enabledText, programTitle, Icon::none);
-  Run(main, "switcher.cmdEnable");
+  oravin::Run(main, "switcher.cmdEnable");
   EXPECT_EQ(main.installation.ships.size(), sample.ships.size() + 1);
   // Every target once, each to another source, fighters first.
   for (int mode = 0; mode < 2; ++mode) {
@@ -55,13 +55,13 @@ TEST(Sample, TheWholeCycleLeavesTheGameFolderAsItWas) {
     for (std::size_t row = 0; row < main.switcher.swapOrgList.rows.size(); ++row) {
       SelectOnly(main.switcher.swapOrgList, row);
       SelectOnly(main.switcher.swapToList, (row * 7 + 3) % sources);
-      Run(main, "switcher.cmdSwap");
+      oravin::Run(main, "switcher.cmdSwap");
     }
-    Run(main, "switcher.cmdToggle");
+    oravin::Run(main, "switcher.cmdToggle");
   }
   desk.ExpectQuestion(disableQuestion, Answer::yes);
   desk.ExpectSuccess("Restoration complete");
-  Run(main, "switcher.cmdDisable");
+  oravin::Run(main, "switcher.cmdDisable");
   EXPECT_TRUE(SameImage(before, Without(ImageOf(sample.game), {"shipstats.def"})));
 }
 

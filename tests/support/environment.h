@@ -7,7 +7,7 @@ namespace oravin::test {
 
 /// Sets an environment variable, or takes it away, for as long as this record lives.
 struct Environment {
-  Environment(std::string variable, std::optional<std::string> value);
+  Environment(std::string variable, const std::optional<std::string>& value);
   Environment(const Environment&) = delete;
   Environment& operator=(const Environment&) = delete;
   ~Environment();

@@ -69,7 +69,7 @@ std::string Differences(const FolderImage& expected, const FolderImage& actual) 
       continue;
     }
     const std::string difference = Difference(bytes, found->second);
-    if (!difference.empty()) text += "  changed: " + name + ": " + difference + "\n";
+    if (!difference.empty()) text.append("  changed: ").append(name).append(": ").append(difference).append("\n");
   }
   for (const auto& [name, bytes] : actual) {
     if (!expected.contains(name)) text += "  new: " + name + " (" + std::to_string(bytes.size()) + " bytes)\n";

@@ -16,7 +16,7 @@ void Set(const std::string& name, const std::optional<std::string>& value) {
 
 }  // namespace
 
-Environment::Environment(std::string variable, std::optional<std::string> value) : name(std::move(variable)) {
+Environment::Environment(std::string variable, const std::optional<std::string>& value) : name(std::move(variable)) {
   if (const char* found = std::getenv(name.c_str())) before = found;
   Set(name, value);
 }

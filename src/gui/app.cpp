@@ -1,0 +1,32 @@
+#include "gui/app.h"
+
+#include <utility>
+
+#include "app/start_up.h"
+#include "desk/program_end.h"
+#include "gui/window_desk.h"
+
+namespace oravin::gui {
+
+App::App(Options options) : options_(std::move(options)) {}
+
+bool App::OnInit() {
+  // The command line has been read already, so nothing of it is left for the toolkit.
+  SetAppName("oravin");
+  SetClassName("Oravin");
+  SetAppDisplayName(programTitle);
+  return true;
+}
+
+int App::OnRun() {
+  main_.host.desk = WindowDesk(window_);
+  try {
+    Form_Load(main_, options_.folders);
+  } catch (const ProgramEnd&) {
+    return 0;  // the person was told, or chose to leave
+  }
+  OpenWindow(window_, main_, options_);
+  return wxApp::OnRun();
+}
+
+}  // namespace oravin::gui

@@ -1,0 +1,153 @@
+#include "gui/layout_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <system_error>
+
+#include "gui/text_edge.h"
+#include "util/text.h"
+
+namespace oravin::gui {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// A rectangle on the screen in the window's own (logical) pixels, as one in the screen's pixels.
+Json PixelsOf(const wxWindow& window, const wxRect& rectangle) {
+  const double scale = window.GetContentScaleFactor();
+  const auto pixels = [scale](int value) { return static_cast<int>(std::lround(value * scale)); };
+  return {{"x", pixels(rectangle.x)},
+          {"y", pixels(rectangle.y)},
+          {"width", pixels(rectangle.width)},
+          {"height", pixels(rectangle.height)}};
+}
+
+Json SizeOf(const wxWindow& window, const wxSize& size) {
+  Json pixels = PixelsOf(window, size);
+  return {{"width", pixels["width"]}, {"height", pixels["height"]}};
+}
+
+/// A part of a window by its client coordinates.
+Json RectangleOf(const wxWindow& window, const wxRect& part) {
+  return PixelsOf(window, {window.ClientToScreen(part.GetPosition()), part.GetSize()});
+}
+
+Json RectangleOf(const wxWindow& window) { return RectangleOf(window, {wxPoint(0, 0), window.GetSize()}); }
+
+Json RowsOf(const ListWindow& window, const ListView& record) {
+  Json rows = Json::array();
+  const auto first = static_cast<std::size_t>(std::max(0L, window.GetTopItem()));
+  const auto count = static_cast<std::size_t>(std::max(0, window.GetCountPerPage()));
+  for (std::size_t i = first; i < record.rows.size() && i < first + count; ++i) {
+    const ListRow& row = record.rows[i];
+    wxRect rectangle;
+    const auto item = static_cast<long>(i);
+    if (item >= window.GetItemCount() || !window.GetItemRect(item, rectangle)) continue;
+    Json texts = Json::array();
+    for (const std::string& text : row.texts) texts.push_back(ToUtf8(text));
+    rows.push_back({{"row", i},
+                    {"key", row.key},
+                    {"texts", texts},
+                    {"selected", window.GetItemState(item, wxLIST_STATE_SELECTED) != 0},
+                    {"rectangle", RectangleOf(window, rectangle)}});
+  }
+  return rows;
+}
+
+void AddList(Json& control, const ListWindow& window, const ListView& record) {
+  Json columns = Json::array();
+  for (std::size_t i = 0; i < record.columns.size(); ++i) {
+    columns.push_back(
+        {{"heading", ToUtf8(record.columns[i].heading)}, {"width", window.GetColumnWidth(static_cast<int>(i))}});
+  }
+  control["rowCount"] = record.rows.size();
+  control["columns"] = columns;
+  control["rows"] = RowsOf(window, record);
+}
+
+Json ControlOf(const Reflection& reflection) {
+  const wxWindow& window = *reflection.window;
+  Json control = {{"name", reflection.name},          {"shown", window.IsShownOnScreen()},
+                  {"enabled", window.IsEnabled()},    {"caption", window.GetLabel().utf8_string()},
+                  {"rectangle", RectangleOf(window)}, {"wants", SizeOf(window, window.GetBestSize())}};
+  if (const auto* text = dynamic_cast<const wxTextCtrl*>(&window)) control["text"] = text->GetValue().utf8_string();
+  const auto* list = dynamic_cast<const ListWindow*>(&window);
+  if (list != nullptr && reflection.list != nullptr) AddList(control, *list, *reflection.list);
+  return control;
+}
+
+/// The tabs' own rectangles. The notebook only tells which tab is at a point, so they are felt out along the strip.
+Json TabsOf(const wxNotebook& notebook) {
+  struct Extent {
+    int left = -1;
+    int right = -1;
+  };
+  std::vector<Extent> extents(notebook.GetPageCount());
+  const int strip = notebook.GetCurrentPage()->GetPosition().y;
+  const int middle = strip / 2;
+  for (int x = 0; x < notebook.GetSize().GetWidth(); ++x) {
+    const int tab = notebook.HitTest({x, middle});
+    if (tab == wxNOT_FOUND) continue;
+    Extent& extent = extents[static_cast<std::size_t>(tab)];
+    if (extent.left < 0) extent.left = x;
+    extent.right = x;
+  }
+  Json tabs = Json::array();
+  for (std::size_t i = 0; i < extents.size(); ++i) {
+    const wxRect rectangle(extents[i].left, 0, extents[i].right - extents[i].left + 1, strip);
+    tabs.push_back(
+        {{"caption", notebook.GetPageText(i).utf8_string()}, {"rectangle", RectangleOf(notebook, rectangle)}});
+  }
+  return tabs;
+}
+
+std::string LayoutOf(const Window& window) {
+  const wxFrame& frame = *window.frame;
+  const wxWindow* focus = wxWindow::FindFocus();
+  Json layout = {{"scale", frame.GetContentScaleFactor()},
+                 {"frame", PixelsOf(frame, frame.GetScreenRect())},
+                 {"client", RectangleOf(frame, {wxPoint(0, 0), frame.GetClientSize()})},
+                 {"focus", focus == nullptr ? std::string() : focus->GetName().utf8_string()},
+                 {"running", window.running},
+                 {"progressPaintings", window.progressPaintings},
+                 {"boxes", window.boxesShown},
+                 {"box", nullptr}};
+  if (window.box != nullptr) {
+    layout["box"] = {{"title", ToUtf8(window.box->title)}, {"text", ToUtf8(window.box->text)}};
+  }
+  layout["tab"] = window.notebook->GetPageText(static_cast<std::size_t>(window.notebook->GetSelection())).utf8_string();
+  layout["tabs"] = TabsOf(*window.notebook);
+  layout["controls"] = Json::array();
+  for (const Reflection& reflection : window.mirror.reflections) layout["controls"].push_back(ControlOf(reflection));
+  return layout.dump(1) + "\n";
+}
+
+bool WriteAndRename(const std::string& path, const std::string& text) {
+  const std::string beside = path + ".new";
+  std::ofstream file(beside, std::ios::binary | std::ios::trunc);
+  file << text;
+  file.close();
+  if (!file) return false;
+  std::error_code failure;
+  std::filesystem::rename(beside, path, failure);
+  return !failure;
+}
+
+}  // namespace
+
+void KeepLayout(Window& window) {
+  if (window.layoutFile.empty() || !window.painted || window.frame->IsBeingDeleted()) return;
+  std::string text = LayoutOf(window);
+  if (text == window.layoutText) return;
+  window.layoutText = std::move(text);
+  if (!WriteAndRename(window.layoutFile, window.layoutText)) {
+    std::fprintf(stderr, "oravin: %s could not be written\n", window.layoutFile.c_str());
+  }
+}
+
+}  // namespace oravin::gui

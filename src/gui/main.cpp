@@ -1,0 +1,14 @@
+#include <wx/init.h>
+
+#include <array>
+
+#include "gui/app.h"
+
+int main(int argc, char** argv) {
+  oravin::gui::Options options;
+  if (const auto status = oravin::gui::ReadOptions(argc, argv, options)) return *status;
+  wxApp::SetInstance(new oravin::gui::App(options));  // the toolkit deletes it
+  std::array<char*, 2> nameAlone = {*argv, nullptr};
+  int one = 1;
+  return wxEntry(one, nameAlone.data());
+}

@@ -1,0 +1,33 @@
+#include "gui/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include "app/about_tab.h"
+
+namespace oravin::gui {
+
+std::optional<int> ReadOptions(int argc, const char* const* argv, Options& options) {
+  CLI::App parser{"Edits the installed files of StarLancer, in a window."};
+  parser.name("oravin");
+  parser.add_option("--game", options.folders.game, "The game folder; without it, it is searched for")
+      ->type_name("DIR");
+  parser.add_option("--program", options.folders.program, "The program folder; without it, it is searched for")
+      ->type_name("DIR");
+  parser
+      .add_option("--layout", options.layoutFile,
+                  "For tests that click: keeps a JSON file with the window's state and where on the screen every "
+                  "control is, renewed whenever something changed")
+      ->type_name("FILE");
+  parser.add_flag("--exit-when-painted", options.exitWhenPainted,
+                  "For measuring: ends as soon as the window was painted once");
+  parser.set_version_flag("--version", "Oravin " + PlainVersion(), "Prints the version");
+  try {
+    parser.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    constexpr int wrongUse = 2;
+    return parser.exit(error) == 0 ? 0 : wrongUse;
+  }
+  return std::nullopt;
+}
+
+}  // namespace oravin::gui

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/start_up.h"
+
+namespace oravin::gui {
+
+/// What the program was started with.
+struct Options {
+  GivenFolders folders;
+  std::string layoutFile;        ///< where the layout is kept; empty for nowhere
+  bool exitWhenPainted = false;  ///< for measuring how long the start takes
+};
+
+/// Reads the command line. Prints what --help, --version or a wrong use call for.
+/// @return the exit status when the program ends here (0, or 2 for wrong use)
+std::optional<int> ReadOptions(int argc, const char* const* argv, Options& options);
+
+}  // namespace oravin::gui

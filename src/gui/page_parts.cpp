@@ -1,0 +1,37 @@
+#include <wx/panel.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+
+#include "gui/pages.h"
+
+namespace oravin::gui {
+
+wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Button& record) {
+  auto* button = new wxButton(parent, wxID_ANY);
+  Reflect(surroundings.mirror, name, button, record);
+  button->Bind(wxEVT_BUTTON, [press = surroundings.press, name](wxCommandEvent&) { press(name); });
+  return button;
+}
+
+wxWindow* NewEdge(wxWindow* parent) {
+  // Large enough from the start for a scroll bar to find its room.
+  auto* edge = new wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(220, 200)));
+  edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW));
+  return edge;
+}
+
+void Enframe(wxWindow* edge, ListWindow* list) {
+  auto* sizer = new wxBoxSizer(wxVERTICAL);
+  sizer->Add(list, wxSizerFlags(1).Expand().Border(wxALL, edge->FromDIP(1)));
+  edge->SetSizer(sizer);
+}
+
+void Enlarge(wxStaticText* label, float factor, bool bold) {
+  const wxFont larger = label->GetFont().Scaled(factor);
+  label->SetFont(bold ? larger.Bold() : larger);
+  // Before the window is on the screen a label still wants the room of the font that it had.
+  const int rounding = label->FromDIP(2);
+  label->SetMinSize(label->GetTextExtent(label->GetLabelText()) + wxSize(rounding, 0));
+}
+
+}  // namespace oravin::gui

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/main.h"
+#include "gui/mirror.h"
+#include "gui/pictures.h"
+
+/// The pages of the window, one a tab.
+namespace oravin::gui {
+
+/// What a page is made with.
+struct Surroundings {
+  Main& main;                                     ///< the records that the page shows
+  Mirror& mirror;                                 ///< where its controls are put
+  std::function<void(const std::string&)> press;  ///< runs an action of the handler table
+};
+
+/// Distances in pixels at 100 %.
+inline constexpr int pageMargin = 12;
+inline constexpr int gap = 8;
+
+/// Makes a button that runs the action of its own name.
+wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Button& record);
+
+/// A panel for a list, which draws its edge: made before the list, as its parent, and laid out by Enframe.
+wxWindow* NewEdge(wxWindow* parent);
+
+/// Fills an edge with its list.
+void Enframe(wxWindow* edge, ListWindow* list);
+
+/// Shows a label's text larger.
+void Enlarge(wxStaticText* label, float factor, bool bold = false);
+
+/// Makes a page that says in one line what it is for, below a picture.
+/// @param picture drawn in the size purposePictureSize
+wxWindow* NewPurposePage(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Label& purpose,
+                         const wxBitmapBundle& picture);
+inline constexpr int purposePictureSize = 96;
+
+wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings);
+wxWindow* NewStatsPage(wxWindow* parent, const Surroundings& surroundings);
+wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings);
+wxWindow* NewHogPage(wxWindow* parent, const Surroundings& surroundings);
+wxWindow* NewTcachePage(wxWindow* parent, const Surroundings& surroundings);
+wxWindow* NewAboutPage(wxWindow* parent, const Surroundings& surroundings);
+
+}  // namespace oravin::gui

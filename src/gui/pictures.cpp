@@ -1,0 +1,70 @@
+#include "gui/pictures.h"
+
+#include <wx/icon.h>
+
+#include <array>
+
+#include "drawings.h"
+#include "switcher/switcher_tab.h"
+
+namespace oravin::gui {
+
+namespace {
+
+constexpr int listPictureSize = 20;
+
+enum ShipPicture {
+  stockFighter,
+  otherStockFighter,
+  stockCapital,
+  otherStockCapital,
+  importedFighter,
+  importedCapital,
+  shipPictureCount
+};
+
+constexpr std::array<const char*, shipPictureCount> shipDrawings = {
+    drawings::stock_fighter_blue, drawings::stock_fighter_red, drawings::stock_capital_blue,
+    drawings::stock_capital_red,  drawings::imported_fighter,  drawings::imported_capital};
+
+}  // namespace
+
+wxVector<wxBitmapBundle> ShipPictures() {
+  wxVector<wxBitmapBundle> pictures;
+  for (const char* drawing : shipDrawings) {
+    pictures.push_back(wxBitmapBundle::FromSVG(drawing, {listPictureSize, listPictureSize}));
+  }
+  return pictures;
+}
+
+int PictureOf(const ListRow& row, ShipsShown shown) {
+  const bool capital = shown == ShipsShown::capitalShips;
+  switch (row.image) {
+    case stockImage:
+      return capital ? stockCapital : stockFighter;
+    case otherStockImage:
+      return capital ? otherStockCapital : otherStockFighter;
+    case importedFighterImage:
+      return importedFighter;
+    case importedCapitalImage:
+      return importedCapital;
+    default:
+      return -1;
+  }
+}
+
+wxBitmapBundle Emblem(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::emblem, size); }
+
+wxIconBundle ProgramIcon() {
+  wxIconBundle icons;
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) icons.AddIcon(Emblem({size, size}).GetIcon({size, size}));
+  return icons;
+}
+
+wxBitmapBundle ImportPicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_import, size); }
+
+wxBitmapBundle ArchivePicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_archive, size); }
+
+wxBitmapBundle TexturesPicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_textures, size); }
+
+}  // namespace oravin::gui

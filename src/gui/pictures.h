@@ -1,0 +1,33 @@
+#pragma once
+
+#include <wx/bmpbndl.h>
+#include <wx/iconbndl.h>
+#include <wx/vector.h>
+
+#include "desk/controls.h"
+
+/// The window's own drawings.
+namespace oravin::gui {
+
+/// Which kind of ships a list of the switcher shows: the picture of a stock ship depends on it.
+enum class ShipsShown { fighters, capitalShips };
+
+/// The pictures of the ship lists, in the order of PictureOf: stock and imported ships differ in shape, as fighters and
+/// capital ships do, and the two kinds of stock ship in colour.
+wxVector<wxBitmapBundle> ShipPictures();
+
+/// The picture of a row among ShipPictures; -1 for none.
+int PictureOf(const ListRow& row, ShipsShown shown);
+
+/// The program's emblem.
+wxBitmapBundle Emblem(const wxSize& size);
+
+/// The program's icon from 16 to 256 pixels.
+wxIconBundle ProgramIcon();
+
+/// The pictures of the pages that only say what they are for, in a size in pixels at 100 %.
+wxBitmapBundle ImportPicture(const wxSize& size);
+wxBitmapBundle ArchivePicture(const wxSize& size);
+wxBitmapBundle TexturesPicture(const wxSize& size);
+
+}  // namespace oravin::gui

@@ -1,0 +1,117 @@
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/statbmp.h>
+
+#include <string>
+#include <vector>
+
+#include "gui/pages.h"
+
+namespace oravin::gui {
+
+namespace {
+
+constexpr int betweenWidth = 152;  // so that the button whose caption turns round does not move the lists
+constexpr const char* doubleClick = "switcher.swapOrgList.DblClick";
+
+ListWindow* NewShipList(wxWindow* parent, const SwitcherTab& tab, const ListView& record) {
+  const std::string showsFighters = NewSwitcherTab().cmdToggle.caption;
+  auto* list = new ListWindow(parent, record, [&tab, showsFighters](const ListRow& row) {
+    // The button offers the other kind of ships.
+    return PictureOf(row, tab.cmdToggle.caption == showsFighters ? ShipsShown::fighters : ShipsShown::capitalShips);
+  });
+  list->SetSmallImages(ShipPictures());
+  list->SetMinSize(parent->FromDIP(wxSize(220, 200)));
+  return list;
+}
+
+/// What the pictures mean: each kind of ship with its pictures.
+wxSizer* NewLegend(wxWindow* page, Mirror& mirror) {
+  struct Entry {
+    std::vector<ListRow> rows;
+    ShipsShown shown;
+    const char* meaning;
+  };
+  const auto row = [](int image) { return ListRow{{}, {}, image, false}; };
+  const std::vector<Entry> entries = {
+      {{row(stockImage), row(otherStockImage)}, ShipsShown::fighters, "Stock fighter"},
+      {{row(stockImage), row(otherStockImage)}, ShipsShown::capitalShips, "Stock capital ship"},
+      {{row(importedFighterImage)}, ShipsShown::fighters, "Imported fighter"},
+      {{row(importedCapitalImage)}, ShipsShown::capitalShips, "Imported capital ship"}};
+
+  const wxVector<wxBitmapBundle> pictures = ShipPictures();
+  auto* legend = new wxBoxSizer(wxHORIZONTAL);
+  for (const Entry& entry : entries) {
+    if (&entry != &entries.front()) legend->AddSpacer(page->FromDIP(2 * gap));
+    for (const ListRow& drawn : entry.rows) {
+      const auto picture = static_cast<std::size_t>(PictureOf(drawn, entry.shown));
+      legend->Add(new wxStaticBitmap(page, wxID_ANY, pictures[picture]), wxSizerFlags().CentreVertical());
+      legend->AddSpacer(page->FromDIP(gap / 2));
+    }
+    auto* meaning = new wxStaticText(page, wxID_ANY, entry.meaning);
+    Name(mirror, std::string("switcher.legend.") + entry.meaning, meaning);
+    legend->Add(meaning, wxSizerFlags().CentreVertical());
+  }
+  return legend;
+}
+
+}  // namespace
+
+wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings) {
+  SwitcherTab& tab = surroundings.main.switcher;
+  Mirror& mirror = surroundings.mirror;
+  auto* page = new wxPanel(parent);
+
+  // Made in the order in which the Tab key walks them.
+  wxWindow* left = NewEdge(page);
+  ListWindow* targets = NewShipList(left, tab, tab.swapOrgList);
+  Enframe(left, targets);
+  Reflect(mirror, "switcher.swapOrgList", targets, tab.swapOrgList);
+  targets->Bind(wxEVT_LIST_ITEM_ACTIVATED, [press = surroundings.press](wxListEvent&) { press(doubleClick); });
+  wxButton* swap = NewButton(page, surroundings, "switcher.cmdSwap", tab.cmdSwap);
+  wxButton* unswap = NewButton(page, surroundings, "switcher.cmdUnswap", tab.cmdUnswap);
+  wxButton* unswapAll = NewButton(page, surroundings, "switcher.cmdUnswapAll", tab.cmdUnswapAll);
+  wxButton* toggle = NewButton(page, surroundings, "switcher.cmdToggle", tab.cmdToggle);
+  wxWindow* right = NewEdge(page);
+  ListWindow* sources = NewShipList(right, tab, tab.swapToList);
+  Enframe(right, sources);
+  Reflect(mirror, "switcher.swapToList", sources, tab.swapToList);
+  wxSizer* legend = NewLegend(page, mirror);
+  wxButton* enable = NewButton(page, surroundings, "switcher.cmdEnable", tab.cmdEnable);
+  wxButton* disable = NewButton(page, surroundings, "switcher.cmdDisable", tab.cmdDisable);
+
+  const int space = page->FromDIP(gap);
+  auto* between = new wxBoxSizer(wxVERTICAL);
+  between->SetMinSize(page->FromDIP(wxSize(betweenWidth, -1)));
+  between->AddStretchSpacer();
+  between->Add(swap, wxSizerFlags().Expand());
+  between->AddSpacer(space);
+  between->Add(unswap, wxSizerFlags().Expand());
+  between->AddSpacer(3 * space);
+  between->Add(unswapAll, wxSizerFlags().Expand());
+  between->AddSpacer(3 * space);
+  between->Add(toggle, wxSizerFlags().Expand());
+  between->AddStretchSpacer();
+
+  auto* lists = new wxBoxSizer(wxHORIZONTAL);
+  lists->Add(left, wxSizerFlags(5).Expand());
+  lists->Add(between, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, page->FromDIP(pageMargin)));
+  lists->Add(right, wxSizerFlags(3).Expand());
+
+  auto* below = new wxBoxSizer(wxHORIZONTAL);
+  below->Add(legend, wxSizerFlags().CentreVertical());
+  below->AddStretchSpacer();
+  below->Add(enable, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
+  below->Add(disable, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
+
+  auto* whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(lists, wxSizerFlags(1).Expand());
+  whole->AddSpacer(page->FromDIP(pageMargin));
+  whole->Add(below, wxSizerFlags().Expand());
+  auto* framed = new wxBoxSizer(wxVERTICAL);
+  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(pageMargin)));
+  page->SetSizer(framed);
+  return page;
+}
+
+}  // namespace oravin::gui

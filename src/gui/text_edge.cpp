@@ -1,0 +1,18 @@
+#include "gui/text_edge.h"
+
+#include "platform/native_path.h"
+#include "util/text.h"
+
+namespace oravin::gui {
+
+wxString ToScreen(std::string_view text) { return wxString::FromUTF8(ToUtf8(text)); }
+
+std::string FromScreen(const wxString& text) { return FromUtf8(text.utf8_string()); }
+
+wxString ToDialogPath(const std::string& windowsPath) {
+  return {platform::ToNativePath(windowsPath).c_str(), *wxConvFileName};
+}
+
+std::string FromDialogPath(const wxString& path) { return platform::ToWindowsPath(path.ToStdString(*wxConvFileName)); }
+
+}  // namespace oravin::gui

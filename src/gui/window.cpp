@@ -1,0 +1,144 @@
+#include "gui/window.h"
+
+#include <wx/app.h>
+#include <wx/display.h>
+#include <wx/msgdlg.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+#include <array>
+#include <exception>
+
+#include "app/handlers.h"
+#include "desk/dialogs.h"
+#include "desk/program_end.h"
+#include "gui/layout_file.h"
+#include "gui/pages.h"
+#include "gui/pictures.h"
+#include "gui/text_edge.h"
+
+namespace oravin::gui {
+
+namespace {
+
+constexpr int gaugeRange = 1000;
+
+void AddPages(Window& window, Main& main) {
+  const Surroundings surroundings{main, window.mirror,
+                                  [&window, &main](const std::string& action) { Press(window, main, action); }};
+  using NewPage = wxWindow* (*)(wxWindow*, const Surroundings&);
+  constexpr std::array<NewPage, 6> pages = {NewSwitcherPage, NewStatsPage,  NewImportPage,
+                                            NewHogPage,      NewTcachePage, NewAboutPage};
+  for (std::size_t i = 0; i < pages.size() && i < main.TabStrip1.captions.size(); ++i) {
+    window.notebook->AddPage(pages.at(i)(window.notebook, surroundings), ToScreen(main.TabStrip1.captions[i]));
+  }
+  Reflect(window.mirror, "main.TabStrip1", window.notebook, main.TabStrip1);
+}
+
+/// The status line: what a long action is doing, and a bar that tells how far it has come.
+void AddStatusLine(Window& window) {
+  window.status = window.frame->CreateStatusBar(2);
+  const std::array<int, 2> widths = {-1, window.frame->FromDIP(240)};
+  window.status->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
+  window.gauge =
+      new wxGauge(window.status, wxID_ANY, gaugeRange, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL | wxGA_SMOOTH);
+  window.gauge->Hide();
+  window.status->Bind(wxEVT_SIZE, [&window](wxSizeEvent& event) {
+    event.Skip();
+    wxRect field;
+    if (window.status->GetFieldRect(1, field)) window.gauge->SetSize(field.Deflate(window.status->FromDIP(2)));
+  });
+}
+
+/// Ctrl+PageUp and Ctrl+PageDown turn the pages wherever the focus is; a list would keep them to itself.
+void TurnPage(Window& window, wxKeyEvent& event) {
+  const bool next = event.GetKeyCode() == WXK_PAGEDOWN;
+  if (!event.ControlDown() || (!next && event.GetKeyCode() != WXK_PAGEUP)) {
+    event.Skip();
+  } else if (!window.running) {
+    window.notebook->AdvanceSelection(next);
+  }
+}
+
+void FirstPainted(Window& window, const Options& options) {
+  if (window.painted) return;
+  window.painted = true;
+  KeepLayout(window);
+  if (options.exitWhenPainted) window.frame->Close(true);
+}
+
+void BindEvents(Window& window, const Options& options) {
+  window.frame->Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) { TurnPage(window, event); });
+  window.frame->Bind(wxEVT_CLOSE_WINDOW, [&window](wxCloseEvent& event) {
+    if (window.running && event.CanVeto()) {
+      event.Veto();  // an action in the middle of its work must come to its end
+    } else {
+      event.Skip();
+    }
+  });
+  wxWindow* page = window.notebook->GetCurrentPage();
+  page->Bind(wxEVT_PAINT, [&window, options](wxPaintEvent& event) {
+    event.Skip();
+    if (!window.painted) window.frame->CallAfter([&window, options] { FirstPainted(window, options); });
+  });
+  if (window.layoutFile.empty()) return;
+  window.frame->Bind(wxEVT_IDLE, [&window](wxIdleEvent& event) {
+    event.Skip();
+    if (window.painted) KeepLayout(window);
+  });
+}
+
+/// A frame in the middle of the screen.
+wxFrame* NewFrame() {
+  const wxRect screen = wxDisplay(0U).GetClientArea();
+  const wxSize wanted = wxWindow::FromDIP(wxSize(1120, 720), nullptr);
+  const wxSize size(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
+  auto* frame = new wxFrame(nullptr, wxID_ANY, programTitle, wxRect(size).CentreIn(screen).GetPosition(), size);
+  frame->SetMinClientSize(frame->FromDIP(wxSize(900, 560)));
+  frame->SetName("main");
+  frame->SetIcons(ProgramIcon());
+  return frame;
+}
+
+/// Runs the action itself. Returns whether the program goes on.
+bool RunToItsEnd(Window& window, Main& main, std::string_view action) {
+  try {
+    Run(main, action);
+  } catch (const ProgramEnd&) {
+    return false;
+  } catch (const std::exception& failure) {
+    // Nothing below the handler table lets anything else out; a full memory is the one that remains.
+    wxMessageDialog(window.frame, wxString::FromUTF8(failure.what()), programTitle, wxOK | wxICON_ERROR).ShowModal();
+  }
+  return true;
+}
+
+}  // namespace
+
+void Press(Window& window, Main& main, std::string_view action) {
+  if (window.running) return;
+  window.running = true;
+  wxWindow* focus = wxWindow::FindFocus();
+  TakeAll(window.mirror);
+  const bool goesOn = RunToItsEnd(window, main, action);
+  EndProgress(main.host);
+  ShowAll(window.mirror);
+  if (focus != nullptr && wxWindow::FindFocus() != focus) focus->SetFocus();
+  window.running = false;
+  if (!goesOn) window.frame->Close(true);
+}
+
+void OpenWindow(Window& window, Main& main, const Options& options) {
+  window.layoutFile = options.layoutFile;
+  window.frame = NewFrame();
+  window.notebook = new wxNotebook(window.frame, wxID_ANY);
+  AddPages(window, main);
+  AddStatusLine(window);
+  auto* whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(window.notebook, wxSizerFlags(1).Expand().Border(wxALL, window.frame->FromDIP(gap / 2)));
+  window.frame->SetSizer(whole);
+  BindEvents(window, options);
+  window.frame->Show();
+}
+
+}  // namespace oravin::gui

@@ -1,0 +1,245 @@
+#include "cli/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "app/about_tab.h"
+#include "cli/help_text.h"
+
+namespace oravin {
+namespace {
+
+using Kind = CommandLine::Kind;
+
+std::optional<Result> Nothing(Session&, const std::vector<std::string>&) { return std::nullopt; }
+
+/// Commands of the shapes that there are: a verb alone, a group, several arguments.
+const std::vector<Command>& MadeUp() {
+  static const std::vector<Command> commands = {
+      {"", "look", {}, "Looks.", Nothing},
+      {"stats", "set", {{"SHIP", "a ship"}, {"LABEL", "a label"}, {"VALUE", "a value"}}, "Sets.", Nothing},
+      {"stats", "show", {{"SHIP", "a ship"}}, "Shows.", Nothing}};
+  return commands;
+}
+
+CommandLine Read(const std::vector<std::string>& words) { return ReadCommandLine(MadeUp(), words); }
+
+void ExpectWrong(const std::vector<std::string>& words, const std::string& what) {
+  const CommandLine line = Read(words);
+  EXPECT_EQ(line.kind, Kind::wrong);
+  EXPECT_EQ(line.text, "oravin-cli: " + what + "\n\"oravin-cli --help\" shows how it is used.\n");
+}
+
+TEST(CommandLine, AVerbWithoutAGroup) {
+  const CommandLine line = Read({"look"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.command, &MadeUp()[0]);
+  EXPECT_FALSE(line.json);
+  EXPECT_EQ(line.answers.always, std::nullopt);
+}
+
+TEST(CommandLine, AVerbOfAGroupWithItsArgumentsInOrder) {
+  const CommandLine line = Read({"stats", "set", "Predator", "Max Speed", "12"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.command, &MadeUp()[1]);
+  EXPECT_EQ(line.values, (std::vector<std::string>{"Predator", "Max Speed", "12"}));
+}
+
+TEST(CommandLine, OptionsStandBeforeTheGroup) {
+  const CommandLine line = Read({"--json", "--yes", "stats", "show", "Predator"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_TRUE(line.json);
+  EXPECT_EQ(line.answers.always, true);
+}
+
+TEST(CommandLine, OptionsStandBetweenGroupAndVerb) {
+  const CommandLine line = Read({"stats", "--json", "show", "Predator"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_TRUE(line.json);
+}
+
+TEST(CommandLine, OptionsStandBehindTheVerbAndBetweenTheArguments) {
+  const CommandLine line = Read({"stats", "set", "--no", "Predator", "Ammo", "--json", "5"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_TRUE(line.json);
+  EXPECT_EQ(line.answers.always, false);
+  EXPECT_EQ(line.values, (std::vector<std::string>{"Predator", "Ammo", "5"}));
+}
+
+TEST(CommandLine, ANegativeNumberIsAValue) {
+  for (const std::string number : {"-5", "-0.25", "-.5", "-1e-3", "-12,5"}) {
+    const CommandLine line = Read({"stats", "set", "Predator", "Ammo", number, "--json"});
+    ASSERT_EQ(line.kind, Kind::run) << number << ": " << line.text;
+    EXPECT_EQ(line.values.back(), number);
+    EXPECT_TRUE(line.json);
+  }
+}
+
+TEST(CommandLine, SeveralNegativeNumbersAreValues) {
+  const CommandLine line = Read({"stats", "set", "-1", "-2", "-3"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.values, (std::vector<std::string>{"-1", "-2", "-3"}));
+}
+
+TEST(CommandLine, OneNegativeNumberTooManyIsNamedAsItWasTyped) {
+  ExpectWrong({"stats", "show", "Predator", "-5"}, "The following argument was not expected: -5");
+}
+
+TEST(CommandLine, AnUnknownOptionIsNoValue) {
+  EXPECT_EQ(Read({"stats", "show", "--frob"}).kind, Kind::wrong);
+  EXPECT_EQ(Read({"stats", "show", "-x"}).kind, Kind::wrong);
+  EXPECT_EQ(Read({"stats", "show", "-.x"}).kind, Kind::wrong);
+}
+
+TEST(CommandLine, BehindTwoDashesAllWordsAreValues) {
+  const CommandLine line = Read({"stats", "set", "--", "--json", "-x", "-5"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.values, (std::vector<std::string>{"--json", "-x", "-5"}));
+  EXPECT_FALSE(line.json);
+}
+
+TEST(CommandLine, AnArgumentMayBeTheNameOfACommand) {
+  const CommandLine line = Read({"stats", "set", "look", "stats", "show"});
+  ASSERT_EQ(line.kind, Kind::run) << line.text;
+  EXPECT_EQ(line.command, &MadeUp()[1]);
+  EXPECT_EQ(line.values, (std::vector<std::string>{"look", "stats", "show"}));
+}
+
+TEST(CommandLine, AnArgumentMayBeEmpty) {
+  const CommandLine line = Read({"stats", "show", ""});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.values, std::vector<std::string>{""});
+}
+
+TEST(CommandLine, ArgumentsComeInTheCodePageOfTheCore) {
+  EXPECT_EQ(Read({"stats", "show", "Sch\xC3\xBCtze \xE2\x82\xAC"}).values, std::vector<std::string>{"Sch\xFCtze \x80"});
+}
+
+TEST(CommandLine, FoldersAreTakenAsWindowsPaths) {
+  const CommandLine line = Read({"--game", "/games/lancer", "look", "--program", "C:\\Oravin\\"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.folders.game, "Z:\\games\\lancer");
+  EXPECT_EQ(line.folders.program, "C:\\Oravin\\");
+}
+
+TEST(CommandLine, ARelativeFolderIsTakenFromTheCurrentOne) {
+  std::string here = std::filesystem::current_path().string();
+  for (char& c : here) {
+    if (c == '/') c = '\\';
+  }
+  EXPECT_EQ(Read({"--game", "lancer", "look"}).folders.game, "Z:" + here + "\\lancer");
+}
+
+TEST(CommandLine, AnOptionsValueMayStandBehindAnEqualsSign) {
+  const CommandLine line = Read({"--game=/lancer", "--answers=yes", "look"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.folders.game, "Z:\\lancer");
+  EXPECT_EQ(line.answers.inOrder, std::vector<Answer>{Answer::yes});
+}
+
+TEST(CommandLine, AnswersAreTakenInOrder) {
+  const CommandLine line = Read({"--answers", "yes,no,cancel", "look"});
+  ASSERT_EQ(line.kind, Kind::run);
+  EXPECT_EQ(line.answers.always, std::nullopt);
+  EXPECT_EQ(line.answers.inOrder, (std::vector<Answer>{Answer::yes, Answer::no, Answer::cancel}));
+}
+
+TEST(CommandLine, YesNoAndAnswersExcludeEachOther) {
+  ExpectWrong({"look", "--yes", "--no"}, "--yes excludes --no");
+  ExpectWrong({"look", "--yes", "--answers", "no"}, "--yes excludes --answers");
+  ExpectWrong({"look", "--no", "--answers", "no"}, "--no excludes --answers");
+}
+
+TEST(CommandLine, AnAnswerThatIsNoneIsWrong) {
+  ExpectWrong({"look", "--answers", "yes,maybe"},
+              "--answers: only yes, no, ok and cancel, separated by commas, are answers");
+}
+
+TEST(CommandLine, AnEmptyFolderIsWrong) {
+  ExpectWrong({"look", "--game", ""}, "--game: the folder is empty");
+  ExpectWrong({"look", "--program", ""}, "--program: the folder is empty");
+}
+
+TEST(CommandLine, AnOptionWithoutItsValueOrGivenTwiceIsWrong) {
+  ExpectWrong({"look", "--game"}, "--game must be given once and with one value");
+  ExpectWrong({"look", "--game", "a", "--game", "b"}, "--game must be given once and with one value");
+}
+
+TEST(CommandLine, NoCommandIsWrong) {
+  ExpectWrong({}, "a command is missing");
+  ExpectWrong({"--json"}, "a command is missing");
+}
+
+TEST(CommandLine, AGroupWithoutAVerbIsWrong) { ExpectWrong({"stats"}, "a verb is missing behind \"stats\""); }
+
+TEST(CommandLine, AnUnknownCommandIsNamed) {
+  ExpectWrong({"fly"}, "there is no command \"fly\"");
+  ExpectWrong({"stats", "fly"}, "there is no command \"stats fly\"");
+}
+
+TEST(CommandLine, CommandsAreNotAbbreviated) {
+  EXPECT_EQ(Read({"stats", "sho", "Predator"}).kind, Kind::wrong);
+  EXPECT_EQ(Read({"loo"}).kind, Kind::wrong);
+}
+
+TEST(CommandLine, AMissingArgumentIsNamed) { ExpectWrong({"stats", "set", "Predator", "Ammo"}, "VALUE is required"); }
+
+TEST(CommandLine, AnArgumentTooManyIsNamed) {
+  ExpectWrong({"look", "here"}, "The following argument was not expected: here");
+}
+
+TEST(CommandLine, VersionIsToldWithoutACommand) {
+  const CommandLine line = Read({"--version"});
+  EXPECT_EQ(line.kind, Kind::show);
+  EXPECT_EQ(line.text, "oravin-cli " + PlainVersion() + "\n");
+}
+
+TEST(CommandLine, HelpIsShownWithoutACommand) {
+  const CommandLine line = Read({"--help"});
+  EXPECT_EQ(line.kind, Kind::show);
+  EXPECT_EQ(line.text, HelpText(MadeUp()));
+  EXPECT_EQ(Read({"-h"}).text, line.text);
+}
+
+TEST(CommandLine, HelpOfACommandNeedsNoArguments) {
+  const CommandLine line = Read({"stats", "set", "--help"});
+  EXPECT_EQ(line.kind, Kind::show);
+  EXPECT_EQ(line.text,
+            "Usage: oravin-cli [options] stats set SHIP LABEL VALUE\n"
+            "\n"
+            "Sets.\n"
+            "\n"
+            "  SHIP   a ship\n"
+            "  LABEL  a label\n"
+            "  VALUE  a value\n"
+            "\n"
+            "\"oravin-cli --help\" shows the options.\n");
+}
+
+TEST(HelpText, NamesEveryCommandAndOptionAndFitsATerminal) {
+  const std::string text = HelpText(Commands());
+  for (const Command& command : Commands()) EXPECT_NE(text.find("  " + NameOf(command)), std::string::npos);
+  for (const char* option :
+       {"--game DIR", "--program DIR", "--yes", "--no", "--answers LIST", "--json", "--help", "--version"}) {
+    EXPECT_NE(text.find(option), std::string::npos) << option;
+  }
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = text.find('\n', begin);
+    ASSERT_NE(end, std::string::npos);
+    EXPECT_LE(end - begin, 80U) << text.substr(begin, end - begin);
+    begin = end + 1;
+  }
+}
+
+TEST(Commands, AreThoseOfTheProgram) {
+  std::vector<std::string> names;
+  for (const Command& command : Commands()) names.push_back(NameOf(command));
+  for (const char* name :
+       {"status", "enable", "disable", "ships list", "ships swap", "ships unswap", "ships unswap-all", "stats show"}) {
+    EXPECT_EQ(std::count(names.begin(), names.end(), name), 1) << name;
+  }
+}
+
+}  // namespace
+}  // namespace oravin

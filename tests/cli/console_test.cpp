@@ -1,0 +1,244 @@
+#include "cli/console.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "sample_runs.h"
+
+namespace oravin {
+namespace {
+
+struct ConsoleTest : testing::Test {
+  Answer Show(const MessageBox& box) { return DeskOf(console).showBox(box); }
+
+  std::ostringstream out;
+  std::ostringstream err;
+  std::istringstream in;
+  Console console{out, err, in};
+};
+
+const MessageBox message{"It went wrong.", "Somewhere", Icon::exclamation, Buttons::ok, false};
+const MessageBox question{"Two lines.\nGo on?", "Oravin", Icon::question, Buttons::yesNo, false};
+
+TEST_F(ConsoleTest, AMessageIsItsTitleAndText) {
+  EXPECT_EQ(Show(message), Answer::ok);
+  EXPECT_EQ(err.str(), "Somewhere: It went wrong.\n");
+  EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(ConsoleTest, FurtherLinesAreIndentedAndAQuestionHasItsAnswer) {
+  console.answers.always = true;
+  EXPECT_EQ(Show(question), Answer::yes);
+  EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] yes\n");
+}
+
+TEST_F(ConsoleTest, LineEndsOfTwoCharactersAreOneLineEnd) {
+  Show({"One\r\nTwo", "Oravin", Icon::none, Buttons::ok, false});
+  EXPECT_EQ(err.str(), "Oravin: One\n  Two\n");
+}
+
+TEST_F(ConsoleTest, JsonBoxesAreOneLineWithTheKeysInOrder) {
+  console.json = true;
+  Show(question);
+  EXPECT_EQ(
+      err.str(),
+      R"({"box":{"title":"Oravin","text":"Two lines.\nGo on?","icon":"question","buttons":"yesno","answer":"no"}})"
+      "\n");
+  EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(ConsoleTest, JsonNamesEveryIcon) {
+  console.json = true;
+  for (const auto& [icon, word] : std::vector<std::pair<Icon, std::string>>{{Icon::none, "none"},
+                                                                            {Icon::exclamation, "exclamation"},
+                                                                            {Icon::critical, "critical"},
+                                                                            {Icon::question, "question"},
+                                                                            {Icon::information, "information"}}) {
+    err.str("");
+    Show({"Text", "Title", icon, Buttons::ok, false});
+    EXPECT_EQ(Json::parse(err.str()), test::BoxLine("Title", "Text", word, "ok", "ok"));
+  }
+}
+
+TEST_F(ConsoleTest, JsonNamesEveryKindOfButtonsAndTheSafeAnswer) {
+  console.json = true;
+  for (const auto& [buttons, word, answer] :
+       std::vector<std::tuple<Buttons, std::string, std::string>>{{Buttons::ok, "ok", "ok"},
+                                                                  {Buttons::okCancel, "okcancel", "cancel"},
+                                                                  {Buttons::yesNo, "yesno", "no"},
+                                                                  {Buttons::yesNoCancel, "yesnocancel", "cancel"}}) {
+    err.str("");
+    Show({"Text", "Title", Icon::question, buttons, false});
+    EXPECT_EQ(Json::parse(err.str()), test::BoxLine("Title", "Text", "question", word, answer));
+  }
+}
+
+TEST_F(ConsoleTest, TextsAreUtf8Outside) {
+  Show({"caf\xE9", "\x80", Icon::none, Buttons::ok, false});
+  console.json = true;
+  Show({"caf\xE9", "\x80", Icon::none, Buttons::ok, false});
+  EXPECT_EQ(err.str(),
+            "\xE2\x82\xAC: caf\xC3\xA9\n"
+            "{\"box\":{\"title\":\"\xE2\x82\xAC\",\"text\":\"caf\xC3\xA9\",\"icon\":\"none\",\"buttons\":\"ok\","
+            "\"answer\":\"ok\"}}\n");
+}
+
+TEST_F(ConsoleTest, ExclamationAndCriticalCountAsFailures) {
+  Show({"Text", "Title", Icon::exclamation, Buttons::ok, false});
+  EXPECT_EQ(console.failures, 1);
+  Show({"Text", "Title", Icon::critical, Buttons::ok, false});
+  EXPECT_EQ(console.failures, 2);
+}
+
+TEST_F(ConsoleTest, OtherIconsAreNoFailures) {
+  for (const Icon icon : {Icon::none, Icon::question, Icon::information}) {
+    Show({"Text", "Title", icon, Buttons::ok, false});
+  }
+  EXPECT_EQ(console.failures, 0);
+  EXPECT_EQ(console.successes, 0);
+}
+
+TEST_F(ConsoleTest, ASuccessIsNoFailureWhateverItsIcon) {
+  Show({"Text", "Title", Icon::exclamation, Buttons::ok, true});
+  Show({"Text", "Title", Icon::critical, Buttons::ok, true});
+  EXPECT_EQ(console.failures, 0);
+  EXPECT_EQ(console.successes, 2);
+}
+
+TEST_F(ConsoleTest, AQuestionWithTheExclamationIconCountsAsOne) {
+  Show({"Text", "Title", Icon::exclamation, Buttons::yesNo, false});
+  EXPECT_EQ(console.failures, 1);
+}
+
+TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenTheSafeOne) {
+  console.answers.inOrder = {Answer::yes};
+  EXPECT_EQ(Show(question), Answer::yes);
+  EXPECT_EQ(Show(question), Answer::no);
+}
+
+TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenThePerson) {
+  console.terminal = true;
+  console.answers.inOrder = {Answer::no};
+  in.str("yes\n");
+  EXPECT_EQ(Show(question), Answer::no);
+  EXPECT_EQ(Show(question), Answer::yes);
+}
+
+TEST_F(ConsoleTest, APersonIsAskedAtTheTerminal) {
+  console.terminal = true;
+  in.str("y\n");
+  EXPECT_EQ(Show(question), Answer::yes);
+  EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] ");
+}
+
+TEST_F(ConsoleTest, APersonIsAskedAgainUntilTheAnswerIsOne) {
+  console.terminal = true;
+  in.str("maybe\n\ncancel\nNO\nyes\n");
+  EXPECT_EQ(Show(question), Answer::no);
+  EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no]   [yes/no]   [yes/no]   [yes/no] ");
+}
+
+TEST_F(ConsoleTest, TheEndOfTheInputIsTheSafeAnswer) {
+  console.terminal = true;
+  EXPECT_EQ(Show(question), Answer::no);
+  EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] no\n");
+}
+
+TEST_F(ConsoleTest, NobodyIsAskedAwayFromATerminal) {
+  in.str("yes\n");
+  EXPECT_EQ(Show(question), Answer::no);
+}
+
+TEST_F(ConsoleTest, APersonIsAskedWithJsonTooAndTheLineHasTheAnswer) {
+  console.terminal = true;
+  console.json = true;
+  in.str("yes\n");
+  EXPECT_EQ(Show(question), Answer::yes);
+  const std::string prompt = "Oravin: Two lines.\n  Go on?\n  [yes/no] ";
+  ASSERT_EQ(err.str().substr(0, prompt.size()), prompt);
+  EXPECT_EQ(Json::parse(err.str().substr(prompt.size())),
+            test::BoxLine("Oravin", "Two lines.\nGo on?", "question", "yesno", "yes"));
+}
+
+TEST_F(ConsoleTest, AMessageWithOkAloneAsksNobody) {
+  console.terminal = true;
+  in.str("left alone\n");
+  Show(message);
+  std::string line;
+  std::getline(in, line);
+  EXPECT_EQ(line, "left alone");
+}
+
+TEST_F(ConsoleTest, ProgressIsSilentAwayFromATerminal) {
+  DeskOf(console).showProgress({"Unpacking", 1, 2});
+  DeskOf(console).showProgress({});
+  EXPECT_EQ(err.str(), "");
+}
+
+TEST_F(ConsoleTest, ProgressIsOneRewrittenLineOnATerminal) {
+  console.terminal = true;
+  DeskOf(console).showProgress({"Unpacking", 1, 2});
+  DeskOf(console).showProgress({"Done", 2, 2});
+  DeskOf(console).showProgress({});
+  EXPECT_EQ(err.str(), "Unpacking (1/2)\r               \rDone (2/2)\r          \r");
+}
+
+TEST_F(ConsoleTest, ALongProgressTextStaysOnOneLine) {
+  console.terminal = true;
+  DeskOf(console).showProgress({std::string(200, 'x'), 1, 2});
+  EXPECT_EQ(err.str(), std::string(78, 'x'));
+}
+
+TEST_F(ConsoleTest, ABoxTakesTheProgressLineAwayFirst) {
+  console.terminal = true;
+  DeskOf(console).showProgress({"Up", 1, 2});
+  Show(message);
+  EXPECT_EQ(err.str(), "Up (1/2)\r        \rSomewhere: It went wrong.\n");
+}
+
+TEST_F(ConsoleTest, AnErrorIsToldAndCounts) {
+  SayError(console, "no ship is named \"\xC9toile\"");
+  EXPECT_EQ(err.str(), "oravin-cli: no ship is named \"\xC3\x89toile\"\n");
+  EXPECT_EQ(console.failures, 1);
+}
+
+TEST_F(ConsoleTest, AnErrorIsOneLineOfJson) {
+  console.json = true;
+  SayError(console, "no ship is named \"X\"");
+  EXPECT_EQ(err.str(), "{\"error\":\"no ship is named \\\"X\\\"\"}\n");
+}
+
+TEST_F(ConsoleTest, AFolderIsTypedAtTheTerminal) {
+  console.terminal = true;
+  in.str(" /games/lancer \nC:\\Lancer\n");
+  EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "Z:\\games\\lancer");
+  EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "C:\\Lancer");
+  EXPECT_EQ(err.str(), "Select (an empty line cancels): Select (an empty line cancels): ");
+}
+
+TEST_F(ConsoleTest, AnEmptyLineAndTheEndOfTheInputCancelAFolder) {
+  console.terminal = true;
+  in.str("\n");
+  EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "");
+  EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "");
+}
+
+TEST_F(ConsoleTest, AFolderIsCancelledAwayFromATerminalAndTheOptionsAreNamed) {
+  in.str("/games/lancer\n");
+  EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "");
+  EXPECT_EQ(
+      err.str(),
+      "oravin-cli: a folder is asked for (\"Select\") and nobody is there to answer; name the folders with --game "
+      "and --program\n");
+}
+
+TEST_F(ConsoleTest, AFileIsTypedAtTheTerminalAndCancelledElsewhere) {
+  in.str("/a/b.txt\n");
+  EXPECT_EQ(DeskOf(console).openDialog({"Open", "Z:\\a\\", "", ""}), "");
+  console.terminal = true;
+  EXPECT_EQ(DeskOf(console).openDialog({"Open", "Z:\\a\\", "", ""}), "Z:\\a\\b.txt");
+}
+
+}  // namespace
+}  // namespace oravin

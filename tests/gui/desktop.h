@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+/// A desktop for one test: a display without a screen, a window manager, and what presses its keys and its mouse.
+namespace oravin::test {
+
+using Variables = std::map<std::string, std::string>;
+
+/// A program that was started and that ends with this record at the latest, or with the test itself.
+struct Program {
+  Program() = default;
+  /// @param variables added to the test's own environment
+  Program(const std::vector<std::string>& command, const Variables& variables, int standardOutput = -1);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  Program(Program&& other) noexcept;
+  Program& operator=(Program&& other) noexcept;
+  ~Program();
+
+  int id = -1;  ///< -1 for none
+};
+
+/// Waits for a program to end by itself.
+/// @return its exit status; -1 when it ended in another way or not in time
+int ExitStatus(Program& program);
+
+/// Runs a program to its end and returns what it printed, without the line end.
+std::string PrintedBy(const std::vector<std::string>& command, const Variables& variables);
+
+/// Looks again and again, with a generous bound, until something is so.
+/// @return whether it came to be
+bool Eventually(const std::function<bool()>& isSo);
+
+struct Desktop {
+  /// @throws std::runtime_error with a plain message when a program that it needs is missing or does not start
+  explicit Desktop(int width, int height);
+
+  Variables variables;  ///< for programs that are to come up on this desktop
+  Program display;
+  Program windowManager;
+};
+
+struct Point {
+  int x = 0;
+  int y = 0;
+};
+
+void MoveTo(const Desktop& desktop, Point point);
+void Click(const Desktop& desktop, Point point, int times = 1);
+
+/// Presses a key, named as xdotool names it: "alt+e", "ctrl+Next", "Return".
+void PressKey(const Desktop& desktop, const std::string& key);
+
+/// The window that has the keyboard, by its number; empty for none.
+std::string ActiveWindow(const Desktop& desktop);
+
+std::string ActiveWindowTitle(const Desktop& desktop);
+
+void ResizeWindow(const Desktop& desktop, const std::string& window, int width, int height);
+
+/// Saves a picture of the whole desktop as a PNG file below the build folder's screenshots/.
+/// @return whether there is a picture now
+bool SaveScreenshot(const Desktop& desktop, const std::string& name);
+
+}  // namespace oravin::test

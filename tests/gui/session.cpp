@@ -1,0 +1,145 @@
+#include "session.h"
+
+#include <chrono>
+#include <fstream>
+#include <stdexcept>
+#include <thread>
+
+namespace oravin::test {
+
+namespace {
+
+constexpr int screenWidth = 1600;
+constexpr int screenHeight = 1000;
+
+/// Waits until two looks at the window tell the same place.
+bool HoldsStill(const Session& session) {
+  Json before;
+  return Eventually([&] {
+    const Json now = Layout(session).value("client", Json());
+    const bool same = !now.is_null() && now == before;
+    before = now;
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    return same;
+  });
+}
+
+}  // namespace
+
+Session::Session()
+    : sample(demo::WriteSample(folder.Native("sample"))),
+      desktop(screenWidth, screenHeight),
+      layoutFile(folder.Native("layout.json").string()) {
+  desktop.variables["XDG_CONFIG_HOME"] = sample.config.string();
+  desktop.variables["WINEPREFIX"] = folder.Native("no-prefix").string();
+  desktop.variables["LC_ALL"] = "C.UTF-8";
+  desktop.variables["GDK_SCALE"] = "1";
+  program = Program({ORAVIN_PROGRAM, "--layout", layoutFile}, desktop.variables);
+  if (!Eventually([&] { return !Layout(*this).is_null(); })) throw std::runtime_error("the window was not painted");
+  if (!Eventually([&] { return !(frame = ActiveWindow(desktop)).empty(); })) {
+    throw std::runtime_error("the window did not get the keyboard");
+  }
+  if (!HoldsStill(*this)) throw std::runtime_error("the window does not hold still");
+}
+
+Json Layout(const Session& session) {
+  std::ifstream file(session.layoutFile);
+  return file ? Json::parse(file) : Json();
+}
+
+Json Control(const Session& session, const std::string& name) {
+  const Json layout = Layout(session);
+  for (const Json& control : layout["controls"]) {
+    if (control["name"] == name) return control;
+  }
+  throw std::runtime_error("no control " + name);
+}
+
+Point MiddleOf(const Json& rectangle) {
+  return {rectangle["x"].get<int>() + rectangle["width"].get<int>() / 2,
+          rectangle["y"].get<int>() + rectangle["height"].get<int>() / 2};
+}
+
+void ClickOn(const Session& session, const std::string& control) {
+  Click(session.desktop, MiddleOf(Control(session, control)["rectangle"]));
+}
+
+bool ChooseTab(const Session& session, const std::string& caption) {
+  const Json layout = Layout(session);
+  for (const Json& tab : layout["tabs"]) {
+    if (tab["caption"] != caption) continue;
+    Click(session.desktop, MiddleOf(tab["rectangle"]));
+    return Eventually([&] { return Layout(session)["tab"] == caption; });
+  }
+  return false;
+}
+
+Json RowOf(const Session& session, const std::string& list, const std::string& text) {
+  const Json control = Control(session, list);
+  for (const Json& row : control["rows"]) {
+    if (!row["texts"].empty() && row["texts"][0] == text) return row;
+  }
+  return {};
+}
+
+bool SelectRow(const Session& session, const std::string& list, const std::string& text) {
+  const Json row = RowOf(session, list, text);
+  if (row.is_null()) return false;
+  Click(session.desktop, MiddleOf(row["rectangle"]));
+  return Eventually([&] {
+    const Json now = RowOf(session, list, text);
+    return !now.is_null() && now["selected"] == true;
+  });
+}
+
+testing::AssertionResult BoxCame(const Session& session, const std::string& text) {
+  Json box;
+  const bool came = Eventually([&] {
+    box = Layout(session)["box"];
+    if (box.is_null() || box["text"].get<std::string>().find(text) == std::string::npos) return false;
+    const std::string active = ActiveWindow(session.desktop);
+    return !active.empty() && active != session.frame;
+  });
+  if (came) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "no box with \"" << text << "\", but " << box.dump();
+}
+
+testing::AssertionResult AnswerBox(const Session& session, const std::string& key) {
+  const Json before = Layout(session);
+  if (before["box"].is_null()) return testing::AssertionFailure() << "no box is open";
+  const auto open = [&] {
+    const Json now = Layout(session);
+    return !now["box"].is_null() && now["boxes"] == before["boxes"];
+  };
+  PressKey(session.desktop, key);
+  // A key that came before the box had the keyboard is lost.
+  auto pressed = std::chrono::steady_clock::now();
+  const bool gone = Eventually([&] {
+    if (!open()) return true;
+    if (std::chrono::steady_clock::now() - pressed > std::chrono::seconds(5)) {
+      PressKey(session.desktop, key);
+      pressed = std::chrono::steady_clock::now();
+    }
+    return false;
+  });
+  if (gone) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << key << " does not answer " << before["box"].dump();
+}
+
+testing::AssertionResult EnableFeatures(const Session& session) {
+  ClickOn(session, "switcher.cmdEnable");
+  for (const auto& [text, key] :
+       {std::pair("Are you sure you want to continue?", "alt+y"), {"Options Enabled.", "Return"}}) {
+    if (const auto came = BoxCame(session, text); !came) return came;
+    if (const auto answered = AnswerBox(session, key); !answered) return answered;
+  }
+  const bool filled = Eventually([&] {
+    const Json layout = Layout(session);
+    return layout["running"] == false && Control(session, "switcher.swapOrgList")["rowCount"] > 0 &&
+           ActiveWindow(session.desktop) == session.frame;
+  });
+  if (filled) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "the lists stay empty";
+}
+
+}  // namespace oravin::test

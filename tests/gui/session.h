@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "demo/sample.h"
+#include "desktop.h"
+#include "support/temporary_folder.h"
+
+namespace oravin::test {
+
+using Json = nlohmann::json;
+
+/// The program on a fresh sample installation, on a desktop of its own.
+struct Session {
+  /// Starts the program and waits until its window is painted and holds still.
+  /// @throws std::runtime_error when it does not come up
+  Session();
+
+  TemporaryFolder folder;
+  demo::Sample sample;
+  Desktop desktop;
+  std::string layoutFile;
+  Program program;
+  std::string frame;  ///< the window's number
+};
+
+/// What the window shows now.
+Json Layout(const Session& session);
+
+/// A control by its name, as the layout file tells of it.
+Json Control(const Session& session, const std::string& name);
+
+/// The middle of a rectangle of the layout file.
+Point MiddleOf(const Json& rectangle);
+
+/// Clicks on a control in sight.
+void ClickOn(const Session& session, const std::string& control);
+
+/// Clicks on a tab and waits until it is chosen.
+/// @return whether it is
+bool ChooseTab(const Session& session, const std::string& caption);
+
+/// A list's row by the text of its first column; null when it is not in sight.
+Json RowOf(const Session& session, const std::string& list, const std::string& text);
+
+/// Clicks on a row of a list and waits until it is selected.
+/// @return whether it is
+bool SelectRow(const Session& session, const std::string& list, const std::string& text);
+
+/// Waits for a message box whose text holds `text`.
+testing::AssertionResult BoxCame(const Session& session, const std::string& text);
+
+/// Presses a key in the open message box until it is gone.
+testing::AssertionResult AnswerBox(const Session& session, const std::string& key);
+
+/// Presses Enable and answers everything with the affirmative button.
+testing::AssertionResult EnableFeatures(const Session& session);
+
+}  // namespace oravin::test

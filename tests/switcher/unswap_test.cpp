@@ -1,0 +1,207 @@
+// Ships put back: from the backup beside the model, from the archive, and without either.
+
+#include "stage.h"
+#include "util/run_time_error.h"
+
+namespace oravin::test {
+namespace {
+
+constexpr const char* unswapTitle = "cmdUnSwap_Click()";
+constexpr const char* noCatalogue = "Error - ships.dat not found - Reinstall";
+
+/// Alpha flies as Manta, Tiger (two parts) as Wraith, Bravo as the stored ship.
+struct Unswapping : testing::Test {
+  Unswapping() {
+    stage.Enable();
+    stats = ReadFileAt(stage.files.Game("shipstats.bin"));
+    SwapShip(stage.swapDesk, "ALPHA", "MANTA");
+    SwapShip(stage.swapDesk, "TIGER", "WRAITH");
+    SwapShip(stage.swapDesk, "BRAVO", "STORED");
+    DisplaySwitcher(stage.host, stage.tab, stage.installation, false);
+    stage.closings = 0;
+  }
+
+  void Press(int target) {
+    stage.Select(target, target);
+    cmdUnSwap_Click(stage.swapDesk, stage.tab);
+  }
+  void All() { cmdUnswapAll_Click(stage.swapDesk, stage.tab); }
+  void LoseEntry(int ship) {
+    const auto place = static_cast<std::uint64_t>(WholeNumber(stage.Record(ship).HogFatPos));
+    PatchFileAt(stage.files.Game("resource.hog"), place + 8, BytesOf("xxx"));
+  }
+  [[nodiscard]] std::vector<std::string> SecondColumn() const {
+    std::vector<std::string> texts;
+    for (const ListRow& row : stage.tab.swapOrgList.rows) texts.push_back(row.texts.at(1));
+    return texts;
+  }
+  void ExpectAllBack() const {
+    for (const int ship : {alpha, bravo, tiger}) {
+      EXPECT_FALSE(stage.RecordOnDisk(ship).Changed);
+      EXPECT_EQ(ReadFileAt(stage.Model(ship)), stage.ModelBytes(ship));
+      EXPECT_FALSE(exists(stage.Backup(ship)));
+    }
+    EXPECT_TRUE(SameBytes(stats, ReadFileAt(stage.files.Game("shipstats.bin"))));
+  }
+
+  SwitcherStage stage;
+  Bytes stats;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(Unswapping, PutsModelStatisticsAndRecordBackAndClearsTheMark) {
+  EXPECT_EQ(SecondColumn()[0], "--->Manta");
+  Press(alpha);
+  EXPECT_EQ(SecondColumn()[0], "");
+  EXPECT_EQ(SecondColumn()[1], "--->Stored");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(alpha));
+  EXPECT_FALSE(exists(stage.Backup(alpha)));
+  const ShipRecord record = stage.RecordOnDisk(alpha);
+  EXPECT_FALSE(record.Changed);
+  EXPECT_EQ(record.ChangedToName.Trimmed(), "");
+  EXPECT_EQ(record.ChangedToFile.Trimmed(), "");
+  EXPECT_EQ(stage.closings, 1);
+}
+
+TEST_F(Unswapping, LeavesATruthValueInsteadOfTheNumberZero) {
+  Press(tiger);
+  EXPECT_EQ(stage.RecordOnDisk(tiger).ChangedToIndex, BooleanValue(false));
+  EXPECT_EQ(stage.RecordOnDisk(tigerVariant).ChangedToIndex, BooleanValue(false));
+  EXPECT_EQ(stage.RecordOnDisk(fireA).ChangedToIndex, Int16Value(0));
+}
+
+TEST_F(Unswapping, AShipThatIsNotChangedDoesNothing) {
+  const FolderImage before = stage.Image();
+  Press(fireA);
+  UnswapShip(stage.swapDesk, "FIRE A");
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+  EXPECT_EQ(stage.closings, 0);
+}
+
+TEST_F(Unswapping, WithoutASelectionNothingHappens) {
+  const FolderImage before = stage.Image();
+  cmdUnSwap_Click(stage.swapDesk, stage.tab);
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+}
+
+TEST_F(Unswapping, WithoutTheCatalogueItSaysSoAndTouchesNothing) {
+  std::filesystem::remove(stage.files.Program("ships.dat"));
+  const FolderImage before = stage.Image();
+  stage.desk.ExpectBox(noCatalogue, unswapTitle);
+  Press(alpha);
+  stage.desk.ExpectBox(noCatalogue, unswapTitle);
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+  EXPECT_EQ(SecondColumn()[0], "--->Manta");
+  EXPECT_EQ(stage.closings, 0);
+}
+
+TEST_F(Unswapping, AShipThatIsNotChangedDoesNothingWithoutTheCatalogueEither) {
+  std::filesystem::remove(stage.files.Program("ships.dat"));
+  UnswapShip(stage.swapDesk, "FIRE A");
+}
+
+TEST_F(Unswapping, NamesAreFoundTrimmedAndWithoutRegardToCase) {
+  UnswapShip(stage.swapDesk, " Tiger ");
+  EXPECT_FALSE(stage.RecordOnDisk(tiger).Changed);
+  EXPECT_FALSE(stage.RecordOnDisk(tigerVariant).Changed);
+  EXPECT_EQ(SecondColumn()[2], "--->Wraith");  // no list is touched
+}
+
+TEST_F(Unswapping, WhereTheBackupIsGoneTheModelComesFromTheArchive) {
+  std::filesystem::remove(stage.Backup(alpha));
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(alpha));
+}
+
+TEST_F(Unswapping, ASecondPartComesFromItsOwnPlaceInTheArchive) {
+  std::filesystem::remove(stage.Backup(tigerVariant));
+  UnswapShip(stage.swapDesk, "TIGER");
+  EXPECT_EQ(ReadFileAt(stage.Model(tigerVariant)), stage.ModelBytes(tigerVariant));
+}
+
+TEST_F(Unswapping, WhereTheModelIsGoneTheBackupTakesItsName) {
+  std::filesystem::remove(stage.Model(alpha));
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(alpha));
+  EXPECT_FALSE(exists(stage.Backup(alpha)));
+}
+
+TEST_F(Unswapping, WhereTheStockModelIsNowhereItSaysSoAndTheOtherModelStays) {
+  std::filesystem::remove(stage.Backup(alpha));
+  LoseEntry(alpha);
+  stage.desk.ExpectBox("The model alpha.shp was not found in resource.hog. Nothing was unpacked.");
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
+  EXPECT_FALSE(stage.RecordOnDisk(alpha).Changed);
+}
+
+TEST_F(Unswapping, WithoutTheDefaultsTheStatisticsStay) {
+  std::filesystem::remove(stage.files.Game("shipstats.def"));
+  const Bytes before = ReadFileAt(stage.files.Game("shipstats.bin"));
+  stage.desk.ExpectBox("Error - file not found", "GetShipsStats");
+  stage.desk.ExpectBox("Error - file not found", "GetShipsStats");
+  UnswapShip(stage.swapDesk, "TIGER");
+  EXPECT_TRUE(SameBytes(before, ReadFileAt(stage.files.Game("shipstats.bin"))));
+  EXPECT_EQ(ReadFileAt(stage.Model(tiger)), stage.ModelBytes(tiger));
+}
+
+TEST_F(Unswapping, RefreshesTheOtherTabsList) {
+  ClearRows(stage.statsTab.shipEditingList);
+  Press(alpha);
+  EXPECT_FALSE(stage.statsTab.shipEditingList.rows.empty());
+  ClearRows(stage.statsTab.shipEditingList);
+  All();
+  EXPECT_FALSE(stage.statsTab.shipEditingList.rows.empty());
+}
+
+TEST_F(Unswapping, AllPutsEveryShipBackInTheCataloguesOrder) {
+  stage.desk.progress.clear();
+  All();
+  ExpectAllBack();
+  EXPECT_EQ(SecondColumn(), Names(6));
+  EXPECT_EQ(stage.closings, 1);
+  Names shown;
+  for (const Progress& step : stage.desk.progress) shown.push_back(step.text);
+  EXPECT_EQ(shown, (Names{"Putting back Alpha", "Putting back Bravo", "Putting back Tiger", ""}));
+}
+
+TEST_F(Unswapping, AllIncludesShipsThatAreNotListed) {
+  SwapShip(stage.swapDesk, "CRUISER", "COLOSSUS");
+  All();
+  EXPECT_FALSE(stage.RecordOnDisk(cruiser).Changed);
+  EXPECT_EQ(ReadFileAt(stage.Model(cruiser)), stage.ModelBytes(cruiser));
+}
+
+TEST_F(Unswapping, AllWithoutTheCatalogueSaysSoOnceAndStillClearsTheMarks) {
+  std::filesystem::remove(stage.files.Program("ships.dat"));
+  const FolderImage before = stage.Image();
+  stage.desk.ExpectBox(noCatalogue, unswapTitle);
+  All();
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+  EXPECT_EQ(SecondColumn(), Names(6));
+}
+
+TEST_F(Unswapping, AllWithoutTheCatalogueSaysSoThoughNothingIsChanged) {
+  All();
+  std::filesystem::remove(stage.files.Program("ships.dat"));
+  stage.desk.ExpectBox(noCatalogue, unswapTitle);
+  All();
+}
+
+TEST_F(Unswapping, AllGoesOnBehindAShipThatFails) {
+  stage.host.files.before = [&](const FileOperation& operation) {
+    if (operation.kind == FileOperation::Kind::rename && operation.path == stage.ModelPath(alpha)) {
+      throw RunTimeError("could not write", operation.path, "the disk is full");
+    }
+  };
+  stage.desk.ExpectBox("Error - could not write " + stage.ModelPath(alpha) + ": the disk is full", unswapTitle);
+  All();
+  EXPECT_EQ(ReadFileAt(stage.Backup(alpha)), stage.ModelBytes(alpha));
+  EXPECT_EQ(ReadFileAt(stage.Model(bravo)), stage.ModelBytes(bravo));
+  EXPECT_EQ(ReadFileAt(stage.Model(tiger)), stage.ModelBytes(tiger));
+}
+
+}  // namespace
+}  // namespace oravin::test
