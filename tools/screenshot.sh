@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
 # Takes a screenshot of the window under a virtual display.
-# Usage: tools/screenshot.sh ORAVIN FILE.png [WIDTHxHEIGHT]
+# Usage: tools/screenshot.sh ORAVIN FILE.png
 set -euo pipefail
 program=$1
 file=$2
-size=${3:-1100x760}
 work=$(mktemp -d)
 pids=()
 finish() {
@@ -13,18 +12,18 @@ finish() {
 }
 trap finish EXIT
 
-Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$work/display" 2>/dev/null &
+Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$work/display" 2>/dev/null &
 pids+=($!)
 for _ in $(seq 200); do [ -s "$work/display" ] && break; sleep 0.05; done
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
-openbox 2>/dev/null &
+openbox >/dev/null 2>&1 &
 pids+=($!)
 "$program" --layout "$work/layout.json" 2>/dev/null &
 pids+=($!)
 for _ in $(seq 400); do [ -s "$work/layout.json" ] && break; sleep 0.05; done
 [ -s "$work/layout.json" ]
 window=$(xdotool search --onlyvisible --name '^Oravin$' | tail -n 1)
-xdotool windowmove "$window" 0 0 windowsize "$window" "${size%x*}" "${size#*x}"
+xdotool windowmove --sync "$window" 8 32
 sleep 1
-import -window root "$file"
+import -window "$window" -frame "$file"

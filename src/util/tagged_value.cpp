@@ -1,10 +1,11 @@
 #include "util/tagged_value.h"
 
 #include <bit>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 #include "util/bytes.h"
+#include "util/text.h"
 
 namespace oravin {
 
@@ -53,7 +54,12 @@ TaggedValue Int32Value(std::uint32_t number) {
 TaggedValue BooleanValue(bool truth) { return {TaggedValue::boolean, truth ? -1.0 : 0.0, {}}; }
 
 std::int64_t WholeNumber(const TaggedValue& value) {
-  const double number = value.tag == TaggedValue::text ? std::strtod(value.characters.c_str(), nullptr) : value.number;
+  double number = value.number;
+  if (value.tag == TaggedValue::text) {
+    // Not strtod: its decimal point depends on the system's language.
+    const std::string text = Trim(value.characters);
+    if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc()) number = 0;
+  }
   constexpr double farthest = 9.0e15;  // whole numbers up to here are exact; nothing in the files comes near
   if (std::isnan(number) || std::fabs(number) > farthest) return 0;
   return std::llrint(number);

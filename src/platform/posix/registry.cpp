@@ -145,6 +145,8 @@ bool RegWriteString(const std::string& root, const std::string& key, const std::
   fs::create_directories(fs::path(path).parent_path(), failure);
   std::vector<std::string> lines;
   std::ifstream file(path, std::ios::binary);
+  // A store that is there but cannot be read is left alone: its other lines would be lost.
+  if (!file && fs::exists(path, failure)) return false;
   for (std::string line; std::getline(file, line);) lines.push_back(line);
   if (lines.empty()) lines = {storeHeading};
 
