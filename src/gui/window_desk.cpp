@@ -74,6 +74,7 @@ Answer ShowBox(Window& window, const MessageBox& box) {
   KeepLayout(window);
   const int result = dialog.ShowModal();
   window.box = nullptr;
+  KeepLayout(window);
   return AnswerOf(box, result);
 }
 

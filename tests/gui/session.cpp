@@ -107,15 +107,13 @@ testing::AssertionResult BoxCame(const Session& session, const std::string& text
 testing::AssertionResult AnswerBox(const Session& session, const std::string& key) {
   const Json before = Layout(session);
   if (before["box"].is_null()) return testing::AssertionFailure() << "no box is open";
-  const auto open = [&] {
-    const Json now = Layout(session);
-    return !now["box"].is_null() && now["boxes"] == before["boxes"];
-  };
   PressKey(session.desktop, key);
   // A key that came before the box had the keyboard is lost.
   auto pressed = std::chrono::steady_clock::now();
   const bool gone = Eventually([&] {
-    if (!open()) return true;
+    const Json now = Layout(session);
+    if (now["boxes"] != before["boxes"]) return true;  // the next one is there already
+    if (now["box"].is_null()) return now["running"] == false && ActiveWindow(session.desktop) == session.frame;
     if (std::chrono::steady_clock::now() - pressed > std::chrono::seconds(5)) {
       PressKey(session.desktop, key);
       pressed = std::chrono::steady_clock::now();

@@ -55,7 +55,8 @@ bool SelectRow(const Session& session, const std::string& list, const std::strin
 /// Waits for a message box whose text holds `text`.
 testing::AssertionResult BoxCame(const Session& session, const std::string& text);
 
-/// Presses a key in the open message box until it is gone.
+/// Presses a key in the open message box and waits until the next one is open, or the action is over and the window has
+/// the keyboard again.
 testing::AssertionResult AnswerBox(const Session& session, const std::string& key);
 
 /// Presses Enable and answers everything with the affirmative button.

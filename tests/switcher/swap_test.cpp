@@ -294,11 +294,13 @@ TEST_F(Swapping, APairThatIsSwappedAlreadyIsSwappedAnew) {
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
 }
 
-TEST_F(Swapping, APairWithABlankTargetIsPassedOver) {
+TEST_F(Swapping, APairWithABlankTargetIsPassedOverAndTheNextOneSwapped) {
   const FolderImage before = stage.Image();
   SwapPairs(stage.swapDesk, {{"", "MANTA"}, {"   ", "MANTA"}});
   SwapPairs(stage.swapDesk, {});
   ExpectNothingDone(before);
+  SwapPairs(stage.swapDesk, {{"  ", "MANTA"}, {"ALPHA", "MANTA"}});
+  EXPECT_TRUE(stage.RecordOnDisk(alpha).Changed);
 }
 
 }  // namespace

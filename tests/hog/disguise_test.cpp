@@ -1,0 +1,97 @@
+// The names of models in the archive's table: told apart, disguised and put back at one place.
+
+#include "hog/disguise.h"
+
+#include "archive_stage.h"
+
+namespace oravin::test {
+namespace {
+
+struct NameAtAPlace : testing::Test {
+  NameAtAPlace() {
+    stage.Write(HeaderAnd(1, TableRow(1, 2, "Alpha.SHP")));
+    before = stage.Archive();
+    OpenBinary(stage.host.files, handle, stage.hogPath, platform::OpenFor::changing);
+  }
+
+  Files& files() { return stage.host.files; }
+  /// Writes another name, with a zero byte behind it.
+  void Write(const std::string& name) {
+    Bytes bytes = BytesOf(name);
+    bytes.push_back(0);
+    Put(files(), handle, place + 8, bytes);
+  }
+  [[nodiscard]] std::string NameNow() const { return TextOf(std::span(stage.Archive()).subspan(place + 8, 9)); }
+
+  static constexpr int handle = 5;
+  static constexpr std::uint32_t place = 16;
+  ArchiveStage stage;
+  Bytes before;
+};
+
+TEST_F(NameAtAPlace, IsTheModelsPlainOrDisguisedInAnyLetterCase) {
+  EXPECT_TRUE(NamesModel(files(), handle, place, "alpha.shp"));
+  EXPECT_FALSE(NamesDisguised(files(), handle, place, "alpha.shp"));
+  Write("s47HA.shp");
+  EXPECT_TRUE(NamesModel(files(), handle, place, "alpha.shp"));
+  EXPECT_TRUE(NamesDisguised(files(), handle, place, "alpha.shp"));
+}
+
+TEST_F(NameAtAPlace, IsNoOtherModels) {
+  for (const char* model : {"alphA.sh", "alpha.shpx", "bravo.shp", "", "S47"}) {
+    EXPECT_FALSE(NamesModel(files(), handle, place, model)) << model;
+    EXPECT_FALSE(NamesDisguised(files(), handle, place, model)) << model;
+    EXPECT_FALSE(DisguiseName(files(), handle, place, model)) << model;
+    EXPECT_FALSE(PutNameBack(files(), handle, place, model, model)) << model;
+  }
+  EXPECT_TRUE(SameBytes(before, stage.Archive()));
+}
+
+TEST_F(NameAtAPlace, IsNotTheModelsWhenItGoesOnBehindIt) {
+  Write("alpha.shpx");
+  EXPECT_FALSE(NamesModel(files(), handle, place, "alpha.shp"));
+  EXPECT_FALSE(DisguiseName(files(), handle, place, "alpha.shp"));
+  Write("S47ha.shpx");
+  EXPECT_FALSE(NamesDisguised(files(), handle, place, "alpha.shp"));
+  EXPECT_FALSE(PutNameBack(files(), handle, place, "alpha.shp", "alpha.shp"));
+}
+
+TEST_F(NameAtAPlace, IsNotTheModelsWhenTheFileEndsInsideIt) {
+  const auto length = static_cast<std::uint32_t>(before.size());
+  for (const std::uint32_t past : {place + 1, length - 8, length, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+    EXPECT_FALSE(NamesModel(files(), handle, past, "alpha.shp")) << past;
+    EXPECT_FALSE(DisguiseName(files(), handle, past, "alpha.shp")) << past;
+  }
+  EXPECT_TRUE(SameBytes(before, stage.Archive()));
+}
+
+TEST_F(NameAtAPlace, AModelThatBearsTheMarkByItselfCountsAsPlain) {
+  Write("S47ha.shp");
+  EXPECT_TRUE(NamesModel(files(), handle, place, "s47ha.shp"));
+  EXPECT_FALSE(NamesDisguised(files(), handle, place, "s47ha.shp"));
+}
+
+TEST_F(NameAtAPlace, IsDisguisedInItsFirstThreeCharactersOnly) {
+  EXPECT_TRUE(DisguiseName(files(), handle, place, "Alpha.SHP"));
+  Bytes expected = before;
+  std::copy_n("S47", 3, expected.begin() + place + 8);
+  EXPECT_TRUE(SameBytes(expected, stage.Archive()));
+  EXPECT_TRUE(DisguiseName(files(), handle, place, "Alpha.SHP"));
+  EXPECT_TRUE(SameBytes(expected, stage.Archive()));
+}
+
+TEST_F(NameAtAPlace, IsPutBackInTheSpellingAskedFor) {
+  Write("S47ha.shp");
+  EXPECT_TRUE(PutNameBack(files(), handle, place, "alpha.shp", "ALPHA.shp"));
+  EXPECT_EQ(NameNow(), "ALPHA.shp");
+}
+
+TEST_F(NameAtAPlace, ASpellingOfAnotherLengthIsNotWritten) {
+  Write("S47ha.shp");
+  EXPECT_FALSE(PutNameBack(files(), handle, place, "alpha.shp", "alpha.sh"));
+  EXPECT_FALSE(PutNameBack(files(), handle, place, "alpha.shp", " alpha.shp"));
+  EXPECT_EQ(NameNow(), "S47ha.shp");
+}
+
+}  // namespace
+}  // namespace oravin::test
