@@ -46,9 +46,7 @@ void RunShell(const std::string& command) {
   if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
 }
 
-std::string Quoted(const fs::path& path) {
-  return "'" + path.string() + "'";
-}
+std::string Quoted(const fs::path& path) { return "'" + path.string() + "'"; }
 
 /// Copies of all that enabling writes anew, in a folder of their own, for cp to copy.
 fs::path WhatEnableWrites(const demo::Sample& sample, const fs::path& work) {

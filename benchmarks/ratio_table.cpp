@@ -25,9 +25,7 @@ std::string InWords(double seconds) {
   return text;
 }
 
-bool RatioTable::ReportContext(const Context&) {
-  return true;
-}
+bool RatioTable::ReportContext(const Context&) { return true; }
 
 void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {

@@ -132,8 +132,9 @@ Desktop::Desktop(int width, int height) {
   RequirePrograms();
   Pipe pipe;
   const std::string screen = std::to_string(width) + "x" + std::to_string(height) + "x24";
-  // The display picks a free number and prints it when it is ready.
-  display = Program({"Xvfb", "-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp"}, {}, pipe.ends[1]);
+  // The display picks a free number and prints it when it is ready; it complains about those that are taken.
+  const std::string command = "exec Xvfb -displayfd 1 -screen 0 " + screen + " -nolisten tcp 2>/dev/null";
+  display = Program({"sh", "-c", command}, {}, pipe.ends[1]);
   pipe.CloseWriting();
   const std::string number = ReadLine(pipe.ends[0]);
   if (number.empty()) throw std::runtime_error("Xvfb did not start");

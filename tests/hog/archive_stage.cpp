@@ -8,17 +8,11 @@ ArchiveStage::ArchiveStage() {
   MakeFolderAt(Program("addons/ships"));
 }
 
-void ArchiveStage::Write(const std::vector<demo::ArchiveFile>& files) const {
-  Write(demo::BuildArchive(files));
-}
+void ArchiveStage::Write(const std::vector<demo::ArchiveFile>& files) const { Write(demo::BuildArchive(files)); }
 
-void ArchiveStage::Write(const Bytes& archive) const {
-  WriteFileAt(Game("resource.hog"), archive);
-}
+void ArchiveStage::Write(const Bytes& archive) const { WriteFileAt(Game("resource.hog"), archive); }
 
-Bytes ArchiveStage::Archive() const {
-  return ReadFileAt(Game("resource.hog"));
-}
+Bytes ArchiveStage::Archive() const { return ReadFileAt(Game("resource.hog")); }
 
 HogTable ArchiveStage::Table() {
   std::vector<HogEntry> entries;

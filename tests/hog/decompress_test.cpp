@@ -228,9 +228,7 @@ TEST(Decompress, ASizeOfZeroNeedsNoCommands) {
   EXPECT_EQ(Unpack(Entry(0, LiteralRun(Counting(100)) + Following())), Bytes());
 }
 
-TEST(Decompress, TheSizeIsReadWithItsHighestByteFirst) {
-  EXPECT_EQ(Unpack(Entry(0x010203, {0xFC})).size(), 0x010203U);
-}
+TEST(Decompress, TheSizeIsReadWithItsHighestByteFirst) { EXPECT_EQ(Unpack(Entry(0x010203, {0xFC})).size(), 0x010203U); }
 
 TEST(Decompress, TheLongHeaderHasANumberMoreThatIsPassedOver) {
   const Bytes entry = Bytes{0x11, 0xFB, 0xEE, 0xEE, 0xEE, 0, 0, 6} + LiteralRun(Counting(4)) + Bytes{0xFE, 7, 8};

@@ -21,7 +21,10 @@ struct NameAtAPlace : testing::Test {
     bytes.push_back(0);
     Put(files(), handle, place + 8, bytes);
   }
-  [[nodiscard]] std::string NameNow() const { return TextOf(std::span(stage.Archive()).subspan(place + 8, 9)); }
+  [[nodiscard]] std::string NameNow() const {
+    const Bytes archive = stage.Archive();
+    return TextOf(std::span(archive).subspan(place + 8, 9));
+  }
 
   static constexpr int handle = 5;
   static constexpr std::uint32_t place = 16;

@@ -18,9 +18,7 @@ HogTable Table(const std::vector<std::string>& names) {
   return TableOf(std::move(entries));
 }
 
-std::uint32_t PlaceOf(const std::optional<HogEntry>& entry) {
-  return entry ? entry->FatPos : 0;
-}
+std::uint32_t PlaceOf(const std::optional<HogEntry>& entry) { return entry ? entry->FatPos : 0; }
 
 TEST(FindModel, TheLiveTableComesFirst) {
   EXPECT_EQ(PlaceOf(FindModel("alpha.shp", Table({"x", "ALPHA.SHP"}), Table({"alpha.shp"}))), 2000U);
@@ -46,9 +44,7 @@ TEST(FindModel, ADisguisedNameInTheBackupAloneIsNone) {
   EXPECT_FALSE(FindModel("alpha.shp", Table({"x"}), Table({"S47ha.shp"})));
 }
 
-TEST(FindModel, NowhereIsNothing) {
-  EXPECT_FALSE(FindModel("alpha.shp", Table({"x"}), {}));
-}
+TEST(FindModel, NowhereIsNothing) { EXPECT_FALSE(FindModel("alpha.shp", Table({"x"}), {})); }
 
 TEST(IsDisguised, WhenOnlyTheDisguisedNameIsListed) {
   EXPECT_TRUE(IsDisguised("alpha.shp", Table({"S47HA.SHP"})));
@@ -95,9 +91,7 @@ void ExpectEntry(const std::optional<HogEntry>& entry, const TableEntry& expecte
   EXPECT_EQ(entry->FatPos, expected.position);
 }
 
-TEST_F(ModelEntry, ARecordThatIsStillRightIsTaken) {
-  ExpectEntry(Live(Alpha()), Entry("alpha.shp"));
-}
+TEST_F(ModelEntry, ARecordThatIsStillRightIsTaken) { ExpectEntry(Live(Alpha()), Entry("alpha.shp")); }
 
 TEST_F(ModelEntry, ItIsRightInAnotherLetterCase) {
   ExpectEntry(Live(ShipAt("Bravo", "bravo.shp", Entry("Bravo.SHP"))), Entry("Bravo.SHP"));

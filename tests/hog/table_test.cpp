@@ -295,18 +295,14 @@ TEST_F(HogMagic, OnlyTheFileOnHandleOneIsAsked) {
 const std::vector<HogEntry> someEntries = {
     {"ships\\Alpha.shp", 0, 0, 0}, {"  bravo.shp ", 0, 0, 1}, {"BRAVO.SHP", 0, 0, 2}, {"", 0, 0, 3}};
 
-TEST(FindHogEntry, TakesNoNoticeOfLetterCase) {
-  EXPECT_EQ(FindHogEntry(someEntries, 4, "SHIPS\\aLPHA.SHP"), 0);
-}
+TEST(FindHogEntry, TakesNoNoticeOfLetterCase) { EXPECT_EQ(FindHogEntry(someEntries, 4, "SHIPS\\aLPHA.SHP"), 0); }
 
 TEST(FindHogEntry, TakesNoNoticeOfBlanksAtTheEndsOfEitherName) {
   EXPECT_EQ(FindHogEntry(someEntries, 4, "   ships\\Alpha.shp  "), 0);
   EXPECT_EQ(FindHogEntry(someEntries, 4, "bravo.shp"), 1);
 }
 
-TEST(FindHogEntry, TheFirstOfSeveralMatchesWins) {
-  EXPECT_EQ(FindHogEntry(someEntries, 4, "BRAVO.SHP"), 1);
-}
+TEST(FindHogEntry, TheFirstOfSeveralMatchesWins) { EXPECT_EQ(FindHogEntry(someEntries, 4, "BRAVO.SHP"), 1); }
 
 TEST(FindHogEntry, NothingFoundIsMinusOne) {
   EXPECT_EQ(FindHogEntry(someEntries, 4, "alpha.shp"), -1);
@@ -320,9 +316,7 @@ TEST(FindHogEntry, OnlyTheCountedEntriesAreLookedAt) {
   EXPECT_EQ(FindHogEntry(someEntries, -1, "bravo.shp"), -1);
 }
 
-TEST(FindHogEntry, ABlankNameFindsAnEmptyOne) {
-  EXPECT_EQ(FindHogEntry(someEntries, 4, "  "), 3);
-}
+TEST(FindHogEntry, ABlankNameFindsAnEmptyOne) { EXPECT_EQ(FindHogEntry(someEntries, 4, "  "), 3); }
 
 TEST(HogNames, FindTheSameEntriesAsTheSearchAndAllOfAName) {
   const HogNames names = NamesOf(someEntries);

@@ -10,13 +10,9 @@
 namespace oravin::test {
 namespace {
 
-Bytes ModelBytes(const std::string& name) {
-  return BytesOf("the model " + name + " in full");
-}
+Bytes ModelBytes(const std::string& name) { return BytesOf("the model " + name + " in full"); }
 
-demo::ArchiveFile Packed(const std::string& name) {
-  return {name, demo::Compress(ModelBytes(name))};
-}
+demo::ArchiveFile Packed(const std::string& name) { return {name, demo::Compress(ModelBytes(name))}; }
 
 /// Alpha, the two-part Twin and Bravo, whose entry is spelled in its own way.
 struct UnpackSetupTest : testing::Test {

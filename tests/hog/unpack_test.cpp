@@ -247,9 +247,7 @@ struct SameAsTheEntry : Unpacking {
   }
 };
 
-TEST_F(SameAsTheEntry, AFileWithTheUnpackedContent) {
-  EXPECT_TRUE(Same("packed", content));
-}
+TEST_F(SameAsTheEntry, AFileWithTheUnpackedContent) { EXPECT_TRUE(Same("packed", content)); }
 
 TEST_F(SameAsTheEntry, NotWithAnotherByteOrAnotherLength) {
   for (const std::size_t at : {std::size_t{0}, content.size() / 2, content.size() - 1}) {
