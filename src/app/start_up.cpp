@@ -126,7 +126,10 @@ void SearchFolders(Host& host, Installation& installation) {
 }
 
 [[noreturn]] void RefuseGiven(Host& host, const std::string& folder, const char* refusal) {
-  Show(host, folder + "\n" + refusal, Icon::exclamation);
+  const char* hint = IsPrintableText(std::string(folder))
+                         ? ""
+                         : "\nIts path holds letters beyond plain English ones; Oravin cannot work in such a folder.";
+  Show(host, folder + "\n" + refusal + hint, Icon::exclamation);
   throw ProgramEnd();
 }
 

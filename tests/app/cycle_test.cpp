@@ -8,23 +8,6 @@
 namespace oravin::test {
 namespace {
 
-enum Ship {
-  alpha,
-  bravo,
-  tiger,
-  tigerVariant,
-  cruiser,
-  carrier,
-  stored,
-  fireA,
-  fireB,
-  twin,
-  twinVariant,
-  manta,
-  wraith,
-  colossus
-};
-
 struct Cycle : testing::Test {
   void Start() {
     session = nullptr;  // the run before ends first

@@ -8,8 +8,6 @@
 namespace oravin::test {
 namespace {
 
-enum Ship { alpha = 0, bravo = 1, tiger = 2, twin = 9, manta = 11 };
-
 constexpr const char* ownModel = "the player's own model";
 constexpr const char* ownAside = "the player's own model, moved aside";
 

@@ -11,8 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum Ship { alpha = 0, bravo = 1, tiger = 2, manta = 11, wraith = 12 };
-
 constexpr const char* stoppedByTheTable =
     "Enabling was stopped, because the table of resource.hog cannot be read. If you have a backup of the table, open "
     "the "

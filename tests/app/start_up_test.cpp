@@ -292,6 +292,15 @@ TEST_F(StartUp, AGivenFolderThatIsNoGameFolderEndsTheProgram) {
   EXPECT_THROW(Load({machine.windows, installation.programPath}), ProgramEnd);
 }
 
+TEST_F(StartUp, AGivenFolderWithLettersBeyondPlainEnglishIsRefusedWithTheReason) {
+  const std::string folder = machine.Windows("caf\xC3\xA9\\");
+  WriteFileAt(machine.Native("caf\xC3\xA9/resource.hog"), "an archive");
+  session->desk.ExpectBox(folder +
+                          "\nThis is not a StarLancer game directory\nIts path holds letters beyond plain English ones; "
+                          "Oravin cannot work in such a folder.");
+  EXPECT_THROW(Load({folder, installation.programPath}), ProgramEnd);
+}
+
 TEST_F(StartUp, AGivenFolderThatIsNoProgramFolderEndsTheProgram) {
   session->desk.ExpectBox(machine.windows + "\nThis is not an Oravin directory");
   EXPECT_THROW(Load({installation.gamePath, machine.windows}), ProgramEnd);

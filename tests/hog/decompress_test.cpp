@@ -267,6 +267,19 @@ TEST(Decompress, AReferenceToBeforeTheStartIsRefused) {
   EXPECT_EQ(Complaint(Entry(500, LiteralRun(Counting(4)) + LongCopy(5, 5) + Following())), beforeStart);
 }
 
+TEST(Decompress, TheVeryFirstByteIsWithinReachAndTheOneBeforeItIsNot) {
+  const Bytes start = Counting(100);
+  const auto run = LiteralRun(start);
+  ExpectContent(run + ShortCopy(100, 3), WithCopy(start, 100, 3));
+  ExpectContent(run + MediumCopy(100, 4), WithCopy(start, 100, 4));
+  ExpectContent(run + LongCopy(100, 5), WithCopy(start, 100, 5));
+  for (const Bytes& behind : {Bytes{0xFC}, Following()}) {
+    EXPECT_EQ(Complaint(Entry(500, run + ShortCopy(101, 3) + behind)), beforeStart);
+    EXPECT_EQ(Complaint(Entry(500, run + MediumCopy(101, 4) + behind)), beforeStart);
+    EXPECT_EQ(Complaint(Entry(500, run + LongCopy(101, 5) + behind)), beforeStart);
+  }
+}
+
 TEST(Decompress, ACommandsOwnLiteralsCountForItsReference) {
   ExpectContent(ShortCopy(3, 5, {1, 2, 3}), WithCopy({1, 2, 3}, 3, 5));
   ExpectContent(MediumCopy(3, 5, {1, 2, 3}), WithCopy({1, 2, 3}, 3, 5));

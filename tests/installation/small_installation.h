@@ -23,6 +23,24 @@ struct SmallShip {
   Bytes model;             ///< the model itself
 };
 
+/// The ships' places in the list.
+enum SmallShipIndex {
+  alpha,
+  bravo,
+  tiger,
+  tigerVariant,
+  cruiser,
+  carrier,
+  stored,
+  fireA,
+  fireB,
+  twin,
+  twinVariant,
+  manta,
+  wraith,
+  colossus
+};
+
 /// One entry of the archive's table, read by the tests themselves.
 struct TableEntry {
   std::string name;

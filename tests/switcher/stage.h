@@ -13,24 +13,6 @@
 
 namespace oravin::test {
 
-/// The ships of the small installation by their indices.
-enum Ship {
-  alpha,
-  bravo,
-  tiger,
-  tigerVariant,
-  cruiser,
-  carrier,
-  stored,
-  fireA,
-  fireB,
-  twin,
-  twinVariant,
-  manta,
-  wraith,
-  colossus
-};
-
 /// A small installation and the switcher room over it, not enabled yet.
 struct SwitcherStage {
   SwitcherStage();
