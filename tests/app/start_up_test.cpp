@@ -295,9 +295,10 @@ TEST_F(StartUp, AGivenFolderThatIsNoGameFolderEndsTheProgram) {
 TEST_F(StartUp, AGivenFolderWithLettersBeyondPlainEnglishIsRefusedWithTheReason) {
   const std::string folder = machine.Windows("caf\xC3\xA9\\");
   WriteFileAt(machine.Native("caf\xC3\xA9/resource.hog"), "an archive");
-  session->desk.ExpectBox(folder +
-                          "\nThis is not a StarLancer game directory\nIts path holds letters beyond plain English ones; "
-                          "Oravin cannot work in such a folder.");
+  session->desk.ExpectBox(
+      folder +
+      "\nThis is not a StarLancer game directory\nIts path holds letters beyond plain English ones; "
+      "Oravin cannot work in such a folder.");
   EXPECT_THROW(Load({folder, installation.programPath}), ProgramEnd);
 }
 
