@@ -15,7 +15,7 @@ namespace {
 
 fs::path NewFolder() {
   std::random_device random;
-  const fs::path folder =
+  fs::path folder =
       fs::temp_directory_path() / ("oravin-fuzz-" + std::to_string(random()) + "-" + std::to_string(random()));
   fs::create_directories(folder);
   return folder;

@@ -34,7 +34,8 @@ std::vector<ListedShip> TakeShips(DelimitedText& text, int count) {
     throw RunTimeError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships");
   }
   std::vector<ListedShip> ships;
-  for (int i = 0; i < count; ++i) ships.push_back(TakeShip(text));
+  // Nothing is sized by the count: the list may hold far fewer ships than it states.
+  for (int i = 0; i < count; ++i) ships.push_back(TakeShip(text));  // NOLINT(performance-inefficient-vector-operation)
   if (!AtEnd(text)) {
     throw RunTimeError("could not read", text.path,
                        "it says that it lists " + std::to_string(count) + " ships, but more follows");

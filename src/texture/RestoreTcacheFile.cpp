@@ -50,8 +50,8 @@ void WriteFactoryPart(Files& files, int cache, int handle, std::uint64_t end) {
       std::clamp<std::uint32_t>(ReadLongLE(files, tcacheCountOffset, cache), factoryTextures, tcacheCapacity - 1));
   Put(files, handle, tcacheCountOffset, DecToByteArray(factoryTextures));
   Put(files, handle, tcacheDataEndOffset, DecToByteArray(end));
-  const std::size_t slots = static_cast<std::size_t>(count - factoryTextures + 1);
-  Put(files, handle, TcacheEntryOffset(factoryTextures), Bytes(slots * tcacheEntrySize));
+  const int slots = count - factoryTextures + 1;
+  Put(files, handle, TcacheEntryOffset(factoryTextures), Bytes(static_cast<std::size_t>(slots) * tcacheEntrySize));
 }
 
 }  // namespace

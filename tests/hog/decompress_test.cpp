@@ -315,8 +315,8 @@ Bytes RandomContent(std::mt19937& random, std::size_t size) {
   const unsigned letters = 1U << random() % 9;
   while (content.size() < size) {
     if (content.size() > 20 && random() % 3 == 0) {
-      content =
-          WithCopy(std::move(content), 1 + random() % std::min<std::size_t>(content.size(), 140000), random() % 90);
+      const std::size_t distance = 1 + random() % std::min<std::size_t>(content.size(), 140000);
+      content = WithCopy(std::move(content), distance, random() % 90);
     } else {
       content.push_back(static_cast<std::uint8_t>(random() % letters));
     }

@@ -143,7 +143,7 @@ std::string FlushMany(const std::vector<std::string>& paths) {
     struct stat status;
     const bool known = fstat(file, &status) == 0;
     const bool done = known && std::find(flushed.begin(), flushed.end(), status.st_dev) != flushed.end();
-    const std::string reason = !known ? Reason(errno) : done ? std::string() : Sum(syncfs(file) == 0);
+    std::string reason = !known ? Reason(errno) : done ? std::string() : Sum(syncfs(file) == 0);
     if (known) flushed.push_back(status.st_dev);
     close(file);
     if (!reason.empty()) return reason;
@@ -194,7 +194,7 @@ std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {
 
 std::string WhyNotWritable(const std::string& path) {
   NativeFile file = noFile;
-  const std::string reason = OpenNative(path, OpenFor::changing, file);
+  std::string reason = OpenNative(path, OpenFor::changing, file);
   if (!reason.empty()) return reason;
 #ifdef F_SETLEASE
   // The kernel grants a write lease only while nobody else has the file open; where the file system knows no leases, or

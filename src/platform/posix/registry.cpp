@@ -130,9 +130,9 @@ bool ReplaceStore(const std::string& path, const std::vector<std::string>& lines
 }  // namespace
 
 std::optional<std::string> RegReadString(const std::string& root, const std::string& key, const std::string& value) {
-  if (const auto own = ReadFrom(OwnStore(), root + "\\" + key, value)) return own;
+  if (auto own = ReadFrom(OwnStore(), root + "\\" + key, value)) return own;
   const std::string wine = WinePrefix() + "/system.reg";
-  if (const auto plain = ReadFrom(wine, key, value)) return plain;
+  if (auto plain = ReadFrom(wine, key, value)) return plain;
   constexpr std::string_view software = "software\\";
   if (!Lowered(key).starts_with(software)) return std::nullopt;
   return ReadFrom(wine, "Software\\Wow6432Node\\" + key.substr(software.size()), value);
