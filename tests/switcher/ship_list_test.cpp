@@ -57,9 +57,12 @@ TEST_F(ShipList, SixValuesAShipInTheOrderOfTheFile) {
 }
 
 TEST_F(ShipList, LinesMayEndInOneCharacterOrTwo) {
-  for (const std::string end : {"\r\n", "\n", "\r"}) {
-    const auto ships =
-        Read("2" + end + "1,\"A\",\"a.shp\",4,\"h\",\"w\"" + end + "2,\"B\",\"b.shp\",5,\"h\",\"w\"" + end);
+  for (const char* end : {"\r\n", "\n", "\r"}) {
+    std::string text;
+    for (const char* line : {"2", "1,\"A\",\"a.shp\",4,\"h\",\"w\"", "2,\"B\",\"b.shp\",5,\"h\",\"w\""}) {
+      text.append(line).append(end);
+    }
+    const auto ships = Read(text);
     ASSERT_EQ(ships.size(), 2U);
     EXPECT_EQ(ships[1].kind, 2);
     EXPECT_EQ(ships[1].name, "B");
