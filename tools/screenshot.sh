@@ -7,7 +7,11 @@ file=$2
 work=$(mktemp -d)
 pids=()
 finish() {
-  for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
+  # The program must be gone before this script is: as long as it runs, no other copy may change the installation.
+  for ((i = ${#pids[@]} - 1; i >= 0; i--)); do
+    kill "${pids[i]}" 2>/dev/null || true
+    wait "${pids[i]}" 2>/dev/null || true
+  done
   rm -rf "$work"
 }
 trap finish EXIT

@@ -15,8 +15,8 @@ if [ "$($cli --json status 2>/dev/null | jq .enabled)" = true ]; then step disab
 before=$(digests)
 step status
 step enable
-# The first stock fighter of one part, and the first imported ship that may take its place.
-target=$($cli --json ships list 2>/dev/null | jq -r '[.[] | select(.imported | not) | select(.hasSecondPart | not)][0].shipName')
+# The first stock ship, a fighter of two parts in the sample, and the first imported ship, which may take its place.
+target=$($cli --json ships list 2>/dev/null | jq -r '[.[] | select(.imported | not)][0].shipName')
 source=$($cli --json ships list 2>/dev/null | jq -r '[.[] | select(.imported)][0].shipName')
 step ships swap "$target" "$source"
 step stats show "$target"
