@@ -88,11 +88,7 @@ void KeepTextures(Files& files, const Installation& installation) {
   const std::string kept = BackupFolder(installation) + "tcachehw.dat";
   if (FileExists(std::string(kept))) {
     if (SameContent(files, cache, kept)) return;
-    std::string old = BackupFolder(installation) + "tcachehw.old";
-    for (int number = 2; FileExists(std::string(old)); ++number) {
-      old = BackupFolder(installation) + "tcachehw.old" + std::to_string(number);
-    }
-    RenameOver(files, kept, old);
+    RenameOver(files, kept, FreeOldName(BackupFolder(installation) + "tcachehw"));
   }
   CopyWhole(files, cache, kept);
 }

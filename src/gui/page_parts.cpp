@@ -26,6 +26,23 @@ void Enframe(wxWindow* edge, ListWindow* list) {
   edge->SetSizer(sizer);
 }
 
+void LayOutPage(wxWindow* page, wxSizer* content, wxSizer* belowLeft, wxButton* enable, wxButton* disable) {
+  auto* below = new wxBoxSizer(wxHORIZONTAL);
+  below->Add(belowLeft, wxSizerFlags().CentreVertical());
+  below->AddStretchSpacer();
+  for (wxButton* button : {enable, disable}) {
+    below->Add(button, wxSizerFlags().CentreVertical().Border(wxLEFT, page->FromDIP(gap)));
+  }
+
+  auto* whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(content, wxSizerFlags(1).Expand());
+  whole->AddSpacer(page->FromDIP(pageMargin));
+  whole->Add(below, wxSizerFlags().Expand());
+  auto* framed = new wxBoxSizer(wxVERTICAL);
+  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(pageMargin)));
+  page->SetSizer(framed);
+}
+
 void Enlarge(wxStaticText* label, float factor, bool bold) {
   const wxFont larger = label->GetFont().Scaled(factor);
   label->SetFont(bold ? larger.Bold() : larger);

@@ -30,6 +30,9 @@ wxWindow* NewEdge(wxWindow* parent);
 /// Fills an edge with its list.
 void Enframe(wxWindow* edge, ListWindow* list);
 
+/// Lays a page out: what it shows, and below that a line with something on the left and the two buttons on the right.
+void LayOutPage(wxWindow* page, wxSizer* content, wxSizer* belowLeft, wxButton* enable, wxButton* disable);
+
 /// Shows a label's text larger.
 void Enlarge(wxStaticText* label, float factor, bool bold = false);
 

@@ -22,22 +22,13 @@ wxWindow* NewStatsPage(wxWindow* parent, const Surroundings& surroundings) {
   wxButton* enable = NewButton(page, surroundings, "stats.cmdEnable2", tab.cmdEnable2);
   wxButton* disable = NewButton(page, surroundings, "stats.CmdDisable2", tab.CmdDisable2);
 
-  const int space = page->FromDIP(gap);
+  auto* list = new wxBoxSizer(wxVERTICAL);
+  list->Add(purpose);
+  list->AddSpacer(page->FromDIP(gap));
+  list->Add(edge, wxSizerFlags(1).Expand());
   auto* below = new wxBoxSizer(wxHORIZONTAL);
   below->Add(weapons, wxSizerFlags().CentreVertical());
-  below->AddStretchSpacer();
-  below->Add(enable, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
-  below->Add(disable, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
-
-  auto* whole = new wxBoxSizer(wxVERTICAL);
-  whole->Add(purpose);
-  whole->AddSpacer(space);
-  whole->Add(edge, wxSizerFlags(1).Expand());
-  whole->AddSpacer(page->FromDIP(pageMargin));
-  whole->Add(below, wxSizerFlags().Expand());
-  auto* framed = new wxBoxSizer(wxVERTICAL);
-  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(pageMargin)));
-  page->SetSizer(framed);
+  LayOutPage(page, list, below, enable, disable);
   return page;
 }
 

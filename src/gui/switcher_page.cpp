@@ -98,19 +98,7 @@ wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings) {
   lists->Add(between, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, page->FromDIP(pageMargin)));
   lists->Add(right, wxSizerFlags(3).Expand());
 
-  auto* below = new wxBoxSizer(wxHORIZONTAL);
-  below->Add(legend, wxSizerFlags().CentreVertical());
-  below->AddStretchSpacer();
-  below->Add(enable, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
-  below->Add(disable, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
-
-  auto* whole = new wxBoxSizer(wxVERTICAL);
-  whole->Add(lists, wxSizerFlags(1).Expand());
-  whole->AddSpacer(page->FromDIP(pageMargin));
-  whole->Add(below, wxSizerFlags().Expand());
-  auto* framed = new wxBoxSizer(wxVERTICAL);
-  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(pageMargin)));
-  page->SetSizer(framed);
+  LayOutPage(page, lists, legend, enable, disable);
   return page;
 }
 

@@ -45,15 +45,6 @@ bool EqualsBackup(Files& files, int hog, const std::string& backup, const HogTab
   });
 }
 
-/// The first of resource.old, resource.old2, ... that is not there yet.
-std::string FreeOldName(const std::string& programPath) {
-  std::string name = programPath + "backup\\resource.old";
-  for (int number = 2; FileExists(std::string(name)); ++number) {
-    name = programPath + "backup\\resource.old" + std::to_string(number);
-  }
-  return name;
-}
-
 }  // namespace
 
 void KeepFatBackup(Files& files, const std::string& gamePath, const std::string& programPath, const HogTable& live,
@@ -63,7 +54,7 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
   const OpenedFile hog(files, gamePath + "resource.hog", OpenFor::reading);
   if (FileExists(std::string(backup))) {
     if (EqualsBackup(files, hog.handle, backup, live, repaired)) return;
-    CopyWhole(files, backup, FreeOldName(programPath));
+    CopyWhole(files, backup, FreeOldName(programPath + "backup\\resource"));
   }
   WriteBeside(files, backup, [&](int handle) {
     EachBlock(files, hog.handle, live, repaired, [&](std::uint64_t at, const Bytes& block) {

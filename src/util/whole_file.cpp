@@ -111,6 +111,12 @@ bool SameContent(Files& files, const std::string& a, const std::string& b) {
   }
 }
 
+std::string FreeOldName(const std::string& base) {
+  std::string name = base + ".old";
+  for (int number = 2; FileExists(std::string(name)); ++number) name = base + ".old" + std::to_string(number);
+  return name;
+}
+
 std::uint64_t FileLength(const std::string& path) {
   const auto facts = platform::FactsOf(path);
   return facts ? facts->length : 0;

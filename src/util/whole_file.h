@@ -53,6 +53,9 @@ void MakeFolder(Files& files, const std::string& path);
 /// True when both files can be read and hold the same bytes.
 bool SameContent(Files& files, const std::string& a, const std::string& b);
 
+/// The first name that is not there yet for an old version to be kept under: `base` + ".old", ".old2", ".old3", ...
+std::string FreeOldName(const std::string& base);
+
 /// The length of a file in bytes; 0 where there is none.
 std::uint64_t FileLength(const std::string& path);
 
