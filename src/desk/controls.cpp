@@ -22,6 +22,21 @@ void SetText(ListView& list, std::size_t row, std::size_t column, const std::str
   ++list.revision;
 }
 
+std::string TextAt(const ListView& list, const ListRow& row, std::size_t column) {
+  if (column < row.texts.size()) return row.texts[column];
+  return list.textOf ? list.textOf(row, column) : std::string();
+}
+
+void SelectAll(ListView& list, bool selected) {
+  for (ListRow& row : list.rows) row.selected = selected;
+  ++list.revision;
+}
+
+SortOrder NextOrder(const ListView& list) {
+  const bool again = list.sorted && list.sorted->column == list.clickedColumn;
+  return {list.clickedColumn, again && !list.sorted->descending};
+}
+
 void SelectOnly(ListView& list, std::optional<std::size_t> row) {
   for (std::size_t i = 0; i < list.rows.size(); ++i) list.rows[i].selected = row == i;
   ++list.revision;

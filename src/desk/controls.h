@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ struct TextBox {
   std::string tooltip;
   bool enabled = true;
   bool readOnly = false;
+  bool shown = true;  ///< false while it is folded away
 };
 
 struct Button {
@@ -33,6 +35,12 @@ struct CheckBox {
   bool checked = false;
 };
 
+/// An item of a menu that comes up at the mouse.
+struct MenuItem {
+  std::string caption;
+  bool enabled = true;
+};
+
 struct ListColumn {
   std::string heading;
   bool number = false;  ///< aligned to the right
@@ -45,11 +53,23 @@ struct ListRow {
   bool selected = false;
 };
 
+/// What a list is sorted by.
+struct SortOrder {
+  std::size_t column = 0;
+  bool descending = false;
+
+  bool operator==(const SortOrder&) const = default;
+};
+
 /// A list with columns. Rows are shown straight out of the record.
 struct ListView {
   std::vector<ListColumn> columns;
   std::vector<ListRow> rows;
+  /// Makes a row's texts where the rows have none of their own: long lists need no second copy of what they show.
+  std::function<std::string(const ListRow& row, std::size_t column)> textOf;
   bool severalSelectable = false;
+  std::optional<SortOrder> sorted;  ///< the column whose heading bears the arrow
+  std::size_t clickedColumn = 0;    ///< the heading that was clicked last
   unsigned revision = 0;  ///< counts the changes of rows, texts and selection, so that only what changed is drawn
 };
 
@@ -66,6 +86,16 @@ void AddRow(ListView& list, ListRow row);
 
 /// Sets the text of one column of one row; a row that is not there does not matter.
 void SetText(ListView& list, std::size_t row, std::size_t column, const std::string& text);
+
+/// What a list shows in one column of a row.
+std::string TextAt(const ListView& list, const ListRow& row, std::size_t column);
+
+/// Selects all rows, or none.
+void SelectAll(ListView& list, bool selected);
+
+/// The order that a click on a heading asks for: that column's, or the other way round where it is sorted by it
+/// already.
+SortOrder NextOrder(const ListView& list);
 
 /// Selects one row alone, or none.
 void SelectOnly(ListView& list, std::optional<std::size_t> row);

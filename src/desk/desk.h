@@ -22,13 +22,15 @@ struct Progress {
   int total = 0;  ///< 0 when nothing is being done
 };
 
-/// What is asked of the person: each front end fills in its own ways. A desk without a way of showing progress leaves
-/// that one empty.
+/// What is asked of the person: each front end fills in its own ways, and leaves empty what it has no way of doing.
 struct Desk {
   std::function<Answer(const MessageBox&)> showBox;
   std::function<std::string(const std::string& prompt)> browseForFolder;  ///< a folder; empty for Cancel
   std::function<std::string(const FileQuestion&)> openDialog;             ///< a file; empty for Cancel
   std::function<void(const Progress&)> showProgress;
+  std::function<bool()> stopAsked;                              ///< the person asked for the long action to stop
+  std::function<void(const std::string& form)> showForm;        ///< shows a form by its name until it is closed
+  std::function<void(const std::string& text)> putOnClipboard;  ///< a text for other programs
 };
 
 }  // namespace oravin

@@ -35,4 +35,14 @@ void EndProgress(Host& host) {
   if (host.desk.showProgress) host.desk.showProgress({});
 }
 
+bool StopAsked(Host& host) { return host.desk.stopAsked && host.desk.stopAsked(); }
+
+void ShowForm(Host& host, const std::string& form) {
+  if (host.desk.showForm) host.desk.showForm(form);
+}
+
+void PutOnClipboard(Host& host, const std::string& text) {
+  if (host.desk.putOnClipboard) host.desk.putOnClipboard(text);
+}
+
 }  // namespace oravin

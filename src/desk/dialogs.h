@@ -29,4 +29,14 @@ void ShowProgress(Host& host, const std::string& text, int done, int total);
 /// Tells that the long action has ended.
 void EndProgress(Host& host);
 
+/// True once the person has asked for the long action to stop.
+bool StopAsked(Host& host);
+
+/// Shows a form and comes back when it has been closed.
+/// @param form its name, as "FAT_Editor"
+void ShowForm(Host& host, const std::string& form);
+
+/// Puts a text where other programs can paste it from.
+void PutOnClipboard(Host& host, const std::string& text);
+
 }  // namespace oravin

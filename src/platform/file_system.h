@@ -31,6 +31,8 @@ struct FileFacts {
 };
 
 std::string OpenNative(const std::string& path, OpenFor purpose, NativeFile& file);
+/// Opens `name` in a folder for replacing. The name is taken as it is spelled, without a look at the folder's others.
+std::string OpenSpelledNative(const std::string& folder, const std::string& name, NativeFile& file);
 /// Reads up to `bytes.size()` bytes at `offset`; `count` tells how many there were before the file's end.
 std::string ReadNative(NativeFile file, std::uint64_t offset, std::span<std::uint8_t> bytes, std::size_t& count);
 std::string WriteNative(NativeFile file, std::uint64_t offset, std::span<const std::uint8_t> bytes);
@@ -44,6 +46,8 @@ std::string FlushMany(const std::vector<std::string>& paths);
 std::string EraseNative(const std::string& path);
 /// Renames a file; a file that bears the new name already is replaced in the same step.
 std::string RenameNative(const std::string& from, const std::string& to);
+/// The same inside one folder, with both names taken as they are spelled.
+std::string RenameSpelledNative(const std::string& folder, const std::string& from, const std::string& to);
 /// Makes one folder; one that is there already is no failure.
 std::string MakeFolderNative(const std::string& path);
 
@@ -51,6 +55,9 @@ std::string MakeFolderNative(const std::string& path);
 std::optional<FileFacts> FactsOf(const std::string& path);
 /// The files and folders of one folder, without `.` and `..`, in no set order; nothing when it cannot be listed.
 std::optional<std::vector<FileFacts>> ListNative(const std::string& folder);
+
+/// True when both paths lead to one and the same existing file, by whatever names.
+bool IsSameFile(const std::string& a, const std::string& b);
 
 /// Tells whether an existing file can be changed now: it is neither read-only nor held open by another program.
 std::string WhyNotWritable(const std::string& path);

@@ -120,30 +120,28 @@ bool IsPlainFileName(const std::string& name) {
   return !(port && base[3] >= '0' && base[3] <= '9');
 }
 
-bool MatchesPattern(const std::string& name, const std::string& pattern) {
-  const std::string text = UpperCase(name);
-  std::string wanted = UpperCase(pattern);
+bool MatchesPattern(std::string_view name, std::string_view pattern) {
   // A pattern's ".*" stands for no extension too, as in every listing of the game's system.
-  if (wanted.ends_with(".*") && text.find('.') == std::string::npos) wanted.resize(wanted.size() - 2);
+  if (pattern.ends_with(".*") && name.find('.') == std::string_view::npos) pattern.remove_suffix(2);
   std::size_t at = 0;
   std::size_t in = 0;
-  std::size_t star = std::string::npos;
+  std::size_t star = std::string_view::npos;
   std::size_t resume = 0;
-  while (at < text.size()) {
-    if (in < wanted.size() && (wanted[in] == '?' || (wanted[in] == text[at] && wanted[in] != '*'))) {
-      ++at;
-      ++in;
-    } else if (in < wanted.size() && wanted[in] == '*') {
+  while (at < name.size()) {
+    if (in < pattern.size() && pattern[in] == '*') {
       star = in++;
       resume = at;
-    } else if (star != std::string::npos) {
+    } else if (in < pattern.size() && (pattern[in] == '?' || UpperChar(pattern[in]) == UpperChar(name[at]))) {
+      ++at;
+      ++in;
+    } else if (star != std::string_view::npos) {
       in = star + 1;
       at = ++resume;
     } else {
       return false;
     }
   }
-  return wanted.find_first_not_of('*', in) == std::string::npos;
+  return pattern.find_first_not_of('*', in) == std::string_view::npos;
 }
 
 }  // namespace oravin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 /// Paths are Windows paths with backslashes; a folder's path ends in one. Several procedures trim the caller's own
 /// variable: what they were given without blanks is what the caller goes on with. That is meant.
@@ -48,6 +49,6 @@ bool IsPlainFileName(const std::string& name);
 
 /// True when the name matches the pattern, in which `*` stands for any characters and `?` for one; case does not
 /// matter. As on Windows, ".*" at the pattern's end stands for no extension too.
-bool MatchesPattern(const std::string& name, const std::string& pattern);
+bool MatchesPattern(std::string_view name, std::string_view pattern);
 
 }  // namespace oravin

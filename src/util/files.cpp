@@ -47,18 +47,33 @@ int FreeFile(const Files& files) {
   return handle;
 }
 
-void OpenBinary(Files& files, int handle, const std::string& path, platform::OpenFor purpose) {
+namespace {
+
+/// Puts a file on a handle; `open` opens it and returns the system's reason where it cannot.
+void OpenAs(Files& files, int handle, const std::string& path,
+            const std::function<std::string(platform::NativeFile& native)>& open) {
   Close(files, handle);
   OpenFile file;
   file.path = path;
-  DoOrThrow(files, FileOperation::Kind::open, path, "could not open",
-            [&] { return platform::OpenNative(path, purpose, file.native); });
+  DoOrThrow(files, FileOperation::Kind::open, path, "could not open", [&] { return open(file.native); });
   const std::string reason = platform::LengthNative(file.native, file.length);
   if (!reason.empty()) {
     platform::CloseNative(file.native);
     throw RunTimeError("could not open", path, reason);
   }
   files.open.emplace(handle, std::move(file));
+}
+
+}  // namespace
+
+void OpenBinary(Files& files, int handle, const std::string& path, platform::OpenFor purpose) {
+  OpenAs(files, handle, path,
+         [&](platform::NativeFile& native) { return platform::OpenNative(path, purpose, native); });
+}
+
+void OpenSpelled(Files& files, int handle, const std::string& folder, const std::string& name) {
+  OpenAs(files, handle, folder + name,
+         [&](platform::NativeFile& native) { return platform::OpenSpelledNative(folder, name, native); });
 }
 
 void Close(Files& files, int handle) {

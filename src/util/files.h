@@ -47,6 +47,11 @@ int FreeFile(const Files& files);
 /// Opens a file under a handle number of the caller's choice; a file that the number stands for is closed first.
 void OpenBinary(Files& files, int handle, const std::string& path, platform::OpenFor purpose);
 
+/// Makes a file whose name is taken as it is spelled; one of exactly that name is emptied. For folders whose names the
+/// caller knows: no other spelling of the name is looked for, so that it does not matter how full the folder is.
+/// @param folder ends in a backslash
+void OpenSpelled(Files& files, int handle, const std::string& folder, const std::string& name);
+
 /// Closes a handle; one that is not open does not matter.
 void Close(Files& files, int handle);
 void CloseAll(Files& files);

@@ -15,14 +15,6 @@ constexpr std::array<char16_t, 32> upperPage = {0x20AC, 0x0081, 0x201A, 0x0192, 
 
 std::uint8_t Byte(char c) { return static_cast<std::uint8_t>(c); }
 
-char UpperChar(char c) {
-  const std::uint8_t byte = Byte(c);
-  if (byte >= 'a' && byte <= 'z') return static_cast<char>(byte - 0x20);
-  if (byte >= 0xE0 && byte != 0xF7 && byte != 0xFF) return static_cast<char>(byte - 0x20);
-  if (byte == 0x9A || byte == 0x9C || byte == 0x9E) return static_cast<char>(byte - 0x10);
-  return byte == 0xFF ? static_cast<char>(0x9F) : c;
-}
-
 char LowerChar(char c) {
   const std::uint8_t byte = Byte(c);
   if (byte >= 'A' && byte <= 'Z') return static_cast<char>(byte + 0x20);
@@ -59,6 +51,14 @@ char FromCode(char32_t code) {
 }
 
 }  // namespace
+
+char UpperChar(char c) {
+  const std::uint8_t byte = Byte(c);
+  if (byte >= 'a' && byte <= 'z') return static_cast<char>(byte - 0x20);
+  if (byte >= 0xE0 && byte != 0xF7 && byte != 0xFF) return static_cast<char>(byte - 0x20);
+  if (byte == 0x9A || byte == 0x9C || byte == 0x9E) return static_cast<char>(byte - 0x10);
+  return byte == 0xFF ? static_cast<char>(0x9F) : c;
+}
 
 std::string Trim(std::string_view text) { return std::string(Trimmed(text)); }
 

@@ -13,6 +13,9 @@ std::string Trim(std::string_view text);
 /// Removes the blanks at the two ends of the caller's own text.
 void TrimInPlace(std::string& text);
 
+/// A letter in upper case, accented ones included; another character as it is.
+char UpperChar(char c);
+
 /// The text with its letters in upper (lower) case, accented ones included.
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);

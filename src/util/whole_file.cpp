@@ -89,6 +89,11 @@ void RenameOver(Files& files, const std::string& from, const std::string& to) {
             [&] { return platform::RenameNative(from, to); });
 }
 
+void RenameSpelled(Files& files, const std::string& folder, const std::string& from, const std::string& to) {
+  DoOrThrow(files, FileOperation::Kind::rename, folder + to, "could not write",
+            [&] { return platform::RenameSpelledNative(folder, from, to); });
+}
+
 void MakeFolder(Files& files, const std::string& path) {
   DoOrThrow(files, FileOperation::Kind::makeFolder, path, "could not make the folder",
             [&] { return platform::MakeFolderNative(path); });

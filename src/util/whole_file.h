@@ -47,6 +47,9 @@ void EraseFile(Files& files, const std::string& path);
 /// Renames a file, over another one where that is there.
 void RenameOver(Files& files, const std::string& from, const std::string& to);
 
+/// The same inside one folder, with both names taken as they are spelled.
+void RenameSpelled(Files& files, const std::string& folder, const std::string& from, const std::string& to);
+
 /// Makes a folder where it is missing; the folder above must be there.
 void MakeFolder(Files& files, const std::string& path);
 

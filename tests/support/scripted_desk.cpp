@@ -75,6 +75,17 @@ ScriptedDesk::ScriptedDesk(Host& owner) : host(owner) {
     return Next(files, "an open dialog (" + question.title + ")");
   };
   host.desk.showProgress = [this](const Progress& step) { progress.push_back(step); };
+  host.desk.putOnClipboard = [this](const std::string& text) { clipboard.push_back(text); };
+  host.desk.stopAsked = [this] { return stopAfter && (*stopAfter)-- <= 0; };
+  host.desk.showForm = [this](const std::string& form) {
+    if (forms.empty()) {
+      ADD_FAILURE() << "the form " << form << " opened, which was not expected";
+      return;
+    }
+    const auto act = forms.front();
+    forms.pop_front();
+    act(form);
+  };
 }
 
 ScriptedDesk::~ScriptedDesk() {
@@ -103,10 +114,16 @@ void ScriptedDesk::AnswerFolder(const std::string& folder) { folders.push_back(f
 
 void ScriptedDesk::AnswerFile(const std::string& file) { files.push_back(file); }
 
+void ScriptedDesk::OnForm(std::function<void(const std::string& form)> act) { forms.push_back(std::move(act)); }
+
+void ScriptedDesk::StopAfter(int questions) { stopAfter = questions; }
+
 void ScriptedDesk::AllowOthers(std::function<Answer(const MessageBox&)> answer) { others = std::move(answer); }
 
 bool ScriptedDesk::Done() {
-  const bool all = expected.empty() && folders.empty() && files.empty();
+  const bool all = expected.empty() && folders.empty() && files.empty() && forms.empty();
+  if (!forms.empty()) ADD_FAILURE() << forms.size() << " form(s) never opened";
+  forms.clear();
   for (const auto& [box, answer] : expected) ADD_FAILURE() << "a box never came:\n" << InWords(box);
   if (!folders.empty()) ADD_FAILURE() << folders.size() << " folder browser(s) never opened";
   if (!files.empty()) ADD_FAILURE() << files.size() << " open dialog(s) never opened";

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,6 +39,11 @@ struct ScriptedDesk {
   /// The next choice of the open dialog; empty for Cancel.
   void AnswerFile(const std::string& file);
 
+  /// What is done with the next form (its name is given) before it closes.
+  void OnForm(std::function<void(const std::string& form)> act);
+  /// The long action is asked to stop once it has asked so many times whether it should.
+  void StopAfter(int questions);
+
   /// From here on boxes that are not expected do not fail the test: `answer` is asked instead, and they are recorded
   /// like all others. For walks over failures, where the box depends on where the failure comes.
   void AllowOthers(std::function<Answer(const MessageBox&)> answer);
@@ -50,12 +56,15 @@ struct ScriptedDesk {
   std::vector<std::string> prompts;         ///< the folder browser's
   std::vector<FileQuestion> fileQuestions;  ///< the open dialog's
   std::vector<Progress> progress;           ///< every step that was shown
+  std::vector<std::string> clipboard;       ///< every text that was put there
 
   Host& host;
   std::deque<std::pair<MessageBox, Answer>> expected;
   std::deque<std::string> folders;
   std::deque<std::string> files;
+  std::deque<std::function<void(const std::string& form)>> forms;
   std::function<Answer(const MessageBox&)> others;
+  std::optional<int> stopAfter;
 };
 
 /// A host with its scripted desk.

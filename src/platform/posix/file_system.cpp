@@ -98,6 +98,16 @@ std::string OpenNative(const std::string& path, OpenFor purpose, NativeFile& fil
   return {};
 }
 
+std::string OpenSpelledNative(const std::string& folder, const std::string& name, NativeFile& file) {
+  file = noFile;
+  const std::string native = ToNativePath(folder);
+  if (native.empty()) return "there is no such drive";
+  const int descriptor = open((native + name).c_str(), O_CLOEXEC | O_RDWR | O_CREAT | O_TRUNC, 0666);
+  if (descriptor < 0) return Reason(errno);
+  file = descriptor;
+  return {};
+}
+
 std::string ReadNative(NativeFile file, std::uint64_t offset, std::span<std::uint8_t> bytes, std::size_t& count) {
   count = 0;
   while (count < bytes.size()) {
@@ -157,6 +167,11 @@ std::string RenameNative(const std::string& from, const std::string& to) {
   return Sum(rename(ToNativePath(from).c_str(), ToNativePath(to).c_str()) == 0);
 }
 
+std::string RenameSpelledNative(const std::string& folder, const std::string& from, const std::string& to) {
+  const std::string native = ToNativePath(folder);
+  return Sum(rename((native + from).c_str(), (native + to).c_str()) == 0);
+}
+
 std::string MakeFolderNative(const std::string& path) {
   std::string native = ToNativePath(path);
   while (native.size() > 1 && native.back() == '/') native.pop_back();
@@ -190,6 +205,13 @@ std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {
   }
   closedir(listing);
   return items;
+}
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  struct stat first;
+  struct stat second;
+  return stat(ToNativePath(a).c_str(), &first) == 0 && stat(ToNativePath(b).c_str(), &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
 std::string WhyNotWritable(const std::string& path) {
