@@ -3,9 +3,11 @@
 #include <array>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "app/disable.h"
 #include "app/enable.h"
+#include "app/hog_handlers.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
@@ -42,24 +44,32 @@ void Readme(Main& main) {
 
 void Exit(Main&) { throw ProgramEnd(); }
 
-constexpr std::array<Handler, 11> handlers = {{{"switcher.cmdSwap", Swap, true},
-                                               {"switcher.cmdUnswap", Unswap, true},
-                                               {"switcher.cmdUnswapAll", UnswapAll, true},
-                                               {"switcher.cmdToggle", Toggle, false},
-                                               {"switcher.cmdEnable", cmdEnable_Click, true},
-                                               {"switcher.cmdDisable", cmdDisable_Click, true},
-                                               {"switcher.swapOrgList.DblClick", ViewSelected, false},
-                                               {"stats.cmdEnable2", cmdEnable_Click, true},
-                                               {"stats.CmdDisable2", cmdDisable_Click, true},
-                                               {"about.cmdReadme", Readme, false},
-                                               {"about.cmdExit", Exit, false}}};
+constexpr std::array<Handler, 11> mainHandlers = {{{"switcher.cmdSwap", Swap, true},
+                                                   {"switcher.cmdUnswap", Unswap, true},
+                                                   {"switcher.cmdUnswapAll", UnswapAll, true},
+                                                   {"switcher.cmdToggle", Toggle, false},
+                                                   {"switcher.cmdEnable", cmdEnable_Click, true},
+                                                   {"switcher.cmdDisable", cmdDisable_Click, true},
+                                                   {"switcher.swapOrgList.DblClick", ViewSelected, false},
+                                                   {"stats.cmdEnable2", cmdEnable_Click, true},
+                                                   {"stats.CmdDisable2", cmdDisable_Click, true},
+                                                   {"about.cmdReadme", Readme, false},
+                                                   {"about.cmdExit", Exit, false}}};
 
 }  // namespace
 
-std::span<const Handler> Handlers() { return handlers; }
+std::span<const Handler> Handlers() {
+  static const std::vector<Handler> handlers = [] {
+    std::vector<Handler> all(mainHandlers.begin(), mainHandlers.end());
+    const std::span<const Handler> hog = HogHandlers();
+    all.insert(all.end(), hog.begin(), hog.end());
+    return all;
+  }();
+  return handlers;
+}
 
 void Run(Main& main, std::string_view name) {
-  for (const Handler& handler : handlers) {
+  for (const Handler& handler : Handlers()) {
     if (handler.name != name) continue;
     if (handler.changesFiles && main.onlyLooks) {
       Show(main.host, "Another copy of Oravin works on this installation, so nothing can be changed here now.",

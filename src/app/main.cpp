@@ -1,5 +1,7 @@
 #include "app/main.h"
 
+#include "hog/hog_open.h"
+
 namespace oravin {
 
 Main::Main()
@@ -8,7 +10,8 @@ Main::Main()
       imports(NewImportTab()),
       hog(NewHogTab()),
       tcache(NewTcacheTab()),
-      about(NewAboutTab()) {
+      about(NewAboutTab()),
+      FAT_Editor(NewFatEditor()) {
   TabStrip1.captions = {"Switcher", "Ship Stats / Guns", "Import Ships", "Hog Editor", "Tcache Editor", "About"};
 }
 
@@ -17,7 +20,10 @@ Main::~Main() {
   platform::UnlockFolder(programLock);
 }
 
-void CloseOpenFiles(Main& main) { CloseAll(main.host.files); }
+void CloseOpenFiles(Main& main) {
+  if (main.hog.cmdCloseHog.enabled) cmdCloseHog_Click(main.host, main.hog);
+  CloseAll(main.host.files);
+}
 
 SwapDesk SwapDeskOf(Main& main) {
   return {main.host, main.installation, main.stats, [&main] { CloseOpenFiles(main); }};

@@ -4,6 +4,7 @@
 #include "catalogue/installation.h"
 #include "desk/controls.h"
 #include "desk/host.h"
+#include "hog/FAT_Editor.h"
 #include "hog/hog_tab.h"
 #include "platform/installation_lock.h"
 #include "ships/stats_tab.h"
@@ -31,13 +32,14 @@ struct Main {
   HogTab hog;
   TcacheTab tcache;
   AboutTab about;
+  FatEditor FAT_Editor;
 
   bool onlyLooks = false;  ///< another copy of the program works on the installation
   platform::FolderLock gameLock;
   platform::FolderLock programLock;
 };
 
-/// Closes the files that the archive's and the texture cache's tabs hold open.
+/// Closes the files that the archive's and the texture cache's tabs hold open, and the archive in its tab with them.
 void CloseOpenFiles(Main& main);
 
 /// The records that a swap works on.

@@ -1,10 +1,245 @@
+#include <wx/dnd.h>
+#include <wx/menu.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
 #include "gui/pages.h"
+#include "gui/text_edge.h"
 
 namespace oravin::gui {
 
+namespace {
+
+constexpr int buttonColumns = 3;
+constexpr int linesOfFirstBytes = 6;
+
+/// What the page consists of.
+struct Parts {
+  wxWindow* page = nullptr;
+  wxStaticText* lblHogPath = nullptr;
+  wxTextCtrl* txtHogPath = nullptr;
+  wxButton* cmdBrowseHogPath = nullptr;
+  wxButton* cmdOpen = nullptr;
+  wxButton* cmdCloseHog = nullptr;
+  wxStaticText* lblHogDest = nullptr;
+  wxTextCtrl* txtHogDest = nullptr;
+  wxButton* cmdBrowseHogDest = nullptr;
+  wxButton* cmdExtract = nullptr;
+  wxButton* cmdUnpackExtract = nullptr;
+  wxStaticText* lblFilter = nullptr;
+  wxTextCtrl* txtFilter = nullptr;
+  wxButton* cmdSelectAll = nullptr;
+  wxButton* cmdSelectNone = nullptr;
+  wxButton* cmdBackupFAT = nullptr;
+  wxButton* cmdRestoreFAT = nullptr;
+  wxWindow* edge = nullptr;
+  ListWindow* hogList = nullptr;
+  wxStaticText* lblHogSize = nullptr;
+  wxStaticText* lblHogFiles = nullptr;
+  wxStaticText* lblShown = nullptr;
+  wxButton* cmdFirstBytes = nullptr;
+  wxTextCtrl* txtFirstBytes = nullptr;
+  wxStaticText* lblFilePath = nullptr;
+};
+
+/// Takes a dropped archive as the one to open.
+class ArchiveDrop : public wxFileDropTarget {
+ public:
+  explicit ArchiveDrop(std::function<void(const wxString&)> dropped) : dropped_(std::move(dropped)) {}
+
+ private:
+  bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
+    if (files.empty()) return false;
+    dropped_(files.front());
+    return true;
+  }
+
+  std::function<void(const wxString&)> dropped_;
+};
+
+wxTextCtrl* NewFirstBytes(wxWindow* page, Mirror& mirror, TextBox& record) {
+  wxTextCtrl* text = NewText(page, mirror, "hog.txtFirstBytes", record, wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+  Monospace(text);
+  const int line = text->GetTextExtent("0").GetHeight();
+  text->SetMinSize({page->FromDIP(100), linesOfFirstBytes * line + page->FromDIP(gap)});
+  return text;
+}
+
+/// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
+Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
+  HogTab& tab = surroundings.main.hog;
+  Mirror& mirror = surroundings.mirror;
+  Parts parts;
+  parts.page = new wxPanel(parent);
+  wxWindow* page = parts.page;
+  const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
+  parts.lblHogPath = NewLabel(page, mirror, "hog.lblHogPath", tab.lblHogPath);
+  parts.txtHogPath = NewText(page, mirror, "hog.txtHogPath", tab.txtHogPath, wxTE_PROCESS_ENTER);
+  parts.cmdBrowseHogPath = button("hog.cmdBrowseHogPath", tab.cmdBrowseHogPath);
+  parts.cmdOpen = button("hog.cmdOpen", tab.cmdOpen);
+  parts.cmdCloseHog = button("hog.cmdCloseHog", tab.cmdCloseHog);
+  parts.lblHogDest = NewLabel(page, mirror, "hog.lblHogDest", tab.lblHogDest);
+  parts.txtHogDest = NewText(page, mirror, "hog.txtHogDest", tab.txtHogDest);
+  parts.cmdBrowseHogDest = button("hog.cmdBrowseHogDest", tab.cmdBrowseHogDest);
+  parts.cmdExtract = button("hog.cmdExtract", tab.cmdExtract);
+  parts.cmdUnpackExtract = button("hog.cmdUnpackExtract", tab.cmdUnpackExtract);
+  parts.lblFilter = NewLabel(page, mirror, "hog.lblFilter", tab.lblFilter);
+  parts.txtFilter = NewText(page, mirror, "hog.txtFilter", tab.txtFilter);
+  parts.cmdSelectAll = button("hog.cmdSelectAll", tab.cmdSelectAll);
+  parts.cmdSelectNone = button("hog.cmdSelectNone", tab.cmdSelectNone);
+  parts.cmdBackupFAT = button("hog.cmdBackupFAT", tab.cmdBackupFAT);
+  parts.cmdRestoreFAT = button("hog.cmdRestoreFAT", tab.cmdRestoreFAT);
+  parts.edge = NewEdge(page);
+  parts.hogList = new ListWindow(parts.edge, tab.hogList, {});
+  Enframe(parts.edge, parts.hogList);
+  Reflect(mirror, "hog.hogList", parts.hogList, tab.hogList);
+  parts.lblHogSize = NewLabel(page, mirror, "hog.lblHogSize", tab.lblHogSize);
+  parts.lblHogFiles = NewLabel(page, mirror, "hog.lblHogFiles", tab.lblHogFiles);
+  parts.lblShown = NewLabel(page, mirror, "hog.lblShown", tab.lblShown, wxST_ELLIPSIZE_END);
+  parts.cmdFirstBytes = button("hog.cmdFirstBytes", tab.cmdFirstBytes);
+  parts.txtFirstBytes = NewFirstBytes(page, mirror, tab.txtFirstBytes);
+  parts.lblFilePath = NewLabel(page, mirror, "hog.lblFilePath", tab.lblFilePath, wxST_ELLIPSIZE_MIDDLE);
+  return parts;
+}
+
+/// The three lines above the list: names, fields and buttons stand below each other.
+wxSizer* NewTopLines(const Parts& parts) {
+  wxWindow* page = parts.page;
+  const int space = page->FromDIP(gap);
+  struct Line {
+    wxStaticText* label;
+    wxSizer* field;
+    std::array<wxButton*, buttonColumns> buttons;
+  };
+  auto* filter = new wxBoxSizer(wxHORIZONTAL);
+  filter->Add(parts.txtFilter, wxSizerFlags(1).CentreVertical());
+  filter->Add(parts.cmdSelectAll, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
+  const auto alone = [](wxTextCtrl* text) {
+    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
+    sizer->Add(text, wxSizerFlags(1).CentreVertical());
+    return sizer;
+  };
+  const std::array<Line, 3> lines = {
+      {{parts.lblHogPath, alone(parts.txtHogPath), {parts.cmdBrowseHogPath, parts.cmdOpen, parts.cmdCloseHog}},
+       {parts.lblHogDest, alone(parts.txtHogDest), {parts.cmdBrowseHogDest, parts.cmdExtract, parts.cmdUnpackExtract}},
+       {parts.lblFilter, filter, {parts.cmdSelectNone, parts.cmdBackupFAT, parts.cmdRestoreFAT}}}};
+
+  int width = parts.cmdSelectAll->GetBestSize().GetWidth();
+  for (const Line& line : lines) {
+    for (const wxButton* button : line.buttons) width = std::max(width, button->GetBestSize().GetWidth());
+  }
+  parts.cmdSelectAll->SetMinSize({width, -1});
+  auto* grid = new wxFlexGridSizer(2 + buttonColumns, space, space);
+  grid->AddGrowableCol(1);
+  for (const Line& line : lines) {
+    grid->Add(line.label, wxSizerFlags().CentreVertical());
+    grid->Add(line.field, wxSizerFlags().Expand());
+    for (wxButton* button : line.buttons) {
+      button->SetMinSize({width, -1});
+      // What is done to the archive stands a little apart from what belongs to the field.
+      const bool apart = button == line.buttons[1];
+      grid->Add(button, wxSizerFlags().CentreVertical().Border(wxLEFT, apart ? space : 0));
+    }
+  }
+  return grid;
+}
+
+void LayOut(const Parts& parts) {
+  wxWindow* page = parts.page;
+  const int space = page->FromDIP(gap);
+  auto* totals = new wxBoxSizer(wxHORIZONTAL);
+  totals->Add(parts.lblHogSize, wxSizerFlags().CentreVertical());
+  totals->Add(parts.lblHogFiles, wxSizerFlags().CentreVertical().Border(wxLEFT, 3 * space));
+  totals->Add(parts.lblShown, wxSizerFlags(1).CentreVertical().Border(wxLEFT, 3 * space));
+  totals->Add(parts.cmdFirstBytes, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
+
+  auto* whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(NewTopLines(parts), wxSizerFlags().Expand());
+  whole->Add(parts.edge, wxSizerFlags(1).Expand().Border(wxTOP, page->FromDIP(pageMargin)));
+  whole->Add(totals, wxSizerFlags().Expand().Border(wxTOP, space));
+  whole->Add(parts.txtFirstBytes, wxSizerFlags().Expand().Border(wxTOP, space));
+  whole->Add(parts.lblFilePath, wxSizerFlags().Expand().Border(wxTOP, space));
+  auto* framed = new wxBoxSizer(wxVERTICAL);
+  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, page->FromDIP(pageMargin)));
+  page->SetSizer(framed);
+}
+
+/// The menu at the mouse, or at the row with the keyboard's mark.
+void ShowPopup(ListWindow& list, const HogTab& tab, const Action& press) {
+  if (list.SelectionDiffers()) press("hog.hogList.ItemClick");
+  struct Item {
+    const MenuItem& record;
+    const char* action;
+  };
+  const std::array<Item, 3> items = {{{tab.pldHogCopy, "hog.pldHogCopy"},
+                                      {tab.pldHogPaste, "hog.pldHogPaste"},
+                                      {tab.pldHogProperties, "hog.pldHogProperties"}}};
+  wxMenu menu;
+  for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+    const MenuItem& record = items.at(static_cast<std::size_t>(i)).record;
+    if (&record == &tab.pldHogProperties) menu.AppendSeparator();
+    menu.Append(i, ToScreen(record.caption))->Enable(record.enabled);
+  }
+  const int chosen = list.GetPopupMenuSelectionFromUser(menu);
+  if (chosen != wxID_NONE) press(items.at(static_cast<std::size_t>(chosen)).action);
+}
+
+void BindList(ListWindow& list, HogTab& tab, const Action& press) {
+  OnHeadingClick(list, tab.hogList, [press] { press("hog.hogList.ColumnClick"); });
+  OnSelectionChange(list, [press] { press("hog.hogList.ItemClick"); });
+  list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [press](wxListEvent&) { press("hog.hogList.DblClick"); });
+  list.Bind(wxEVT_CONTEXT_MENU, [&list, &tab, press](wxContextMenuEvent&) {
+    if (!tab.hogList.rows.empty()) ShowPopup(list, tab, press);
+  });
+  list.Bind(wxEVT_CHAR_HOOK, [press](wxKeyEvent& event) {
+    const bool control = event.GetModifiers() == wxMOD_CONTROL;
+    if (control && event.GetKeyCode() == 'A') {
+      press("hog.cmdSelectAll");
+    } else if (control && event.GetKeyCode() == 'C') {
+      press("hog.pldHogCopy");
+    } else {
+      event.Skip();
+    }
+  });
+}
+
+void BindTexts(const Parts& parts, const Action& press) {
+  parts.txtHogPath->Bind(wxEVT_TEXT_ENTER, [press](wxCommandEvent&) { press("hog.cmdOpen"); });
+  // What the record itself changes makes no such event.
+  parts.txtFilter->Bind(wxEVT_TEXT, [press](wxCommandEvent&) { press("hog.txtFilter.Change"); });
+  parts.txtFilter->Bind(wxEVT_CHAR_HOOK, [text = parts.txtFilter](wxKeyEvent& event) {
+    if (event.GetKeyCode() == WXK_ESCAPE && !text->IsEmpty()) {
+      text->Clear();
+    } else {
+      event.Skip();
+    }
+  });
+}
+
+void AcceptDrops(const Parts& parts, const Action& press) {
+  const auto dropped = [text = parts.txtHogPath, press](const wxString& file) {
+    text->ChangeValue(ToScreen(FromDialogPath(file)));
+    press("hog.cmdOpen");
+  };
+  for (wxWindow* window : {parts.page, static_cast<wxWindow*>(parts.hogList)}) {
+    window->SetDropTarget(new ArchiveDrop(dropped));
+  }
+}
+
+}  // namespace
+
 wxWindow* NewHogPage(wxWindow* parent, const Surroundings& surroundings) {
-  return NewPurposePage(parent, surroundings, "hog.purpose", surroundings.main.hog.purpose,
-                        ArchivePicture({purposePictureSize, purposePictureSize}));
+  const Parts parts = NewParts(parent, surroundings);
+  parts.hogList->SetShares({0.55, 0.16, 0.16, 0.13});
+  LayOut(parts);
+  BindList(*parts.hogList, surroundings.main.hog, surroundings.press);
+  BindTexts(parts, surroundings.press);
+  AcceptDrops(parts, surroundings.press);
+  return parts.page;
 }
 
 }  // namespace oravin::gui

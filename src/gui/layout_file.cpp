@@ -49,7 +49,7 @@ Json RowsOf(const ListWindow& window, const ListView& record) {
     const auto item = static_cast<long>(i);
     if (item >= window.GetItemCount() || !window.GetItemRect(item, rectangle)) continue;
     Json texts = Json::array();
-    for (const std::string& text : row.texts) texts.push_back(ToUtf8(text));
+    for (std::size_t c = 0; c < record.columns.size(); ++c) texts.push_back(ToUtf8(ShownText(record, row, c)));
     rows.push_back({{"row", i},
                     {"key", row.key},
                     {"texts", texts},
@@ -67,6 +67,10 @@ void AddList(Json& control, const ListWindow& window, const ListView& record) {
   }
   control["rowCount"] = record.rows.size();
   control["columns"] = columns;
+  control["sorted"] = nullptr;
+  if (const int column = window.GetSortIndicator(); column >= 0) {
+    control["sorted"] = {{"column", column}, {"descending", !window.IsAscendingSortIndicator()}};
+  }
   control["rows"] = RowsOf(window, record);
 }
 
@@ -116,7 +120,8 @@ std::string LayoutOf(const Window& window) {
                  {"running", window.running},
                  {"progressPaintings", window.progressPaintings},
                  {"boxes", window.boxesShown},
-                 {"box", nullptr}};
+                 {"box", nullptr},
+                 {"form", window.form == nullptr ? std::string() : window.form->name}};
   if (window.box != nullptr) {
     layout["box"] = {{"title", ToUtf8(window.box->title)}, {"text", ToUtf8(window.box->text)}};
   }
@@ -124,6 +129,11 @@ std::string LayoutOf(const Window& window) {
   layout["tabs"] = TabsOf(*window.notebook);
   layout["controls"] = Json::array();
   for (const Reflection& reflection : window.mirror.reflections) layout["controls"].push_back(ControlOf(reflection));
+  if (window.form != nullptr) {
+    for (const Reflection& reflection : window.form->mirror.reflections) {
+      layout["controls"].push_back(ControlOf(reflection));
+    }
+  }
   return layout.dump(1) + "\n";
 }
 

@@ -6,14 +6,15 @@
 ///
 ///   {"scale": 1.0, "frame": RECT, "client": RECT, "focus": "switcher.cmdSwap", "running": false, "boxes": 2,
 ///    "progressPaintings": 5,
-///    "box": {"title": .., "text": ..} or null,
+///    "box": {"title": .., "text": ..} or null, "form": "FAT_Editor" or "",
 ///    "tab": "Switcher", "tabs": [{"caption": .., "rectangle": RECT}, ..],
 ///    "controls": [{"name": "switcher.cmdSwap", "shown": true, "enabled": true, "caption": .., "rectangle": RECT,
 ///                  "wants": SIZE}, ..]}
 ///
 /// SIZE is what the caption needs. RECT is {"x", "y", "width", "height"}. "boxes" counts the message boxes that have
-/// been opened. A text box has "text", a list "rowCount", "columns" ({"heading", "width"}) and "rows", the rows that
-/// are in sight: {"row", "key", "texts", "selected", "rectangle"}.
+/// been opened. The controls of an open form come last. A text box has "text", a list "rowCount", "columns"
+/// ({"heading", "width"}), "sorted" ({"column", "descending"} or null) and "rows", the rows that are in sight: {"row",
+/// "key", "texts", "selected", "rectangle"}.
 namespace oravin::gui {
 
 /// Writes the layout file anew if it was asked for, the window has been painted and something changed. It is written

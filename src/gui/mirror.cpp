@@ -17,6 +17,9 @@ bool ShowCaption(wxWindow& window, const std::string& caption) {
   return true;
 }
 
+/// A label that may be cut short tells of files, in whose names `&` marks nothing.
+bool IsPlain(const wxStaticText& window) { return (window.GetWindowStyle() & wxST_ELLIPSIZE_MASK) != 0; }
+
 void ShowTooltip(wxWindow& window, const std::string& tooltip) {
   const wxString text = ToScreen(tooltip);
   if (window.GetToolTipText() != text) window.SetToolTip(text);
@@ -26,32 +29,23 @@ void ShowEnabled(wxWindow& window, bool enabled) {
   if (window.IsThisEnabled() != enabled) window.Enable(enabled);
 }
 
-void SelectRow(ListWindow& window, long row, bool selected) {
-  const bool before = window.GetItemState(row, wxLIST_STATE_SELECTED) != 0;
-  if (before == selected) return;
-  window.SetItemState(row, selected ? wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED : 0,
-                      selected ? wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED : wxLIST_STATE_SELECTED);
-  if (selected) window.EnsureVisible(row);
-}
-
-/// The rows that the control itself holds as selected.
-std::vector<long> SelectedRows(const ListWindow& window) {
-  std::vector<long> rows;
-  long row = -1;
-  while ((row = window.GetNextItem(row, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED)) >= 0) rows.push_back(row);
-  return rows;
-}
-
 template <typename Control, typename Record>
 void Add(Mirror& mirror, const std::string& name, Control* window, Record& record) {
   window->SetName(wxString::FromUTF8(name));
   Show(*window, record);
-  Reflection reflection{name, window, nullptr, {}, [window, &record] { return Show(*window, record); }};
+  Reflection reflection{name, window, nullptr, {}, [window, &record] { return Show(*window, record); }, false};
   if constexpr (requires { Take(*window, record); }) {
     reflection.take = [window, &record] { Take(*window, record); };
   }
   if constexpr (std::is_same_v<Record, ListView>) reflection.list = &record;
+  if constexpr (std::is_same_v<Record, Label>) reflection.inProgress = true;
   mirror.reflections.push_back(std::move(reflection));
+}
+
+void ShowOne(Reflection& reflection) {
+  if (!reflection.show || !reflection.show()) return;
+  reflection.window->InvalidateBestSize();
+  reflection.window->GetParent()->Layout();
 }
 
 }  // namespace
@@ -63,17 +57,17 @@ void Take(const wxTextCtrl& window, TextBox& record) {
 
 void Take(const wxCheckBox& window, CheckBox& record) { record.checked = window.GetValue(); }
 
-void Take(const ListWindow& window, ListView& record) {
-  for (ListRow& row : record.rows) row.selected = false;
-  for (const long row : SelectedRows(window)) {
-    const auto index = static_cast<std::size_t>(row);
-    if (index < record.rows.size()) record.rows[index].selected = true;
-  }
-}
+void Take(const ListWindow& window, ListView& record) { TakeSelection(window, record); }
 
 void Take(const wxNotebook& window, TabStrip& record) { record.chosen = window.GetSelection() + 1; }
 
 bool Show(wxStaticText& window, const Label& record) {
+  if (IsPlain(window)) {
+    const wxString text = ToScreen(record.caption);
+    if (window.GetLabelText() == text) return false;
+    window.SetLabelText(text);
+    return true;
+  }
   // A label that was wrapped to its place has line breaks where its caption has blanks.
   wxString shown = window.GetLabel();
   shown.Replace("\n", " ");
@@ -88,7 +82,7 @@ bool Show(wxTextCtrl& window, const TextBox& record) {
   if (window.IsEditable() == record.readOnly) window.SetEditable(!record.readOnly);
   ShowTooltip(window, record.tooltip);
   ShowEnabled(window, record.enabled);
-  return false;
+  return window.IsShown() != record.shown && window.Show(record.shown);
 }
 
 bool Show(wxButton& window, const Button& record) {
@@ -107,18 +101,7 @@ bool Show(wxCheckBox& window, const CheckBox& record) {
 }
 
 bool Show(ListWindow& window, const ListView& record) {
-  if (window.shownRevision == record.revision) return false;
-  window.shownRevision = record.revision;
-  const auto rows = static_cast<long>(record.rows.size());
-  for (const long row : SelectedRows(window)) {
-    const auto index = static_cast<std::size_t>(row);
-    if (row >= rows || !record.rows[index].selected) SelectRow(window, row, false);
-  }
-  window.SetItemCount(rows);
-  for (long row = 0; row < rows; ++row) {
-    if (record.rows[static_cast<std::size_t>(row)].selected) SelectRow(window, row, true);
-  }
-  window.Refresh();
+  ShowRows(window, record);
   return false;
 }
 
@@ -143,11 +126,12 @@ void TakeAll(Mirror& mirror) {
 }
 
 void ShowAll(Mirror& mirror) {
+  for (Reflection& reflection : mirror.reflections) ShowOne(reflection);
+}
+
+void ShowLabels(Mirror& mirror) {
   for (Reflection& reflection : mirror.reflections) {
-    if (reflection.show && reflection.show()) {
-      reflection.window->InvalidateBestSize();
-      reflection.window->GetParent()->Layout();
-    }
+    if (reflection.inProgress) ShowOne(reflection);
   }
 }
 
@@ -177,7 +161,7 @@ void Reflect(Mirror& mirror, const std::string& name, wxNotebook* window, TabStr
 
 void Name(Mirror& mirror, const std::string& name, wxWindow* window) {
   window->SetName(wxString::FromUTF8(name));
-  mirror.reflections.push_back({name, window, nullptr, {}, {}});
+  mirror.reflections.push_back({name, window, nullptr, {}, {}, false});
 }
 
 }  // namespace oravin::gui

@@ -38,6 +38,7 @@ struct Reflection {
   const ListView* list = nullptr;  ///< where the control is a list
   std::function<void()> take;      ///< empty for a control without a record
   std::function<bool()> show;
+  bool inProgress = false;  ///< what it shows is kept up to date while an action runs
 };
 
 /// All the controls of the window.
@@ -50,6 +51,9 @@ void TakeAll(Mirror& mirror);
 
 /// Shows what the records say.
 void ShowAll(Mirror& mirror);
+
+/// Shows what the labels' records say: what an action can tell of itself while it runs.
+void ShowLabels(Mirror& mirror);
 
 /// Puts a control and its record into the mirror and shows the record. The control bears the name from then on.
 void Reflect(Mirror& mirror, const std::string& name, wxStaticText* window, Label& record);

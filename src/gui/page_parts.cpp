@@ -43,6 +43,25 @@ void LayOutPage(wxWindow* page, wxSizer* content, wxSizer* belowLeft, wxButton* 
   page->SetSizer(framed);
 }
 
+wxStaticText* NewLabel(wxWindow* parent, Mirror& mirror, const std::string& name, Label& record, long style) {
+  const bool cut = (style & wxST_ELLIPSIZE_MASK) != 0;
+  const long resizing = cut ? long{wxST_NO_AUTORESIZE} : 0L;
+  auto* label = new wxStaticText(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style | resizing);
+  Reflect(mirror, name, label, record);
+  if (cut) label->SetMinSize({parent->FromDIP(gap), parent->GetTextExtent("X").GetHeight()});
+  return label;
+}
+
+wxTextCtrl* NewText(wxWindow* parent, Mirror& mirror, const std::string& name, TextBox& record, long style) {
+  auto* text = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style);
+  Reflect(mirror, name, text, record);
+  return text;
+}
+
+void Monospace(wxTextCtrl* text) {
+  text->SetFont(wxFont(wxFontInfo(text->GetFont().GetPointSize()).Family(wxFONTFAMILY_TELETYPE)));
+}
+
 void Enlarge(wxStaticText* label, float factor, bool bold) {
   const wxFont larger = label->GetFont().Scaled(factor);
   label->SetFont(bold ? larger.Bold() : larger);

@@ -10,11 +10,14 @@
 /// The pages of the window, one a tab.
 namespace oravin::gui {
 
-/// What a page is made with.
+/// Runs an action of the handler table by its name.
+using Action = std::function<void(const std::string&)>;
+
+/// What a page is made with, and a form.
 struct Surroundings {
-  Main& main;                                     ///< the records that the page shows
-  Mirror& mirror;                                 ///< where its controls are put
-  std::function<void(const std::string&)> press;  ///< runs an action of the handler table
+  Main& main;      ///< the records that the page shows
+  Mirror& mirror;  ///< where its controls are put
+  Action press;
 };
 
 /// Distances in pixels at 100 %.
@@ -32,6 +35,15 @@ void Enframe(wxWindow* edge, ListWindow* list);
 
 /// Lays a page out: what it shows, and below that a line with something on the left and the two buttons on the right.
 void LayOutPage(wxWindow* page, wxSizer* content, wxSizer* belowLeft, wxButton* enable, wxButton* disable);
+
+/// Makes a label. With a style that cuts it short it takes the room that it is given.
+wxStaticText* NewLabel(wxWindow* parent, Mirror& mirror, const std::string& name, Label& record, long style = 0);
+
+/// Makes a text box.
+wxTextCtrl* NewText(wxWindow* parent, Mirror& mirror, const std::string& name, TextBox& record, long style = 0);
+
+/// Shows a text box's text in a font whose characters are all equally wide.
+void Monospace(wxTextCtrl* text);
 
 /// Shows a label's text larger.
 void Enlarge(wxStaticText* label, float factor, bool bold = false);

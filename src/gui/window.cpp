@@ -12,6 +12,7 @@
 #include "app/handlers.h"
 #include "desk/dialogs.h"
 #include "desk/program_end.h"
+#include "gui/fat_editor_form.h"
 #include "gui/layout_file.h"
 #include "gui/pages.h"
 #include "gui/pictures.h"
@@ -43,6 +44,8 @@ void AddStatusLine(Window& window) {
   window.gauge =
       new wxGauge(window.status, wxID_ANY, gaugeRange, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL | wxGA_SMOOTH);
   window.gauge->Hide();
+  // Never in sight: the keyboard has to be somewhere while all else is disabled.
+  window.keys = new wxWindow(window.status, wxID_ANY, wxPoint(0, 0), wxSize(1, 1), wxWANTS_CHARS);
   window.status->Bind(wxEVT_SIZE, [&window](wxSizeEvent& event) {
     event.Skip();
     wxRect field;
@@ -50,8 +53,17 @@ void AddStatusLine(Window& window) {
   });
 }
 
-/// Ctrl+PageUp and Ctrl+PageDown turn the pages wherever the focus is; a list would keep them to itself.
-void TurnPage(Window& window, wxKeyEvent& event) {
+void AddForms(Window& window, Main& main) {
+  window.forms[fatEditorForm] = [&window, &main] { ShowFatEditor(window, main); };
+}
+
+/// Ctrl+PageUp and Ctrl+PageDown turn the pages wherever the focus is; a list would keep them to itself. Escape stops
+/// an action that can be stopped.
+void OnKey(Window& window, wxKeyEvent& event) {
+  if (event.GetKeyCode() == WXK_ESCAPE && window.progress) {
+    window.stop = true;
+    return;
+  }
   const bool next = event.GetKeyCode() == WXK_PAGEDOWN;
   if (!event.ControlDown() || (!next && event.GetKeyCode() != WXK_PAGEUP)) {
     event.Skip();
@@ -68,7 +80,7 @@ void FirstPainted(Window& window, const Options& options) {
 }
 
 void BindEvents(Window& window, const Options& options) {
-  window.frame->Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) { TurnPage(window, event); });
+  window.frame->Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) { OnKey(window, event); });
   window.frame->Bind(wxEVT_CLOSE_WINDOW, [&window](wxCloseEvent& event) {
     if (window.running && event.CanVeto()) {
       event.Veto();  // an action in the middle of its work must come to its end
@@ -108,24 +120,42 @@ bool RunToItsEnd(Window& window, Main& main, std::string_view action) {
     return false;
   } catch (const std::exception& failure) {
     // Nothing below the handler table lets anything else out; a full memory is the one that remains.
-    wxMessageDialog(window.frame, wxString::FromUTF8(failure.what()), programTitle, wxOK | wxICON_ERROR).ShowModal();
+    wxMessageDialog(OnTop(window), wxString::FromUTF8(failure.what()), programTitle, wxOK | wxICON_ERROR).ShowModal();
   }
   return true;
 }
 
 }  // namespace
 
-void Press(Window& window, Main& main, std::string_view action) {
-  if (window.running) return;
+wxWindow* OnTop(const Window& window) {
+  return window.form != nullptr ? static_cast<wxWindow*>(window.form->dialog) : window.frame;
+}
+
+void Press(Window& window, Main& main, std::string_view action, Form* from) {
+  if (window.running || from != window.form) return;
   window.running = true;
-  wxWindow* focus = wxWindow::FindFocus();
+  window.stoppable = false;
+  window.stop = false;
+  const wxWeakRef<wxWindow> focus = wxWindow::FindFocus();
   TakeAll(window.mirror);
+  if (from != nullptr) TakeAll(from->mirror);
   const bool goesOn = RunToItsEnd(window, main, action);
   EndProgress(main.host);
   ShowAll(window.mirror);
-  if (focus != nullptr && wxWindow::FindFocus() != focus) focus->SetFocus();
+  if (from != nullptr) ShowAll(from->mirror);
+  if (focus && wxWindow::FindFocus() != focus) focus->SetFocus();
   window.running = false;
+  if (from != nullptr && !(goesOn && from->wanted())) from->dialog->EndModal(wxID_CLOSE);
   if (!goesOn) window.frame->Close(true);
+}
+
+void ShowModally(Window& window, Form& form) {
+  window.form = &form;
+  window.running = false;
+  form.dialog->ShowModal();
+  window.running = true;
+  window.form = nullptr;
+  KeepLayout(window);
 }
 
 void OpenWindow(Window& window, Main& main, const Options& options) {
@@ -133,6 +163,7 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   window.frame = NewFrame();
   window.notebook = new wxNotebook(window.frame, wxID_ANY);
   AddPages(window, main);
+  AddForms(window, main);
   AddStatusLine(window);
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(window.notebook, wxSizerFlags(1).Expand().Border(wxALL, window.frame->FromDIP(gap / 2)));

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <wx/dialog.h>
 #include <wx/frame.h>
 #include <wx/gauge.h>
 #include <wx/notebook.h>
 #include <wx/statusbr.h>
+#include <wx/weakref.h>
 
 #include <chrono>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -16,6 +20,14 @@
 
 namespace oravin::gui {
 
+/// A form: a dialog over the window that shows a record and runs actions of its own.
+struct Form {
+  std::string name;
+  wxDialog* dialog = nullptr;
+  Mirror mirror;
+  std::function<bool()> wanted;  ///< false once its record says that it is to be closed
+};
+
 /// The window and what belongs to it. The controls are null until OpenWindow has made them; the toolkit deletes them.
 struct Window {
   wxFrame* frame = nullptr;
@@ -24,8 +36,15 @@ struct Window {
   wxGauge* gauge = nullptr;
   Mirror mirror;
 
-  bool running = false;   ///< an action runs; none may begin
-  bool progress = false;  ///< it shows its progress; the controls are disabled
+  std::map<std::string, std::function<void()>> forms;  ///< shows a form, by its name, until it is closed
+  Form* form = nullptr;                                ///< the form that is open
+
+  bool running = false;             ///< an action runs; none may begin
+  bool progress = false;            ///< it shows its progress; the controls are disabled
+  bool stoppable = false;           ///< it asks now and then whether it is to stop
+  bool stop = false;                ///< it is
+  wxWindow* keys = nullptr;         ///< gets the keyboard while the controls are disabled
+  wxWeakRef<wxWindow> focusBefore;  ///< had it before
   std::chrono::steady_clock::time_point progressPainted;
   unsigned progressPaintings = 0;
 
@@ -41,6 +60,14 @@ void OpenWindow(Window& window, Main& main, const Options& options);
 
 /// Runs an action of the handler table: what the person did is read before it, what it changed is shown after it.
 /// Nothing happens while another one runs. An action that ends the program closes the window.
-void Press(Window& window, Main& main, std::string_view action);
+/// @param from the form whose control asks for the action, null for the window itself. The action that opened a form
+/// waits for it: until then only the form's own are run.
+void Press(Window& window, Main& main, std::string_view action, Form* from = nullptr);
+
+/// Shows a form until it is closed: by an action after which it is not wanted any longer.
+void ShowModally(Window& window, Form& form);
+
+/// What a message box comes up over.
+wxWindow* OnTop(const Window& window);
 
 }  // namespace oravin::gui

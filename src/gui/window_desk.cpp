@@ -1,9 +1,12 @@
 #include "gui/window_desk.h"
 
 #include <wx/app.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/dirdlg.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
+#include <wx/textbuf.h>
 
 #include <wx/generic/msgdlgg.h>  // wants wx/msgdlg.h before it
 
@@ -65,8 +68,9 @@ Answer AnswerOf(const MessageBox& box, int result) {
 }
 
 Answer ShowBox(Window& window, const MessageBox& box) {
+  ShowLabels(window.mirror);  // what was said before the box
   // GTK's own message dialog leaves the icon out.
-  wxGenericMessageDialog dialog(window.frame, ToScreen(box.text), ToScreen(box.title), StyleOf(box));
+  wxGenericMessageDialog dialog(OnTop(window), ToScreen(box.text), ToScreen(box.title), StyleOf(box));
   // Escape and the title bar's cross would otherwise press the affirmative button of a box without Cancel.
   if (box.buttons == Buttons::yesNo) dialog.SetEscapeId(wxID_NO);
   window.box = &box;
@@ -79,15 +83,17 @@ Answer ShowBox(Window& window, const MessageBox& box) {
 }
 
 std::string BrowseForFolder(Window& window, const std::string& prompt) {
-  wxDirDialog dialog(window.frame, ToScreen(prompt), wxString(), wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
+  wxDirDialog dialog(OnTop(window), ToScreen(prompt), wxString(), wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
   return dialog.ShowModal() == wxID_OK ? FromDialogPath(dialog.GetPath()) : std::string();
 }
 
 std::string OpenDialog(Window& window, const FileQuestion& question) {
-  wxFileDialog dialog(window.frame, ToScreen(question.title), ToDialogPath(question.folder), ToScreen(question.name),
+  wxFileDialog dialog(OnTop(window), ToScreen(question.title), ToDialogPath(question.folder), ToScreen(question.name),
                       ToScreen(question.filter), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   return dialog.ShowModal() == wxID_OK ? FromDialogPath(dialog.GetPath()) : std::string();
 }
+
+constexpr std::chrono::milliseconds betweenPaintings(40);
 
 void HideProgress(Window& window) {
   if (!window.progress) return;
@@ -95,6 +101,26 @@ void HideProgress(Window& window) {
   window.gauge->Hide();
   window.status->SetStatusText(wxString());
   window.notebook->Enable();
+  if (window.focusBefore) window.focusBefore->SetFocus();
+}
+
+/// Disables the controls and takes the keyboard from them.
+void BeginProgress(Window& window) {
+  window.progress = true;
+  window.focusBefore = wxWindow::FindFocus();
+  window.notebook->Disable();
+  window.keys->SetFocus();
+  window.gauge->Show();
+}
+
+/// Lets the window draw itself and hear the person.
+void Breathe(Window& window) {
+  window.progressPainted = std::chrono::steady_clock::now();
+  wxTheApp->Yield(true);
+}
+
+bool IsTimeToBreathe(const Window& window) {
+  return std::chrono::steady_clock::now() - window.progressPainted >= betweenPaintings;
 }
 
 /// Actions run on the window's own thread: the status line is painted between their steps, with all controls disabled
@@ -102,21 +128,35 @@ void HideProgress(Window& window) {
 void ShowProgress(Window& window, const Progress& progress) {
   if (window.frame == nullptr) return;
   if (progress.total <= 0) return HideProgress(window);
-  constexpr std::chrono::milliseconds betweenPaintings(40);
-  const auto now = std::chrono::steady_clock::now();
-  if (window.progress && now - window.progressPainted < betweenPaintings) return;
-  window.progressPainted = now;
+  if (window.progress && !IsTimeToBreathe(window)) return;
   ++window.progressPaintings;
-  if (!window.progress) {
-    window.progress = true;
-    window.notebook->Disable();
-    window.gauge->Show();
-  }
+  if (!window.progress) BeginProgress(window);
   const std::int64_t part = std::int64_t{window.gauge->GetRange()} * progress.done / progress.total;
   window.gauge->SetValue(static_cast<int>(std::clamp<std::int64_t>(part, 0, window.gauge->GetRange())));
-  window.status->SetStatusText(ToScreen(progress.text));
+  window.status->SetStatusText((window.stoppable ? wxString("Esc stops this.  ") : wxString()) +
+                               ToScreen(progress.text));
+  ShowLabels(window.mirror);
   window.status->Update();
-  wxTheApp->Yield(true);
+  Breathe(window);
+}
+
+/// An action that asks can be stopped, which the status line tells from then on.
+bool StopAsked(Window& window) {
+  window.stoppable = true;
+  if (window.progress && IsTimeToBreathe(window)) Breathe(window);
+  return window.stop;
+}
+
+void ShowForm(Window& window, const std::string& name) {
+  const auto form = window.forms.find(name);
+  if (form != window.forms.end()) form->second();
+}
+
+void PutOnClipboard(const std::string& text) {
+  const wxClipboardLocker clipboard;
+  if (!clipboard) return;
+  wxTheClipboard->SetData(new wxTextDataObject(wxTextBuffer::Translate(ToScreen(text))));
+  wxTheClipboard->Flush();  // so that it outlives the program
 }
 
 }  // namespace
@@ -127,6 +167,9 @@ Desk WindowDesk(Window& window) {
   desk.browseForFolder = [&window](const std::string& prompt) { return BrowseForFolder(window, prompt); };
   desk.openDialog = [&window](const FileQuestion& question) { return OpenDialog(window, question); };
   desk.showProgress = [&window](const Progress& progress) { ShowProgress(window, progress); };
+  desk.stopAsked = [&window] { return StopAsked(window); };
+  desk.showForm = [&window](const std::string& name) { ShowForm(window, name); };
+  desk.putOnClipboard = PutOnClipboard;
   return desk;
 }
 

@@ -29,7 +29,8 @@ struct TableBlocks {
   int handle;
   std::uint64_t blockAt = hogTableOffset;  ///< the file offset of the block's first byte
   Bytes block = {};
-  std::size_t at = 0;  ///< the next byte in the block that has not been taken
+  std::size_t at = 0;              ///< the next byte in the block that has not been taken
+  std::uint64_t end = UINT32_MAX;  ///< the file offset that no entry may reach behind
 };
 
 /// Drops what has been taken and reads on behind the rest. False at the file's end.
@@ -59,6 +60,10 @@ bool ZeroAhead(const TableBlocks& table) {
   throw RunTimeError("could not read", path, "its table is damaged: it ends in the middle of an entry");
 }
 
+[[noreturn]] void TooLong(const std::string& path) {
+  throw RunTimeError("could not read", path, "its table is damaged: it is too long");
+}
+
 HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
   while (table.block.size() - table.at < hogNameInEntry) {
     if (!ReadOn(table)) EndsEarly(path);
@@ -69,15 +74,16 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
     const std::size_t left = table.block.size() - table.at;
     if (left > searched) zero = std::memchr(table.block.data() + table.at + searched, 0, left - searched);
     if (zero != nullptr) break;
+    if (table.blockAt + table.at + left > table.end) TooLong(path);
     if (searched < longName && left >= longName && !ZeroAhead(table)) EndsEarly(path);
     searched = left;
     if (!ReadOn(table)) EndsEarly(path);
   }
   const std::uint8_t* entry = table.block.data() + table.at;
   const std::uint64_t position = table.blockAt + table.at;
-  if (position > UINT32_MAX) throw RunTimeError("could not read", path, "its table is damaged: it is too long");
   const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - entry) - hogNameInEntry;
   table.at += hogNameInEntry + length + 1;
+  if (table.blockAt + table.at > table.end) TooLong(path);
   return {TextOf({entry + hogNameInEntry, length}), BigEndian32(entry + 4), BigEndian32(entry),
           static_cast<std::uint32_t>(position)};
 }
@@ -97,19 +103,24 @@ std::vector<HogEntry> ReadTable(Host& host, const std::string& path, bool& repai
     count = RepairCount(host, path);
     repaired = true;
   }
-  const std::uint64_t length = LengthOf(host.files, file.handle);
-  if (hogTableOffset + count * smallestHogEntry > length) {
+  return ReadHogTable(host.files, file.handle, path, count);
+}
+
+}  // namespace
+
+std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count,
+                                   std::uint64_t longest) {
+  if (hogTableOffset + count * smallestHogEntry > LengthOf(files, handle)) {
     throw RunTimeError("could not read", path,
                        "it says that it holds " + Grouped(count) + " files, more than it has room for");
   }
   std::vector<HogEntry> entries;
   entries.reserve(std::min<std::size_t>(count, largestReserve));
-  TableBlocks table{host.files, file.handle};
+  TableBlocks table{files, handle};
+  table.end = std::min<std::uint64_t>(hogTableOffset + longest, UINT32_MAX);
   for (std::uint32_t i = 0; i < count; ++i) entries.push_back(TakeEntry(table, path));
   return entries;
 }
-
-}  // namespace
 
 int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries, bool* repaired) {
   if (!FileExists(hogPath)) Show(host, "Error - hog not found", Icon::exclamation, "GetHogData");

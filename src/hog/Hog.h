@@ -54,6 +54,14 @@ struct HogEntry {
 /// @return the number of entries; 0, and no entries, when the table cannot be read whole
 int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries, bool* repaired = nullptr);
 
+/// Reads so many entries of the table of an archive that is open.
+/// @param path the archive's, for the error
+/// @param longest the greatest length in bytes of the table that is still read
+/// @throws RunTimeError when the file has no room for that many entries, ends in the middle of one, or their table is
+///   longer than that
+std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count,
+                                   std::uint64_t longest = UINT32_MAX);
+
 /// True when the file on handle 1 begins with "BIGF", in capitals.
 bool IsBIGF(Files& files);
 

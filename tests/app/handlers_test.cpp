@@ -19,6 +19,8 @@ TEST(HandlerTable, WithoutACatalogueAndWithEveryQuestionRefusedNoActionChangesAn
   Session session(installation);
   const FolderImage before = ImageOf(installation.folder.native);
   session.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::no; });
+  session.desk.AnswerFile("");
+  session.desk.AnswerFolder("");
   for (const Handler& handler : Handlers()) {
     if (handler.name == "about.cmdExit" || handler.name == "about.cmdReadme") continue;  // they leave the program
     session.Press(handler.name);
@@ -36,6 +38,54 @@ TEST(HandlerTable, SwapWithoutASelectionDoesNothing) {
   SelectOnly(session.main.switcher.swapOrgList, 0);
   session.Press("switcher.cmdSwap");
   EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native)));
+}
+
+TEST(HogHandlers, EnablingAndDisablingCloseTheArchiveFirst) {
+  const SmallInstallation installation;
+  Session session(installation);
+  session.Press("hog.cmdOpen");
+  ASSERT_TRUE(IsArchiveOpen(session.main.hog));
+  session.Enable();
+  EXPECT_FALSE(IsArchiveOpen(session.main.hog));
+  EXPECT_TRUE(session.main.hog.hogList.rows.empty());
+  session.Press("hog.cmdOpen");
+  session.Disable();
+  EXPECT_FALSE(IsArchiveOpen(session.main.hog));
+}
+
+TEST(HogHandlers, ACopyThatOnlyLooksListsAndExtractsButWritesNothingIntoTheArchive) {
+  const SmallInstallation installation;
+  Session session(installation);
+  session.main.onlyLooks = true;
+  session.Press("hog.cmdOpen");
+  session.Press("hog.cmdSelectAll");
+  session.main.hog.txtHogDest.text = installation.programPath;
+  session.desk.ExpectSuccess("Extraction Complete");
+  session.Press("hog.cmdExtract");
+  const FolderImage before = ImageOf(installation.folder.native);
+  for (const char* action : {"hog.cmdBackupFAT", "hog.cmdRestoreFAT", "hog.pldHogPaste", "FAT_Editor.cmdSave"}) {
+    session.desk.ExpectBox("Another copy of Oravin works on this installation, so nothing can be changed here now.");
+    session.Press(action);
+  }
+  EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native)));
+}
+
+TEST(HogHandlers, TheFormAndTheMenuWorkThroughTheTable) {
+  const SmallInstallation installation;
+  Session session(installation);
+  session.Press("hog.cmdOpen");
+  SelectOnly(session.main.hog.hogList, 0);
+  session.Press("hog.pldHogCopy");
+  EXPECT_EQ(session.desk.clipboard.size(), 1U);
+  for (const char* action : {"hog.hogList.DblClick", "hog.pldHogProperties"}) {
+    session.desk.OnForm([&](const std::string&) {
+      session.main.FAT_Editor.txtSize.text = "77";
+      session.Press(std::string_view(action) == "hog.hogList.DblClick" ? "FAT_Editor.cmdCancel" : "FAT_Editor.cmdSave");
+      EXPECT_FALSE(session.main.FAT_Editor.shown);
+    });
+    session.Press(action);
+  }
+  EXPECT_EQ(session.main.hog.archive.entries[0].Size, 0x77U);
 }
 
 TEST(Sample, TheWholeCycleLeavesTheGameFolderAsItWas) {

@@ -1,0 +1,115 @@
+#include "hog/destination.h"
+
+#include "util/run_time_error.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+/// One name for all: files are extracted one after the other, and what a run that was cut short leaves is overwritten
+/// by the next one.
+const std::string nameBeside = std::string("extracting") + besideSuffix;
+
+Destination::Folder Listed(const std::string& path) {
+  Destination::Folder folder;
+  folder.path = path;
+  const auto items = platform::ListNative(path);
+  if (!items) return folder;
+  for (const platform::FileFacts& item : *items) {
+    const auto [known, fresh] = folder.items.emplace(UpperCase(item.name), Destination::Item{item.name, item.folder});
+    // Of several spellings the first in byte order is taken, as where a path is looked up.
+    if (!fresh && item.name < known->second.spelling) known->second = {item.name, item.folder};
+  }
+  return folder;
+}
+
+const Destination::Item* Find(const Destination::Folder& folder, const std::string& name) {
+  const auto found = folder.items.find(UpperCase(name));
+  return found == folder.items.end() ? nullptr : &found->second;
+}
+
+/// The folder below another one; it is made where it is missing.
+Destination::Folder& Enter(Files& files, Destination& destination, const std::string& key, Destination::Folder& above,
+                           const std::string& name) {
+  const auto known = destination.folders.find(key);
+  if (known != destination.folders.end()) return known->second;
+  const Destination::Item* item = Find(above, name);
+  const std::string path = above.path + (item != nullptr ? item->spelling : name) + "\\";
+  if (item != nullptr) return destination.folders[key] = Listed(path);
+  MakeFolder(files, path);
+  above.items[UpperCase(name)] = {name, true, true};
+  Destination::Folder& made = destination.folders[key];
+  made.path = path;
+  return made;
+}
+
+std::string WhyNotReplaced(const Destination& destination, const std::string& path, const Destination::Item& item) {
+  if (item.folder) return "a folder bears its name";
+  if (item.ours) return "another file of the same name was extracted before it";
+  if (platform::IsSameFile(path, destination.spared)) return "it would overwrite the archive itself";
+  const std::string why = platform::WhyNotWritable(path);
+  return why.empty() ? why : "there is a file of its name, and " + why;
+}
+
+}  // namespace
+
+Destination DestinationAt(const std::string& path, const std::string& spared) {
+  Destination destination;
+  destination.path = path;
+  destination.spared = spared;
+  destination.folders[""] = Listed(path);
+  return destination;
+}
+
+std::string WhyNotExtracted(const Destination& destination, const EntryPath& entry) {
+  if (!entry.whyNot.empty()) return entry.whyNot;
+  const Destination::Folder* folder = &destination.folders.at("");
+  Destination::Folder unseen;
+  std::string key;
+  for (const std::string& name : entry.folders) {
+    const Destination::Item* item = Find(*folder, name);
+    if (item == nullptr) return {};  // from here on everything is new
+    if (!item->folder)
+      return item->ours ? "a file that was extracted before bears its folder's name" : "a file bears its folder's name";
+    key += UpperCase(name) + "\\";
+    const auto known = destination.folders.find(key);
+    if (known != destination.folders.end()) {
+      folder = &known->second;
+    } else {
+      unseen = Listed(folder->path + item->spelling + "\\");
+      folder = &unseen;
+    }
+  }
+  const Destination::Item* item = Find(*folder, entry.file);
+  return item == nullptr ? std::string() : WhyNotReplaced(destination, folder->path + item->spelling, *item);
+}
+
+void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
+                    const std::function<void()>& write) {
+  Destination::Folder* folder = &destination.folders.at("");
+  std::string key;
+  for (const std::string& name : entry.folders) {
+    key += UpperCase(name) + "\\";
+    folder = &Enter(files, destination, key, *folder, name);
+  }
+  const Destination::Item* old = Find(*folder, entry.file);
+  const std::string name = old != nullptr ? old->spelling : entry.file;
+  try {
+    OpenSpelled(files, extractedHandle, folder->path, nameBeside);
+    write();
+    // What is not there yet cannot be lost: the archive still has it. Waiting for the disk at every file would take
+    // most of the time.
+    if (old != nullptr) Flush(files, extractedHandle);
+    Close(files, extractedHandle);
+    RenameSpelled(files, folder->path, nameBeside, name);
+  } catch (...) {
+    Close(files, extractedHandle);
+    platform::EraseNative(folder->path + nameBeside);
+    throw;
+  }
+  folder->items[UpperCase(entry.file)] = {name, false, true};
+}
+
+}  // namespace oravin

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "desk/host.h"
+#include "hog/hog_tab.h"
+
+namespace oravin {
+
+/// Writes the selected entries as they are stored into the destination folder, in the list's order, with the folders
+/// that their names tell.
+///
+/// Boxes: "Destination path doesn't exist"; one that lists what was not written and why (a name that would leave the
+/// destination, a second file of the same name); "Extraction Complete" at the end, or how far it came when the person
+/// stopped it. A damaged entry or a full disk ends it through the error trap. What was written whole stays.
+void cmdExtract_Click(Host& host, HogTab& tab);
+
+/// The same, unpacked. An entry that is not compressed is asked about: Yes writes it as it is stored, No leaves it out,
+/// Cancel ends with "Exiting unpack / extract function".
+void cmdUnpackExtract_Click(Host& host, HogTab& tab);
+
+/// True when an entry's bytes begin with the signature of compressed ones.
+bool IsCompressed(Files& files, const HogEntry& entry);
+
+/// Tells why an entry's bytes cannot be read from the open archive: they do not lie inside it. Empty where they can.
+std::string WhyNotInside(Files& files, const HogEntry& entry);
+
+}  // namespace oravin

@@ -1,0 +1,101 @@
+#include "hog/hog_fat.h"
+
+#include <algorithm>
+#include <array>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "hog/hog_open.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::size_t blockSize = std::size_t{1} << 20;
+
+/// Copies the first bytes of one open file over those of another.
+void CopyStart(Files& files, int from, int to, std::uint64_t size) {
+  Bytes block;
+  for (std::uint64_t at = 0; at < size; at += block.size()) {
+    block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, size - at)));
+    Get(files, from, at, block);
+    Put(files, to, at, block);
+  }
+}
+
+/// True when H covers the header and lies inside the archive.
+bool CanBeRight(Files& files, std::uint32_t tableSize) {
+  return tableSize >= hogTableOffset && tableSize <= LengthOf(files, hogHandle);
+}
+
+[[noreturn]] void WrongTableSize(const char* what, const std::string& path, std::uint32_t tableSize) {
+  throw RunTimeError(
+      what, path,
+      "its header says that the table is " + std::to_string(tableSize) + " bytes long, which cannot be right");
+}
+
+/// The number of bytes that a backup gives back: the H of the archive or, where that one is damaged, of the backup. The
+/// backup must be an archive's and have all of them.
+std::uint32_t SizeToRestore(Files& files, int handle, const std::string& path, const OpenArchive& archive) {
+  std::array<std::uint8_t, 4> magic{};
+  const bool valid = GetSome(files, handle, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
+  if (!valid) throw RunTimeError("could not restore from", path, "it is no backup of an archive's table");
+  const std::uint32_t kept = ReadLongBE(files, hogTableSizeOffset, handle);
+  const std::uint32_t size = CanBeRight(files, archive.tableSize) ? archive.tableSize : kept;
+  if (!CanBeRight(files, size)) WrongTableSize("could not restore from", path, size);
+  if (LengthOf(files, handle) < size) {
+    throw RunTimeError("could not restore from", path, "it is shorter than the archive's table");
+  }
+  return size;
+}
+
+}  // namespace
+
+void cmdBackupFAT_Click(Host& host, HogTab& tab) {
+  if (!IsArchiveOpen(tab)) return;
+  const std::string backup = FatBackupOf(tab.archive.path);
+  if (FileExists(std::string(backup)) &&
+      !AskYesNo(host, "A hog FAT backup file already exists at this location.\nDo you want to overwrite this file?",
+                "Backup FAT table")) {
+    return;
+  }
+  Trap(host, "cmdBackupFAT_Click()", [&] {
+    if (!CanBeRight(host.files, tab.archive.tableSize)) {
+      WrongTableSize("could not back up the table of", tab.archive.path, tab.archive.tableSize);
+    }
+    WriteBeside(host.files, backup,
+                [&](int handle) { CopyStart(host.files, hogHandle, handle, tab.archive.tableSize); });
+    tab.lblFilePath.caption = "The table was saved as " + backup;
+  });
+  EnableHogControls(tab);
+  if (!FileExists(std::string(backup))) Show(host, "Couldn't create FAT backup file.", Icon::critical, "Error");
+}
+
+void cmdRestoreFAT_Click(Host& host, HogTab& tab) {
+  if (!IsArchiveOpen(tab) || !MayWriteArchive(host, tab)) return;
+  const std::string backup = FatBackupOf(tab.archive.path);
+  if (!FileExists(std::string(backup))) {
+    Show(host, "Restore file can't be found. Restore aborted.", Icon::critical, "Error");
+    return;
+  }
+  const MessageBox warning{
+      "Restoring the FAT table will overwrite any changes made to the table in this"
+      " hog file from the hog editor. It can't restore damage done to the hog from"
+      " other apps. and it can CAUSE INTERFERENCE with the ship switcher if enabled.",
+      "Hog File Allocation Table Restore", Icon::information, Buttons::okCancel};
+  if (host.desk.showBox(warning) != Answer::ok) return;
+  const bool restored = Trap(host, "cmdRestoreFAT_Click()", [&] {
+    const OpenedFile file(host.files, backup, OpenFor::reading);
+    CopyStart(host.files, file.handle, hogHandle, SizeToRestore(host.files, file.handle, backup, tab.archive));
+    Flush(host.files, hogHandle);
+  });
+  // What the list shows must be what the table holds, whatever has become of it.
+  if (ReadArchive(host, tab) && restored) tab.lblFilePath.caption = "The table was restored from " + backup;
+}
+
+}  // namespace oravin

@@ -1,0 +1,159 @@
+#include "hog/hog_open.h"
+
+#include <optional>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::uint32_t mostEntries = 100000;
+
+/// No table is that long: a hundred thousand names of some hundred characters each.
+constexpr std::uint64_t longestTable = std::uint64_t{1} << 25;
+
+/// What the header of an archive, or of its table's backup, says.
+struct Header {
+  std::uint32_t size = 0;
+  std::uint32_t count = 0;
+  std::uint32_t tableSize = 0;
+};
+
+Header HeaderOf(Files& files, int handle) {
+  return {ReadLongBE(files, hogSizeOffset, handle), ReadLongBE(files, hogCountOffset, handle),
+          ReadLongBE(files, hogTableSizeOffset, handle)};
+}
+
+bool IsDamaged(const Header& header) { return header.count == 0 || header.count > mostEntries; }
+
+std::string InWords(const Header& header) { return "It says that it holds " + Grouped(header.count) + " files."; }
+
+/// The header that counts: the archive's own, or that of the table's backup where the archive's is damaged. Nothing
+/// when that cannot be had; then a box has been shown.
+std::optional<Header> ReadHeader(Host& host, const std::string& path) {
+  const Header own = HeaderOf(host.files, hogHandle);
+  if (!IsDamaged(own)) return own;
+  const std::string backup = FatBackupOf(path);
+  if (!FileExists(std::string(backup))) {
+    Show(host,
+         "The table of this archive is damaged. " + InWords(own) + "\nWith a backup of the table beside it, " +
+             Presentable(backup) + ",\nits files could be listed and the table be repaired. Nothing was changed.",
+         Icon::exclamation);
+    return std::nullopt;
+  }
+  const OpenedFile file(host.files, backup, OpenFor::reading);
+  const Header kept = HeaderOf(host.files, file.handle);
+  if (!IsDamaged(kept)) return kept;
+  Show(host,
+       "The table of this archive is damaged, and so is its backup,\n" + Presentable(backup) + ". " + InWords(kept) +
+           "\nNothing was changed.",
+       Icon::exclamation);
+  return std::nullopt;
+}
+
+/// A size with its digits grouped. A size of 0 has no digits at all: that is how the pattern "##,###,###,###" shows it.
+std::string Formatted(std::uint32_t size) { return size == 0 ? std::string() : Grouped(size); }
+
+/// Puts an archive on handle 1, for writing where that is possible.
+/// @return why it can only be read; empty where it can be written
+std::string PutOnHandle(Files& files, const std::string& path) {
+  const std::string whyOnlyRead = platform::WhyNotWritable(path);
+  OpenBinary(files, hogHandle, path, whyOnlyRead.empty() ? OpenFor::changing : OpenFor::reading);
+  return whyOnlyRead;
+}
+
+void Forget(Host& host, HogTab& tab) {
+  Close(host.files, hogHandle);
+  tab.archive = {};
+  tab.lblHogSize.caption.clear();
+  tab.lblHogFiles.caption.clear();
+  tab.lblFilePath.caption.clear();
+  tab.txtFirstBytes.text.clear();
+  ClearRows(tab.hogList);
+  EnableHogControls(tab);
+}
+
+/// Puts the archive on handle 1 if it is one. If it is not, one that was open before is put there again, so that the
+/// list shows what is open.
+bool TakeUp(Host& host, HogTab& tab, const std::string& path, std::string& whyOnlyRead) {
+  Close(host.files, hogHandle);
+  bool valid = false;
+  const bool opened = Trap(host, "cmdOpen_Click()", [&] {
+    whyOnlyRead = PutOnHandle(host.files, path);
+    valid = IsBIGF(host.files);
+  });
+  if (opened && valid) return true;
+  Close(host.files, hogHandle);
+  if (opened) Show(host, "This file is not a valid SL Hog file", Icon::exclamation, "Extractor");
+  if (!IsArchiveOpen(tab)) return false;
+  if (!Trap(host, "cmdOpen_Click()", [&] { PutOnHandle(host.files, tab.archive.path); })) Forget(host, tab);
+  return false;
+}
+
+}  // namespace
+
+void cmdBrowseHogPath_Click(Host& host, HogTab& tab) {
+  std::string folder = ParentFolder(std::string(tab.txtHogPath.text));
+  const std::string chosen = ChooseFile(host, "Open Hog", folder, "", "SL Hog File *.hog|*.hog|All Files *.*|*.*");
+  if (!chosen.empty()) tab.txtHogPath.text = chosen;
+}
+
+void cmdBrowseHogDest_Click(Host& host, HogTab& tab) {
+  std::string chosen = BrowseForFolder(host);
+  if (!chosen.empty()) tab.txtHogDest.text = AddBackslash(chosen);
+}
+
+bool ReadArchive(Host& host, HogTab& tab) {
+  OpenArchive& archive = tab.archive;
+  std::optional<Header> header;
+  const bool whole = Trap(host, "cmdOpen_Click()", [&] {
+    header = ReadHeader(host, archive.path);
+    if (!header) return;
+    archive.entries = ReadHogTable(host.files, hogHandle, archive.path, header->count, longestTable);
+  });
+  if (!whole || !header) {
+    Forget(host, tab);
+    return false;
+  }
+  archive.size = header->size;
+  archive.tableSize = header->tableSize;
+  tab.lblHogSize.caption = "Hog Size: " + Formatted(archive.size) + " byte(s)";
+  tab.lblHogFiles.caption = std::to_string(header->count) + " file(s)";
+  tab.lblFilePath.caption = OnlyReadRemark(tab);
+  DisplayHog(tab);
+  EnableHogControls(tab);
+  return true;
+}
+
+void cmdOpen_Click(Host& host, HogTab& tab) {
+  if (!FileExists(tab.txtHogPath.text)) {
+    Show(host, "File not found", Icon::exclamation, "File path error");
+    return;
+  }
+  const std::string path = tab.txtHogPath.text;
+  std::string whyOnlyRead;
+  if (!TakeUp(host, tab, path, whyOnlyRead)) return;
+  tab.archive = {};
+  tab.archive.path = path;
+  tab.archive.whyOnlyRead = whyOnlyRead;
+  tab.hogList.sorted.reset();
+  tab.txtFilter.text.clear();
+  tab.txtFirstBytes.text.clear();
+  ClearRows(tab.hogList);
+  ReadArchive(host, tab);
+}
+
+void cmdCloseHog_Click(Host& host, HogTab& tab) {
+  CloseAll(host.files);
+  tab.txtFilter.text.clear();
+  Forget(host, tab);
+}
+
+}  // namespace oravin
