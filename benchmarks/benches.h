@@ -13,7 +13,11 @@ void AddDecompress();
 void AddTableReading(const std::filesystem::path& work);
 /// @param work a folder for sample installations
 void AddInstallation(const std::filesystem::path& work);
+/// @param work a folder for an archive of 500 MiB and what is extracted from it
+void AddExtraction(const std::filesystem::path& work);
 
+/// Prints what the archive's tab takes to open an archive of 100,000 files and to filter its list.
+void PrintArchiveTab(const std::filesystem::path& work);
 /// Prints how long the window takes to its first painting, beside the 0.3 s that it may take.
 /// @param programs the folder of oravin and oravin-cli
 void PrintStart(const std::filesystem::path& programs, const std::filesystem::path& work);

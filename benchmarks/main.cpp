@@ -18,8 +18,10 @@ int main(int argc, char** argv) {
   AddDecompress();
   AddTableReading(work);
   AddInstallation(work);
+  AddExtraction(work);
   RatioTable table;
   benchmark::RunSpecifiedBenchmarks(&table);
+  PrintArchiveTab(work);
   PrintStart(programs, work);
   PrintMemory(programs, work);
   return 0;

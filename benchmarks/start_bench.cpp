@@ -25,6 +25,7 @@ constexpr double spareMemory = 64.0;  // MiB beside the largest file that is rea
 
 /// Runs a program to its end; returns its exit status, and the most memory that it held in KiB.
 int RunProgram(const std::vector<std::string>& words, long& peak) {
+  std::fflush(stdout);  // or the child would print what stands in the buffer once more
   const pid_t child = fork();
   if (child == 0) {
     std::vector<char*> arguments;

@@ -46,8 +46,8 @@ struct Parsed {
   bool yes = false;
   bool no = false;
   bool json = false;
-  std::vector<std::vector<std::string>> values;  ///< one list a command
-  std::vector<CLI::App*> parsers;                ///< one a command
+  std::vector<Values> values;      ///< one a command, as they were typed
+  std::vector<CLI::App*> parsers;  ///< one a command
 };
 
 void AddOptions(CLI::App& app, Parsed& parsed) {
@@ -69,6 +69,46 @@ void AddOptions(CLI::App& app, Parsed& parsed) {
           ""));
 }
 
+/// Tells the parser what a command takes, and where to put it.
+void AddWords(CLI::App& parser, const Command& command, Values& values) {
+  values.arguments.resize(command.arguments.size());
+  for (std::size_t i = 0; i < command.arguments.size(); ++i) {
+    const Argument& argument = command.arguments[i];
+    if (argument.several) {
+      parser.add_option(argument.name, values.several);
+    } else {
+      parser.add_option(argument.name, values.arguments[i])->required();
+    }
+  }
+  for (const CommandOption& option : command.options) {
+    parser
+        .add_option_function<std::string>(
+            option.name, [&values, name = option.name](const std::string& value) { values.options[name] = value; })
+        ->required(option.required);
+  }
+}
+
+/// A word as the command gets it.
+std::string Word(const std::string& typed, WordKind kind) {
+  const std::string word = Unmarked(typed);
+  return kind == WordKind::path ? platform::ToWindowsPath(word) : FromUtf8(word);
+}
+
+Values ForCommand(const Command& command, const Values& typed) {
+  Values values;
+  for (std::size_t i = 0; i < command.arguments.size(); ++i) {
+    const Argument& argument = command.arguments[i];
+    if (!argument.several) values.arguments.push_back(Word(typed.arguments[i], argument.kind));
+    if (!argument.several) continue;
+    for (const std::string& word : typed.several) values.several.push_back(Word(word, argument.kind));
+  }
+  for (const CommandOption& option : command.options) {
+    const auto given = typed.options.find(option.name);
+    if (given != typed.options.end()) values.options[option.name] = Word(given->second, option.kind);
+  }
+  return values;
+}
+
 void AddCommands(CLI::App& app, std::span<const Command> commands, Parsed& parsed) {
   std::map<std::string, CLI::App*> groups = {{"", &app}};
   parsed.values.resize(commands.size());
@@ -80,10 +120,7 @@ void AddCommands(CLI::App& app, std::span<const Command> commands, Parsed& parse
       group->require_subcommand(1);
     }
     CLI::App* parser = group->add_subcommand(command.verb);
-    parsed.values[i].resize(command.arguments.size());
-    for (std::size_t k = 0; k < command.arguments.size(); ++k) {
-      parser->add_option(command.arguments[k].name, parsed.values[i][k])->required();
-    }
+    AddWords(*parser, command, parsed.values[i]);
     parsed.parsers.push_back(parser);
   }
 }
@@ -119,11 +156,11 @@ CommandLine ToShow(const std::string& text) {
   return line;
 }
 
-CommandLine ToRun(const Command& command, const std::vector<std::string>& values, const Parsed& parsed) {
+CommandLine ToRun(const Command& command, const Values& typed, const Parsed& parsed) {
   CommandLine line;
   line.kind = CommandLine::Kind::run;
   line.command = &command;
-  for (const std::string& value : values) line.values.push_back(FromUtf8(Unmarked(value)));
+  line.values = ForCommand(command, typed);
   // Start-up may make another folder the current one before it looks at these.
   line.folders = {platform::ToWindowsPath(Unmarked(parsed.game)), platform::ToWindowsPath(Unmarked(parsed.program))};
   if (parsed.yes || parsed.no) line.answers.always = parsed.yes;

@@ -18,7 +18,7 @@ struct CommandLine {
   std::string text;  ///< what to show (help, version), or what is wrong with the usage; ends in a line break
 
   const Command* command = nullptr;
-  std::vector<std::string> values;  ///< the command's arguments, in the core's code page
+  Values values;
   GivenFolders folders;
   AnswerPlan answers;
   bool json = false;

@@ -2,6 +2,15 @@
 
 namespace oravin {
 
+namespace {
+
+const Argument archive = {"FILE", "the archive, a .hog file", WordKind::path};
+const Argument names = {"NAME", "names of files in the archive, which may hold * and ?; without any, all files",
+                        WordKind::text, true};
+const CommandOption destination = {"--to", "DIR", "an existing folder for the files", WordKind::path, true};
+
+}  // namespace
+
 std::span<const Command> Commands() {
   static const std::vector<Command> commands = {
       {"", "status", {}, "Shows the folders, the state and the game's files.", TellStatus},
@@ -16,7 +25,45 @@ std::span<const Command> Commands() {
        SwapShips},
       {"ships", "unswap", {{"TARGET", "the name of the ship to put back"}}, "Puts the ship TARGET back.", UnswapOne},
       {"ships", "unswap-all", {}, "Puts every changed ship back.", UnswapAll},
-      {"stats", "show", {{"SHIP", "the ship's name"}}, "Shows the 15 statistics of a ship.", ShowStats}};
+      {"stats", "show", {{"SHIP", "the ship's name"}}, "Shows the 15 statistics of a ship.", ShowStats},
+      {"hog", "list", {archive}, "Lists the files of an archive.", ListHog, {}, WorksOn::file},
+      {"hog",
+       "extract",
+       {archive, names},
+       "Extracts files from an archive as they are stored.",
+       ExtractHog,
+       {destination},
+       WorksOn::file},
+      {"hog",
+       "unpack",
+       {archive, names},
+       "Extracts and unpacks files. Asks about those that are not packed.",
+       UnpackHog,
+       {destination},
+       WorksOn::file},
+      {"hog",
+       "backup-fat",
+       {archive},
+       "Saves a copy of the archive's table beside it.",
+       BackupFat,
+       {},
+       WorksOn::file},
+      {"hog",
+       "restore-fat",
+       {archive},
+       "Writes that copy back over the archive's table. Asks first.",
+       RestoreFat,
+       {},
+       WorksOn::file},
+      {"hog",
+       "edit",
+       {archive, {"NAME", "the name of the file in the archive"}},
+       "Changes a file's entry in the archive's table.",
+       EditHog,
+       {{"--name", "NEW", "its new name, as long as the old one"},
+        {"--offset", "HEX", "where its data begin in the archive, hexadecimal"},
+        {"--size", "HEX", "how many bytes these are as stored, hexadecimal"}},
+       WorksOn::file}};
   return commands;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -23,22 +24,55 @@ struct Session {
   Console& console;
 };
 
+/// What a word of the command line stands for.
+enum class WordKind {
+  text,
+  path,  ///< a path of this machine or a Windows path; the command gets a Windows path
+};
+
 struct Argument {
   std::string name;  ///< as the usage shows it: TARGET
   std::string help;
+  WordKind kind = WordKind::text;
+  bool several = false;  ///< any number of words, none included; only the last argument can be that
 };
+
+/// An option of one command.
+struct CommandOption {
+  std::string name;   ///< "--to"
+  std::string value;  ///< as the usage shows it: DIR
+  std::string help;
+  WordKind kind = WordKind::text;
+  bool required = false;
+};
+
+/// What a command was given, in the core's code page.
+struct Values {
+  std::vector<std::string> arguments;          ///< in order
+  std::vector<std::string> several;            ///< the words of an argument that takes any number
+  std::map<std::string, std::string> options;  ///< the values of those that were given
+
+  [[nodiscard]] const std::string& at(std::size_t index) const { return arguments.at(index); }
+  [[nodiscard]] bool Has(const std::string& option) const { return options.contains(option); }
+  [[nodiscard]] const std::string& Of(const std::string& option) const { return options.at(option); }
+};
+
+/// Whether a command works on an installation, or on a file that it is given.
+enum class WorksOn { installation, file };
 
 /// One command: "GROUP VERB", or a verb alone.
 struct Command {
   std::string group;  ///< empty for a verb without a group
   std::string verb;
-  std::vector<Argument> arguments;  ///< all are required
+  std::vector<Argument> arguments;  ///< all are required, save for one that takes any number
   std::string help;                 ///< one sentence
 
-  /// Does it, over an installation that start-up has loaded.
-  /// @param values the arguments in order, in the core's code page
+  /// Does it, over an installation that start-up has loaded unless it works on a file.
   /// @return nothing when it failed, which is on the console then
-  std::optional<Result> (*run)(Session& session, const std::vector<std::string>& values);
+  std::optional<Result> (*run)(Session& session, const Values& values);
+
+  std::vector<CommandOption> options = {};
+  WorksOn worksOn = WorksOn::installation;
 };
 
 /// All commands, in the order in which the help lists them.
@@ -47,13 +81,19 @@ std::span<const Command> Commands();
 /// "ships swap", or the verb alone.
 std::string NameOf(const Command& command);
 
-std::optional<Result> TellStatus(Session& session, const std::vector<std::string>& values);
-std::optional<Result> Enable(Session& session, const std::vector<std::string>& values);
-std::optional<Result> Disable(Session& session, const std::vector<std::string>& values);
-std::optional<Result> ListShips(Session& session, const std::vector<std::string>& values);
-std::optional<Result> SwapShips(Session& session, const std::vector<std::string>& values);
-std::optional<Result> UnswapOne(Session& session, const std::vector<std::string>& values);
-std::optional<Result> UnswapAll(Session& session, const std::vector<std::string>& values);
-std::optional<Result> ShowStats(Session& session, const std::vector<std::string>& values);
+std::optional<Result> TellStatus(Session& session, const Values& values);
+std::optional<Result> Enable(Session& session, const Values& values);
+std::optional<Result> Disable(Session& session, const Values& values);
+std::optional<Result> ListShips(Session& session, const Values& values);
+std::optional<Result> SwapShips(Session& session, const Values& values);
+std::optional<Result> UnswapOne(Session& session, const Values& values);
+std::optional<Result> UnswapAll(Session& session, const Values& values);
+std::optional<Result> ShowStats(Session& session, const Values& values);
+std::optional<Result> ListHog(Session& session, const Values& values);
+std::optional<Result> ExtractHog(Session& session, const Values& values);
+std::optional<Result> UnpackHog(Session& session, const Values& values);
+std::optional<Result> BackupFat(Session& session, const Values& values);
+std::optional<Result> RestoreFat(Session& session, const Values& values);
+std::optional<Result> EditHog(Session& session, const Values& values);
 
 }  // namespace oravin

@@ -22,13 +22,13 @@ std::optional<Result> RunWhole(Session& session, const char* action, const char*
 
 }  // namespace
 
-std::optional<Result> Enable(Session& session, const std::vector<std::string>&) {
+std::optional<Result> Enable(Session& session, const Values&) {
   return RunWhole(session, "enable", "switcher.cmdEnable", [](const Status& status) {
     return "Enabled: the catalogue holds " + std::to_string(status.ships) + " ships.\n";
   });
 }
 
-std::optional<Result> Disable(Session& session, const std::vector<std::string>&) {
+std::optional<Result> Disable(Session& session, const Values&) {
   return RunWhole(session, "disable", "switcher.cmdDisable",
                   [](const Status&) { return std::string("Disabled: the game's files are restored.\n"); });
 }

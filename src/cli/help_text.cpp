@@ -42,7 +42,13 @@ constexpr const char* remarks =
 
 std::string UsageOf(const Command& command) {
   std::string usage = NameOf(command);
-  for (const Argument& argument : command.arguments) usage += " " + argument.name;
+  for (const Argument& argument : command.arguments) {
+    usage += argument.several ? " [" + argument.name + "...]" : " " + argument.name;
+  }
+  for (const CommandOption& option : command.options) {
+    const std::string words = option.name + " " + option.value;
+    usage += option.required ? " " + words : " [" + words + "]";
+  }
   return usage;
 }
 
@@ -58,6 +64,9 @@ std::string HelpText(const Command& command) {
   std::string text = "Usage: oravin-cli [options] " + UsageOf(command) + "\n\n" + command.help + "\n";
   std::vector<std::vector<std::string>> rows;
   for (const Argument& argument : command.arguments) rows.push_back({"  " + argument.name, argument.help});
+  for (const CommandOption& option : command.options) {
+    rows.push_back({"  " + option.name + " " + option.value, option.help});
+  }
   if (!rows.empty()) text += "\n" + TextTable({{}, {}}, rows);
   return text + "\n\"oravin-cli --help\" shows the options.\n";
 }

@@ -49,7 +49,7 @@ bool SelectPairOrSay(Session& session, const std::string& target, const std::str
 
 }  // namespace
 
-std::optional<Result> ListShips(Session& session, const std::vector<std::string>&) {
+std::optional<Result> ListShips(Session& session, const Values&) {
   const Ships& ships = session.main.installation.ships;
   Json document = Json::array();
   for (std::size_t i = 0; i < ships.size(); ++i) {
@@ -59,7 +59,7 @@ std::optional<Result> ListShips(Session& session, const std::vector<std::string>
   return Result{document, text};
 }
 
-std::optional<Result> SwapShips(Session& session, const std::vector<std::string>& values) {
+std::optional<Result> SwapShips(Session& session, const Values& values) {
   if (!SelectPairOrSay(session, values.at(0), values.at(1))) return std::nullopt;
   const ShipRecord before = SelectedTarget(session.main);
   const std::string target = before.ShipName.Trimmed();
@@ -81,7 +81,7 @@ std::optional<Result> SwapShips(Session& session, const std::vector<std::string>
                 ToUtf8(text) + "\n"};
 }
 
-std::optional<Result> UnswapOne(Session& session, const std::vector<std::string>& values) {
+std::optional<Result> UnswapOne(Session& session, const Values& values) {
   if (!SelectTarget(session.main, values.at(0))) {
     SayNotListed(session, values.at(0));
     return std::nullopt;
@@ -97,7 +97,7 @@ std::optional<Result> UnswapOne(Session& session, const std::vector<std::string>
                 target + (done ? " is put back.\n" : " is not changed; nothing was done.\n")};
 }
 
-std::optional<Result> UnswapAll(Session& session, const std::vector<std::string>&) {
+std::optional<Result> UnswapAll(Session& session, const Values&) {
   Main& main = session.main;
   const Ships before = main.installation.ships;
   const int failuresBefore = session.console.failures;

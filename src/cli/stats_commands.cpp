@@ -19,7 +19,7 @@ bool StatsOf(Main& main, const ShipRecord& ship, ShipStats& stats) {
 
 }  // namespace
 
-std::optional<Result> ShowStats(Session& session, const std::vector<std::string>& values) {
+std::optional<Result> ShowStats(Session& session, const Values& values) {
   const Ships& ships = session.main.installation.ships;
   const int index = FindShip(ships, values.at(0));
   if (index < 0) {

@@ -20,7 +20,7 @@ std::string FileText(const GameFile& file) {
 
 }  // namespace
 
-std::optional<Result> TellStatus(Session& session, const std::vector<std::string>&) {
+std::optional<Result> TellStatus(Session& session, const Values&) {
   const Status status = StatusOf(session.main);
   std::vector<std::vector<std::string>> rows = {{"Game folder:", status.gameFolder},
                                                 {"Program folder:", status.programFolder},

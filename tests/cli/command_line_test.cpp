@@ -12,7 +12,7 @@ namespace {
 
 using Kind = CommandLine::Kind;
 
-std::optional<Result> Nothing(Session&, const std::vector<std::string>&) { return std::nullopt; }
+std::optional<Result> Nothing(Session&, const Values&) { return std::nullopt; }
 
 /// Commands of the shapes that there are: a verb alone, a group, several arguments.
 const std::vector<Command>& MadeUp() {
@@ -43,7 +43,7 @@ TEST(CommandLine, AVerbOfAGroupWithItsArgumentsInOrder) {
   const CommandLine line = Read({"stats", "set", "Predator", "Max Speed", "12"});
   ASSERT_EQ(line.kind, Kind::run);
   EXPECT_EQ(line.command, &MadeUp()[1]);
-  EXPECT_EQ(line.values, (std::vector<std::string>{"Predator", "Max Speed", "12"}));
+  EXPECT_EQ(line.values.arguments, (std::vector<std::string>{"Predator", "Max Speed", "12"}));
 }
 
 TEST(CommandLine, OptionsStandBeforeTheGroup) {
@@ -64,14 +64,14 @@ TEST(CommandLine, OptionsStandBehindTheVerbAndBetweenTheArguments) {
   ASSERT_EQ(line.kind, Kind::run);
   EXPECT_TRUE(line.json);
   EXPECT_EQ(line.answers.always, false);
-  EXPECT_EQ(line.values, (std::vector<std::string>{"Predator", "Ammo", "5"}));
+  EXPECT_EQ(line.values.arguments, (std::vector<std::string>{"Predator", "Ammo", "5"}));
 }
 
 TEST(CommandLine, ANegativeNumberIsAValue) {
   for (const std::string number : {"-5", "-0.25", "-.5", "-1e-3", "-12,5"}) {
     const CommandLine line = Read({"stats", "set", "Predator", "Ammo", number, "--json"});
     ASSERT_EQ(line.kind, Kind::run) << number << ": " << line.text;
-    EXPECT_EQ(line.values.back(), number);
+    EXPECT_EQ(line.values.arguments.back(), number);
     EXPECT_TRUE(line.json);
   }
 }
@@ -79,7 +79,7 @@ TEST(CommandLine, ANegativeNumberIsAValue) {
 TEST(CommandLine, SeveralNegativeNumbersAreValues) {
   const CommandLine line = Read({"stats", "set", "-1", "-2", "-3"});
   ASSERT_EQ(line.kind, Kind::run);
-  EXPECT_EQ(line.values, (std::vector<std::string>{"-1", "-2", "-3"}));
+  EXPECT_EQ(line.values.arguments, (std::vector<std::string>{"-1", "-2", "-3"}));
 }
 
 TEST(CommandLine, OneNegativeNumberTooManyIsNamedAsItWasTyped) {
@@ -95,7 +95,7 @@ TEST(CommandLine, AnUnknownOptionIsNoValue) {
 TEST(CommandLine, BehindTwoDashesAllWordsAreValues) {
   const CommandLine line = Read({"stats", "set", "--", "--json", "-x", "-5"});
   ASSERT_EQ(line.kind, Kind::run);
-  EXPECT_EQ(line.values, (std::vector<std::string>{"--json", "-x", "-5"}));
+  EXPECT_EQ(line.values.arguments, (std::vector<std::string>{"--json", "-x", "-5"}));
   EXPECT_FALSE(line.json);
 }
 
@@ -103,17 +103,17 @@ TEST(CommandLine, AnArgumentMayBeTheNameOfACommand) {
   const CommandLine line = Read({"stats", "set", "look", "stats", "show"});
   ASSERT_EQ(line.kind, Kind::run) << line.text;
   EXPECT_EQ(line.command, &MadeUp()[1]);
-  EXPECT_EQ(line.values, (std::vector<std::string>{"look", "stats", "show"}));
+  EXPECT_EQ(line.values.arguments, (std::vector<std::string>{"look", "stats", "show"}));
 }
 
 TEST(CommandLine, AnArgumentMayBeEmpty) {
   const CommandLine line = Read({"stats", "show", ""});
   ASSERT_EQ(line.kind, Kind::run);
-  EXPECT_EQ(line.values, std::vector<std::string>{""});
+  EXPECT_EQ(line.values.arguments, std::vector<std::string>{""});
 }
 
 TEST(CommandLine, ArgumentsComeInTheCodePageOfTheCore) {
-  EXPECT_EQ(Read({"stats", "show", "Sch\xC3\xBCtze \xE2\x82\xAC"}).values, std::vector<std::string>{"Sch\xFCtze \x80"});
+  EXPECT_EQ(Read({"stats", "show", "Sch\xC3\xBCtze \xE2\x82\xAC"}).values.arguments, std::vector<std::string>{"Sch\xFCtze \x80"});
 }
 
 TEST(CommandLine, FoldersAreTakenAsWindowsPaths) {

@@ -1,0 +1,162 @@
+// Extracting and unpacking every file of a large archive, against cp of the same files; and what the archive's tab
+// takes for an archive of a hundred thousand files.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <stdexcept>
+#include <string>
+
+#include "app/handlers.h"
+#include "benches.h"
+#include "demo/archive_writer.h"
+#include "demo/compressor.h"
+#include "hog/decompress.h"
+#include "platform/native_path.h"
+#include "util/whole_file.h"
+
+namespace oravin::bench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t megabytes = 500;
+constexpr std::size_t files = 4000;
+constexpr std::size_t unpackedSize = 128 << 10;
+
+/// Content that packs to about half, as the game's does.
+Bytes Content(unsigned seed) {
+  std::mt19937 dice(seed);
+  Bytes bytes;
+  while (bytes.size() < unpackedSize) {
+    if (dice() % 3 == 0 && bytes.size() > 300) {
+      const std::size_t from = bytes.size() - 1 - dice() % 256;
+      for (std::size_t i = 0, count = 8 + dice() % 32; i < count; ++i) bytes.push_back(bytes[from + i]);
+    } else {
+      for (std::size_t i = 0, count = 4 + dice() % 12; i < count; ++i) {
+        bytes.push_back(static_cast<std::uint8_t>(dice()));
+      }
+    }
+  }
+  bytes.resize(unpackedSize);
+  return bytes;
+}
+
+/// An archive of many folders whose files have the sizes of an entry each, in turn.
+fs::path WriteArchive(const fs::path& path, const std::vector<Bytes>& entries, std::size_t count) {
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < count; ++i) {
+    names.push_back("folder" + std::to_string(i / 100) + "\\file" + std::to_string(i) + ".dat");
+  }
+  demo::ArchiveStream archive = demo::BeginArchive(path, names);
+  for (std::size_t i = 0; i < count; ++i) {
+    demo::AppendToEntry(archive, entries[i % entries.size()]);
+    demo::FinishEntry(archive);
+  }
+  demo::FinishArchive(archive);
+  return path;
+}
+
+double Seconds(const std::function<void()>& work) {
+  const auto begin = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+}
+
+void RunShell(const std::string& command) {
+  if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
+}
+
+/// An archive in its tab, with all of it selected and every question answered with Yes.
+struct OpenedHog {
+  explicit OpenedHog(const fs::path& path) {
+    main.host.desk.showBox = [](const MessageBox& box) {
+      return box.buttons == Buttons::ok ? Answer::ok : Answer::yes;
+    };
+    main.hog.txtHogPath.text = platform::ToWindowsPath(path.string());
+    Run(main, "hog.cmdOpen");
+    Run(main, "hog.cmdSelectAll");
+  }
+  double SecondsToExtract(const char* action, const fs::path& to) {
+    fs::remove_all(to);
+    fs::create_directories(to);
+    main.hog.txtHogDest.text = platform::ToWindowsPath(to.string());
+    return Seconds([&] { Run(main, action); });
+  }
+  Main main;
+};
+
+double SecondsToCopy(const fs::path& from, const fs::path& to) {
+  fs::remove_all(to);
+  return Seconds([&] { RunShell("cp -r '" + from.string() + "' '" + to.string() + "'"); });
+}
+
+/// Registers a figure and its yardstick, each of which tells its own time.
+void Register(const std::string& figure, const std::string& yardstick, std::function<double()> ours,
+              std::function<double()> theirs) {
+  const auto add = [](const std::string& name, std::function<double()> once) {
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [once = std::move(once)](benchmark::State& state) {
+                                   for (auto _ : state) state.SetIterationTime(once());
+                                 })
+        ->UseManualTime()
+        ->Iterations(1);
+  };
+  add(figure + "/oravin", std::move(ours));
+  add(figure + "/" + yardstick, std::move(theirs));
+}
+
+}  // namespace
+
+void AddExtraction(const fs::path& work) {
+  std::vector<Bytes> plain;
+  std::vector<Bytes> packed;
+  for (unsigned seed = 0; seed < 40; ++seed) {
+    plain.push_back(Content(seed));
+    packed.push_back(demo::Compress(plain.back(), demo::Effort::kFast));
+  }
+  const fs::path stored = WriteArchive(work / "stored.hog", plain, (megabytes << 20) / unpackedSize);
+  const fs::path compressed = WriteArchive(work / "packed.hog", packed, files);
+  OpenedHog(stored).SecondsToExtract("hog.cmdExtract", work / "stored");
+  OpenedHog(compressed).SecondsToExtract("hog.cmdUnpackExtract", work / "unpacked");
+  Register(
+      "Extract all of 500 MiB", "cp -r of the same files (wanted: below 1.3)",
+      [=] { return OpenedHog(stored).SecondsToExtract("hog.cmdExtract", work / "extracted"); },
+      [=] { return SecondsToCopy(work / "stored", work / "copied"); });
+  Register(
+      "Unpack all to 500 MiB", "decompressor's own time and cp -r (wanted: below 1.3)",
+      [=] { return OpenedHog(compressed).SecondsToExtract("hog.cmdUnpackExtract", work / "extracted"); },
+      [=] {
+        Unpacked unpacked;
+        const double own = Seconds([&] {
+          for (std::size_t i = 0; i < files; ++i) Decompress(packed[i % packed.size()], unpacked);
+        });
+        return own + SecondsToCopy(work / "unpacked", work / "copied");
+      });
+}
+
+void PrintArchiveTab(const fs::path& work) {
+  const std::vector<Bytes> one = {{1}};
+  const fs::path archive = WriteArchive(work / "many.hog", one, 100000);
+  const auto print = [](const char* figure, double seconds, double may) {
+    std::printf("%-34s %9.1f ms  %-44s %9.0f ms %8.2f\n", figure, seconds * 1e3, "what it may take (wanted: below 1)",
+                may * 1e3, seconds / may);
+  };
+  OpenedHog tab(archive);
+  std::vector<double> opening;
+  std::vector<double> filtering;
+  for (int i = 0; i < 9; ++i) {
+    opening.push_back(Seconds([&] { Run(tab.main, "hog.cmdOpen"); }));
+    tab.main.hog.txtFilter.text = i % 2 == 0 ? "le99" : "*5?.dat";
+    filtering.push_back(Seconds([&] { Run(tab.main, "hog.txtFilter.Change"); }));
+  }
+  std::sort(opening.begin(), opening.end());
+  std::sort(filtering.begin(), filtering.end());
+  print("Open 100,000 entries (list filled)", opening[4], 0.25);
+  print("Filter 100,000 entries", filtering[4], 0.03);
+}
+
+}  // namespace oravin::bench

@@ -1,0 +1,44 @@
+#include "cli/hog_table.h"
+
+#include "cli/text_table.h"
+#include "hog/extract.h"
+#include "util/File_Path.h"
+#include "util/Hex_Util.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+const char* KindOf(Files& files, const HogEntry& entry) {
+  if (!WhyNotInside(files, entry).empty()) return "damaged";
+  return IsCompressed(files, entry) ? "packed" : "stored";
+}
+
+}  // namespace
+
+Json JsonOf(Main& main, const HogEntry& entry) {
+  return {{"name", ToUtf8(entry.Name)},
+          {"offset", entry.Offset},
+          {"size", entry.Size},
+          {"fatPosition", entry.FatPos},
+          {"extension", ToUtf8(ExtensionOf(entry.Name))},
+          {"kind", KindOf(main.host.files, entry)}};
+}
+
+Json HogJson(Main& main) {
+  Json document = Json::array();
+  for (const HogEntry& entry : main.hog.archive.entries) document.push_back(JsonOf(main, entry));
+  return document;
+}
+
+std::string HogTable(Main& main) {
+  std::vector<std::vector<std::string>> rows;
+  for (const HogEntry& entry : main.hog.archive.entries) {
+    rows.push_back({entry.Name, DecToHex(entry.Offset), DecToHex(entry.Size), DecToHex(entry.FatPos),
+                    ExtensionOf(entry.Name), KindOf(main.host.files, entry)});
+  }
+  return TextTable({{"Name"}, {"Offset", true}, {"Size", true}, {"FAT position", true}, {"Ext."}, {"Stored as"}}, rows);
+}
+
+}  // namespace oravin
