@@ -1,6 +1,6 @@
 # The fuzzers by name, and a program of one of them. fuzz/CMakeLists.txt links them with libFuzzer; tests/fuzz links
 # them with a main of their own that replays their corpus.
-set(oravin_fuzzers decompress hog_table catalogue ship_list)
+set(oravin_fuzzers decompress hog_table hog_browse catalogue ship_list)
 set(oravin_fuzz_folder "${CMAKE_CURRENT_LIST_DIR}")
 
 function(oravin_fuzz_program target fuzzer)

@@ -64,7 +64,7 @@ std::string Formatted(std::uint32_t size) { return size == 0 ? std::string() : G
 /// Puts an archive on handle 1, for writing where that is possible.
 /// @return why it can only be read; empty where it can be written
 std::string PutOnHandle(Files& files, const std::string& path) {
-  const std::string whyOnlyRead = platform::WhyNotWritable(path);
+  std::string whyOnlyRead = platform::WhyNotWritable(path);
   OpenBinary(files, hogHandle, path, whyOnlyRead.empty() ? OpenFor::changing : OpenFor::reading);
   return whyOnlyRead;
 }
