@@ -4,9 +4,10 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "texture/Texture.h"
+#include "texture/table_bytes.h"
 #include "util/File_Path.h"
 #include "util/Hex_Util.h"
+#include "util/text.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -15,60 +16,79 @@ namespace {
 
 using platform::OpenFor;
 
+constexpr const char* title = "RestoreTcacheFile";
 constexpr std::uint64_t blockSize = 500000;
-constexpr std::uint32_t largestSide = 65536;
-
-[[noreturn]] void Refuse(const std::string& path) {
-  throw RunTimeError("could not restore", path, "it does not hold the game's own 426 textures");
-}
-
-/// The offset just past the data of the last factory texture.
-std::uint64_t FactoryDataEnd(Files& files, int cache, const std::string& path) {
-  const std::uint64_t entry = TcacheEntryOffset(factoryTextures - 1);
-  if (LengthOf(files, cache) < tcacheTableEnd) Refuse(path);
-  const std::uint32_t format = ReadLongLE(files, entry, cache);
-  const std::uint32_t width = ReadLongLE(files, entry + tcacheWidthInEntry, cache);
-  const std::uint32_t height = ReadLongLE(files, entry + tcacheHeightInEntry, cache);
-  const std::uint32_t images = ReadLongLE(files, entry + tcacheImagesInEntry, cache);
-  const std::uint64_t data = ReadLongLE(files, entry + tcacheDataInEntry, cache);
-  if (format < 1 || format > 2 || width > largestSide || height > largestSide || data < tcacheTableEnd) Refuse(path);
-  const std::uint64_t end = data + RoundedSize(TextureDataSize(width, height, static_cast<int>(std::min(images, 64U)),
-                                                               static_cast<int>(format)));
-  if (end > LengthOf(files, cache)) Refuse(path);
-  return end;
-}
 
 /// Copies the first `end` bytes, with the factory's count and data end in the header and the user slots zeroed: one
 /// slot more than the stated count has, but none past the table.
-void WriteFactoryPart(Files& files, int cache, int handle, std::uint64_t end) {
+void WriteFactoryPart(Files& files, int source, const TcacheBytes& cache, int handle) {
+  const std::uint64_t end = FactoryDataEnd(cache);
+  Bytes block(static_cast<std::size_t>(std::min(blockSize, end)));
   for (std::uint64_t at = 0; at < end; at += blockSize) {
-    Bytes block(static_cast<std::size_t>(std::min(blockSize, end - at)));
-    Get(files, cache, at, block);
-    Put(files, handle, at, block);
+    const std::span piece(block.data(), static_cast<std::size_t>(std::min(blockSize, end - at)));
+    Get(files, source, at, piece);
+    Put(files, handle, at, piece);
   }
-  const int count = static_cast<int>(
-      std::clamp<std::uint32_t>(ReadLongLE(files, tcacheCountOffset, cache), factoryTextures, tcacheCapacity - 1));
   Put(files, handle, tcacheCountOffset, DecToByteArray(factoryTextures));
   Put(files, handle, tcacheDataEndOffset, DecToByteArray(end));
-  const int slots = count - factoryTextures + 1;
+  const int slots = std::clamp(cache.count, factoryTextures, tcacheCapacity - 1) - factoryTextures + 1;
   Put(files, handle, TcacheEntryOffset(factoryTextures), Bytes(static_cast<std::size_t>(slots) * tcacheEntrySize));
+}
+
+/// Reads header and table of a cache that may be missing.
+TcacheBytes ReadIfThere(Files& files, const std::string& path) {
+  if (!FileExists(std::string(path))) return {};
+  const OpenedFile cache(files, path, OpenFor::reading);
+  return ReadTcache(files, cache.handle);
+}
+
+/// True when a file is no more than the first bytes of another one: what an interrupted copy leaves.
+bool IsBeginningOf(Files& files, const std::string& path, const std::string& whole) {
+  const OpenedFile begun(files, path, OpenFor::reading);
+  const OpenedFile source(files, whole, OpenFor::reading);
+  const std::uint64_t length = LengthOf(files, begun.handle);
+  if (length >= LengthOf(files, source.handle)) return false;
+  Bytes a;
+  Bytes b;
+  for (std::uint64_t at = 0; at < length; at += blockSize) {
+    a.resize(static_cast<std::size_t>(std::min(blockSize, length - at)));
+    b.resize(a.size());
+    Get(files, begun.handle, at, a);
+    Get(files, source.handle, at, b);
+    if (a != b) return false;
+  }
+  return true;
+}
+
+bool RestoreFrom(Host& host, const std::string& source, const TcacheBytes& cache, const std::string& cachePath) {
+  // The source is closed again before the new cache takes its name.
+  WriteBeside(host.files, cachePath, [&](int handle) {
+    const OpenedFile file(host.files, source, OpenFor::reading);
+    WriteFactoryPart(host.files, file.handle, cache, handle);
+  });
+  return true;
+}
+
+bool Restore(Host& host, const std::string& cachePath, const std::string& old) {
+  const bool there = FileExists(std::string(cachePath));
+  const TcacheBytes cache = ReadIfThere(host.files, cachePath);
+  if (FactoryPartIsWhole(cache)) return RestoreFrom(host, cachePath, cache, cachePath);
+  const TcacheBytes kept = ReadIfThere(host.files, old);
+  if (FactoryPartIsWhole(kept) && (!there || IsBeginningOf(host.files, cachePath, old))) {
+    RestoreFrom(host, old, kept, cachePath);
+    if (kept.count == factoryTextures) EraseFile(host.files, old);
+    return true;
+  }
+  Show(host, there ? "Error - not a valid tcache file" : "Error - Path(s) not found", Icon::exclamation, title);
+  return false;
 }
 
 }  // namespace
 
-void RestoreTcacheFile(Host& host, std::string cachePath) {
-  if (!FileExists(cachePath)) {
-    Show(host, "Error - Path(s) not found", Icon::exclamation, "RestoreTcacheFile");
-    return;
-  }
-  Trap(host, "RestoreTcacheFile", [&] {
-    // The old cache is closed again before the new one takes its name.
-    WriteBeside(host.files, cachePath, [&](int handle) {
-      const OpenedFile cache(host.files, cachePath, OpenFor::reading);
-      const std::uint64_t end = FactoryDataEnd(host.files, cache.handle, cachePath);
-      WriteFactoryPart(host.files, cache.handle, handle, end);
-    });
-  });
+bool RestoreTcacheFile(Host& host, std::string cachePath) {
+  TrimInPlace(cachePath);
+  const std::string old = ChangeExtension(std::string(cachePath), ".old");
+  return Trapped(host, title, false, [&] { return Restore(host, cachePath, old); });
 }
 
 int TcacheCount(Files& files, const std::string& cachePath) {

@@ -1,0 +1,116 @@
+#include "texture/LoadoutSetup.h"
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "texture/ImportTexture.h"
+#include "texture/extraction.h"
+#include "texture/loadout_maps.h"
+#include "texture/table_bytes.h"
+#include "texture/work_files.h"
+#include "util/File_Path.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr const char* title = "LoadoutSetup";
+
+TcacheBytes ReadTcacheAt(Files& files, const std::string& path) {
+  const OpenedFile cache(files, path, OpenFor::reading);
+  return ReadTcache(files, cache.handle);
+}
+
+/// A name for a work file that no file of the folder bears.
+std::string FreeWorkName(const std::string& folder, std::string name) {
+  while (FileExists(folder + name)) name += "_";
+  return name;
+}
+
+/// Makes one companion; false when the whole run must end.
+bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& folder, const std::string& name) {
+  TcacheEntry entry;
+  ReadTcacheEntry(host, cachePath, name, entry);
+  if (entry.pixelFormat == 0) {
+    Show(host, "Error - Texture not found", Icon::exclamation, title);
+    return false;
+  }
+  if (entry.dataOffset == 0) {
+    Show(host, "Error in TCACHE. Can't find " + name + "!", Icon::critical);
+    return false;
+  }
+  if (entry.pixelFormat != paletteFormat) return true;
+  const std::string raw = FreeWorkName(folder, SafeFileName(name));
+  const std::string mapped = FreeWorkName(folder, SafeFileName("g" + name));
+  const WorkFiles work({folder + raw, folder + mapped});
+  if (!ExtractRaw(host, cachePath, name, folder + raw)) return false;
+  if (!ConvertTexture(host, folder + raw, folder, mapped, folder + loadoutMapsName)) return false;
+  const BmpInfo info{0, entry.width, entry.height, entry.pixelFormat, entry.imageCount};
+  ImportTexture(host, cachePath, folder + mapped, "g" + name, info);
+  return true;
+}
+
+}  // namespace
+
+bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count) {
+  AddBackslash(folder);
+  if (!FolderExists(folder) || !FileExists(cachePath)) {
+    Show(host, "Error - Path(s) not found", Icon::critical, title);
+    return false;
+  }
+  return Trapped(host, title, false, [&] {
+    for (std::size_t i = 0; i < count && i < ships.size(); ++i) {
+      if (!ships[i].Imported) continue;
+      for (std::size_t t = 0; t < loadoutTextures; ++t) {
+        const std::string name = ships[i].Textures.at(t).Trimmed();
+        if (!name.empty() && !MakeCompanion(host, cachePath, folder, name)) return false;
+      }
+    }
+    return true;
+  });
+}
+
+Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships) {
+  const TcacheBytes cache = ReadTcacheAt(files, cachePath);
+  Ships lacking;
+  for (const ShipRecord& ship : ships) {
+    if (!ship.Imported) continue;
+    ShipRecord copy = ship;
+    copy.Textures.fill({});
+    bool lacks = false;
+    for (std::size_t t = 0; t < loadoutTextures; ++t) {
+      const std::string name = ship.Textures.at(t).Trimmed();
+      if (name.empty() || SlotNamed(cache, "g" + name) >= 0) continue;
+      const int slot = SlotNamed(cache, name);
+      if (slot >= 0 && EntryOf(cache, slot).pixelFormat != paletteFormat) continue;
+      copy.Textures.at(t) = ship.Textures.at(t);
+      lacks = true;
+    }
+    if (lacks) lacking.push_back(copy);
+  }
+  return lacking;
+}
+
+void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string& name, TcacheEntry& entry) {
+  entry = {};
+  const std::uint32_t offset = FindStructOffset(host, cachePath, name);
+  if (offset == 0) return;
+  const TcacheBytes cache = ReadTcacheAt(host.files, cachePath);
+  const int slot = static_cast<int>((offset - tcacheHeaderSize) / tcacheEntrySize);
+  if (slot < SlotsIn(cache)) entry = EntryOf(cache, slot);
+}
+
+bool ExtractRaw(Host& host, std::string cachePath, const std::string& name, const std::string& outputPath) {
+  TcacheEntry entry;
+  if (FileExists(cachePath)) ReadTcacheEntry(host, cachePath, name, entry);
+  if (entry.entryOffset == 0 || !FolderExists(ParentFolder(std::string(outputPath)))) {
+    Show(host, "Error in extracting textures. Path(s) don't exist", Icon::exclamation);
+    return false;
+  }
+  WriteWhole(host.files, outputPath, ReadTextureData(host.files, cachePath, entry));
+  return true;
+}
+
+}  // namespace oravin

@@ -1,0 +1,125 @@
+#include "texture/bitmap.h"
+
+#include <algorithm>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "texture/Texture.h"
+#include "util/File_Path.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr std::size_t headerRead = 32;
+constexpr int mostImages = 64;  // further ones add nothing to a size
+constexpr std::uint32_t pixelsPerMetre = 2835;
+constexpr std::size_t coloursBegin = 54;
+
+std::int32_t Signed(const std::uint8_t* at) { return static_cast<std::int32_t>(LittleEndian32(at)); }
+
+std::int32_t DepthOf(std::uint32_t bits) {
+  return bits == 8 ? 1 : bits == 16 ? 2 : bits == 24 ? 3 : static_cast<std::int32_t>(bits);
+}
+
+/// The bytes from the pixels' begin to the file's end; negative when they would begin behind it.
+std::int64_t PixelBytes(std::uint64_t fileLength, const BmpInfo& info) {
+  return static_cast<std::int64_t>(fileLength) - static_cast<std::int64_t>(info.pixelOffset);
+}
+
+std::uint64_t SizeOf(const BmpInfo& info, int images) {
+  return RoundedSize(TextureDataSize(info.width, info.height, images, info.depth));
+}
+
+std::int32_t CountImages(std::uint64_t fileLength, const BmpInfo& info) {
+  const std::int64_t length = PixelBytes(fileLength, info);
+  if (length <= 0) return 0;
+  for (int images = 1; images <= mostImages; ++images) {
+    if (SizeOf(info, images) == static_cast<std::uint64_t>(length)) return images;
+  }
+  return 0;
+}
+
+bool IsSide(std::int32_t side) { return side >= 2 && side <= 256 && (side & (side - 1)) == 0; }
+
+/// True when a bitmap's own header states the depth that its pixels are used with. One of 1 bit a pixel would pass for
+/// one of 8, since its number of bits is the number of bytes of the other.
+bool PixelsAsUsed(Files& files, int handle, const BmpInfo& info) {
+  std::array<std::uint8_t, headerRead> header{};
+  if (info.pixelOffset < header.size()) return true;  // no header to look at
+  if (GetSome(files, handle, 0, header) < header.size()) return false;
+  const std::uint32_t bits = LittleEndian32(&header[bitmapBitsAt]);
+  return (bits == 8 || bits == 16 || bits == 24) && DepthOf(bits) == info.depth;
+}
+
+}  // namespace
+
+bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
+  constexpr const char* title = "GetBMPInfo";
+  if (!FileExists(path)) {
+    Show(host, "File not found", Icon::exclamation, title);
+    return false;
+  }
+  return Trap(host, title, [&] {
+    const OpenedFile file(host.files, path, OpenFor::reading);
+    std::array<std::uint8_t, headerRead> header{};
+    Get(host.files, file.handle, 0, header);
+    BmpInfo read;
+    read.pixelOffset = LittleEndian32(&header[bitmapPixelsAt]);
+    read.width = Signed(&header[bitmapWidthAt]);
+    read.height = Signed(&header[bitmapHeightAt]);
+    read.depth = DepthOf(LittleEndian32(&header[bitmapBitsAt]));
+    read.imageCount = CountImages(LengthOf(host.files, file.handle), read);
+    info = read;
+  });
+}
+
+bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
+  if (!IsSide(info.width) || !IsSide(info.height) || !FileExists(std::string(path))) return false;
+  const OpenedFile file(files, path, OpenFor::reading);
+  const std::int64_t length = PixelBytes(LengthOf(files, file.handle), info);
+  return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) &&
+         PixelsAsUsed(files, file.handle, info);
+}
+
+std::size_t BuildBitmapHeader(Files& files, const BmpInfo& info, const std::string& templatePath, Bytes& header) {
+  if (info.depth == 1) {
+    header.assign(paletteHeaderSize, 0);
+    const OpenedFile lender(files, templatePath, OpenFor::reading);
+    Get(files, lender.handle, 0, header);
+  } else {
+    header.assign(colourHeaderSize, 0);
+    header[0] = 'B';
+    header[1] = 'M';
+    // Of the largest image alone: the smaller ones behind it are no part of the bitmap.
+    const std::uint64_t image = RoundedSize(TextureDataSize(info.width, info.height, 1, 3));
+    PutLittleEndian32(&header[2], static_cast<std::uint32_t>(colourHeaderSize + image));
+    header[bitmapPixelsAt] = '6';  // its code is 54, where the pixels begin
+    header[bitmapInfoSizeAt] = 40;
+    header[26] = 1;
+    header[bitmapBitsAt] = 24;
+    PutLittleEndian32(&header[38], pixelsPerMetre);
+    PutLittleEndian32(&header[42], pixelsPerMetre);
+  }
+  PutLittleEndian32(&header[bitmapWidthAt], static_cast<std::uint32_t>(info.width));
+  PutLittleEndian32(&header[bitmapHeightAt], static_cast<std::uint32_t>(info.height));
+  return header.size();
+}
+
+Palette PaletteIn(std::span<const std::uint8_t> header, int& colours) {
+  Palette palette{};
+  colours = 0;
+  if (header.size() < coloursBegin) return palette;
+  // Longer information headers push the palette back.
+  const std::uint64_t begin = bitmapInfoSizeAt + std::uint64_t{LittleEndian32(&header[bitmapInfoSizeAt])};
+  for (std::uint64_t at = begin; at + 4 <= header.size() && colours < 256; at += 4, ++colours) {
+    const auto i = static_cast<std::size_t>(at);
+    palette.at(static_cast<std::size_t>(colours)) = {header[i + 2], header[i + 1], header[i]};
+  }
+  return palette;
+}
+
+}  // namespace oravin

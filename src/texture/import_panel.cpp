@@ -1,0 +1,81 @@
+#include "texture/import_panel.h"
+
+#include "desk/dialogs.h"
+#include "texture/ImportTexture.h"
+#include "texture/Texture.h"
+#include "texture/fighter_chain.h"
+#include "texture/loadout_maps.h"
+#include "texture/work_files.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::array<const char*, 4> infoCaptions = {"x Dim:", "y Dim:", "Depth:", "Blocks:"};
+
+/// Reads what the bitmap says of itself and shows it in the four labels.
+bool ShowInfo(Host& host, ImportTexturePanel& panel, const std::string& path, BmpInfo& info) {
+  if (!GetBMPInfo(host, path, info)) return false;
+  // The depth is shown as it is kept, in bytes, behind which "bit" stands: that is meant.
+  const std::array<std::string, 4> values = {std::to_string(info.width), std::to_string(info.height),
+                                             std::to_string(info.depth) + " bit", std::to_string(info.imageCount)};
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    panel.lblBMPinfo.at(i).caption = std::string(infoCaptions.at(i)) + " " + values.at(i);
+  }
+  return true;
+}
+
+bool ImportFighter(Host& host, const Installation& installation, const std::string& bitmap, const std::string& name) {
+  const std::string& folder = installation.ProgramPath;
+  const WorkFiles work({folder + "import", folder + "gimport"});
+  return ConvertFighterText(host, bitmap, folder + "import", folder) &&
+         ConvertTexture(host, folder + "import", folder, "gimport", folder + loadoutMapsName) &&
+         ImportFighterTextures(host, installation.GamePath + tcacheName, folder + "import", folder + "gimport", name);
+}
+
+}  // namespace
+
+ImportTexturePanel NewImportTexturePanel() {
+  ImportTexturePanel panel;
+  panel.frameTextureImport.caption = "&Manual Texture Importing (not needed to import ship):";
+  panel.cmdImportTexture = {"&Import Texture", "Imports texture into the Tcachehw.dat file", true};
+  panel.chkForFighter.caption = "For fighter";
+  panel.cmdImportTextureBrowse = {"Bro&wse", "", true};
+  for (std::size_t i = 0; i < infoCaptions.size(); ++i) panel.lblBMPinfo.at(i).caption = infoCaptions.at(i);
+  panel.lbl3DConv = {Label{"Texture name:"}, Label{"&Import texture:"}};
+  return panel;
+}
+
+void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel) {
+  std::string folder = ParentFolder(std::string(panel.txtImportTexturePath.text));
+  const std::string file =
+      ChooseFile(host, "", folder, "", "8-bit / 16-bit / 24-bit Bitmap (*.bmp)|*.bmp|All Files *.*|*.*");
+  if (file.empty()) return;
+  panel.txtImportTexturePath.text = file;
+  BmpInfo info;
+  ShowInfo(host, panel, file, info);
+}
+
+void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Installation& installation) {
+  std::string bitmap = panel.txtImportTexturePath.text;
+  if (!FileExists(bitmap)) {
+    Show(host, "Import texture not found.", Icon::exclamation);
+    return;
+  }
+  BmpInfo info;
+  if (!ShowInfo(host, panel, bitmap, info)) return;
+  const std::string name = Trim(Trim(panel.txtImportTextureName.text).substr(0, longestTextureName));
+  if (name.empty()) {
+    Show(host, "Enter name for texture", Icon::exclamation, "Import Texture");
+    panel.nameTakesFocus = true;
+    return;
+  }
+  const bool imported = panel.chkForFighter.checked
+                            ? ImportFighter(host, installation, bitmap, name)
+                            : ImportTexture(host, installation.GamePath + tcacheName, bitmap, name, info);
+  if (imported) ShowSuccess(host, "Textured imported successfully!", Icon::exclamation);
+}
+
+}  // namespace oravin
