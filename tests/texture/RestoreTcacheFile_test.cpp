@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "demo/cache_writer.h"
+#include "cache_stage.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
@@ -12,28 +12,13 @@
 namespace oravin {
 namespace {
 
+using test::Cache;
 using test::ImageOf;
+using test::Little;
 using test::PatchFileAt;
 using test::ReadFileAt;
 using test::ScriptedHost;
 using test::WriteFileAt;
-
-/// A cache with so many textures of one size, each with its own pixels.
-Bytes Cache(int textures, int side = 4, int format = 1) {
-  demo::CacheBuilder cache = demo::BeginCache(300000);
-  for (int i = 0; i < textures; ++i) {
-    const demo::CacheTexture texture{"t" + std::to_string(i), format, side, side, 2};
-    demo::AddTexture(cache, texture, Bytes(demo::PixelBytes(texture), static_cast<std::uint8_t>(1 + i % 255)));
-  }
-  demo::FinishCache(cache);
-  return cache.bytes;
-}
-
-Bytes Little(std::uint32_t value) {
-  Bytes bytes(4);
-  PutLittleEndian32(bytes.data(), value);
-  return bytes;
-}
 
 struct RestoredCache : testing::Test {
   test::TemporaryFolder folder;
@@ -46,8 +31,7 @@ struct RestoredCache : testing::Test {
   /// Restores a cache that must be refused, and looks that it was left as it is.
   void ExpectRefused() {
     const test::FolderImage before = ImageOf(folder.native);
-    at.desk.ExpectBox("Error - could not restore " + Path() + ": it does not hold the game's own 426 textures",
-                      "RestoreTcacheFile", Icon::exclamation);
+    at.desk.ExpectBox("Error - not a valid tcache file", "RestoreTcacheFile", Icon::exclamation);
     Restore();
     EXPECT_TRUE(at.desk.Done());
     EXPECT_TRUE(test::SameImage(before, ImageOf(folder.native)));
@@ -101,7 +85,7 @@ TEST_F(RestoredCache, With1000TexturesKeepsItsPixels) {
 }
 
 TEST_F(RestoredCache, ACountThatCannotBeTrueZeroesTheSlotsToTheTablesEndAndNoFurther) {
-  for (const std::uint32_t count : {1001U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+  for (const std::uint32_t count : {1001U, 0x7FFFFFFFU}) {
     Make(Cache(430));
     PatchFileAt(Native(), 4, Little(count));
     Restore();
@@ -109,11 +93,20 @@ TEST_F(RestoredCache, ACountThatCannotBeTrueZeroesTheSlotsToTheTablesEndAndNoFur
   }
 }
 
-TEST_F(RestoredCache, ACountBelowTheFactorysIsPutRight) {
-  Make(Cache(426));
-  PatchFileAt(Native(), 4, Little(3));
-  Restore();
-  EXPECT_TRUE(test::SameBytes(Cache(426), ReadFileAt(Native())));
+TEST_F(RestoredCache, ACountBelowTheFactorysLeavesTheCacheUntouched) {
+  for (const std::uint32_t count : {0U, 1U, 425U, 0xFFFFFFFFU}) {
+    Make(Cache(426));
+    PatchFileAt(Native(), 4, Little(count));
+    ExpectRefused();
+  }
+}
+
+TEST_F(RestoredCache, WithCountsOf999And1000IsZeroedToTheTablesEndAndNoFurther) {
+  for (const int count : {999, 1000}) {
+    Make(Cache(count));
+    Restore();
+    EXPECT_TRUE(test::SameBytes(Cache(426), ReadFileAt(Native()))) << count;
+  }
 }
 
 TEST_F(RestoredCache, LargerThanABlockIsCopiedWhole) {
@@ -134,11 +127,95 @@ TEST_F(RestoredCache, EndsWithItsLastFactoryTexturesRoundedSize) {
   EXPECT_EQ(LittleEndian32(&restored[8]), restored.size());
 }
 
-TEST_F(RestoredCache, WhatTheHeaderSaysOfTheDataEndDoesNotMatter) {
+TEST_F(RestoredCache, ADataEndInsideTheTableLeavesTheCacheUntouched) {
+  for (const std::uint32_t end : {0U, 7U, 240011U, 0x80000000U}) {
+    Make(Cache(426));
+    PatchFileAt(Native(), 8, Little(end));
+    ExpectRefused();
+  }
+}
+
+TEST_F(RestoredCache, AnotherDataEndBehindTheTableDoesNotMatter) {
   Make(Cache(426));
-  PatchFileAt(Native(), 8, Little(7));
+  PatchFileAt(Native(), 8, Little(0x7FFFFFFF));
   Restore();
   EXPECT_TRUE(test::SameBytes(Cache(426), ReadFileAt(Native())));
+}
+
+TEST_F(RestoredCache, AFactoryTextureWhoseDataLieElsewhereLeavesTheCacheUntouched) {
+  const std::uint32_t end = 240012 + 426 * 20;
+  for (const std::uint32_t offset : {0U, 240011U, end - 19, end, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+    Make(Cache(430));
+    PatchFileAt(Native(), 12 + 240 * 17 + tcacheDataInEntry, Little(offset));
+    ExpectRefused();
+  }
+}
+
+TEST_F(RestoredCache, FactoryTexturesThatShareTheirDataAreNoHarm) {
+  Make(Cache(426));
+  PatchFileAt(Native(), 12 + 240 * 17 + tcacheDataInEntry, Little(240012));
+  const Bytes before = ReadFileAt(Native());
+  Restore();
+  EXPECT_TRUE(test::SameBytes(before, ReadFileAt(Native())));
+}
+
+TEST_F(RestoredCache, ARestoreThatWasCutShortIsPickedUpFromItsOldFile) {
+  Bytes old = Cache(426);  // patched already: its further textures are forgotten, but their data are still there
+  old.resize(old.size() + 80, 9);
+  const std::vector<std::size_t> lengths = {0, 5, 12, 240012, Cache(426).size() - 1};
+  for (const std::size_t length : lengths) {
+    WriteFileAt(folder.Native("tcachehw.old"), old);
+    Make(Bytes(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(length)));
+    Restore();
+    EXPECT_TRUE(test::SameImage({{"tcachehw.dat", Cache(426)}}, ImageOf(folder.native)));
+  }
+  std::filesystem::remove(Native());
+  WriteFileAt(folder.Native("tcachehw.old"), old);
+  Restore();
+  EXPECT_TRUE(test::SameImage({{"tcachehw.dat", Cache(426)}}, ImageOf(folder.native)));
+}
+
+TEST_F(RestoredCache, AnOldFileThatStillHoldsAddedTexturesIsKept) {
+  WriteFileAt(folder.Native("tcachehw.old"), Cache(430));
+  Restore();
+  EXPECT_TRUE(test::SameImage({{"tcachehw.dat", Cache(426)}, {"tcachehw.old", Cache(430)}}, ImageOf(folder.native)));
+}
+
+TEST_F(RestoredCache, ADamagedCacheThatIsNoBeginningOfTheOldFileIsLeftUntouched) {
+  WriteFileAt(folder.Native("tcachehw.old"), Cache(430));
+  Bytes damaged = Cache(426);
+  damaged.resize(240100);
+  damaged[5000] ^= 1;
+  Make(damaged);
+  ExpectRefused();
+}
+
+TEST_F(RestoredCache, AnOldFileThatIsNotWholeIsNoHelp) {
+  WriteFileAt(folder.Native("tcachehw.old"), "somebody's own");
+  at.desk.ExpectBox("Error - Path(s) not found", "RestoreTcacheFile", Icon::exclamation);
+  Restore();
+  EXPECT_EQ(ImageOf(folder.native).size(), 1U);
+}
+
+TEST_F(RestoredCache, WhateverFailsTheOldFileIsThereUntilTheCacheIs) {
+  for (const test::FaultKind kind : {test::FaultKind::failure, test::FaultKind::stop}) {
+    test::AtEachOperation(kind, [&](test::Fault& fault) {
+      std::filesystem::remove(Native());
+      WriteFileAt(folder.Native("tcachehw.old"), Cache(426));
+      ScriptedHost failing;
+      failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+      test::Watch(failing.host.files, fault);
+      test::Stopped([&] { RestoreTcacheFile(failing.host, Path()); });
+      const test::FolderImage after = ImageOf(folder.native);
+      const bool restored = after.contains("tcachehw.dat");
+      EXPECT_TRUE(restored || after.contains("tcachehw.old"));
+      EXPECT_TRUE(test::SameBytes(Cache(426), after.at(restored ? "tcachehw.dat" : "tcachehw.old")));
+      // The next one, without a fault, comes to its end.
+      ScriptedHost next;
+      EXPECT_TRUE(RestoreTcacheFile(next.host, Path()));
+      EXPECT_TRUE(test::SameBytes(Cache(426), ReadFileAt(Native())));
+    });
+  }
 }
 
 TEST_F(RestoredCache, AMissingCacheGivesItsBox) {
@@ -191,10 +268,19 @@ TEST_F(RestoredCache, ABogusLastFactoryTextureLeavesTheCacheUntouched) {
 
 TEST_F(RestoredCache, AnAbsurdNumberOfImagesEndsInNoHang) {
   Make(Cache(430));
-  PatchLast(tcacheImagesInEntry, 0xFFFFFFFF);
+  PatchLast(tcacheImagesInEntry, 0x7FFFFFFF);
   Restore();
   // 16 + 4 + 1 + 1/4 + ... pixels: 21.33
   EXPECT_EQ(std::filesystem::file_size(Native()), 240012U + 425 * 20 + 21);
+}
+
+TEST_F(RestoredCache, NoImagesAndANegativeNumberOfThemCountAsOne) {
+  for (const std::uint32_t images : {0U, 0xFFFFFFFFU}) {
+    Make(Cache(430));
+    PatchLast(tcacheImagesInEntry, images);
+    Restore();
+    EXPECT_EQ(std::filesystem::file_size(Native()), 240012U + 425 * 20 + 16);
+  }
 }
 
 TEST_F(RestoredCache, WhateverFailsTheCacheIsOldOrNew) {
