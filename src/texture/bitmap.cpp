@@ -94,9 +94,8 @@ std::size_t BuildBitmapHeader(Files& files, const BmpInfo& info, const std::stri
     header.assign(colourHeaderSize, 0);
     header[0] = 'B';
     header[1] = 'M';
-    // Of the largest image alone: the smaller ones behind it are no part of the bitmap.
     const std::uint64_t image = RoundedSize(TextureDataSize(info.width, info.height, 1, 3));
-    PutLittleEndian32(&header[2], static_cast<std::uint32_t>(colourHeaderSize + image));
+    PutLittleEndian32(&header[bitmapFileSizeAt], static_cast<std::uint32_t>(colourHeaderSize + image));
     header[bitmapPixelsAt] = '6';  // its code is 54, where the pixels begin
     header[bitmapInfoSizeAt] = 40;
     header[26] = 1;

@@ -21,6 +21,7 @@
 ///   54  .  the palette of an 8-bit bitmap: 256 times blue, green, red, zero
 namespace oravin {
 
+inline constexpr std::uint64_t bitmapFileSizeAt = 2;
 inline constexpr std::uint64_t bitmapPixelsAt = 10;
 inline constexpr std::uint64_t bitmapInfoSizeAt = 14;
 inline constexpr std::uint64_t bitmapWidthAt = 18;

@@ -84,6 +84,8 @@ void ExtractTexture(Files& files, const std::string& cachePath, const TcacheEntr
   headerSize = BuildBitmapHeader(files, {0, entry.width, entry.height, entry.pixelFormat, entry.imageCount},
                                  templatePath, header);
   const Bytes pixels = BitmapPixels(entry, ReadTextureData(files, cachePath, entry));
+  // Image programs refuse a bitmap that does not tell its own length: not that of its template, nor of its first image.
+  PutLittleEndian32(&header[bitmapFileSizeAt], static_cast<std::uint32_t>(header.size() + pixels.size()));
   WriteBeside(files, target, [&](int handle) {
     Put(files, handle, 0, header);
     Put(files, handle, header.size(), pixels);

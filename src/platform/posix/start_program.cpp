@@ -4,7 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 #include <vector>
 
 #include "platform/native_path.h"
@@ -52,6 +54,15 @@ bool EndsInExe(const std::string& name) {
   return name.size() > 4 && (name.ends_with(".exe") || name.ends_with(".EXE"));
 }
 
+/// True for the paint program of Windows, wherever it is said to lie.
+bool IsPaintProgram(const std::string& program) {
+  constexpr std::string_view name = "mspaint.exe";
+  if (program.size() < name.size()) return false;
+  const std::string_view end = std::string_view(program).substr(program.size() - name.size());
+  return std::equal(end.begin(), end.end(), name.begin(),
+                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b; });
+}
+
 }  // namespace
 
 bool StartProgram(const std::string& commandLine) {
@@ -66,6 +77,7 @@ bool StartProgram(const std::string& commandLine) {
   }
   std::vector<std::string> parts = SplitCommand(commandLine);
   if (parts.empty()) return false;
+  if (parts.size() == 2 && IsPaintProgram(parts[0])) return Spawn({"xdg-open", ToNativePath(parts[1])});
   if (!EndsInExe(parts[0])) return Spawn(parts);
   parts.insert(parts.begin(), "wine");
   return Spawn(parts);

@@ -57,6 +57,14 @@ TEST_F(StartedPrograms, NotepadTakesAPathInQuotes) {
   EXPECT_EQ(GivenTo("xdg-open"), folder.Native("read me.txt").string() + "\n");
 }
 
+TEST_F(StartedPrograms, ThePaintProgramOpensTheUsersOwnImageProgram) {
+  Provide("xdg-open");
+  test::WriteFileAt(folder.Native("my files/temp.bmp"), "x");
+  EXPECT_TRUE(
+      StartProgram("\"C:\\Program Files\\Accessories\\MSPAINT.EXE\" \"" + folder.Windows("my files\\temp.bmp") + "\""));
+  EXPECT_EQ(GivenTo("xdg-open"), folder.Native("my files/temp.bmp").string() + "\n");
+}
+
 TEST_F(StartedPrograms, AWindowsProgramRunsThroughWine) {
   Provide("wine");
   EXPECT_TRUE(StartProgram("\"C:\\My Game\\sltool.exe\" one \"two three\""));

@@ -1,0 +1,84 @@
+// The paint program, started with an extracted texture. A script stands in for the desktop's own opener.
+
+#include <sys/wait.h>
+
+#include <cerrno>
+
+#include "../cache_stage.h"
+#include "support/environment.h"
+#include "texture/tcache_tab.h"
+
+namespace oravin::test {
+namespace {
+
+struct ThePaintProgram : CacheStage {
+  ThePaintProgram() {
+    const auto script = folder.Native("bin/xdg-open");
+    WriteFileAt(script, "#!/bin/sh\nprintf '[%s]' \"$@\" > '" + folder.Native("called").string() + "'\n");
+    permissions(script, std::filesystem::perms::owner_all);
+    installation.GamePath = folder.windows;
+    installation.ProgramPath = folder.Windows("my program\\");
+    WriteFileAt(folder.Native("my program/3D/cube.bmp"), Bitmap(4, 4, 8, Pattern(16)));
+    Make(CacheWith({{"flat", 1, 8, 8, 1}, {"deep", 2, 8, 8, 1}}));
+    tab.txtTcacheSource.text = Path();
+    cmdOpenTcache_Click(at.host, tab);
+  }
+  static bool Ended() {
+    pid_t ended = -1;
+    do {
+      ended = waitpid(-1, nullptr, 0);
+    } while (ended < 0 && errno == EINTR);
+    return ended > 0;
+  }
+  [[nodiscard]] Bytes Temporary() const { return ReadFileAt(folder.Native("my program/temp.bmp")); }
+
+  Environment path{"PATH", folder.Native("bin").string() + ":/usr/bin:/bin"};
+  Installation installation;
+  TcacheTab tab = NewTcacheTab();
+};
+
+TEST_F(ThePaintProgram, IsStartedWithTheSelectedTexture) {
+  SelectOnly(tab.lstTcache, 426);
+  lstTcache_DblClick(at.host, tab, installation);
+  ASSERT_TRUE(Ended());
+  EXPECT_EQ(ReadTextAt(folder.Native("called")), "[" + folder.Native("my program/temp.bmp").string() + "]");
+  EXPECT_EQ(Temporary().size(), 1078U + 64);
+}
+
+TEST_F(ThePaintProgram, IsStartedByTheEnterKeyAndNoOther) {
+  SelectOnly(tab.lstTcache, 427);
+  lstTcache_KeyDown(at.host, tab, installation, 32);
+  EXPECT_FALSE(std::filesystem::exists(folder.Native("my program/temp.bmp")));
+  lstTcache_KeyDown(at.host, tab, installation, 13);
+  ASSERT_TRUE(Ended());
+  EXPECT_EQ(Temporary().size(), 54U + 192);
+}
+
+TEST_F(ThePaintProgram, IsNotStartedWithoutASelectedTexture) {
+  lstTcache_DblClick(at.host, tab, installation);
+  cmdCloseTcache_Click(tab);
+  lstTcache_DblClick(at.host, tab, installation);
+  EXPECT_FALSE(Ended());
+}
+
+TEST_F(ThePaintProgram, IsNotStartedWithoutTheCacheOrTheProgramFolder) {
+  SelectOnly(tab.lstTcache, 426);
+  installation.ProgramPath = folder.Windows("none\\");
+  at.desk.ExpectBox("Destination path not found", programTitle);
+  lstTcache_DblClick(at.host, tab, installation);
+  std::filesystem::remove(folder.Native("tcachehw.dat"));
+  at.desk.ExpectBox("TCACHE path not found", programTitle);
+  lstTcache_DblClick(at.host, tab, installation);
+  EXPECT_FALSE(Ended());
+}
+
+TEST_F(ThePaintProgram, ThatCannotBeStartedIsTold) {
+  const Environment nowhere("PATH", folder.Native("nowhere").string());
+  SelectOnly(tab.lstTcache, 426);
+  at.desk.ExpectBox("The bitmap could not be opened. It is this file:\n" + folder.Windows("my program\\temp.bmp"),
+                    programTitle);
+  lstTcache_DblClick(at.host, tab, installation);
+}
+
+}  // namespace
+}  // namespace oravin::test
