@@ -1,0 +1,59 @@
+// Fuzzes the reader of bitmaps: what it says of a file is what stands in it, what fits can be shown, and what cannot be
+// imported leaves the cache alone.
+
+#include "input_file.h"
+#include "texture/ImportTexture.h"
+#include "texture/fighter_chain.h"
+#include "texture/picture.h"
+#include "util/run_time_error.h"
+
+namespace {
+
+/// The smallest cache that can be added to: one texture of 4 x 4 pixels.
+oravin::Bytes SmallCache() {
+  oravin::Bytes cache(240012 + 16);
+  const auto put = [&](std::size_t at, std::uint32_t value) { oravin::PutLittleEndian32(&cache[at], value); };
+  put(0, 102);
+  put(4, 1);
+  put(8, 240028);
+  put(12, 1);
+  put(12 + 64, 4);
+  put(12 + 68, 4);
+  put(12 + 116, 1);
+  put(12 + 224, 240012);
+  return cache;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace oravin;
+  fuzz::WriteInput("a.bmp", {data, size});
+  const std::string path = fuzz::Folder().windows + "a.bmp";
+  fuzz::CountingHost here;
+  BmpInfo info;
+  const bool read = GetBMPInfo(here.host, path, info);
+  fuzz::Require(here.boxes == (read ? 0 : 1), "a bitmap that is not read has its one box");
+  fuzz::Require(read || info == BmpInfo(), "and leaves the record as it was");
+  if (!read) return 0;
+  fuzz::Require(info.imageCount >= 0 && info.imageCount <= 64, "the number of images is bounded");
+
+  const bool fits = BitmapFits(here.host.files, path, info);
+  const auto picture = BitmapPicture(here.host.files, path, info);
+  fuzz::Require(picture.has_value() == fits, "what fits can be shown, and nothing else");
+  if (picture) {
+    fuzz::Require(
+        picture->rgb.size() == static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height) * 3,
+        "a picture has all its pixels");
+  }
+  if (ConvertFighterText(here.host, path, fuzz::Folder().windows + "import", fuzz::Folder().windows)) {
+    fuzz::Require(fuzz::ReadInput("import").size() == 87380, "a fighter's chain has its length");
+  }
+
+  static const Bytes cache = SmallCache();
+  fuzz::WriteInput("tcachehw.dat", cache);
+  const bool imported = ImportTexture(here.host, fuzz::Folder().windows + "tcachehw.dat", path, "new", info);
+  fuzz::Require(imported == fits, "what fits is imported");
+  if (!imported) fuzz::Require(fuzz::ReadInput("tcachehw.dat") == cache, "a refused bitmap leaves the cache as it was");
+  return 0;
+}
