@@ -1,5 +1,6 @@
 #include "app/enable.h"
 
+#include "app/loadout.h"
 #include "app/safekeeping.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -96,7 +97,8 @@ WritePlan PlanEnable(Main& main, const Preparation& preparation) {
   if (FolderExists(installation.GamePath + "ships\\")) plan.folders.push_back(installation.GamePath + "ships\\");
   plan.files = {installation.GamePath + "resource.hog",   installation.GamePath + "shipstats.bin",
                 installation.GamePath + "shipstats.def",  installation.ProgramPath + catalogueName,
-                installation.ProgramPath + fatBackupName, installation.ProgramPath + "backup\\shipstats.def"};
+                installation.ProgramPath + fatBackupName, installation.ProgramPath + "backup\\shipstats.def",
+                installation.GamePath + "tcachehw.dat"};
   PlanModels(main, preparation, plan);
   NeedRoom(plan, installation.GamePath, FileLength(installation.GamePath + "shipstats.bin"));
   NeedRoom(plan, installation.ProgramPath, preparation.list.size() * shipRecordSize);
@@ -156,6 +158,7 @@ void cmdEnable_Click(Main& main) {
   UnpackSetup(main.host, installation.GamePath, installation.ships);
   SetUpShipStats(main.host, installation.GamePath + "shipstats.bin", installation.GamePath + "shipstats.def",
                  installation.ships);
+  SetUpLoadouts(main);
   EndProgress(main.host);
   FillLists(main);
   ShowSuccess(main.host, enabledMessage, Icon::none);

@@ -61,6 +61,12 @@ struct SortOrder {
   bool operator==(const SortOrder&) const = default;
 };
 
+/// A row's first text as the person has edited it in its place.
+struct LabelEdit {
+  std::size_t row = 0;
+  std::string text;
+};
+
 /// A list with columns. Rows are shown straight out of the record.
 struct ListView {
   std::vector<ListColumn> columns;
@@ -70,6 +76,8 @@ struct ListView {
   bool severalSelectable = false;
   std::optional<SortOrder> sorted;  ///< the column whose heading bears the arrow
   std::size_t clickedColumn = 0;    ///< the heading that was clicked last
+  bool labelsEditable = false;      ///< the first column's texts can be edited in their place
+  LabelEdit edited;                 ///< what was edited last
   unsigned revision = 0;  ///< counts the changes of rows, texts and selection, so that only what changed is drawn
 };
 

@@ -84,7 +84,7 @@ Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships&
       const std::string name = ship.Textures.at(t).Trimmed();
       if (name.empty() || SlotNamed(cache, "g" + name) >= 0) continue;
       const int slot = SlotNamed(cache, name);
-      if (slot >= 0 && EntryOf(cache, slot).pixelFormat != paletteFormat) continue;
+      if (slot < 0 || EntryOf(cache, slot).pixelFormat != paletteFormat) continue;
       copy.Textures.at(t) = ship.Textures.at(t);
       lacks = true;
     }

@@ -26,7 +26,7 @@ inline constexpr std::size_t loadoutTextures = 2;
 bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count);
 
 /// The imported ships that LoadoutSetup has something to do for: copies of their records that name only those textures
-/// which lack their companion, among the first two. A texture that is missing itself is among them.
+/// which lack their companion, among the first two. A texture that is missing itself lacks nothing.
 /// @throws RunTimeError when the cache cannot be read
 Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships);
 

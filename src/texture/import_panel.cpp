@@ -44,6 +44,7 @@ ImportTexturePanel NewImportTexturePanel() {
   panel.chkForFighter.caption = "For fighter";
   panel.cmdImportTextureBrowse = {"Bro&wse", "", true};
   for (std::size_t i = 0; i < infoCaptions.size(); ++i) panel.lblBMPinfo.at(i).caption = infoCaptions.at(i);
+  panel.preview = NewTexturePreview();
   panel.lbl3DConv = {Label{"Texture name:"}, Label{"&Import texture:"}};
   return panel;
 }
@@ -55,7 +56,19 @@ void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel) {
   if (file.empty()) return;
   panel.txtImportTexturePath.text = file;
   BmpInfo info;
-  ShowInfo(host, panel, file, info);
+  if (ShowInfo(host, panel, file, info)) ShowBitmap(host, panel.preview, file, info);
+}
+
+void txtImportTexturePath_LostFocus(ImportTexturePanel& panel) {
+  ShowNoTexture(panel.preview, "");
+  if (!FileExists(panel.txtImportTexturePath.text)) return;
+  // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
+  Host quiet;
+  quiet.desk.showBox = [](const MessageBox&) { return Answer::ok; };
+  BmpInfo info;
+  if (ShowInfo(quiet, panel, panel.txtImportTexturePath.text, info)) {
+    ShowBitmap(quiet, panel.preview, panel.txtImportTexturePath.text, info);
+  }
 }
 
 void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Installation& installation) {

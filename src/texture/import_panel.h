@@ -6,6 +6,7 @@
 #include "catalogue/installation.h"
 #include "desk/controls.h"
 #include "desk/host.h"
+#include "texture/preview.h"
 
 namespace oravin {
 
@@ -19,6 +20,7 @@ struct ImportTexturePanel {
   TextBox txtImportTexturePath;
   std::array<Label, 4> lblBMPinfo;  ///< the bitmap's width, height, depth and images
   std::array<Label, 2> lbl3DConv;   ///< the captions of the two text boxes: name, path
+  TexturePreview preview;           ///< the bitmap as the texture will look
   bool nameTakesFocus = false;      ///< set where the person must give a name; the window takes it back
 };
 
@@ -26,6 +28,9 @@ ImportTexturePanel NewImportTexturePanel();
 
 /// Asks for a bitmap and shows what it says of itself.
 void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel);
+
+/// Shows the bitmap whose path was typed, if it is one that can be imported; without a word if it is not.
+void txtImportTexturePath_LostFocus(ImportTexturePanel& panel);
 
 /// Imports the bitmap into the game's cache under the name in its box, cut to 30 characters. With "For fighter" it is
 /// made into a fighter's chain first and imported a second time, as its companion, whose name has a "g" before it.

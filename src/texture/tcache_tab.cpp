@@ -68,11 +68,6 @@ ListRow RowOf(const TcacheEntry& entry, std::size_t index) {
           false};
 }
 
-void SelectRows(TcacheTab& tab, bool selected) {
-  for (ListRow& row : tab.lstTcache.rows) row.selected = selected;
-  ++tab.lstTcache.revision;
-}
-
 }  // namespace
 
 TcacheTab NewTcacheTab() {
@@ -90,7 +85,10 @@ TcacheTab NewTcacheTab() {
   tab.lstTcache.columns = {
       {"Texture Name:", false}, {"Largest Dim:", false}, {"Color Depth:", false}, {"# Images:", false}};
   tab.lstTcache.severalSelectable = true;
+  tab.lstTcache.labelsEditable = true;
+  tab.preview = NewTexturePreview();
   tab.lblTCACHE = {Label{"&Destination:"}, Label{"Tcache &File:"}};
+  tab.chkThumbnails = {"Show as pictures", "Lists the textures as small pictures", true, false};
   tab.cmdReopenTcache = {"Open again", "Reads the changed cache", false};
   return tab;
 }
@@ -128,9 +126,11 @@ void cmdOpenTcache_Click(Host& host, TcacheTab& tab) {
       AddRow(tab.lstTcache, RowOf(tab.table[i], i));
     }
     tab.sortKey = -1;
+    tab.lstTcache.sorted.reset();
     SetOpen(tab, true);
     ClearStatus(tab);
     tab.openCache = path;
+    ShowNoTexture(tab.preview, "");
   });
 }
 
@@ -142,6 +142,7 @@ void cmdCloseTcache_Click(TcacheTab& tab) {
   tab.lblTcachePath.caption.clear();
   tab.lblTcacheStructs.caption.clear();
   tab.openCache.clear();
+  ShowNoTexture(tab.preview, "");
 }
 
 void cmdReopenTcache_Click(Host& host, TcacheTab& tab) {
@@ -171,11 +172,12 @@ void CheckTcacheOnDisk(Host& host, TcacheTab& tab) {
   tab.cmdReopenTcache.enabled = true;
 }
 
-void cmdSelectAllTcache_Click(TcacheTab& tab) { SelectRows(tab, true); }
-void cmdSelectNoneTcache_Click(TcacheTab& tab) { SelectRows(tab, false); }
+void cmdSelectAllTcache_Click(TcacheTab& tab) { SelectAll(tab.lstTcache, true); }
+void cmdSelectNoneTcache_Click(TcacheTab& tab) { SelectAll(tab.lstTcache, false); }
 
 void lstTcache_ColumnClick(TcacheTab& tab, int column) {
   tab.sortKey = column;
+  tab.lstTcache.sorted = SortOrder{static_cast<std::size_t>(column), false};
   const auto text = [column](const ListRow& row) {
     const auto at = static_cast<std::size_t>(column);
     return UpperCase(at < row.texts.size() ? row.texts[at] : std::string());

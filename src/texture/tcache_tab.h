@@ -2,12 +2,14 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "catalogue/installation.h"
 #include "desk/controls.h"
 #include "desk/host.h"
 #include "texture/Texture.h"
+#include "texture/preview.h"
 
 namespace oravin {
 
@@ -34,6 +36,9 @@ struct TcacheTab {
 
   Label lblTcacheStatus;   ///< says so when the cache has changed since it was opened
   Button cmdReopenTcache;  ///< enabled then: opens it again
+
+  CheckBox chkThumbnails;  ///< the list is shown as small pictures
+  TexturePreview preview;  ///< of the first selected texture
 
   int sortKey = -1;               ///< the column that the list was sorted by last; -1 for none
   std::string openCache;          ///< the path of the open cache; empty when none is
@@ -77,6 +82,18 @@ void cmdExtractTcache_Click(Host& host, TcacheTab& tab, const Installation& inst
 /// Sorts the list by the text of a column, ascending.
 /// @param column counted from 0
 void lstTcache_ColumnClick(TcacheTab& tab, int column);
+
+/// Shows the first selected texture, its largest image to begin with, in the preview.
+/// @param installation its program folder holds the template bitmaps, whose palettes 8-bit textures are shown through
+void lstTcache_ItemClick(Host& host, TcacheTab& tab, const Installation& installation);
+
+/// Shows the next larger, or smaller, image of that texture.
+void cmdLargerImage_Click(Host& host, TcacheTab& tab, const Installation& installation);
+void cmdSmallerImage_Click(Host& host, TcacheTab& tab, const Installation& installation);
+
+/// A small picture of the texture of a row, at most `side` pixels wide and high; nothing where it cannot be shown.
+std::optional<Picture> ThumbnailOf(Host& host, const TcacheTab& tab, const Installation& installation,
+                                   const ListRow& row, int side);
 
 /// Renames the texture of a row, in the game's own cache, whichever is open: that is meant. The name is trimmed and cut
 /// to 30 characters. One that a texture bears already gives "Name already exists", and the row's text stays.

@@ -1,0 +1,23 @@
+#include "app/loadout.h"
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "texture/LearnLoadout.h"
+#include "texture/LoadoutSetup.h"
+#include "util/File_Path.h"
+
+namespace oravin {
+
+void SetUpLoadouts(Main& main) {
+  const Installation& installation = main.installation;
+  const std::string cache = installation.GamePath + tcacheName;
+  if (!FileExists(std::string(cache))) return;
+  const Ships lacking = Trapped(main.host, "LoadoutSetup", Ships(),
+                                [&] { return LackingCompanions(main.host.files, cache, installation.ships); });
+  if (lacking.empty()) return;
+  ShowProgress(main.host, "Making loadout textures", 0, 1);
+  if (!ProvideLoadoutMaps(main.host, cache, installation.ProgramPath + loadoutMapsName)) return;
+  LoadoutSetup(main.host, cache, installation.ProgramPath, lacking, lacking.size());
+}
+
+}  // namespace oravin
