@@ -81,6 +81,10 @@ void AddWords(CLI::App& parser, const Command& command, Values& values) {
     }
   }
   for (const CommandOption& option : command.options) {
+    if (option.value.empty()) {
+      parser.add_flag_callback(option.name, [&values, name = option.name] { values.options[name] = ""; });
+      continue;
+    }
     parser
         .add_option_function<std::string>(
             option.name, [&values, name = option.name](const std::string& value) { values.options[name] = value; })
@@ -104,7 +108,8 @@ Values ForCommand(const Command& command, const Values& typed) {
   }
   for (const CommandOption& option : command.options) {
     const auto given = typed.options.find(option.name);
-    if (given != typed.options.end()) values.options[option.name] = Word(given->second, option.kind);
+    if (given == typed.options.end()) continue;
+    values.options[option.name] = option.value.empty() ? std::string() : Word(given->second, option.kind);
   }
   return values;
 }

@@ -7,6 +7,9 @@ namespace {
 const Argument archive = {"FILE", "the archive, a .hog file", WordKind::path};
 const Argument names = {"NAME", "names of files in the archive, which may hold * and ?; without any, all files",
                         WordKind::text, true};
+const CommandOption cache = {"--cache", "FILE", "the texture cache; the game's own if not given", WordKind::path};
+const Argument textures = {"NAME", "names of textures, which may hold * and ?; without any, all textures",
+                           WordKind::text, true};
 const CommandOption destination = {"--to", "DIR", "an existing folder for the files", WordKind::path, true};
 
 }  // namespace
@@ -41,13 +44,7 @@ std::span<const Command> Commands() {
        UnpackHog,
        {destination},
        WorksOn::file},
-      {"hog",
-       "backup-fat",
-       {archive},
-       "Saves a copy of the archive's table beside it.",
-       BackupFat,
-       {},
-       WorksOn::file},
+      {"hog", "backup-fat", {archive}, "Saves a copy of the archive's table beside it.", BackupFat, {}, WorksOn::file},
       {"hog",
        "restore-fat",
        {archive},
@@ -63,7 +60,38 @@ std::span<const Command> Commands() {
        {{"--name", "NEW", "its new name, as long as the old one"},
         {"--offset", "HEX", "where its data begin in the archive, hexadecimal"},
         {"--size", "HEX", "how many bytes these are as stored, hexadecimal"}},
-       WorksOn::file}};
+       WorksOn::file},
+      {"tcache", "list", {}, "Lists the textures of a texture cache.", ListTcache, {cache}},
+      {"tcache",
+       "extract",
+       {textures},
+       "Extracts textures as bitmaps.",
+       ExtractTcache,
+       {cache, {"--to", "DIR", "an existing folder for the bitmaps", WordKind::path, true}}},
+      {"tcache",
+       "import",
+       {{"BITMAP", "a bitmap of 8, 16 or 24 bits", WordKind::path}, {"NAME", "the new texture's name"}},
+       "Imports a bitmap into the game's texture cache.",
+       ImportOneTexture,
+       {{"--fighter", "", "makes a fighter's texture of it, with its companion"}}},
+      {"tcache",
+       "rename",
+       {{"OLD", "the texture's name"}, {"NEW", "its new name"}},
+       "Renames a texture in the game's texture cache.",
+       RenameTexture},
+      {"tcache", "restore", {}, "Removes all added textures. Asks first.", RestoreTcache},
+      {"tcache",
+       "preview",
+       {{"NAME", "the texture's name"}},
+       "Writes the picture that the window shows of a texture.",
+       PreviewTexture,
+       {cache, {"--to", "FILE", "the picture's file, .png or .bmp", WordKind::path, true}}},
+      {"loadout",
+       "learn",
+       {},
+       "Learns the loadout maps from the game's own textures.",
+       LearnLoadoutMaps,
+       {{"--to", "FILE", "where to write them; gloadconv.dat in Oravin's folder if not given", WordKind::path}}}};
   return commands;
 }
 

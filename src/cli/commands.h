@@ -40,7 +40,7 @@ struct Argument {
 /// An option of one command.
 struct CommandOption {
   std::string name;   ///< "--to"
-  std::string value;  ///< as the usage shows it: DIR
+  std::string value;  ///< as the usage shows it: DIR; empty for an option that takes none
   std::string help;
   WordKind kind = WordKind::text;
   bool required = false;
@@ -95,5 +95,12 @@ std::optional<Result> UnpackHog(Session& session, const Values& values);
 std::optional<Result> BackupFat(Session& session, const Values& values);
 std::optional<Result> RestoreFat(Session& session, const Values& values);
 std::optional<Result> EditHog(Session& session, const Values& values);
+std::optional<Result> ListTcache(Session& session, const Values& values);
+std::optional<Result> ExtractTcache(Session& session, const Values& values);
+std::optional<Result> ImportOneTexture(Session& session, const Values& values);
+std::optional<Result> RenameTexture(Session& session, const Values& values);
+std::optional<Result> RestoreTcache(Session& session, const Values& values);
+std::optional<Result> PreviewTexture(Session& session, const Values& values);
+std::optional<Result> LearnLoadoutMaps(Session& session, const Values& values);
 
 }  // namespace oravin

@@ -1,6 +1,7 @@
 #include "cli/help_text.h"
 
 #include "cli/text_table.h"
+#include "util/text.h"
 
 namespace oravin {
 
@@ -46,7 +47,7 @@ std::string UsageOf(const Command& command) {
     usage += argument.several ? " [" + argument.name + "...]" : " " + argument.name;
   }
   for (const CommandOption& option : command.options) {
-    const std::string words = option.name + " " + option.value;
+    const std::string words = Trim(option.name + " " + option.value);
     usage += option.required ? " " + words : " [" + words + "]";
   }
   return usage;
