@@ -206,12 +206,13 @@ bool ImportPair(Host& host, std::string& cachePath, const std::string& chainPath
 
 }  // namespace
 
-bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, std::string name, const BmpInfo& info) {
+bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, const std::string& name,
+                   const BmpInfo& info) {
   const std::string given = Trim(name).substr(0, tcacheNameWidth - 1);
   return Trapped(host, title, false, [&] { return ImportOne(host, cachePath, bitmapPath, given, info); });
 }
 
-bool ImportTexture(Host& host, std::string cachePath, std::string name, std::string bitmapPath,
+bool ImportTexture(Host& host, std::string cachePath, const std::string& name, std::string bitmapPath,
                    const std::string& programPath) {
   const std::string given = Trim(name).substr(0, longestTextureName);
   return Trapped(host, title, false,
@@ -219,7 +220,7 @@ bool ImportTexture(Host& host, std::string cachePath, std::string name, std::str
 }
 
 bool ImportFighterTextures(Host& host, std::string cachePath, const std::string& chainPath,
-                           const std::string& companionPath, std::string name) {
+                           const std::string& companionPath, const std::string& name) {
   const std::string given = Trim(name).substr(0, longestTextureName);
   return Trapped(host, title, false, [&] { return ImportPair(host, cachePath, chainPath, companionPath, given); });
 }

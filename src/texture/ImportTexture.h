@@ -33,7 +33,8 @@ namespace oravin {
 /// @param bitmapPath a bitmap, or a file of pixels alone when info.pixelOffset is 0
 /// @param name without blanks at its ends, 31 characters at most; what is longer is cut off
 /// @return true only when the texture was added
-bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, std::string name, const BmpInfo& info);
+bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, const std::string& name,
+                   const BmpInfo& info);
 
 /// Adds one texture from a bitmap, whose values GetBMPInfo tells. An 8-bit texture gets its companion too, in the next
 /// slot: its name is "g" and the texture's name, its pixels are mapped through `gloadconv.dat` in the program folder.
@@ -41,12 +42,12 @@ bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, st
 /// missing, the box "Path(s) not found" titled "ImportTexture", and nothing is written.
 /// @param name as above, but 30 characters at most
 /// @param programPath the program folder, ending in a backslash
-bool ImportTexture(Host& host, std::string cachePath, std::string name, std::string bitmapPath,
+bool ImportTexture(Host& host, std::string cachePath, const std::string& name, std::string bitmapPath,
                    const std::string& programPath);
 
 /// Adds a fighter's texture and its companion from two files of pixels alone: chains of 256 x 256 to 2 x 2 pixels of 8
 /// bits. Both names and two slots are made sure of before the first is written; both appear in the same moment.
 bool ImportFighterTextures(Host& host, std::string cachePath, const std::string& chainPath,
-                           const std::string& companionPath, std::string name);
+                           const std::string& companionPath, const std::string& name);
 
 }  // namespace oravin

@@ -59,7 +59,8 @@ Rgb AverageOf(const FighterBitmap& source, int left, int row, int side) {
   unsigned blue = 0;
   for (int y = row; y < row + side; ++y) {
     for (int x = left; x < left + side; ++x) {
-      const Rgb& colour = source.palette[source.pixels[static_cast<std::size_t>(y * fighterSide + x)]];
+      const Rgb& colour =
+          source.palette[source.pixels[static_cast<std::size_t>(y) * fighterSide + static_cast<std::size_t>(x)]];
       red += colour.red;
       green += colour.green;
       blue += colour.blue;
@@ -140,6 +141,7 @@ bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& ou
   }
   source.palette = PaletteIn(source.header, source.colours);
   std::vector<std::string> bitmaps;
+  bitmaps.reserve(levels);
   for (int level = 0; level < levels; ++level) bitmaps.push_back(LevelBitmap(programPath, level));
   const WorkFiles work(std::move(bitmaps));
   CopyWhole(host.files, bitmapPath, LevelBitmap(programPath, 0));

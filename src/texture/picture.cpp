@@ -81,7 +81,7 @@ std::optional<Picture> TextureThumbnail(Files& files, const std::string& cachePa
                                         const Palette& palette, int side) {
   int image = 0;
   while (image + 1 < VisibleImages(entry) && std::max(entry.width, entry.height) >> (image + 1) >= side) ++image;
-  const auto picture = TexturePicture(files, cachePath, entry, image, palette);
+  auto picture = TexturePicture(files, cachePath, entry, image, palette);
   if (!picture) return std::nullopt;
   const int longest = std::max(picture->width, picture->height);
   if (longest <= side) return picture;

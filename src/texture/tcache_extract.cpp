@@ -28,7 +28,7 @@ struct ExtractionRun {
 
 /// The texture that a row shows; null when the table has none.
 const TcacheEntry* EntryOfRow(const TcacheTab& tab, const ListRow& row) {
-  const auto index = static_cast<std::size_t>(IndexOfKey(row.key) + 1);
+  const std::size_t index = NumberOfKey(row.key);
   return index < tab.table.size() ? &tab.table[index] : nullptr;
 }
 

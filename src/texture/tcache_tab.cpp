@@ -70,6 +70,12 @@ ListRow RowOf(const TcacheEntry& entry, std::size_t index) {
 
 }  // namespace
 
+std::size_t NumberOfKey(const std::string& key) {
+  // Keys of ships count from 1, those of textures from 0.
+  const int number = IndexOfKey(key) + 1;
+  return static_cast<std::size_t>(number);
+}
+
 TcacheTab NewTcacheTab() {
   TcacheTab tab;
   tab.purpose.caption = "Here you look at the game's textures, extract and rename them.";
@@ -190,7 +196,7 @@ void lstTcache_ColumnClick(TcacheTab& tab, int column) {
 void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& installation, std::size_t row,
                               const std::string& text) {
   if (row >= tab.lstTcache.rows.size()) return;
-  const auto index = static_cast<std::size_t>(IndexOfKey(tab.lstTcache.rows[row].key) + 1);
+  const std::size_t index = NumberOfKey(tab.lstTcache.rows[row].key);
   if (index >= tab.table.size()) return;
   const std::string oldName = Trim(tab.table[index].name);
   const auto keep = [&] { SetText(tab.lstTcache, row, 0, oldName); };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -46,6 +47,9 @@ struct TcacheTab {
   TcacheTable table;              ///< the textures of the open cache
   std::uint64_t seal = 0;         ///< tells whether header, table or length of the open cache have changed
 };
+
+/// The index of a row's texture in the table, by the row's key.
+std::size_t NumberOfKey(const std::string& key);
 
 /// The tab as it looks before a cache is opened.
 TcacheTab NewTcacheTab();
