@@ -71,8 +71,9 @@ void UnpackFour(const std::uint8_t* from, std::uint32_t* words) {
   words[3] = second >> 8U;
 }
 
-/// Converts as many whole buffers as there are; returns the number of pixels.
-std::size_t WidenBuffers(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to) {
+}  // namespace
+
+std::size_t WidenInBuffers(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to) {
   PixelBuffer words;
   std::array<std::uint16_t, bufferedPixels> narrow;
   std::size_t done = 0;
@@ -84,7 +85,7 @@ std::size_t WidenBuffers(const std::uint8_t* from, std::size_t pixels, std::uint
   return done;
 }
 
-std::size_t NarrowBuffers(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to) {
+std::size_t NarrowInBuffers(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to) {
   PixelBuffer words;
   std::array<std::uint16_t, bufferedPixels> narrow;
   std::size_t done = 0;
@@ -96,15 +97,13 @@ std::size_t NarrowBuffers(const std::uint8_t* from, std::size_t pixels, std::uin
   return done;
 }
 
-}  // namespace
-
 std::size_t Convert16To24(std::span<const std::uint8_t> input, std::span<std::uint8_t> output) {
   const std::size_t pixels = input.size() / 2;
   std::size_t done = 0;
   if (ShufflesWide()) {
     done = WidenPixels(input.data(), pixels, output.data());
   } else if constexpr (std::endian::native == std::endian::little) {
-    done = WidenBuffers(input.data(), pixels, output.data());
+    done = WidenInBuffers(input.data(), pixels, output.data());
   }
   for (; done < pixels; ++done) {
     const std::uint32_t word = Widened(Half(input[2 * done] | unsigned{input[2 * done + 1]} << 8U));
@@ -119,7 +118,7 @@ std::size_t Convert24To16(std::span<const std::uint8_t> input, std::span<std::ui
   if (ShufflesWide()) {
     done = NarrowPixels(input.data(), pixels, output.data());
   } else if constexpr (std::endian::native == std::endian::little) {
-    done = NarrowBuffers(input.data(), pixels, output.data());
+    done = NarrowInBuffers(input.data(), pixels, output.data());
   }
   for (; done < pixels; ++done) {
     const std::uint8_t* part = &input[3 * done];

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 
 #include "support/folder_image.h"
+#include "texture/colour_kernels.h"
 #include "util/bytes.h"
 
 namespace oravin {
@@ -88,6 +90,23 @@ TEST(Colours24To16, OfEveryLengthAreTheBeginningOfALongerOne) {
     const Bytes part = To16(Bytes(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(length)));
     ASSERT_EQ(part.size(), length / 3 * 2);
     ASSERT_TRUE(std::equal(part.begin(), part.end(), whole.begin())) << length;
+  }
+}
+
+TEST(Colours, ComeOutTheSameInBuffersAndInWideRegisters) {
+  if constexpr (std::endian::native != std::endian::little) GTEST_SKIP() << "the buffers are not used here";
+  for (std::size_t pixels = 0; pixels < 1100; pixels += 7) {
+    Bytes narrow(2 * pixels);
+    for (std::size_t i = 0; i < narrow.size(); ++i) narrow[i] = static_cast<std::uint8_t>(i * 37 + i / 256);
+    const Bytes wide = To24(narrow);
+    Bytes widened(wide.size());
+    std::size_t done = WidenInBuffers(narrow.data(), pixels, widened.data());
+    EXPECT_EQ(done, pixels / 256 * 256);
+    EXPECT_TRUE(std::equal(wide.begin(), wide.begin() + static_cast<std::ptrdiff_t>(3 * done), widened.begin()));
+    Bytes narrowed(narrow.size());
+    done = NarrowInBuffers(wide.data(), pixels, narrowed.data());
+    EXPECT_EQ(done, pixels / 256 * 256);
+    EXPECT_TRUE(std::equal(narrow.begin(), narrow.begin() + static_cast<std::ptrdiff_t>(2 * done), narrowed.begin()));
   }
 }
 
