@@ -16,6 +16,11 @@ void AddInstallation(const std::filesystem::path& work);
 /// @param work a folder for an archive of 500 MiB and what is extracted from it
 void AddExtraction(const std::filesystem::path& work);
 
+/// @param work a folder for texture caches
+void AddTextures(const std::filesystem::path& work);
+
+/// Prints what opening a texture cache, looking at textures and importing one take.
+void PrintTextureTab(const std::filesystem::path& work);
 /// Prints what the archive's tab takes to open an archive of 100,000 files and to filter its list.
 void PrintArchiveTab(const std::filesystem::path& work);
 /// Prints how long the window takes to its first painting, beside the 0.3 s that it may take.

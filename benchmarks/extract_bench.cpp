@@ -1,12 +1,7 @@
 // Extracting and unpacking every file of a large archive, against cp of the same files; and what the archive's tab
 // takes for an archive of a hundred thousand files.
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <random>
-#include <stdexcept>
 #include <string>
 
 #include "app/handlers.h"
@@ -15,6 +10,7 @@
 #include "demo/compressor.h"
 #include "hog/decompress.h"
 #include "platform/native_path.h"
+#include "stopwatch.h"
 #include "util/whole_file.h"
 
 namespace oravin::bench {
@@ -60,16 +56,6 @@ fs::path WriteArchive(const fs::path& path, const std::vector<Bytes>& entries, s
   return path;
 }
 
-double Seconds(const std::function<void()>& work) {
-  const auto begin = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-void RunShell(const std::string& command) {
-  if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
-}
-
 /// An archive in its tab, with all of it selected and every question answered with Yes.
 struct OpenedHog {
   explicit OpenedHog(const fs::path& path) {
@@ -94,21 +80,6 @@ double SecondsToCopy(const fs::path& from, const fs::path& to) {
   return Seconds([&] { RunShell("cp -r '" + from.string() + "' '" + to.string() + "'"); });
 }
 
-/// Registers a figure and its yardstick, each of which tells its own time.
-void Register(const std::string& figure, const std::string& yardstick, std::function<double()> ours,
-              std::function<double()> theirs) {
-  const auto add = [](const std::string& name, std::function<double()> once) {
-    benchmark::RegisterBenchmark(name.c_str(),
-                                 [once = std::move(once)](benchmark::State& state) {
-                                   for (auto _ : state) state.SetIterationTime(once());
-                                 })
-        ->UseManualTime()
-        ->Iterations(1);
-  };
-  add(figure + "/oravin", std::move(ours));
-  add(figure + "/" + yardstick, std::move(theirs));
-}
-
 }  // namespace
 
 void AddExtraction(const fs::path& work) {
@@ -122,11 +93,11 @@ void AddExtraction(const fs::path& work) {
   const fs::path compressed = WriteArchive(work / "packed.hog", packed, files);
   OpenedHog(stored).SecondsToExtract("hog.cmdExtract", work / "stored");
   OpenedHog(compressed).SecondsToExtract("hog.cmdUnpackExtract", work / "unpacked");
-  Register(
+  RegisterPair(
       "Extract all of 500 MiB", "cp -r of the same files (wanted: below 1.3)",
       [=] { return OpenedHog(stored).SecondsToExtract("hog.cmdExtract", work / "extracted"); },
       [=] { return SecondsToCopy(work / "stored", work / "copied"); });
-  Register(
+  RegisterPair(
       "Unpack all to 500 MiB", "decompressor's own time and cp -r (wanted: below 1.3)",
       [=] { return OpenedHog(compressed).SecondsToExtract("hog.cmdUnpackExtract", work / "extracted"); },
       [=] {
@@ -141,22 +112,16 @@ void AddExtraction(const fs::path& work) {
 void PrintArchiveTab(const fs::path& work) {
   const std::vector<Bytes> one = {{1}};
   const fs::path archive = WriteArchive(work / "many.hog", one, 100000);
-  const auto print = [](const char* figure, double seconds, double may) {
-    std::printf("%-34s %9.1f ms  %-44s %9.0f ms %8.2f\n", figure, seconds * 1e3, "what it may take (wanted: below 1)",
-                may * 1e3, seconds / may);
-  };
   OpenedHog tab(archive);
-  std::vector<double> opening;
-  std::vector<double> filtering;
-  for (int i = 0; i < 9; ++i) {
-    opening.push_back(Seconds([&] { Run(tab.main, "hog.cmdOpen"); }));
-    tab.main.hog.txtFilter.text = i % 2 == 0 ? "le99" : "*5?.dat";
-    filtering.push_back(Seconds([&] { Run(tab.main, "hog.txtFilter.Change"); }));
-  }
-  std::sort(opening.begin(), opening.end());
-  std::sort(filtering.begin(), filtering.end());
-  print("Open 100,000 entries (list filled)", opening[4], 0.25);
-  print("Filter 100,000 entries", filtering[4], 0.03);
+  PrintLimit("Open 100,000 entries (list filled)", MedianOf(9, [&] { Run(tab.main, "hog.cmdOpen"); }), 0.25);
+  int turn = 0;
+  PrintLimit("Filter 100,000 entries",
+             MedianOf(9,
+                      [&] {
+                        tab.main.hog.txtFilter.text = turn++ % 2 == 0 ? "le99" : "*5?.dat";
+                        Run(tab.main, "hog.txtFilter.Change");
+                      }),
+             0.03);
 }
 
 }  // namespace oravin::bench

@@ -1,15 +1,13 @@
 // Enabling and swapping on a sample installation, against cp on the bytes that have to be written.
 
-#include <chrono>
-#include <cstdlib>
 #include <set>
-#include <stdexcept>
 #include <string>
 
 #include "app/handlers.h"
 #include "app/start_up.h"
 #include "benches.h"
 #include "demo/sample.h"
+#include "stopwatch.h"
 
 namespace oravin::bench {
 
@@ -28,22 +26,12 @@ struct Run {
   Main main;
 };
 
-double Seconds(const std::function<void()>& work) {
-  const auto begin = std::chrono::steady_clock::now();
-  work();
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
 std::set<fs::path> FilesBelow(const fs::path& folder) {
   std::set<fs::path> files;
   for (const auto& item : fs::recursive_directory_iterator(folder)) {
     if (item.is_regular_file()) files.insert(item.path());
   }
   return files;
-}
-
-void RunShell(const std::string& command) {
-  if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
 }
 
 std::string Quoted(const fs::path& path) { return "'" + path.string() + "'"; }

@@ -19,9 +19,11 @@ int main(int argc, char** argv) {
   AddTableReading(work);
   AddInstallation(work);
   AddExtraction(work);
+  AddTextures(work);
   RatioTable table;
   benchmark::RunSpecifiedBenchmarks(&table);
   PrintArchiveTab(work);
+  PrintTextureTab(work);
   PrintStart(programs, work);
   PrintMemory(programs, work);
   return 0;
