@@ -10,7 +10,6 @@
 namespace oravin {
 namespace {
 
-using test::Added;
 using test::After;
 using test::Bitmap;
 using test::Cache;

@@ -10,7 +10,6 @@ using test::Cache;
 using test::CacheWith;
 using test::LongAt;
 using test::SetLong;
-using test::SetName;
 
 /// A ship that names some textures.
 ShipRecord Ship(const std::vector<std::string>& textures) {

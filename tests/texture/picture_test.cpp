@@ -43,7 +43,7 @@ TEST_F(ThePicture, OfAn8BitTextureGoesThroughThePaletteTheLowestRowFirst) {
   Bytes expected;
   for (const int row : {1, 0}) {
     for (int x = 0; x < 4; ++x) {
-      const Rgb& colour = Colours().at(Pattern(10, 426)[static_cast<std::size_t>(row * 4 + x)]);
+      const Rgb colour = Colours().at(Pattern(10, 426)[static_cast<std::size_t>(row * 4 + x)]);
       expected.insert(expected.end(), {colour.red, colour.green, colour.blue});
     }
   }
@@ -52,7 +52,7 @@ TEST_F(ThePicture, OfAn8BitTextureGoesThroughThePaletteTheLowestRowFirst) {
   ASSERT_TRUE(small);
   EXPECT_EQ(small->width, 2);
   EXPECT_EQ(small->height, 1);
-  const Rgb& first = Colours().at(Pattern(10, 426)[8]);
+  const Rgb first = Colours().at(Pattern(10, 426)[8]);
   EXPECT_EQ(small->rgb[0], first.red);
   EXPECT_EQ(small->rgb[1], first.green);
 }

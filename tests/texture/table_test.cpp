@@ -8,7 +8,6 @@ namespace oravin {
 namespace {
 
 using test::Cache;
-using test::LongAt;
 using test::SetLong;
 using test::SetName;
 
