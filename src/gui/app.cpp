@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "app/open_file.h"
 #include "app/start_up.h"
 #include "desk/program_end.h"
 #include "gui/window_desk.h"
+#include "platform/native_path.h"
 
 namespace oravin::gui {
 
@@ -25,6 +27,7 @@ int App::OnRun() {
   } catch (const ProgramEnd&) {
     return 0;  // the person was told, or chose to leave
   }
+  if (!options_.file.empty()) OpenFileOnItsTab(main_, platform::ToWindowsPath(options_.file));
   OpenWindow(window_, main_, options_);
   return wxApp::OnRun();
 }

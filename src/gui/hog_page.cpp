@@ -3,9 +3,9 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "gui/pages.h"
 #include "gui/text_edge.h"
@@ -14,7 +14,6 @@ namespace oravin::gui {
 
 namespace {
 
-constexpr int buttonColumns = 3;
 constexpr int linesOfFirstBytes = 6;
 
 /// What the page consists of.
@@ -109,43 +108,16 @@ Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
 /// The three lines above the list: names, fields and buttons stand below each other.
 wxSizer* NewTopLines(const Parts& parts) {
   wxWindow* page = parts.page;
-  const int space = page->FromDIP(gap);
-  struct Line {
-    wxStaticText* label;
-    wxSizer* field;
-    std::array<wxButton*, buttonColumns> buttons;
-  };
-  auto* filter = new wxBoxSizer(wxHORIZONTAL);
-  filter->Add(parts.txtFilter, wxSizerFlags(1).CentreVertical());
-  filter->Add(parts.cmdSelectAll, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
-  const auto alone = [](wxTextCtrl* text) {
-    auto* sizer = new wxBoxSizer(wxHORIZONTAL);
-    sizer->Add(text, wxSizerFlags(1).CentreVertical());
-    return sizer;
-  };
-  const std::array<Line, 3> lines = {
-      {{parts.lblHogPath, alone(parts.txtHogPath), {parts.cmdBrowseHogPath, parts.cmdOpen, parts.cmdCloseHog}},
-       {parts.lblHogDest, alone(parts.txtHogDest), {parts.cmdBrowseHogDest, parts.cmdExtract, parts.cmdUnpackExtract}},
-       {parts.lblFilter, filter, {parts.cmdSelectNone, parts.cmdBackupFAT, parts.cmdRestoreFAT}}}};
-
-  int width = parts.cmdSelectAll->GetBestSize().GetWidth();
-  for (const Line& line : lines) {
-    for (const wxButton* button : line.buttons) width = std::max(width, button->GetBestSize().GetWidth());
-  }
-  parts.cmdSelectAll->SetMinSize({width, -1});
-  auto* grid = new wxFlexGridSizer(2 + buttonColumns, space, space);
-  grid->AddGrowableCol(1);
-  for (const Line& line : lines) {
-    grid->Add(line.label, wxSizerFlags().CentreVertical());
-    grid->Add(line.field, wxSizerFlags().Expand());
-    for (wxButton* button : line.buttons) {
-      button->SetMinSize({width, -1});
-      // What is done to the archive stands a little apart from what belongs to the field.
-      const bool apart = button == line.buttons[1];
-      grid->Add(button, wxSizerFlags().CentreVertical().Border(wxLEFT, apart ? space : 0));
-    }
-  }
-  return grid;
+  auto* filter = FieldOf(parts.txtFilter);
+  filter->Add(parts.cmdSelectAll, wxSizerFlags().CentreVertical().Border(wxLEFT, page->FromDIP(gap)));
+  const std::vector<FieldLine> lines = {
+      {parts.lblHogPath, FieldOf(parts.txtHogPath), {parts.cmdBrowseHogPath, parts.cmdOpen, parts.cmdCloseHog}},
+      {parts.lblHogDest, FieldOf(parts.txtHogDest), {parts.cmdBrowseHogDest, parts.cmdExtract, parts.cmdUnpackExtract}},
+      {parts.lblFilter, filter, {parts.cmdSelectNone, parts.cmdBackupFAT, parts.cmdRestoreFAT}}};
+  std::vector<wxButton*> buttons = {parts.cmdSelectAll};
+  for (const FieldLine& line : lines) buttons.insert(buttons.end(), line.buttons.begin(), line.buttons.end());
+  EqualWidths(buttons);
+  return NewFieldLines(page, lines);
 }
 
 void LayOut(const Parts& parts) {
@@ -170,7 +142,8 @@ void LayOut(const Parts& parts) {
 
 /// The menu at the mouse, or at the row with the keyboard's mark.
 void ShowPopup(ListWindow& list, const HogTab& tab, const Action& press) {
-  if (list.SelectionDiffers()) press("hog.hogList.ItemClick");
+  // A click that brings up the menu may also have selected the row; what the menu offers depends on that.
+  press("hog.hogList.ItemClick");
   struct Item {
     const MenuItem& record;
     const char* action;
@@ -190,11 +163,11 @@ void ShowPopup(ListWindow& list, const HogTab& tab, const Action& press) {
 
 void BindList(ListWindow& list, HogTab& tab, const Action& press) {
   OnHeadingClick(list, tab.hogList, [press] { press("hog.hogList.ColumnClick"); });
-  OnSelectionChange(list, [press] { press("hog.hogList.ItemClick"); });
+  list.selectionChanged = [press] { press("hog.hogList.ItemClick"); };
   list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [press](wxListEvent&) { press("hog.hogList.DblClick"); });
-  list.Bind(wxEVT_CONTEXT_MENU, [&list, &tab, press](wxContextMenuEvent&) {
+  list.menuAsked = [&list, &tab, press] {
     if (!tab.hogList.rows.empty()) ShowPopup(list, tab, press);
-  });
+  };
   list.Bind(wxEVT_CHAR_HOOK, [press](wxKeyEvent& event) {
     const bool control = event.GetModifiers() == wxMOD_CONTROL;
     if (control && event.GetKeyCode() == 'A') {

@@ -8,7 +8,9 @@
 #include <nlohmann/json.hpp>
 #include <system_error>
 
+#include "gui/picture_pane.h"
 #include "gui/text_edge.h"
+#include "gui/thumbnail_list.h"
 #include "util/text.h"
 
 namespace oravin::gui {
@@ -74,12 +76,36 @@ void AddList(Json& control, const ListWindow& window, const ListView& record) {
   control["rows"] = RowsOf(window, record);
 }
 
+void AddThumbnails(Json& control, const ThumbnailList& window) {
+  const ListView& record = window.Record();
+  const ThumbnailList::Range seen = window.RowsInSight();
+  Json rows = Json::array();
+  for (std::size_t i = seen.first; i < seen.end; ++i) {
+    rows.push_back({{"row", i},
+                    {"texts", Json::array({ToUtf8(ShownText(record, record.rows[i], 0))})},
+                    {"selected", record.rows[i].selected},
+                    {"picture", window.HasPicture(i)},
+                    {"rectangle", RectangleOf(window, window.RowRectangle(i))}});
+  }
+  control["rowCount"] = record.rows.size();
+  control["pictures"] = window.PicturesMade();
+  control["rows"] = rows;
+}
+
+void AddPicture(Json& control, const PicturePane& window) {
+  const wxRect picture = window.PictureRectangle();
+  control["picture"] = picture.IsEmpty() ? Json(nullptr) : RectangleOf(window, picture);
+}
+
 Json ControlOf(const Reflection& reflection) {
   const wxWindow& window = *reflection.window;
   Json control = {{"name", reflection.name},          {"shown", window.IsShownOnScreen()},
                   {"enabled", window.IsEnabled()},    {"caption", window.GetLabel().utf8_string()},
                   {"rectangle", RectangleOf(window)}, {"wants", SizeOf(window, window.GetBestSize())}};
   if (const auto* text = dynamic_cast<const wxTextCtrl*>(&window)) control["text"] = text->GetValue().utf8_string();
+  if (const auto* box = dynamic_cast<const wxCheckBox*>(&window)) control["checked"] = box->GetValue();
+  if (const auto* pane = dynamic_cast<const PicturePane*>(&window)) AddPicture(control, *pane);
+  if (const auto* thumbnails = dynamic_cast<const ThumbnailList*>(&window)) AddThumbnails(control, *thumbnails);
   const auto* list = dynamic_cast<const ListWindow*>(&window);
   if (list != nullptr && reflection.list != nullptr) AddList(control, *list, *reflection.list);
   return control;
@@ -119,6 +145,7 @@ std::string LayoutOf(const Window& window) {
                  {"focus", focus == nullptr ? std::string() : focus->GetName().utf8_string()},
                  {"running", window.running},
                  {"progressPaintings", window.progressPaintings},
+                 {"status", window.status->GetStatusText().utf8_string()},
                  {"boxes", window.boxesShown},
                  {"box", nullptr},
                  {"form", window.form == nullptr ? std::string() : window.form->name}};

@@ -5,7 +5,7 @@
 /// A file for tests that click: what the window shows and where. All rectangles are in the screen's own pixels.
 ///
 ///   {"scale": 1.0, "frame": RECT, "client": RECT, "focus": "switcher.cmdSwap", "running": false, "boxes": 2,
-///    "progressPaintings": 5,
+///    "progressPaintings": 5, "status": the status line's text,
 ///    "box": {"title": .., "text": ..} or null, "form": "FAT_Editor" or "",
 ///    "tab": "Switcher", "tabs": [{"caption": .., "rectangle": RECT}, ..],
 ///    "controls": [{"name": "switcher.cmdSwap", "shown": true, "enabled": true, "caption": .., "rectangle": RECT,

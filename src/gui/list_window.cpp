@@ -1,7 +1,8 @@
 #include "gui/list_window.h"
 
+#include <wx/utils.h>
+
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include "gui/text_edge.h"
@@ -15,61 +16,17 @@ constexpr std::size_t longestShown = 300;
 
 long StyleOf(const ListView& record) {
   const long selection = record.severalSelectable ? 0L : long{wxLC_SINGLE_SEL};
-  return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection;
+  const long editing = record.labelsEditable ? long{wxLC_EDIT_LABELS} : 0L;
+  return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection | editing;
 }
 
-void SelectRow(ListWindow& list, std::size_t row, bool selected) {
-  list.SetItemState(static_cast<long>(row), selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
-}
-
-/// Selects all rows or none at once.
-void SelectEveryRow(ListWindow& list, bool selected) {
-  list.SetItemState(-1, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
-}
-
-/// Rows in all, rows to be selected, and rows that are the other way round on the screen.
-struct Tally {
-  std::size_t rows = 0;
-  std::size_t selected = 0;
-  std::size_t differing = 0;
-};
-
-Tally TallyOf(const ListWindow& list, const ListView& record) {
-  Tally tally{record.rows.size(), 0, 0};
-  for (std::size_t i = 0; i < tally.rows; ++i) {
-    const bool wanted = record.rows[i].selected;
-    if (wanted) ++tally.selected;
-    if (IsSelected(list, i) != wanted) ++tally.differing;
-  }
-  return tally;
-}
-
-/// Brings the selection to the record's, from whatever is nearest: what there is, none, or all.
-void ShowSelection(ListWindow& list, const ListView& record, const Tally& tally) {
-  const std::size_t unselected = tally.rows - tally.selected;
-  list.textless = true;
-  if (tally.differing > std::min(tally.selected, unselected)) SelectEveryRow(list, tally.selected > unselected);
-  for (std::size_t i = 0; i < tally.rows; ++i) {
-    const bool wanted = record.rows[i].selected;
-    if (IsSelected(list, i) != wanted) SelectRow(list, i, wanted);
-  }
-  list.textless = false;
-}
-
-/// Brings a row into sight that the record selected alone.
-void ShowChosenRow(ListWindow& list, const ListView& record) {
-  const auto row = SelectedRow(record);
-  if (!row) return;
-  const auto item = static_cast<long>(*row);
-  list.SetItemState(item, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
-  list.EnsureVisible(item);
-}
-
-void ShowOrder(ListWindow& list, const ListView& record) {
-  const int column = record.sorted ? static_cast<int>(record.sorted->column) : -1;
-  const bool ascending = !record.sorted || !record.sorted->descending;
-  const bool same = list.GetSortIndicator() == column && (column < 0 || list.IsAscendingSortIndicator() == ascending);
-  if (!same) list.ShowSortIndicator(column, ascending);
+/// Two quick clicks on a heading are two clicks; the toolkit would drop the second. On a row they are a double click.
+void TakeForTwo(wxWindow& part, wxMouseEvent& event) {
+  const bool isHeading = part.GetPosition().y == 0;
+  if (!isHeading) return event.Skip();
+  wxMouseEvent again(event);
+  again.SetEventType(wxEVT_LEFT_DOWN);
+  part.GetEventHandler()->ProcessEvent(again);
 }
 
 }  // namespace
@@ -93,6 +50,46 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     event.Skip();
     CallAfter([this] { KeepShares(); });
   });
+  const auto touch = [this](wxEvent& event) {
+    event.Skip();
+    Touch();
+  };
+  Bind(wxEVT_LIST_ITEM_SELECTED, touch);
+  Bind(wxEVT_LIST_ITEM_DESELECTED, touch);
+  Bind(wxEVT_LIST_ITEM_RIGHT_CLICK, [this](wxListEvent& event) {
+    event.Skip();
+    SelectForMenu(event.GetIndex());
+  });
+  // Some systems tell of the menu when the button goes down already.
+  Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) {
+    menuIsDue_ = wxGetMouseState().RightIsDown();
+    if (!menuIsDue_) AskForMenu();
+  });
+  BindParts();
+}
+
+/// Some toolkits make the list of two windows, the headings and the rows below them; others of one.
+void ListWindow::BindParts() {
+  std::vector<wxWindow*> parts(GetChildren().begin(), GetChildren().end());
+  parts.push_back(this);
+  for (wxWindow* part : parts) {
+    // A range is selected without an event for its rows.
+    for (const auto& mouse : {wxEVT_LEFT_DOWN, wxEVT_RIGHT_DOWN}) {
+      part->Bind(mouse, [this](wxMouseEvent& event) {
+        event.Skip();
+        Touch();
+      });
+    }
+    part->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+      event.Skip();
+      Touch();
+    });
+    part->Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent& event) {
+      event.Skip();
+      if (std::exchange(menuIsDue_, false)) AskForMenu();
+    });
+    if (part != this) part->Bind(wxEVT_LEFT_DCLICK, [part](wxMouseEvent& event) { TakeForTwo(*part, event); });
+  }
 }
 
 void ListWindow::SetShares(const std::vector<double>& shares) {
@@ -108,7 +105,7 @@ const ListRow* ListWindow::RowAt(long row) const {
 
 wxString ListWindow::OnGetItemText(long row, long column) const {
   const ListRow* shown = RowAt(row);
-  if (textless || shown == nullptr || column < 0) return {};
+  if (selecting_ || shown == nullptr || column < 0) return {};
   return ToScreen(ShownText(record_, *shown, static_cast<std::size_t>(column)));
 }
 
@@ -117,12 +114,116 @@ int ListWindow::OnGetItemImage(long row) const {
   return shown != nullptr && pictureOf_ ? pictureOf_(*shown) : -1;
 }
 
-bool ListWindow::SelectionDiffers() const {
-  const auto items = static_cast<std::size_t>(std::max(0, GetItemCount()));
-  for (std::size_t i = 0; i < record_.rows.size() && i < items; ++i) {
-    if (IsSelected(*this, i) != record_.rows[i].selected) return true;
+void ListWindow::ShowRecord() {
+  if (shownRevision_ == record_.revision) return;
+  shownRevision_ = record_.revision;
+  ShowSelection();
+  ShowOrder();
+  Refresh();
+}
+
+const std::vector<bool>& ListWindow::Selection() {
+  if (touched_) ReadSelection();
+  touched_ = false;
+  return selection_;
+}
+
+/// Looks at the selection when the toolkit has done what the person asked for.
+void ListWindow::Touch() {
+  if (selecting_) return;
+  touched_ = true;
+  if (lookIsDue_) return;
+  lookIsDue_ = true;
+  CallAfter([this] {
+    lookIsDue_ = false;
+    const std::vector<bool>& selection = Selection();
+    const bool same = std::equal(selection.begin(), selection.end(), record_.rows.begin(), record_.rows.end(),
+                                 [](bool selected, const ListRow& row) { return selected == row.selected; });
+    if (!same && selectionChanged) selectionChanged();
+  });
+}
+
+/// The menu comes up when the list is done with the click, and once, even if the list and its rows both are told.
+void ListWindow::AskForMenu() {
+  if (std::exchange(menuIsAsked_, true)) return;
+  CallAfter([this] {
+    menuIsAsked_ = false;
+    if (menuAsked) menuAsked();
+  });
+}
+
+/// A right click chooses the row that it falls on, unless that is one of those selected.
+void ListWindow::SelectForMenu(long row) {
+  SetFocus();
+  if (row < 0 || GetItemState(row, wxLIST_STATE_SELECTED) != 0) return;
+  if (record_.severalSelectable) Select(-1, false);
+  Select(row, true);
+  SetItemState(row, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+}
+
+void ListWindow::ReadSelection() {
+  // To ask for a row takes the longer the more are selected, so no more are asked for than needed.
+  const std::size_t rows = selection_.size();
+  const std::size_t selected =
+      record_.severalSelectable ? static_cast<std::size_t>(GetSelectedItemCount()) : std::min<std::size_t>(rows, 1);
+  std::size_t found = 0;
+  std::size_t row = 0;
+  for (; row < rows && found < selected && row - found < rows - selected; ++row) {
+    selection_[row] = GetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED) != 0;
+    if (selection_[row]) ++found;
   }
-  return false;
+  for (; row < rows; ++row) selection_[row] = found < selected;
+}
+
+/// Selects a row, or with row -1 all of them.
+void ListWindow::Select(long row, bool selected) {
+  SetItemState(row, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
+}
+
+/// Brings the selection to the record's, from whatever is nearest: what there is, none, or all.
+void ListWindow::ShowSelection() {
+  const std::size_t rows = record_.rows.size();
+  selecting_ = true;
+  Selection();
+  if (rows != selection_.size()) {
+    Select(-1, false);
+    SetItemCount(static_cast<long>(rows));
+    selection_.assign(rows, false);
+  }
+  std::size_t selected = 0;
+  std::size_t differing = 0;
+  for (std::size_t i = 0; i < rows; ++i) {
+    if (record_.rows[i].selected) ++selected;
+    if (record_.rows[i].selected != selection_[i]) ++differing;
+  }
+  if (differing > std::min(selected, rows - selected)) {
+    const bool all = selected > rows - selected;
+    Select(-1, all);
+    selection_.assign(rows, all);
+  }
+  for (std::size_t i = 0; i < rows; ++i) {
+    if (record_.rows[i].selected == selection_[i]) continue;
+    selection_[i] = record_.rows[i].selected;
+    Select(static_cast<long>(i), selection_[i]);
+  }
+  if (differing > 0 && selected == 1) ShowChosenRow();
+  selecting_ = false;
+}
+
+/// Brings a row into sight that the record selected alone.
+void ListWindow::ShowChosenRow() {
+  const auto row = SelectedRow(record_);
+  if (!row) return;
+  const auto item = static_cast<long>(*row);
+  SetItemState(item, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+  EnsureVisible(item);
+}
+
+void ListWindow::ShowOrder() {
+  const int column = record_.sorted ? static_cast<int>(record_.sorted->column) : -1;
+  const bool ascending = !record_.sorted || !record_.sorted->descending;
+  const bool same = GetSortIndicator() == column && (column < 0 || IsAscendingSortIndicator() == ascending);
+  if (!same) ShowSortIndicator(column, ascending);
 }
 
 void ListWindow::ShareWidth() {
@@ -150,26 +251,6 @@ std::string ShownText(const ListView& record, const ListRow& row, std::size_t co
   return text;
 }
 
-bool IsSelected(const ListWindow& list, std::size_t row) {
-  return list.GetItemState(static_cast<long>(row), wxLIST_STATE_SELECTED) != 0;
-}
-
-void ShowRows(ListWindow& list, const ListView& record) {
-  if (list.shownRevision == record.revision) return;
-  list.shownRevision = record.revision;
-  list.SetItemCount(static_cast<long>(record.rows.size()));
-  const Tally tally = TallyOf(list, record);
-  ShowSelection(list, record, tally);
-  if (tally.differing > 0 && tally.selected == 1) ShowChosenRow(list, record);
-  ShowOrder(list, record);
-  list.Refresh();
-}
-
-void TakeSelection(const ListWindow& list, ListView& record) {
-  const auto items = static_cast<std::size_t>(std::max(0, list.GetItemCount()));
-  for (std::size_t i = 0; i < record.rows.size(); ++i) record.rows[i].selected = i < items && IsSelected(list, i);
-}
-
 void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void()>& clicked) {
   list.Bind(wxEVT_LIST_COL_CLICK, [&record, clicked](wxListEvent& event) {
     if (event.GetColumn() < 0) return;  // beside the columns
@@ -178,22 +259,23 @@ void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void
   });
 }
 
-void OnSelectionChange(ListWindow& list, const std::function<void()>& changed) {
-  const auto look = [&list, changed, due = std::make_shared<bool>(false)](wxEvent& event) {
-    event.Skip();
-    if (*due) return;
-    *due = true;
-    list.CallAfter([&list, changed, due] {
-      *due = false;
-      if (list.SelectionDiffers()) changed();
-    });
-  };
-  list.Bind(wxEVT_LIST_ITEM_SELECTED, look);
-  list.Bind(wxEVT_LIST_ITEM_DESELECTED, look);
-  // A range is selected without an event for its rows.
-  wxWindow* rows = list.GetMainWindowOfCompositeControl();
-  for (const auto& mouse : {wxEVT_LEFT_DOWN, wxEVT_LEFT_UP, wxEVT_RIGHT_DOWN}) rows->Bind(mouse, look);
-  rows->Bind(wxEVT_KEY_DOWN, look);
+void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void()>& edited) {
+  list.Bind(wxEVT_LIST_KEY_DOWN, [&list](wxListEvent& event) {
+    const long row = list.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+    if (event.GetKeyCode() == WXK_F2 && row >= 0 && list.GetEditControl() == nullptr) {
+      list.EditLabel(row);
+    } else {
+      event.Skip();
+    }
+  });
+  list.Bind(wxEVT_LIST_END_LABEL_EDIT, [&list, &record, edited](wxListEvent& event) {
+    event.Veto();  // the list has no text of its own to change
+    const auto row = static_cast<std::size_t>(event.GetIndex());
+    if (event.IsEditCancelled() || event.GetIndex() < 0 || row >= record.rows.size()) return;
+    if (event.GetLabel() == ToScreen(TextAt(record, record.rows[row], 0))) return;
+    record.edited = {row, FromScreen(event.GetLabel())};
+    list.CallAfter(edited);  // a box must not come up while the text is still open
+  });
 }
 
 }  // namespace oravin::gui

@@ -21,14 +21,19 @@ class ListWindow : public wxListCtrl {
   /// Gives each column its share of the width; at first all have the same.
   void SetShares(const std::vector<double>& shares);
 
-  /// True while the selection on the screen is another than the record's.
-  [[nodiscard]] bool SelectionDiffers() const;
+  /// Shows the rows, the selection and the order of the record, if it has changed since. As much is done as differs,
+  /// so that a list with all of a hundred thousand rows selected takes no longer.
+  void ShowRecord();
 
-  /// The record's revision that is on the screen.
-  unsigned shownRevision = 0;
+  /// Which rows are selected on the screen.
+  const std::vector<bool>& Selection();
 
-  /// True while rows are selected: an event comes for each, for which its texts need not be made.
-  bool textless = false;
+  /// Called when the right mouse button has been let go over the list, or the Menu key pressed.
+  std::function<void()> menuAsked;
+
+  /// Called once after each thing that a person does to the selection, by mouse or keyboard, however many rows that
+  /// selects. What the record itself changed is not told.
+  std::function<void()> selectionChanged;
 
  private:
   wxString OnGetItemText(long row, long column) const override;
@@ -36,30 +41,36 @@ class ListWindow : public wxListCtrl {
   const ListRow* RowAt(long row) const;
   void ShareWidth();
   void KeepShares();
+  void BindParts();
+  void Touch();
+  void ReadSelection();
+  void ShowSelection();
+  void ShowOrder();
+  void Select(long row, bool selected);
+  void SelectForMenu(long row);
+  void AskForMenu();
+  void ShowChosenRow();
 
   const ListView& record_;
   std::function<int(const ListRow&)> pictureOf_;
-  std::vector<double> shares_;  ///< of the whole width, one a column
+  std::vector<double> shares_;   ///< of the whole width, one a column
+  unsigned shownRevision_ = 0;   ///< the record's that is on the screen
+  std::vector<bool> selection_;  ///< the toolkit takes long to tell which of many rows are selected
+  bool touched_ = false;         ///< a person may have changed the selection since it was read
+  bool lookIsDue_ = false;
+  bool menuIsDue_ = false;    ///< when the right button is let go
+  bool menuIsAsked_ = false;  ///< it comes up as soon as all else is done
+  bool selecting_ = false;    ///< an event comes for each row, for which its texts need not be made
 };
 
 /// What a list shows in one column of a row: a very long text is cut, as none has room for it.
 std::string ShownText(const ListView& record, const ListRow& row, std::size_t column);
 
-/// True for a row that the list has as selected.
-bool IsSelected(const ListWindow& list, std::size_t row);
-
-/// Shows the rows, the selection and the order of the record, if it has changed since. As much is done as differs, so
-/// that a list with all of a hundred thousand rows selected takes no longer.
-void ShowRows(ListWindow& list, const ListView& record);
-
-/// Reads which rows are selected.
-void TakeSelection(const ListWindow& list, ListView& record);
-
 /// Has a click on a heading tell the record which, and call `clicked`.
 void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void()>& clicked);
 
-/// Has `changed` called once after each thing that a person does to the selection, by mouse or keyboard, however many
-/// rows that selects. What the record itself changed is not told.
-void OnSelectionChange(ListWindow& list, const std::function<void()>& changed);
+/// Has a person edit a row's first text in its place, by F2 or a second click on it. The record is told what was
+/// written, and `edited` called: what is shown then is the record's to say. A text that was left as it was is not told.
+void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void()>& edited);
 
 }  // namespace oravin::gui

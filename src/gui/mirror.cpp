@@ -57,7 +57,12 @@ void Take(const wxTextCtrl& window, TextBox& record) {
 
 void Take(const wxCheckBox& window, CheckBox& record) { record.checked = window.GetValue(); }
 
-void Take(const ListWindow& window, ListView& record) { TakeSelection(window, record); }
+void Take(ListWindow& window, ListView& record) {
+  const std::vector<bool>& selection = window.Selection();
+  for (std::size_t i = 0; i < record.rows.size(); ++i) {
+    record.rows[i].selected = i < selection.size() && selection[i];
+  }
+}
 
 void Take(const wxNotebook& window, TabStrip& record) { record.chosen = window.GetSelection() + 1; }
 
@@ -66,6 +71,7 @@ bool Show(wxStaticText& window, const Label& record) {
     const wxString text = ToScreen(record.caption);
     if (window.GetLabelText() == text) return false;
     window.SetLabelText(text);
+    window.SetToolTip(text);
     return true;
   }
   // A label that was wrapped to its place has line breaks where its caption has blanks.
@@ -100,8 +106,8 @@ bool Show(wxCheckBox& window, const CheckBox& record) {
   return changed;
 }
 
-bool Show(ListWindow& window, const ListView& record) {
-  ShowRows(window, record);
+bool Show(ListWindow& window, const ListView&) {
+  window.ShowRecord();
   return false;
 }
 
@@ -159,9 +165,12 @@ void Reflect(Mirror& mirror, const std::string& name, wxNotebook* window, TabStr
   Add(mirror, name, window, record);
 }
 
-void Name(Mirror& mirror, const std::string& name, wxWindow* window) {
+void Reflect(Mirror& mirror, const std::string& name, wxWindow* window, std::function<bool()> show) {
   window->SetName(wxString::FromUTF8(name));
-  mirror.reflections.push_back({name, window, nullptr, {}, {}, false});
+  if (show) show();
+  mirror.reflections.push_back({name, window, nullptr, {}, std::move(show), false});
 }
+
+void Name(Mirror& mirror, const std::string& name, wxWindow* window) { Reflect(mirror, name, window, {}); }
 
 }  // namespace oravin::gui

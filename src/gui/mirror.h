@@ -20,7 +20,7 @@ namespace oravin::gui {
 
 void Take(const wxTextCtrl& window, TextBox& record);
 void Take(const wxCheckBox& window, CheckBox& record);
-void Take(const ListWindow& window, ListView& record);
+void Take(ListWindow& window, ListView& record);
 void Take(const wxNotebook& window, TabStrip& record);
 
 /// Each shows what differs and leaves the rest alone. Returns whether the control may now want another size.
@@ -62,6 +62,10 @@ void Reflect(Mirror& mirror, const std::string& name, wxButton* window, Button& 
 void Reflect(Mirror& mirror, const std::string& name, wxCheckBox* window, CheckBox& record);
 void Reflect(Mirror& mirror, const std::string& name, ListWindow* window, ListView& record);
 void Reflect(Mirror& mirror, const std::string& name, wxNotebook* window, TabStrip& record);
+
+/// Puts a control that is none of these into the mirror, under its name.
+/// @param show brings what it shows to what its record says; returns whether it may now want another size
+void Reflect(Mirror& mirror, const std::string& name, wxWindow* window, std::function<bool()> show);
 
 /// Names a control that has no record, so that the layout file tells where it is.
 void Name(Mirror& mirror, const std::string& name, wxWindow* window);

@@ -14,6 +14,12 @@ std::optional<int> ReadOptions(int argc, const char* const* argv, Options& optio
   parser.add_option("--program", options.folders.program, "The program folder; without it, it is searched for")
       ->type_name("DIR");
   parser
+      .add_option(
+          "FILE", options.file,
+          "A file to open: an archive (.hog) on the Hog Editor tab, a texture cache (.dat) on the Tcache Editor "
+          "tab")
+      ->type_name(" ");
+  parser
       .add_option("--layout", options.layoutFile,
                   "For tests that click: keeps a JSON file with the window's state and where on the screen every "
                   "control is, renewed whenever something changed")

@@ -10,6 +10,7 @@ namespace oravin::gui {
 /// What the program was started with.
 struct Options {
   GivenFolders folders;
+  std::string file;              ///< a file to open at once, as a path of this machine; empty for none
   std::string layoutFile;        ///< where the layout is kept; empty for nowhere
   bool exitWhenPainted = false;  ///< for measuring how long the start takes
 };

@@ -2,7 +2,10 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 #include "gui/pages.h"
+#include "gui/text_edge.h"
 
 namespace oravin::gui {
 
@@ -13,6 +16,17 @@ wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const st
   return button;
 }
 
+wxCheckBox* NewCheckBox(wxWindow* parent, Mirror& mirror, const std::string& name, CheckBox& record,
+                        const std::function<void()>& changed) {
+  auto* box = new wxCheckBox(parent, wxID_ANY, ToScreen(record.caption));
+  Reflect(mirror, name, box, record);
+  box->Bind(wxEVT_CHECKBOX, [box, &record, changed](wxCommandEvent&) {
+    Take(*box, record);
+    if (changed) changed();
+  });
+  return box;
+}
+
 wxWindow* NewEdge(wxWindow* parent) {
   // Large enough from the start for a scroll bar to find its room.
   auto* edge = new wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(220, 200)));
@@ -20,10 +34,43 @@ wxWindow* NewEdge(wxWindow* parent) {
   return edge;
 }
 
-void Enframe(wxWindow* edge, ListWindow* list) {
-  auto* sizer = new wxBoxSizer(wxVERTICAL);
-  sizer->Add(list, wxSizerFlags(1).Expand().Border(wxALL, edge->FromDIP(1)));
-  edge->SetSizer(sizer);
+void Enframe(wxWindow* edge, wxWindow* list) {
+  if (edge->GetSizer() == nullptr) edge->SetSizer(new wxBoxSizer(wxVERTICAL));
+  edge->GetSizer()->Add(list, wxSizerFlags(1).Expand().Border(wxALL, edge->FromDIP(1)));
+}
+
+void EqualWidths(const std::vector<wxButton*>& buttons) {
+  int width = 0;
+  for (const wxButton* button : buttons) width = std::max(width, button->GetBestSize().GetWidth());
+  for (wxButton* button : buttons) button->SetMinSize({width, -1});
+}
+
+wxSizer* NewFieldLines(wxWindow* page, const std::vector<FieldLine>& lines) {
+  const int space = page->FromDIP(gap);
+  std::size_t columns = 0;
+  for (const FieldLine& line : lines) columns = std::max(columns, line.buttons.size());
+  auto* grid = new wxFlexGridSizer(2 + static_cast<int>(columns), space, space);
+  grid->AddGrowableCol(1);
+  for (const FieldLine& line : lines) {
+    grid->Add(line.label, wxSizerFlags().CentreVertical());
+    grid->Add(line.field, wxSizerFlags().Expand());
+    for (std::size_t i = 0; i < columns; ++i) {
+      // What is done with the file stands a little apart from what belongs to the field.
+      const wxSizerFlags flags = wxSizerFlags().CentreVertical().Border(wxLEFT, i == 1 ? space : 0);
+      if (i < line.buttons.size()) {
+        grid->Add(line.buttons[i], flags);
+      } else {
+        grid->AddSpacer(0);
+      }
+    }
+  }
+  return grid;
+}
+
+wxSizer* FieldOf(wxTextCtrl* text) {
+  auto* sizer = new wxBoxSizer(wxHORIZONTAL);
+  sizer->Add(text, wxSizerFlags(1).CentreVertical());
+  return sizer;
 }
 
 void LayOutPage(wxWindow* page, wxSizer* content, wxSizer* belowLeft, wxButton* enable, wxButton* disable) {

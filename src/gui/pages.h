@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "app/main.h"
 #include "gui/mirror.h"
@@ -27,11 +28,32 @@ inline constexpr int gap = 8;
 /// Makes a button that runs the action of its own name.
 wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Button& record);
 
-/// A panel for a list, which draws its edge: made before the list, as its parent, and laid out by Enframe.
+/// Makes a check box.
+/// @param changed called after a person has changed it, when its record says so already; may be empty
+wxCheckBox* NewCheckBox(wxWindow* parent, Mirror& mirror, const std::string& name, CheckBox& record,
+                        const std::function<void()>& changed);
+
+/// A panel for a list or a picture, which draws its edge: made before that, as its parent, and laid out by Enframe.
 wxWindow* NewEdge(wxWindow* parent);
 
-/// Fills an edge with its list.
-void Enframe(wxWindow* edge, ListWindow* list);
+/// Fills an edge with its list. Of several, one is to be in sight at a time.
+void Enframe(wxWindow* edge, wxWindow* list);
+
+/// Makes buttons as wide as the widest of them.
+void EqualWidths(const std::vector<wxButton*>& buttons);
+
+/// A field with its name before it and its buttons behind it.
+struct FieldLine {
+  wxStaticText* label = nullptr;
+  wxSizer* field = nullptr;
+  std::vector<wxButton*> buttons;  ///< the first belongs to the field, the others stand a little apart
+};
+
+/// Lays lines out below each other, so that names, fields and buttons stand in columns.
+wxSizer* NewFieldLines(wxWindow* page, const std::vector<FieldLine>& lines);
+
+/// A text box as the field of a line.
+wxSizer* FieldOf(wxTextCtrl* text);
 
 /// Lays a page out: what it shows, and below that a line with something on the left and the two buttons on the right.
 void LayOutPage(wxWindow* page, wxSizer* content, wxSizer* belowLeft, wxButton* enable, wxButton* disable);
@@ -47,12 +69,6 @@ void Monospace(wxTextCtrl* text);
 
 /// Shows a label's text larger.
 void Enlarge(wxStaticText* label, float factor, bool bold = false);
-
-/// Makes a page that says in one line what it is for, below a picture.
-/// @param picture drawn in the size purposePictureSize
-wxWindow* NewPurposePage(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Label& purpose,
-                         const wxBitmapBundle& picture);
-inline constexpr int purposePictureSize = 96;
 
 wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings);
 wxWindow* NewStatsPage(wxWindow* parent, const Surroundings& surroundings);

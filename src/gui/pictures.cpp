@@ -63,8 +63,4 @@ wxIconBundle ProgramIcon() {
 
 wxBitmapBundle ImportPicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_import, size); }
 
-wxBitmapBundle ArchivePicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_archive, size); }
-
-wxBitmapBundle TexturesPicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_textures, size); }
-
 }  // namespace oravin::gui

@@ -25,9 +25,7 @@ wxBitmapBundle Emblem(const wxSize& size);
 /// The program's icon from 16 to 256 pixels.
 wxIconBundle ProgramIcon();
 
-/// The pictures of the pages that only say what they are for, in a size in pixels at 100 %.
+/// The picture of the page on which ships are imported, in a size in pixels at 100 %.
 wxBitmapBundle ImportPicture(const wxSize& size);
-wxBitmapBundle ArchivePicture(const wxSize& size);
-wxBitmapBundle TexturesPicture(const wxSize& size);
 
 }  // namespace oravin::gui

@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::array<const char*, 4> infoCaptions = {"x Dim:", "y Dim:", "Depth:", "Blocks:"};
 
+void ClearInfo(ImportTexturePanel& panel) {
+  for (std::size_t i = 0; i < infoCaptions.size(); ++i) panel.lblBMPinfo.at(i).caption = infoCaptions.at(i);
+}
+
 /// Reads what the bitmap says of itself and shows it in the four labels.
 bool ShowInfo(Host& host, ImportTexturePanel& panel, const std::string& path, BmpInfo& info) {
   if (!GetBMPInfo(host, path, info)) return false;
@@ -43,7 +47,7 @@ ImportTexturePanel NewImportTexturePanel() {
   panel.cmdImportTexture = {"&Import Texture", "Imports texture into the Tcachehw.dat file", true};
   panel.chkForFighter.caption = "For fighter";
   panel.cmdImportTextureBrowse = {"Bro&wse", "", true};
-  for (std::size_t i = 0; i < infoCaptions.size(); ++i) panel.lblBMPinfo.at(i).caption = infoCaptions.at(i);
+  ClearInfo(panel);
   panel.preview = NewTexturePreview();
   panel.lbl3DConv = {Label{"Texture name:"}, Label{"&Import texture:"}};
   return panel;
@@ -61,6 +65,7 @@ void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel) {
 
 void txtImportTexturePath_LostFocus(ImportTexturePanel& panel) {
   ShowNoTexture(panel.preview, "");
+  ClearInfo(panel);
   if (!FileExists(panel.txtImportTexturePath.text)) return;
   // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
   Host quiet;

@@ -78,7 +78,6 @@ std::size_t NumberOfKey(const std::string& key) {
 
 TcacheTab NewTcacheTab() {
   TcacheTab tab;
-  tab.purpose.caption = "Here you look at the game's textures, extract and rename them.";
   tab.cmdRestoreTCACHE = {"&Restore", "Will return the tcache to factory specs", true};
   tab.cmdExit = {"E&xit", "", true};
   tab.cmdSelectNoneTcache = {"S&elect None", "Unselects all textures", false};

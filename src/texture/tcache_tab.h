@@ -16,8 +16,6 @@ namespace oravin {
 
 /// The controls of the "Tcache Editor" tab, and the cache that it shows.
 struct TcacheTab {
-  Label purpose;  ///< what the tab is for, in one line
-
   Button cmdRestoreTCACHE;
   Button cmdExit;
   Button cmdSelectNoneTcache;

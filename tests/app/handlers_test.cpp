@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "app/open_file.h"
 #include "demo/sample.h"
 #include "session.h"
 
@@ -69,6 +70,21 @@ TEST(HogHandlers, ACopyThatOnlyLooksListsAndExtractsButWritesNothingIntoTheArchi
     session.Press(action);
   }
   EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native)));
+}
+
+TEST(StartingWithAFile, OpensItOnItsTab) {
+  const SmallInstallation installation;
+  Session session(installation);
+  OpenFileOnItsTab(session.main, installation.gamePath + "resource.hog");
+  EXPECT_TRUE(IsArchiveOpen(session.main.hog));
+  EXPECT_EQ(session.main.TabStrip1.captions.at(static_cast<std::size_t>(session.main.TabStrip1.chosen - 1)),
+            "Hog Editor");
+  OpenFileOnItsTab(session.main, installation.gamePath + "tcachehw.dat");
+  EXPECT_EQ(session.main.tcache.openCache, installation.gamePath + "tcachehw.dat");
+  EXPECT_EQ(session.main.TabStrip1.captions.at(static_cast<std::size_t>(session.main.TabStrip1.chosen - 1)),
+            "Tcache Editor");
+  session.desk.ExpectBox("File not found", "File path error");
+  OpenFileOnItsTab(session.main, installation.gamePath + "none.hog");
 }
 
 TEST(HogHandlers, TheFormAndTheMenuWorkThroughTheTable) {

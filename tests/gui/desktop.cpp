@@ -154,6 +154,39 @@ void Click(const Desktop& desktop, Point point, int times) {
   DoWithX(desktop, {"click", "--repeat", std::to_string(times), "--delay", "50", "1"});
 }
 
+void RightClick(const Desktop& desktop, Point point) {
+  MoveTo(desktop, point);
+  DoWithX(desktop, {"click", "3"});
+}
+
+void ClickHolding(const Desktop& desktop, Point point, const std::string& key) {
+  DoWithX(desktop, {"keydown", key});
+  Click(desktop, point);
+  DoWithX(desktop, {"keyup", key});
+}
+
+void Drag(const Desktop& desktop, Point from, Point to) {
+  constexpr int steps = 8;
+  constexpr std::chrono::milliseconds betweenSteps(60);
+  MoveTo(desktop, from);
+  DoWithX(desktop, {"mousedown", "1"});
+  for (int i = 1; i <= steps; ++i) {
+    std::this_thread::sleep_for(betweenSteps);
+    MoveTo(desktop, {from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps});
+  }
+  std::this_thread::sleep_for(betweenSteps);
+  DoWithX(desktop, {"mouseup", "1"});
+}
+
+void TypeText(const Desktop& desktop, const std::string& text) { DoWithX(desktop, {"type", "--delay", "8", text}); }
+
+int WindowsInSight(const Desktop& desktop, const std::string& program) {
+  // A window that goes while xdotool looks at it makes it complain.
+  const std::string command = "xdotool search --onlyvisible --class '" + program + "' 2>/dev/null | wc -l";
+  const std::string number = PrintedBy({"sh", "-c", command}, desktop.variables);
+  return number.empty() ? 0 : std::stoi(number);
+}
+
 void PressKey(const Desktop& desktop, const std::string& key) { DoWithX(desktop, {"key", key}); }
 
 std::string ActiveWindow(const Desktop& desktop) {

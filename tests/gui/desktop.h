@@ -52,6 +52,21 @@ struct Point {
 void MoveTo(const Desktop& desktop, Point point);
 void Click(const Desktop& desktop, Point point, int times = 1);
 
+void RightClick(const Desktop& desktop, Point point);
+
+/// Clicks while a key is held: "shift", "ctrl".
+void ClickHolding(const Desktop& desktop, Point point, const std::string& key);
+
+/// Presses the left button on one place and lets it go on another, with the mouse moving between them.
+void Drag(const Desktop& desktop, Point from, Point to);
+
+/// Types a text into whatever has the keyboard.
+void TypeText(const Desktop& desktop, const std::string& text);
+
+/// How many windows of a program are in sight, its menus too.
+/// @param program the name that it gives its windows
+int WindowsInSight(const Desktop& desktop, const std::string& program);
+
 /// Presses a key, named as xdotool names it: "alt+e", "ctrl+Next", "Return".
 void PressKey(const Desktop& desktop, const std::string& key);
 

@@ -1,6 +1,7 @@
 #include "session.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 #include <thread>
@@ -24,6 +25,12 @@ bool HoldsStill(const Session& session) {
   });
 }
 
+/// True when a form has the keyboard, or without one the window.
+bool HasKeyboard(const Session& session, const std::string& form) {
+  const std::string active = ActiveWindow(session.desktop);
+  return !active.empty() && (active == session.frame) == form.empty();
+}
+
 }  // namespace
 
 Session::Session()
@@ -33,6 +40,7 @@ Session::Session()
   desktop.variables["XDG_CONFIG_HOME"] = sample.config.string();
   desktop.variables["WINEPREFIX"] = folder.Native("no-prefix").string();
   desktop.variables["LC_ALL"] = "C.UTF-8";
+  desktop.variables["PATH"] = folder.Native("bin").string() + ":" + std::getenv("PATH");
   desktop.variables["GDK_SCALE"] = "1";
   program = Program({ORAVIN_PROGRAM, "--layout", layoutFile}, desktop.variables);
   if (!Eventually([&] { return !Layout(*this).is_null(); })) throw std::runtime_error("the window was not painted");
@@ -92,6 +100,54 @@ bool SelectRow(const Session& session, const std::string& list, const std::strin
   });
 }
 
+void ClickHeading(const Session& session, const std::string& list, std::size_t column) {
+  const Json control = Control(session, list);
+  constexpr int intoHeading = 8;
+  Point point{control["rectangle"]["x"].get<int>() + intoHeading, control["rectangle"]["y"].get<int>() + intoHeading};
+  for (std::size_t i = 0; i < column; ++i) point.x += control["columns"][i]["width"].get<int>();
+  Click(session.desktop, point);
+}
+
+testing::AssertionResult Becomes(const Session& session, const std::string& control, const std::string& field,
+                                 const Json& value) {
+  Json now;
+  if (Eventually([&] { return (now = Control(session, control)[field]) == value; })) {
+    return testing::AssertionSuccess();
+  }
+  return testing::AssertionFailure() << control << " has " << field << " " << now.dump();
+}
+
+testing::AssertionResult CaptionHolds(const Session& session, const std::string& control, const std::string& text) {
+  std::string now;
+  const auto holds = [&] {
+    now = Control(session, control)["caption"];
+    return now.find(text) != std::string::npos;
+  };
+  if (Eventually(holds)) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << control << " says " << now << ", nothing of " << text;
+}
+
+testing::AssertionResult TypeInto(const Session& session, const std::string& control, const std::string& text) {
+  ClickOn(session, control);
+  if (!Eventually([&] { return Layout(session)["focus"] == control; })) {
+    return testing::AssertionFailure() << control << " does not get the keyboard";
+  }
+  PressKey(session.desktop, "ctrl+a");
+  PressKey(session.desktop, "BackSpace");
+  if (!text.empty()) TypeText(session.desktop, text);
+  return Becomes(session, control, "text", text);
+}
+
+testing::AssertionResult FormIs(const Session& session, const std::string& name) {
+  Json now;
+  const bool is = Eventually([&] {
+    now = Layout(session)["form"];
+    return now == name && HasKeyboard(session, name);
+  });
+  if (is) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "open is the form " << now.dump();
+}
+
 testing::AssertionResult BoxCame(const Session& session, const std::string& text) {
   Json box;
   const bool came = Eventually([&] {
@@ -113,7 +169,7 @@ testing::AssertionResult AnswerBox(const Session& session, const std::string& ke
   const bool gone = Eventually([&] {
     const Json now = Layout(session);
     if (now["boxes"] != before["boxes"]) return true;  // the next one is there already
-    if (now["box"].is_null()) return now["running"] == false && ActiveWindow(session.desktop) == session.frame;
+    if (now["box"].is_null()) return now["running"] == false && HasKeyboard(session, now["form"]);
     if (std::chrono::steady_clock::now() - pressed > std::chrono::seconds(5)) {
       PressKey(session.desktop, key);
       pressed = std::chrono::steady_clock::now();

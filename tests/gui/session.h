@@ -15,7 +15,8 @@ namespace oravin::test {
 
 using Json = nlohmann::json;
 
-/// The program on a fresh sample installation, on a desktop of its own.
+/// The program on a fresh sample installation, on a desktop of its own. Programs in bin/ of the folder stand in for the
+/// desktop's.
 struct Session {
   /// Starts the program and waits until its window is painted and holds still.
   /// @throws std::runtime_error when it does not come up
@@ -51,6 +52,23 @@ Json RowOf(const Session& session, const std::string& list, const std::string& t
 /// Clicks on a row of a list and waits until it is selected.
 /// @return whether it is
 bool SelectRow(const Session& session, const std::string& list, const std::string& text);
+
+/// Clicks on the heading of a list's column, counted from 0.
+void ClickHeading(const Session& session, const std::string& list, std::size_t column);
+
+/// Waits until a control has a value in one of its fields: "text", "caption", "enabled", "shown".
+testing::AssertionResult Becomes(const Session& session, const std::string& control, const std::string& field,
+                                 const Json& value);
+
+/// Waits until a control's caption holds a text.
+testing::AssertionResult CaptionHolds(const Session& session, const std::string& control, const std::string& text);
+
+/// Puts a text in the place of what a text box holds.
+/// @return whether the text box has it then
+testing::AssertionResult TypeInto(const Session& session, const std::string& control, const std::string& text);
+
+/// Waits until a form is open and has the keyboard; an empty name for none, when the window has it.
+testing::AssertionResult FormIs(const Session& session, const std::string& name);
 
 /// Waits for a message box whose text holds `text`.
 testing::AssertionResult BoxCame(const Session& session, const std::string& text);

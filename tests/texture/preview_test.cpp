@@ -101,11 +101,13 @@ TEST_F(ThePreview, OfABitmapWhosePathIsTypedIsShownToo) {
   panel.txtImportTexturePath.text = folder.Windows("a.bmp");
   txtImportTexturePath_LostFocus(panel);
   EXPECT_TRUE(panel.preview.picture.has_value());
+  EXPECT_EQ(panel.lblBMPinfo[0].caption, "x Dim: 8");
   for (const char* other : {"tcachehw.dat", "none.bmp", ""}) {
     panel.txtImportTexturePath.text = folder.Windows(other);
     txtImportTexturePath_LostFocus(panel);
     EXPECT_FALSE(panel.preview.picture.has_value()) << other;
   }
+  EXPECT_EQ(panel.lblBMPinfo[0].caption, "x Dim:") << "of a bitmap that is not there nothing is told";
 }
 
 }  // namespace

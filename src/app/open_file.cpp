@@ -1,0 +1,23 @@
+#include "app/open_file.h"
+
+#include "app/handlers.h"
+#include "util/File_Path.h"
+
+namespace oravin {
+
+namespace {
+
+// The tabs' places in the strip, counted from 1.
+constexpr int hogPlace = 4;
+constexpr int tcachePlace = 5;
+
+}  // namespace
+
+void OpenFileOnItsTab(Main& main, const std::string& path) {
+  const bool cache = ExtensionOf(path) == "dat";
+  main.TabStrip1.chosen = cache ? tcachePlace : hogPlace;
+  (cache ? main.tcache.txtTcacheSource : main.hog.txtHogPath).text = path;
+  Run(main, cache ? "tcache.cmdOpenTcache" : "hog.cmdOpen");
+}
+
+}  // namespace oravin

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "app/main.h"
+
+namespace oravin {
+
+/// Opens a file that the program was started with on the tab that works on such files, and chooses that tab: a texture
+/// cache by its extension .dat, everything else as an archive. The tab's own boxes tell what is wrong with it.
+/// @param path a Windows path
+void OpenFileOnItsTab(Main& main, const std::string& path);
+
+}  // namespace oravin
