@@ -113,7 +113,8 @@ TEST(CommandLine, AnArgumentMayBeEmpty) {
 }
 
 TEST(CommandLine, ArgumentsComeInTheCodePageOfTheCore) {
-  EXPECT_EQ(Read({"stats", "show", "Sch\xC3\xBCtze \xE2\x82\xAC"}).values.arguments, std::vector<std::string>{"Sch\xFCtze \x80"});
+  EXPECT_EQ(Read({"stats", "show", "Sch\xC3\xBCtze \xE2\x82\xAC"}).values.arguments,
+            std::vector<std::string>{"Sch\xFCtze \x80"});
 }
 
 TEST(CommandLine, FoldersAreTakenAsWindowsPaths) {
