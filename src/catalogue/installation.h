@@ -6,6 +6,10 @@
 
 namespace oravin {
 
+/// Where add-on ships lie, relative to the program folder: their models, and their statistics texts.
+inline constexpr const char* addOnShipsFolder = "addons\\ships\\";
+inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
+
 /// The installed game that the program works on.
 struct Installation {
   std::string GamePath;     ///< the game folder, ending in a backslash

@@ -8,9 +8,6 @@
 /// Add-on ships: models in `addons\ships\` of the program folder, statistics texts in `addons\stats\`.
 namespace oravin {
 
-inline constexpr const char* addOnShipsFolder = "addons\\ships\\";
-inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
-
 /// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`: from its statistics text,
 /// else from the first block of `shipstats.bin`. A block that bears the ship's name already is written anew in place.
 /// @return the block's index; 0 where `shipstats.def` is missing, which then stays so

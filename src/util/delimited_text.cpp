@@ -1,9 +1,9 @@
 #include "util/delimited_text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 
+#include "util/number_text.h"
 #include "util/run_time_error.h"
 
 namespace oravin {
@@ -67,15 +67,13 @@ std::string TakeText(DelimitedText& text) {
 double TakeNumber(DelimitedText& text) {
   const std::size_t begin = text.at;
   const std::string value = TakeText(text);
-  const std::string_view digits = std::string_view(value).substr(value.starts_with('+') ? 1 : 0);
-  double number = 0;
-  const auto [end, failure] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  if (failure != std::errc() || end != digits.data() + digits.size() || !std::isfinite(number)) {
+  const auto number = NumberFrom(value);
+  if (!number) {
     text.at = begin;
     Skip(text, " \t\r\n");
     Fail(text, "\"" + value.substr(0, 40) + "\" is no number");
   }
-  return number;
+  return *number;
 }
 
 std::int32_t TakeWhole(DelimitedText& text, std::int32_t lowest, std::int32_t highest) {

@@ -1,0 +1,60 @@
+#include "ships/model_chunks.h"
+
+#include <algorithm>
+
+#include "util/run_time_error.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::size_t blockSize = std::size_t{1} << 16;
+constexpr std::size_t nameStep = 64;  // most names are shorter
+
+std::uint32_t Word(const std::uint8_t* at) { return at[0] + std::uint32_t{at[1]} * 256; }
+
+}  // namespace
+
+ModelReader::ModelReader(Files& owner, std::string modelPath)
+    : files(owner),
+      path(std::move(modelPath)),
+      file(owner, path, platform::OpenFor::reading),
+      length(LengthOf(owner, file.handle)) {}
+
+std::span<const std::uint8_t> BytesAt(ModelReader& reader, std::uint64_t offset, std::size_t count) {
+  if (offset >= reader.length) return {};
+  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(count, reader.length - offset));
+  const bool inBlock = offset >= reader.blockAt && offset - reader.blockAt <= reader.block.size() &&
+                       wanted <= reader.block.size() - (offset - reader.blockAt);
+  if (!inBlock) {
+    const std::size_t most = std::max(blockSize, wanted);
+    reader.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(most, reader.length - offset)));
+    reader.blockAt = offset;
+    Get(reader.files, reader.file.handle, offset, reader.block);
+  }
+  return std::span(reader.block).subspan(static_cast<std::size_t>(offset - reader.blockAt), wanted);
+}
+
+std::optional<ModelChunk> NextChunk(ModelReader& reader) {
+  const auto header = BytesAt(reader, reader.next, chunkHeaderSize);
+  if (header.size() < chunkHeaderSize) return std::nullopt;
+  ModelChunk chunk{Word(header.data()), Word(header.data() + 2), Word(header.data() + 4),
+                   reader.next + chunkHeaderSize};
+  reader.next = EndOf(chunk);
+  return chunk;
+}
+
+std::string NameAt(ModelReader& reader, std::uint64_t offset) {
+  std::string name;
+  for (;;) {
+    const auto bytes = BytesAt(reader, offset + name.size(), nameStep);
+    const auto end = std::find(bytes.begin(), bytes.end(), std::uint8_t{0});
+    name.append(bytes.begin(), end);
+    if (end != bytes.end() && name.size() <= longestElement) return name;
+    if (bytes.empty() || name.size() > longestElement) {
+      throw RunTimeError("could not read", reader.path, "a texture's name in it has no end");
+    }
+  }
+}
+
+}  // namespace oravin

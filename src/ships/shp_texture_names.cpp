@@ -1,0 +1,53 @@
+#include "ships/shp_texture_names.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "ships/model_chunks.h"
+#include "util/File_Path.h"
+
+namespace oravin {
+
+namespace {
+
+void AddNames(ModelReader& reader, const ModelChunk& chunk, std::vector<std::string>& names) {
+  // Elements of no size all stand at one place and bear one name.
+  const std::uint32_t different = chunk.elementSize == 0 ? std::min(chunk.count, 1U) : chunk.count;
+  for (std::uint32_t i = 0; i < different; ++i) {
+    std::string name = NameAt(reader, chunk.elements + std::uint64_t{i} * chunk.elementSize);
+    if (name.empty() || std::find(names.begin(), names.end(), name) != names.end()) continue;
+    if (names.size() == mostTextureNames) {
+      throw RunTimeError("could not read", reader.path,
+                         "it names more than " + std::to_string(mostTextureNames) + " textures");
+    }
+    names.push_back(std::move(name));
+  }
+}
+
+std::vector<std::string> ReadNames(Files& files, const std::string& path) {
+  std::vector<std::string> names;
+  ModelReader reader(files, path);
+  while (const auto chunk = NextChunk(reader)) {
+    if (chunk->type == textureNamesChunk) AddNames(reader, *chunk, names);
+  }
+  return names;
+}
+
+}  // namespace
+
+int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& names) {
+  if (!FileExists(path)) {
+    Show(host, "Error - Path not found", Icon::exclamation, "ORAVIN");
+    return 0;
+  }
+  return Trapped(host, "GetShpTextureNames", 0, [&] {
+    std::vector<std::string> read = ReadNames(host.files, path);
+    if (read.empty()) return 0;
+    names = std::move(read);
+    return static_cast<int>(names.size());
+  });
+}
+
+}  // namespace oravin

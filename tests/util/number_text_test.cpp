@@ -1,0 +1,40 @@
+#include "util/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace oravin {
+namespace {
+
+TEST(NumberFrom, ReadsWhatAPersonTypes) {
+  EXPECT_EQ(NumberFrom("250"), 250.0);
+  EXPECT_EQ(NumberFrom("  250 "), 250.0);
+  EXPECT_EQ(NumberFrom("+0.5"), 0.5);
+  EXPECT_EQ(NumberFrom("-0.5"), -0.5);
+  EXPECT_EQ(NumberFrom(".5"), 0.5);
+  EXPECT_EQ(NumberFrom("5."), 5.0);
+  EXPECT_EQ(NumberFrom("1e3"), 1000.0);
+}
+
+TEST(NumberFrom, RefusesWhatIsNoNumber) {
+  for (const char* text : {"", " ", "+", "-", ".", "abc", "1,5", "1 5", "1x", "0x10", "+-5", "++5", "- 5", "+ 5", "inf",
+                           "nan", "-inf", "1e400"}) {
+    EXPECT_EQ(NumberFrom(text), std::nullopt) << text;
+  }
+}
+
+TEST(NumberText, IsTheShortestThatReadsBackTheSame) {
+  EXPECT_EQ(NumberText(0.1F), "0.1");
+  EXPECT_EQ(NumberText(250.0F), "250");
+  EXPECT_EQ(NumberText(1e20F), "1e+20");
+  EXPECT_EQ(NumberText(0.0F), "0");
+  for (const float number : {1.0F / 3, 16777216.0F, 9999999.0F, std::numeric_limits<float>::denorm_min(),
+                             std::numeric_limits<float>::max(), 0.30000001F}) {
+    EXPECT_EQ(static_cast<float>(NumberFrom(NumberText(number)).value_or(-1)), number);
+  }
+}
+
+}  // namespace
+}  // namespace oravin
