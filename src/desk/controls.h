@@ -51,6 +51,15 @@ struct ListRow {
   std::vector<std::string> texts;  ///< one a column; missing ones are empty
   int image = 0;                   ///< index into the window's images; 0 for none
   bool selected = false;
+  bool bold = false;
+  std::string tooltip = {};
+};
+
+/// A row's first text as the person has edited it in its place.
+struct LabelEdit {
+  std::size_t row = 0;
+  std::string text;
+  bool refused = false;  ///< the handler did not take it: the old text stays
 };
 
 /// What a list is sorted by.
@@ -59,12 +68,6 @@ struct SortOrder {
   bool descending = false;
 
   bool operator==(const SortOrder&) const = default;
-};
-
-/// A row's first text as the person has edited it in its place.
-struct LabelEdit {
-  std::size_t row = 0;
-  std::string text;
 };
 
 /// A list with columns. Rows are shown straight out of the record.

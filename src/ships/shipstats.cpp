@@ -75,23 +75,40 @@ void EraseDefaults(Host& host, std::string& defaults) {
 
 }  // namespace
 
+ShipStats ReadBlock(Files& files, int handle, int shipIndex) {
+  if (!BlockInside(LengthOf(files, handle), shipIndex)) {
+    throw RunTimeError("could not use", files.open.at(handle).path, "it has no block " + std::to_string(shipIndex));
+  }
+  std::array<std::uint8_t, statsSize> bytes{};
+  Get(files, handle, StatsAt(shipIndex), bytes);
+  ShipStats stats;
+  for (std::size_t i = 0; i < statsCount; ++i) {
+    stats.values.at(i) = std::bit_cast<float>(LittleEndian32(&bytes.at(4 * i)));
+  }
+  return stats;
+}
+
+ShipStats ReadShipsStats(Files& files, const std::string& path, int shipIndex) {
+  const OpenedFile file(files, path, OpenFor::reading);
+  return ReadBlock(files, file.handle, shipIndex);
+}
+
+void WriteShipsStats(Files& files, const std::string& path, int shipIndex, const ShipStats& stats) {
+  const OpenedFile file(files, path, OpenFor::changing);
+  if (!BlockInside(LengthOf(files, file.handle), shipIndex)) {
+    throw RunTimeError("could not use", path, "it has no block " + std::to_string(shipIndex));
+  }
+  Put(files, file.handle, StatsAt(shipIndex), BytesOfStats(stats));
+}
+
 bool GetShipsStats(Host& host, std::string& path, int shipIndex, ShipStats& stats) {
   if (!BlockThere(host, path, shipIndex, "GetShipsStats")) return false;
-  return Trap(host, "GetShipsStats", [&] {
-    const OpenedFile file(host.files, path, OpenFor::reading);
-    std::array<std::uint8_t, statsSize> bytes{};
-    Get(host.files, file.handle, StatsAt(shipIndex), bytes);
-    for (std::size_t i = 0; i < statsCount; ++i)
-      stats.values.at(i) = std::bit_cast<float>(LittleEndian32(&bytes.at(4 * i)));
-  });
+  return Trap(host, "GetShipsStats", [&] { stats = ReadShipsStats(host.files, path, shipIndex); });
 }
 
 bool PutShipsStats(Host& host, std::string& path, int shipIndex, const ShipStats& stats) {
   if (!BlockThere(host, path, shipIndex, "PutShipsStats")) return false;
-  return Trap(host, "PutShipsStats", [&] {
-    const OpenedFile file(host.files, path, OpenFor::changing);
-    Put(host.files, file.handle, StatsAt(shipIndex), BytesOfStats(stats));
-  });
+  return Trap(host, "PutShipsStats", [&] { WriteShipsStats(host.files, path, shipIndex, stats); });
 }
 
 void RestoreShipStats(Host& host, std::string currentPath, std::string defaultsPath, const Ships& ships) {
@@ -124,24 +141,26 @@ void SetUpShipStats(Host& host, std::string currentPath, std::string defaultsPat
   }
 }
 
+ShipStats ReadImportStats(Files& files, const std::string& path) {
+  const std::string all = TextOf(ReadWhole(files, path, longestStatsText));
+  DelimitedText text{path, all};
+  ShipStats stats;
+  for (const StatsRow& row : statsRows) {
+    const double number = TakeNumber(text);
+    if (std::fabs(number) > double{std::numeric_limits<float>::max()}) {
+      throw RunTimeError("could not read", path, std::string(row.label) + " is too large");
+    }
+    stats.values.at(row.field) = static_cast<float>(number);
+  }
+  return stats;
+}
+
 bool GetImportStats(Host& host, std::string& path, ShipStats& stats) {
   if (!FileExists(path)) {
     Show(host, "File not found!", Icon::critical, "GetImportStats");
     return false;
   }
-  return Trap(host, "GetImportStats", [&] {
-    const std::string all = TextOf(ReadWhole(host.files, path, longestStatsText));
-    DelimitedText text{path, all};
-    ShipStats read;
-    for (const StatsRow& row : statsRows) {
-      const double number = TakeNumber(text);
-      if (std::fabs(number) > double{std::numeric_limits<float>::max()}) {
-        throw RunTimeError("could not read", path, std::string(row.label) + " is too large");
-      }
-      read.values.at(row.field) = static_cast<float>(number);
-    }
-    stats = read;
-  });
+  return Trap(host, "GetImportStats", [&] { stats = ReadImportStats(host.files, path); });
 }
 
 int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const ShipStats& stats) {

@@ -66,6 +66,15 @@ bool GetShipsStats(Host& host, std::string& path, int shipIndex, ShipStats& stat
 /// GetShipsStats, both titled "PutShipsStats".
 bool PutShipsStats(Host& host, std::string& path, int shipIndex, const ShipStats& stats);
 
+/// The same as GetShipsStats and PutShipsStats, without boxes.
+/// @throws RunTimeError when the file is missing, the block does not end inside it, or it cannot be read or written
+ShipStats ReadShipsStats(Files& files, const std::string& path, int shipIndex);
+void WriteShipsStats(Files& files, const std::string& path, int shipIndex, const ShipStats& stats);
+
+/// Reads the statistics of one block of a file that is open already, for those who need many blocks.
+/// @throws RunTimeError as ReadShipsStats
+ShipStats ReadBlock(Files& files, int handle, int shipIndex);
+
 /// Puts the statistics of every stock ship back from the defaults and then deletes the defaults.
 /// Box "Error - Path(s) not found" when either file is missing.
 void RestoreShipStats(Host& host, std::string currentPath, std::string defaultsPath, const Ships& ships);
@@ -80,6 +89,10 @@ void SetUpShipStats(Host& host, std::string currentPath, std::string defaultsPat
 /// Reads a statistics text: 15 numbers in the shown order, separated by commas or line ends. A missing file gives the
 /// box "File not found!" titled "GetImportStats" with the critical icon, and `stats` stays as it was.
 bool GetImportStats(Host& host, std::string& path, ShipStats& stats);
+
+/// The same without boxes.
+/// @throws RunTimeError when the text is missing, cannot be read or does not hold 15 single-precision numbers
+ShipStats ReadImportStats(Files& files, const std::string& path);
 
 /// Appends a block with the ship's name and the statistics at the end of the file, wherever that is. A file of no
 /// length is left as it is; that is meant.

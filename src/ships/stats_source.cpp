@@ -1,0 +1,51 @@
+#include "ships/stats_source.h"
+
+#include "util/File_Path.h"
+#include "util/run_time_error.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr int highestIndex = 32767;
+
+int IndexOf(const ShipRecord& ship) {
+  const std::int64_t index = WholeNumber(ship.StatsIndex);
+  return index < 0 || index > highestIndex ? -1 : static_cast<int>(index);  // -1 is no block of any file
+}
+
+}  // namespace
+
+StatsSource SourceOf(const Installation& installation, const ShipRecord& ship) {
+  const int index = IndexOf(ship);
+  const bool defaults = ship.Imported && index != 0;
+  return {installation.GamePath + (defaults ? "shipstats.def" : "shipstats.bin"), index};
+}
+
+std::string StatsTextOf(const Installation& installation, const ShipRecord& ship) {
+  return installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
+}
+
+ShipStats ReadDefaults(Files& files, const Installation& installation, const ShipRecord& ship) {
+  if (!ship.Imported) return ReadShipsStats(files, installation.GamePath + "shipstats.def", IndexOf(ship));
+  const std::string text = StatsTextOf(installation, ship);
+  if (IndexOf(ship) == 0) throw RunTimeError("could not use", text, "the ship has no block of its own");
+  return ReadImportStats(files, text);
+}
+
+std::optional<ShipStats> DefaultsOf(Files& files, const Installation& installation, const ShipRecord& ship) {
+  if (ship.Imported && !FileExists(StatsTextOf(installation, ship))) return std::nullopt;
+  try {
+    return ReadDefaults(files, installation, ship);
+  } catch (const RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
+const ShipRecord* ShipAt(const Installation& installation, int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= installation.ships.size()) return nullptr;
+  const ShipRecord& ship = installation.ships[static_cast<std::size_t>(index)];
+  return IsInert(ship) ? nullptr : &ship;
+}
+
+}  // namespace oravin
