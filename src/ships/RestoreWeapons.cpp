@@ -44,8 +44,9 @@ std::optional<ShpAttachments> TableOf(Host& host, const std::string& path) {
   return table;
 }
 
-void EraseTemporary(Host& host, const std::string& path) {
-  Trap(host, title, [&] {
+/// @return false when a box has said why it is still there
+bool EraseTemporary(Host& host, const std::string& path) {
+  return Trap(host, title, [&] {
     if (FileExists(std::string(path))) EraseFile(host.files, path);
   });
 }
@@ -59,7 +60,7 @@ std::optional<ShpAttachments> StockTable(Host& host, const Installation& install
     return std::nullopt;
   }
   const std::string path = installation.ProgramPath + temporaryModel;
-  EraseTemporary(host, path);
+  if (!EraseTemporary(host, path)) return std::nullopt;  // an old one must not be taken for the original
   std::optional<ShpAttachments> table;
   Trap(host, title, [&] {
     unpack(installation.ProgramPath, temporaryModel, size, Unsigned32(ship.HogOffset));
