@@ -154,13 +154,13 @@ void FindElements(ModelReader& reader, std::span<const ShpAttachment> attachment
   };
   auto at = sorted.begin();
   while (at != sorted.end()) {
-    const auto chunk = NextChunk(reader);
+    const auto chunk = NextChunk(reader, attachmentsChunk);
     if (!chunk) return;
     at = std::find_if(at, sorted.end(), [&](const auto* item) { return positionOf(item) >= chunk->elements; });
     for (; at != sorted.end() && positionOf(*at) < EndOf(*chunk); ++at) {
       const std::uint64_t position = positionOf(*at);
       const bool elementBegins = (position - chunk->elements) % chunk->elementSize == 0;
-      if (chunk->type != attachmentsChunk || !elementBegins || position >= reader.length) continue;
+      if (!elementBegins || position >= reader.length) continue;
       const std::uint64_t room = std::min<std::uint64_t>(chunk->elementSize, reader.length - position);
       found(**at, static_cast<std::size_t>(std::min<std::uint64_t>(room, fieldsSize)));
     }
@@ -211,8 +211,7 @@ ShpAttachments ReadAttachments(Files& files, const std::string& path) {
   ShpAttachments attachments;
   std::uint32_t count = 0;
   ModelReader reader(files, path);
-  while (const auto chunk = NextChunk(reader)) {
-    if (chunk->type != attachmentsChunk) continue;
+  while (const auto chunk = NextChunk(reader, attachmentsChunk)) {
     for (std::uint32_t i = 0; i < chunk->count && attachments.size() < mostAttachments; ++i) {
       attachments.push_back(AttachmentAt(reader, chunk->elements + std::uint64_t{i} * chunk->elementSize));
     }

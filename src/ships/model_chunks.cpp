@@ -35,13 +35,22 @@ std::span<const std::uint8_t> BytesAt(ModelReader& reader, std::uint64_t offset,
   return std::span(reader.block).subspan(static_cast<std::size_t>(offset - reader.blockAt), wanted);
 }
 
-std::optional<ModelChunk> NextChunk(ModelReader& reader) {
-  const auto header = BytesAt(reader, reader.next, chunkHeaderSize);
-  if (header.size() < chunkHeaderSize) return std::nullopt;
-  ModelChunk chunk{Word(header.data()), Word(header.data() + 2), Word(header.data() + 4),
-                   reader.next + chunkHeaderSize};
-  reader.next = EndOf(chunk);
-  return chunk;
+std::optional<ModelChunk> NextChunk(ModelReader& reader, std::uint32_t type) {
+  for (;;) {
+    const auto header = BytesAt(reader, reader.next, chunkHeaderSize);
+    if (header.size() < chunkHeaderSize) return std::nullopt;
+    // As far as the block goes, a walk over very many small chunks looks at their headers alone.
+    const std::uint8_t* const end = reader.block.data() + reader.block.size();
+    const std::uint8_t* at = header.data();
+    for (;;) {
+      const ModelChunk chunk{Word(at + 2), Word(at + 4), reader.next + chunkHeaderSize};
+      const std::uint64_t size = EndOf(chunk) - reader.next;
+      reader.next += size;
+      if (Word(at) == type) return chunk;
+      if (size + chunkHeaderSize > static_cast<std::uint64_t>(end - at)) break;
+      at += size;
+    }
+  }
 }
 
 std::string NameAt(ModelReader& reader, std::uint64_t offset) {

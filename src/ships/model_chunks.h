@@ -27,7 +27,6 @@ inline constexpr std::uint32_t attachmentsChunk = 9;
 inline constexpr std::size_t longestElement = 65535;
 
 struct ModelChunk {
-  std::uint32_t type = 0;
   std::uint32_t elementSize = 0;  ///< in bytes; may be 0
   std::uint32_t count = 0;
   std::uint64_t elements = 0;  ///< where the first element begins in the file; all of them may lie past its end
@@ -53,10 +52,10 @@ struct ModelReader {
   std::uint64_t blockAt = 0;
 };
 
-/// The next chunk; nothing at the file's end. A header that the file has not room for is none: up to five bytes behind
-/// the last chunk do not matter.
+/// The next chunk of one type; nothing where none is left. A header that the file has not room for is none: up to five
+/// bytes behind the last chunk do not matter.
 /// @throws RunTimeError when the file cannot be read
-std::optional<ModelChunk> NextChunk(ModelReader& reader);
+std::optional<ModelChunk> NextChunk(ModelReader& reader, std::uint32_t type);
 
 /// Up to `count` bytes at `offset`; fewer where the file ends before. They are good until the next call.
 /// @throws RunTimeError when the file cannot be read

@@ -29,9 +29,7 @@ void AddNames(ModelReader& reader, const ModelChunk& chunk, std::vector<std::str
 std::vector<std::string> ReadNames(Files& files, const std::string& path) {
   std::vector<std::string> names;
   ModelReader reader(files, path);
-  while (const auto chunk = NextChunk(reader)) {
-    if (chunk->type == textureNamesChunk) AddNames(reader, *chunk, names);
-  }
+  while (const auto chunk = NextChunk(reader, textureNamesChunk)) AddNames(reader, *chunk, names);
   return names;
 }
 
