@@ -1,22 +1,16 @@
 #include "cli/shortest_number.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
-namespace oravin {
+#include "util/number_text.h"
 
-std::string ShortestText(float number) {
-  std::array<char, 64> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), number);
-  return {text.data(), end.ptr};
-}
+namespace oravin {
 
 Json ShortestJson(float number) {
   if (!std::isfinite(number)) return nullptr;
   if (number == 0.0F && std::signbit(number)) return -0.0;  // as a whole number it would lose its sign
   // The text, not the number, becomes the value: converted to double, 0.1 would read 0.10000000149011612.
-  return Json::parse(ShortestText(number));
+  return Json::parse(NumberText(number));
 }
 
 }  // namespace oravin

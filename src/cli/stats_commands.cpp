@@ -3,6 +3,7 @@
 #include "cli/shortest_number.h"
 #include "cli/text_table.h"
 #include "ships/shipstats.h"
+#include "util/number_text.h"
 #include "util/text.h"
 
 namespace oravin {
@@ -34,7 +35,7 @@ std::optional<Result> ShowStats(Session& session, const Values& values) {
   for (const StatsRow& row : statsRows) {
     const float value = stats.values.at(row.field);
     shown.push_back(Json{{"label", row.label}, {"value", ShortestJson(value)}});
-    rows.push_back({row.label, ShortestText(value)});
+    rows.push_back({row.label, NumberText(value)});
   }
   return Result{{{"ship", ToUtf8(ship.ShipName.Trimmed())}, {"stats", shown}},
                 TextTable({{"", false}, {"", true}}, rows)};

@@ -1,44 +1,20 @@
 #include <gtest/gtest.h>
 
-#include <bit>
-#include <charconv>
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include "cli/json_forms.h"
 #include "cli/ships_table.h"
 #include "cli/shortest_number.h"
 #include "cli/text_table.h"
+#include "util/number_text.h"
 
 namespace oravin {
 namespace {
 
-TEST(ShortestText, IsTheShortestDecimal) {
-  EXPECT_EQ(ShortestText(0.1F), "0.1");
-  EXPECT_EQ(ShortestText(250.0F), "250");
-  EXPECT_EQ(ShortestText(-0.5F), "-0.5");
-  EXPECT_EQ(ShortestText(1e20F), "1e+20");
-  EXPECT_EQ(ShortestText(0.0F), "0");
-  EXPECT_EQ(ShortestText(16777216.0F), "16777216");
-  EXPECT_EQ(ShortestText(1.17549435e-38F), "1.1754944e-38");
-}
-
-TEST(ShortestText, ReadsBackAsTheSameNumber) {
-  std::mt19937 random(1);
-  for (int i = 0; i < 100000; ++i) {
-    const auto number = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
-    if (!std::isfinite(number)) continue;
-    const std::string text = ShortestText(number);
-    float back = 0;
-    std::from_chars(text.data(), text.data() + text.size(), back);
-    ASSERT_EQ(std::bit_cast<std::uint32_t>(back), std::bit_cast<std::uint32_t>(number)) << text;
-  }
-}
-
 TEST(ShortestJson, IsWrittenAsTheSameText) {
   for (const float number : {0.1F, 250.0F, -0.5F, 1e20F, 0.0F, 0.796875F, 3.4028235e38F, 1e-45F}) {
-    EXPECT_EQ(ShortestJson(number).dump(), ShortestText(number));
+    EXPECT_EQ(ShortestJson(number).dump(), NumberText(number));
   }
 }
 
