@@ -1,6 +1,7 @@
 #include "app/main.h"
 
 #include "hog/hog_open.h"
+#include "ships/stats_show.h"
 
 namespace oravin {
 
@@ -33,6 +34,7 @@ void FillLists(Main& main) {
   main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
   DisplaySwitcher(main.host, main.switcher, main.installation, false);
   DisplayShipEdit(main.stats, main.installation.ships);
+  ShowShipAgain(main.host, main.stats, main.installation);
 }
 
 void EmptyLists(Main& main) {
@@ -40,6 +42,7 @@ void EmptyLists(Main& main) {
   ClearRows(main.switcher.swapOrgList);
   ClearRows(main.switcher.swapToList);
   DisplayShipEdit(main.stats, main.installation.ships);
+  ShowShipAgain(main.host, main.stats, main.installation);
 }
 
 }  // namespace oravin

@@ -5,6 +5,7 @@
 #include "desk/error_trap.h"
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
+#include "ships/stats_show.h"
 #include "switcher/swap_plan.h"
 #include "util/File_Path.h"
 #include "util/text.h"
@@ -142,6 +143,12 @@ void PutModelBack(Host& host, const Installation& installation, const ShipRecord
   }
 }
 
+/// The stats tab's list, and the selected ship's statistics and weapons, which may be others now.
+void ShowShips(SwapDesk& desk) {
+  DisplayShipEdit(desk.statsTab, desk.installation.ships);
+  ShowShipAgain(desk.host, desk.statsTab, desk.installation);
+}
+
 /// A swap of two known ships. `listed` is called when the catalogue has been written.
 void Swap(SwapDesk& desk, int target, int source, const std::function<void()>& listed) {
   Installation& installation = desk.installation;
@@ -160,7 +167,7 @@ void Swap(SwapDesk& desk, int target, int source, const std::function<void()>& l
       ReplaceModel(desk.host, installation, installation.ships[part], by);
     }
     CopyStats(desk, target, by);
-    DisplayShipEdit(desk.statsTab, installation.ships);
+    ShowShips(desk);
   });
 }
 
@@ -182,7 +189,7 @@ void Unswap(SwapDesk& desk, int target, const std::function<void()>& listed) {
   if (!ReadyToWrite(desk.host, PlanUnswap(desk.host.files, installation, target))) return;
   Trap(desk.host, unswapTitle, [&] {
     PutBack(desk, target, listed);
-    DisplayShipEdit(desk.statsTab, installation.ships);
+    ShowShips(desk);
   });
 }
 
@@ -225,7 +232,7 @@ void cmdUnswapAll_Click(SwapDesk& desk, SwitcherTab& tab) {
   }
   EndProgress(desk.host);
   for (std::size_t row = 0; row < tab.swapOrgList.rows.size(); ++row) SetText(tab.swapOrgList, row, 1, "");
-  DisplayShipEdit(desk.statsTab, installation.ships);
+  ShowShips(desk);
 }
 
 void SwapShip(SwapDesk& desk, const std::string& targetName, const std::string& sourceName) {

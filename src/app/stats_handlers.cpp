@@ -1,0 +1,52 @@
+#include "app/stats_handlers.h"
+
+#include <array>
+
+#include "hog/unpack.h"
+#include "ships/stats_edit.h"
+#include "ships/stats_show.h"
+#include "ships/weapons_edit.h"
+
+namespace oravin {
+
+namespace {
+
+using OnShip = void (*)(Host&, StatsTab&, const Installation&);
+
+template <OnShip action>
+void Do(Main& main) {
+  action(main.host, main.stats, main.installation);
+}
+
+void MarkWeapon(Main& main) { shipWeaponsList_ItemClick(main.stats); }
+
+void RestoreWeaponsOfSelected(Main& main) {
+  const UnpackModel unpack = [&main](const std::string& folder, const std::string& name, std::uint32_t size,
+                                     std::uint32_t offset) {
+    std::string hog = main.installation.GamePath + "resource.hog";
+    std::string into = folder;
+    UnpackFile(main.host, hog, into, name, size, offset);
+  };
+  cmdRestoreWeapons_Click(main.host, main.stats, main.installation, unpack);
+}
+
+constexpr std::array<Handler, 13> handlers = {
+    {{"stats.shipEditingList.ItemClick", Do<shipEditingList_ItemClick>, false},
+     {"stats.shipWeaponsList.ItemClick", MarkWeapon, false},
+     {"stats.shipStatsList.AfterLabelEdit", Do<shipStatsList_AfterLabelEdit>, true},
+     {"stats.pldStatsCopy", Do<pldStatsCopy_Click>, false},
+     {"stats.pldStatsPaste", Do<pldStatsPaste_Click>, true},
+     {"stats.pldStatsRestoreDefault", Do<pldStatsRestoreDefault_Click>, true},
+     {"stats.cmdRestoreShipStats", Do<cmdRestoreShipStats_Click>, true},
+     {"stats.cmdRestoreAllStats", Do<cmdRestoreAllStats_Click>, true},
+     {"stats.pldGunType", Do<pldGunType_Click>, true},
+     {"stats.pldExtGunType", Do<pldExtGunType_Click>, true},
+     {"stats.pldMissileType", Do<pldMissileType_Click>, true},
+     {"stats.chkHasCloak.MouseUp", Do<chkHasCloak_MouseUp>, true},
+     {"stats.cmdRestoreWeapons", RestoreWeaponsOfSelected, true}}};
+
+}  // namespace
+
+std::span<const Handler> StatsHandlers() { return handlers; }
+
+}  // namespace oravin
