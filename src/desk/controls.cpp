@@ -42,6 +42,12 @@ void SelectOnly(ListView& list, std::optional<std::size_t> row) {
   ++list.revision;
 }
 
+void SetChecked(ListView& list, std::size_t row, bool checked) {
+  if (row >= list.rows.size()) return;
+  list.rows[row].checked = checked;
+  ++list.revision;
+}
+
 std::optional<std::size_t> SelectedRow(const ListView& list) {
   for (std::size_t i = 0; i < list.rows.size(); ++i) {
     if (list.rows[i].selected) return i;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -53,6 +54,8 @@ struct ListRow {
   bool selected = false;
   bool bold = false;
   std::string tooltip = {};
+  bool checked = false;      ///< in a list with check boxes
+  std::uint32_t colour = 0;  ///< of its texts: red + 256 x green + 65536 x blue; 0 for the window's own
 };
 
 /// A row's first text as the person has edited it in its place.
@@ -77,6 +80,7 @@ struct ListView {
   /// Makes a row's texts where the rows have none of their own: long lists need no second copy of what they show.
   std::function<std::string(const ListRow& row, std::size_t column)> textOf;
   bool severalSelectable = false;
+  bool checkBoxes = false;          ///< every row has one before its first text
   std::optional<SortOrder> sorted;  ///< the column whose heading bears the arrow
   std::size_t clickedColumn = 0;    ///< the heading that was clicked last
   bool labelsEditable = false;      ///< the first column's texts can be edited in their place
@@ -110,6 +114,9 @@ SortOrder NextOrder(const ListView& list);
 
 /// Selects one row alone, or none.
 void SelectOnly(ListView& list, std::optional<std::size_t> row);
+
+/// Checks or unchecks a row's box; a row that is not there does not matter.
+void SetChecked(ListView& list, std::size_t row, bool checked);
 
 /// The first selected row.
 std::optional<std::size_t> SelectedRow(const ListView& list);

@@ -4,8 +4,16 @@ namespace oravin {
 
 ImportTab NewImportTab() {
   ImportTab tab;
-  tab.texture = NewImportTexturePanel();
+  tab.frameImport.caption = "&Import ships into and manage switcher:";
+  tab.lstImported.columns = {{"Imported ships:", false}};
+  tab.lstImported.severalSelectable = true;
+  tab.lstImported.labelsEditable = true;
+  tab.txtImportFighter.tooltip = "The ship model or ship pack that was imported last";
+  tab.cmdImportFighterBrowse = {"Bro&wse", "Chooses a ship model or ship pack to import", true};
+  tab.cmdRemoveShips = {"&Remove Ship(s)", "Removes All Fighters", true};
+  tab.cmdRemoveAll = {"&Remove All", "Remove All Imported Fighters", true};
   tab.purpose.caption = "Here you will import ships and ship packs, and manage the ships that were imported.";
+  tab.texture = NewImportTexturePanel();
   return tab;
 }
 

@@ -5,8 +5,15 @@
 
 namespace oravin {
 
-/// The controls of the "Import Ships" tab.
+/// The controls of the "Import Ships" tab: the imported ships, and the panel that imports single textures.
 struct ImportTab {
+  Label frameImport;     ///< the caption of the frame around the next five
+  ListView lstImported;  ///< the imported ships; their names can be edited in place
+  TextBox txtImportFighter;
+  Button cmdImportFighterBrowse;
+  Button cmdRemoveShips;
+  Button cmdRemoveAll;
+
   Label purpose;  ///< what the tab is for, in one line
   ImportTexturePanel texture;
 };

@@ -44,6 +44,20 @@ TEST(ListView, OneRowAloneIsSelectedOrNone) {
   EXPECT_EQ(SelectedRow(list), std::nullopt);
 }
 
+TEST(SetChecked, ChecksOneRowAndCountsAsAChange) {
+  ListView list;
+  AddRow(list, {"s1", {"a"}});
+  AddRow(list, {"s2", {"b"}});
+  const unsigned before = list.revision;
+  SetChecked(list, 1, true);
+  SetChecked(list, 2, true);
+  EXPECT_FALSE(list.rows[0].checked);
+  EXPECT_TRUE(list.rows[1].checked);
+  EXPECT_EQ(list.revision, before + 1);
+  SetChecked(list, 1, false);
+  EXPECT_FALSE(list.rows[1].checked);
+}
+
 TEST(IndexOfKey, IsTheNumberBehindTheFirstCharacterMinusOne) {
   EXPECT_EQ(IndexOfKey("s1"), 0);
   EXPECT_EQ(IndexOfKey("s60"), 59);
