@@ -6,9 +6,12 @@
 
 namespace oravin {
 
-/// Where add-on ships lie, relative to the program folder: their models, and their statistics texts.
+/// Where add-on ships lie, relative to the program folder: their models, their bitmaps, their statistics texts, and
+/// what is kept of those that were removed.
 inline constexpr const char* addOnShipsFolder = "addons\\ships\\";
+inline constexpr const char* addOnTexturesFolder = "addons\\textures\\";
 inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
+inline constexpr const char* addOnRemovedFolder = "addons\\removed\\";
 
 /// The installed game that the program works on.
 struct Installation {

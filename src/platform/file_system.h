@@ -37,6 +37,8 @@ std::string OpenSpelledNative(const std::string& folder, const std::string& name
 std::string ReadNative(NativeFile file, std::uint64_t offset, std::span<std::uint8_t> bytes, std::size_t& count);
 std::string WriteNative(NativeFile file, std::uint64_t offset, std::span<const std::uint8_t> bytes);
 std::string LengthNative(NativeFile file, std::uint64_t& length);
+/// Cuts a file that is open for writing to a length, or lets it grow by zeros.
+std::string SetLengthNative(NativeFile file, std::uint64_t length);
 /// Waits until the file's bytes are on the disk.
 std::string FlushNative(NativeFile file);
 std::string CloseNative(NativeFile file);

@@ -4,6 +4,7 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "switcher/add_on_ship.h"
+#include "switcher/add_on_textures.h"
 #include "util/File_Path.h"
 #include "util/whole_file.h"
 
@@ -38,14 +39,27 @@ void Locate(ShipRecord& ship, const HogTable& live, const HogTable& backup, std:
   ship.HogFatPos = Int32Value(entry->FatPos);
 }
 
-void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, std::vector<std::string>& missing) {
+/// What the person is told at the end of the build.
+struct Shortcomings {
+  std::vector<std::string> missing;   ///< models that were found nowhere
+  std::vector<std::string> cutShort;  ///< models with more textures than a record holds
+};
+
+void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, Shortcomings& shortcomings) {
   ship.Imported = true;
   ship.StatsIndex = Int16Value(AddOnStats(host, installation, ship));
-  if (!FileExists(installation.ProgramPath + addOnShipsFolder + ModelOf(ship))) missing.push_back(ModelOf(ship));
+  const std::string model = installation.ProgramPath + addOnShipsFolder + ModelOf(ship);
+  if (!FileExists(std::string(model))) {
+    shortcomings.missing.push_back(ModelOf(ship));
+    return;
+  }
+  const AddOnTextures textures = TexturesOfModel(host, model);
+  SetTextures(ship, textures.names);
+  if (textures.tooMany) shortcomings.cutShort.push_back(ModelOf(ship));
 }
 
 Ships RecordsOf(Host& host, const Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
-                const HogTable& backup, std::vector<std::string>& missing) {
+                const HogTable& backup, Shortcomings& shortcomings) {
   Ships ships;
   ships.reserve(list.size());
   for (const ListedShip& line : list) {
@@ -55,9 +69,9 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
     if (IsInert(ship)) {
       // A line without a model: its record is kept for the order of the records, and nothing works on it.
     } else if (ship.Imported) {
-      PrepareAddOn(host, installation, ship, missing);
+      PrepareAddOn(host, installation, ship, shortcomings);
     } else {
-      Locate(ship, live, backup, missing);
+      Locate(ship, live, backup, shortcomings.missing);
     }
     ships.push_back(ship);
   }
@@ -83,22 +97,35 @@ void InstallAddOns(Host& host, const Installation& installation) {
   }
 }
 
+void Tell(Host& host, const Shortcomings& shortcomings) {
+  if (!shortcomings.missing.empty()) {
+    Show(host,
+         "The models of these ships were found neither in resource.hog nor among the add-ons:" +
+             Listed(shortcomings.missing),
+         Icon::exclamation);
+  }
+  if (!shortcomings.cutShort.empty()) {
+    Show(host,
+         "These models have more than " + std::to_string(texturesPerShip) +
+             " textures; only so many can be installed:" + Listed(shortcomings.cutShort),
+         Icon::exclamation);
+  }
+}
+
 }  // namespace
 
 bool BuildCatalogue(Host& host, Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
                     const HogTable& backup) {
   const std::string path = installation.ProgramPath + catalogueName;
-  std::vector<std::string> missing;
+  Shortcomings shortcomings;
   const bool written = Trap(host, "BuildCatalogue", [&] {
-    WriteCatalogue(host.files, path, RecordsOf(host, installation, list, live, backup, missing));
+    WriteCatalogue(host.files, path, RecordsOf(host, installation, list, live, backup, shortcomings));
   });
   EndProgress(host);
   if (!written || LoadCatalogue(host, path, installation.ships) == 0) return false;
   InstallAddOns(host, installation);
-  if (!missing.empty()) {
-    Show(host, "The models of these ships were found neither in resource.hog nor among the add-ons:" + Listed(missing),
-         Icon::exclamation);
-  }
+  Tell(host, shortcomings);
+  InstallAddOnTextures(host, installation);
   return true;
 }
 

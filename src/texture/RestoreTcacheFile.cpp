@@ -1,6 +1,7 @@
 #include "texture/RestoreTcacheFile.h"
 
 #include <algorithm>
+#include <array>
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -19,6 +20,17 @@ using platform::OpenFor;
 constexpr const char* title = "RestoreTcacheFile";
 constexpr std::uint64_t blockSize = 500000;
 
+/// Zeroes the entries behind `from` that an editor made: an import that was cut short leaves them there, where the
+/// count does not reach.
+void ZeroLeftOverSlots(Files& files, int source, int from, int handle) {
+  std::array<std::uint8_t, 4> mark{};
+  const Bytes nothing(tcacheEntrySize);
+  for (int slot = from; slot < tcacheCapacity; ++slot) {
+    Get(files, source, TcacheEntryOffset(slot) + tcacheMarkInEntry, mark);
+    if (LittleEndian32(mark.data()) == editorMark) Put(files, handle, TcacheEntryOffset(slot), nothing);
+  }
+}
+
 /// Copies the first `end` bytes, with the factory's count and data end in the header and the user slots zeroed: one
 /// slot more than the stated count has, but none past the table.
 void WriteFactoryPart(Files& files, int source, const TcacheBytes& cache, int handle) {
@@ -33,6 +45,7 @@ void WriteFactoryPart(Files& files, int source, const TcacheBytes& cache, int ha
   Put(files, handle, tcacheDataEndOffset, DecToByteArray(end));
   const int slots = std::clamp(cache.count, factoryTextures, tcacheCapacity - 1) - factoryTextures + 1;
   Put(files, handle, TcacheEntryOffset(factoryTextures), Bytes(static_cast<std::size_t>(slots) * tcacheEntrySize));
+  ZeroLeftOverSlots(files, source, factoryTextures + slots, handle);
 }
 
 /// Reads header and table of a cache that may be missing.

@@ -126,6 +126,14 @@ void Put(Files& files, int handle, std::uint64_t offset, std::span<const std::ui
   file.length = std::max(file.length, offset + bytes.size());
 }
 
+void SetLength(Files& files, int handle, std::uint64_t length) {
+  OpenFile& file = FileOf(files, handle);
+  file.window.clear();
+  DoOrThrow(files, FileOperation::Kind::write, file.path, "could not write",
+            [&] { return platform::SetLengthNative(file.native, length); });
+  file.length = length;
+}
+
 void Flush(Files& files, int handle) {
   OpenFile& file = FileOf(files, handle);
   DoOrThrow(files, FileOperation::Kind::flush, file.path, "could not write",

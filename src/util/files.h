@@ -69,6 +69,9 @@ std::size_t GetSome(Files& files, int handle, std::uint64_t offset, std::span<st
 /// Writes the bytes at `offset`; the file grows where they reach past its end.
 void Put(Files& files, int handle, std::uint64_t offset, std::span<const std::uint8_t> bytes);
 
+/// Cuts the file to a length, or lets it grow by zeros; to the fault hook that is a write.
+void SetLength(Files& files, int handle, std::uint64_t length);
+
 /// Waits until what was put into the file is on the disk.
 void Flush(Files& files, int handle);
 

@@ -4,6 +4,8 @@
 #include <bit>
 #include <cctype>
 
+#include "cache/cache_files.h"
+
 namespace oravin::test {
 
 namespace {
@@ -58,6 +60,7 @@ ExpectedFiles::ExpectedFiles(const SmallInstallation& installation)
       archive(before.at("game/resource.hog")),
       stockStats(before.at("game/shipstats.bin")),
       stats(stockStats),
+      cache(before.at("game/tcachehw.dat")),
       changes(ships.size()) {}
 
 int ExpectedFiles::Parts(int ship) const {
@@ -98,6 +101,11 @@ void ExpectedFiles::Enable() {
     if (Parts(static_cast<int>(i)) != 2) continue;
     looseModels[ships[i + 1].file] = model;  // the first part's model serves both
     ++i;
+  }
+  // The three add-on ships share their texture; it has 8 bits and so gets a companion.
+  if (cache == before.at("game/tcachehw.dat")) {
+    cache = After(cache, {"hull", 1, 4, 4, 1, Pattern(16), 16});
+    cache = After(cache, {"ghull", 1, 4, 4, 1, Mapped(Pattern(16)), 16});
   }
   enabled = true;
 }
@@ -149,6 +157,7 @@ void ExpectedFiles::UnswapAll() {
 void ExpectedFiles::Disable() {
   enabled = false;
   stats = stockStats;
+  cache = before.at("game/tcachehw.dat");
   defaults.reset();
   addedBlocks.clear();
   looseModels.clear();
@@ -204,6 +213,7 @@ Bytes ExpectedFiles::Catalogue() const {
 FolderImage ExpectedFiles::Image() const {
   FolderImage image = before;
   image["game/shipstats.bin"] = stats;
+  image["game/tcachehw.dat"] = cache;
   if (defaults) image["game/shipstats.def"] = *defaults;
   for (const auto& [name, bytes] : looseModels) image["game/ships/" + name] = bytes;
   if (enabled) {

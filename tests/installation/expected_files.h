@@ -37,6 +37,7 @@ struct ExpectedFiles {
   bool enabled = false;
   bool backedUp = false;                     ///< the program's backup folder has been made
   Bytes stats;                               ///< shipstats.bin
+  Bytes cache;                               ///< tcachehw.dat
   std::optional<Bytes> defaults;             ///< shipstats.def
   std::map<int, int> addedBlocks;            ///< add-on ship to block
   std::vector<Change> changes;               ///< by ship

@@ -4,6 +4,7 @@
 #include <bit>
 #include <stdexcept>
 
+#include "cache/cache_files.h"
 #include "demo/compressor.h"
 #include "demo/model_writer.h"
 
@@ -95,6 +96,8 @@ SmallInstallation::SmallInstallation() : gamePath(folder.Windows("game\\")), pro
   for (const SmallShip& ship : ships) {
     if (ship.kind == 3) WriteFileAt(Program("addons/ships/" + ship.file), ship.model);
   }
+  WriteFileAt(Program("addons/textures/hull.bmp"), Bitmap(4, 4, 8, Pattern(16)));
+  WriteFileAt(Program("gloadconv.dat"), LoadoutMapsForTests());
   WriteFileAt(Program("addons/stats/manta.txt"), "1,0.5,3,0.5,5,0.5,7,0.5,9\r\n10\r\n11\r\n12,13,14,15\r\n");
 }
 

@@ -11,9 +11,12 @@ namespace oravin {
 namespace {
 
 using test::After;
+using test::As16Bits;
 using test::Bitmap;
 using test::Cache;
+using test::LoadoutMapsForTests;
 using test::LongAt;
+using test::Mapped;
 using test::Pattern;
 using test::ReadFileAt;
 using test::SetLong;
@@ -24,31 +27,6 @@ constexpr const char* notValid = "Error - not a valid TCACHE file!";
 
 std::string Taken(const std::string& name) {
   return "A texture with the name of '" + name + "' already exists.\nUnable to import.";
-}
-
-Bytes As16Bits(const Bytes& pixels) {
-  Bytes stored(Size16Of24(pixels.size()));
-  Convert24To16(pixels, stored);
-  return stored;
-}
-
-/// Each map moves an index by another distance.
-Bytes Maps() {
-  Bytes maps;
-  for (std::size_t i = 0; i < 2048; ++i) maps.push_back(static_cast<std::uint8_t>(i + i / 256 + 1));
-  return maps;
-}
-
-/// The same maps applied in the plainest way.
-Bytes Mapped(Bytes pixels) {
-  const std::size_t ends[] = {65536, 81920, 86016, 87040, 87296, 87360, 87376};
-  const Bytes maps = Maps();
-  for (std::size_t i = 0; i < pixels.size(); ++i) {
-    std::size_t level = 0;
-    while (level < 7 && i >= ends[level]) ++level;
-    pixels[i] = maps[256 * level + pixels[i]];
-  }
-  return pixels;
 }
 
 struct TheImport : test::CacheStage {
@@ -253,7 +231,7 @@ TEST_F(TheImport, ThatFailsAnywhereLeavesEveryTextureAndTheCount) {
 }
 
 struct TheImportWithItsCompanion : TheImport {
-  TheImportWithItsCompanion() { Write("gloadconv.dat", Maps()); }
+  TheImportWithItsCompanion() { Write("gloadconv.dat", LoadoutMapsForTests()); }
 };
 
 TEST_F(TheImportWithItsCompanion, OfAn8BitBitmapAddsBoth) {
@@ -367,7 +345,7 @@ TEST_F(TheImportWithItsCompanion, ThatFailsAnywhereAddsBothOrNone) {
 }
 
 struct TheConversion : test::CacheStage {
-  TheConversion() { Write("gloadconv.dat", Maps()); }
+  TheConversion() { Write("gloadconv.dat", LoadoutMapsForTests()); }
   bool Convert(const std::string& source = "source", const std::string& folderName = "") {
     return ConvertTexture(at.host, folder.Windows(source), folder.windows + folderName, "made",
                           folder.Windows("gloadconv.dat"));
@@ -381,9 +359,9 @@ TEST_F(TheConversion, TakesEveryByteThroughItsLevelsMap) {
   EXPECT_TRUE(Convert());
   const Bytes made = ReadFileAt(folder.Native("made"));
   EXPECT_TRUE(test::SameBytes(Mapped(pixels), made));
-  EXPECT_EQ(made[65535], Maps()[pixels[65535]]);
-  EXPECT_EQ(made[65536], Maps()[256 + pixels[65536]]);
-  EXPECT_EQ(made[87379], Maps()[256 * 7 + pixels[87379]]);
+  EXPECT_EQ(made[65535], LoadoutMapsForTests()[pixels[65535]]);
+  EXPECT_EQ(made[65536], LoadoutMapsForTests()[256 + pixels[65536]]);
+  EXPECT_EQ(made[87379], LoadoutMapsForTests()[256 * 7 + pixels[87379]]);
 }
 
 TEST_F(TheConversion, CountsWhatLiesBehindTheChainToTheLastLevel) {

@@ -78,6 +78,17 @@ TEST_F(RestoredCache, OneSlotMoreThanTheUserTexturesIsZeroed) {
   EXPECT_EQ(restored[TcacheEntryOffset(431)], 0x55);
 }
 
+TEST_F(RestoredCache, EntriesOfAnImportThatWasCutShortAreZeroedAndOthersStay) {
+  Bytes cache = Cache(426);
+  for (const std::size_t slot : {428U, 430U, 999U}) cache[12 + 240 * slot] = 7;
+  for (const std::size_t slot : {428U, 999U}) test::SetLong(cache, 12 + 240 * slot + 192, 474747);
+  Make(cache);
+  Restore();
+  Bytes wanted = Cache(426);
+  wanted[12 + 240 * 430] = 7;
+  EXPECT_TRUE(test::SameBytes(wanted, ReadFileAt(Native())));
+}
+
 TEST_F(RestoredCache, With1000TexturesKeepsItsPixels) {
   Make(Cache(1000));
   Restore();

@@ -140,6 +140,10 @@ std::string LengthNative(NativeFile file, std::uint64_t& length) {
   return {};
 }
 
+std::string SetLengthNative(NativeFile file, std::uint64_t length) {
+  return Sum(ftruncate(Descriptor(file), static_cast<off_t>(length)) == 0);
+}
+
 std::string FlushNative(NativeFile file) { return Sum(fsync(Descriptor(file)) == 0); }
 
 std::string CloseNative(NativeFile file) { return Sum(close(Descriptor(file)) == 0); }

@@ -1,0 +1,84 @@
+#include "switcher/add_on_textures.h"
+
+#include <algorithm>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "desk/program_end.h"
+#include "ships/shp_texture_names.h"
+#include "texture/texture_batch.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+/// What is to be installed: every name once, without regard to case.
+std::vector<std::string> WantedTextures(const Ships& ships) {
+  std::vector<std::string> names;
+  for (const ShipRecord& ship : ships) {
+    if (IsInert(ship) || !ship.Imported) continue;
+    for (const ShipText& texture : ship.Textures) {
+      const std::string name = texture.Trimmed();
+      const bool known =
+          std::any_of(names.begin(), names.end(), [&](const auto& other) { return SameName(other, name); });
+      if (!name.empty() && !known) names.push_back(name);
+    }
+  }
+  return names;
+}
+
+void AddAll(Host& host, const Installation& installation, TextureBatch& batch, const std::vector<std::string>& names,
+            std::vector<std::string>& missing) {
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    ShowProgress(host, "Adding the texture " + names[i], static_cast<int>(i), static_cast<int>(names.size()));
+    const std::string bitmap = installation.ProgramPath + addOnTexturesFolder + names[i] + ".bmp";
+    if (IsPlainFileName(names[i] + ".bmp") && FileExists(std::string(bitmap))) {
+      AddTexture(host, batch, names[i], bitmap, AlreadyThere::byName);
+    } else if (SlotNamed(batch.cache, names[i]) < 0) {
+      missing.push_back(names[i]);
+    }
+  }
+}
+
+void Commit(Host& host, TextureBatch& batch) {
+  Trap(host, "InstallAddOnTextures", [&] { CommitTextures(host.files, batch); });
+}
+
+}  // namespace
+
+AddOnTextures TexturesOfModel(Host& host, const std::string& model) {
+  AddOnTextures textures;
+  std::string path = model;
+  GetShpTextureNames(host, path, textures.names);
+  textures.tooMany = textures.names.size() > texturesPerShip;
+  textures.names.resize(std::min(textures.names.size(), texturesPerShip));
+  return textures;
+}
+
+void SetTextures(ShipRecord& ship, const std::vector<std::string>& names) {
+  ship.Textures.fill({});
+  for (std::size_t t = 0; t < std::min(names.size(), texturesPerShip); ++t) ship.Textures.at(t).Set(names[t]);
+}
+
+void InstallAddOnTextures(Host& host, const Installation& installation) {
+  const std::vector<std::string> names = WantedTextures(installation.ships);
+  const std::string cache = installation.GamePath + tcacheName;
+  if (names.empty() || !FileExists(std::string(cache))) return;
+  TextureBatch batch;
+  if (!BeginTextures(host, cache, installation.ProgramPath, batch)) return;
+  std::vector<std::string> missing;
+  try {
+    AddAll(host, installation, batch, names, missing);
+  } catch (const ProgramEnd&) {
+    Commit(host, batch);
+    throw;
+  }
+  Commit(host, batch);
+  EndProgress(host);
+  if (missing.empty()) return;
+  Show(host, "The bitmaps of these textures were not found among the add-ons:" + Listed(missing), Icon::exclamation);
+}
+
+}  // namespace oravin

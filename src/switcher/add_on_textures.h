@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "catalogue/installation.h"
+#include "desk/host.h"
+
+/// The textures of add-on ships: their names stand in the models, their bitmaps in `addons\textures\` of the program
+/// folder.
+namespace oravin {
+
+/// The texture names of an add-on ship's model, as its record gets them.
+struct AddOnTextures {
+  std::vector<std::string> names;  ///< at most texturesPerShip
+  bool tooMany = false;            ///< the model has more than a record can hold
+};
+
+/// Reads them. Boxes are those of GetShpTextureNames.
+AddOnTextures TexturesOfModel(Host& host, const std::string& model);
+
+/// Sets the texture names of a record; the others become empty.
+void SetTextures(ShipRecord& ship, const std::vector<std::string>& names);
+
+/// Adds the textures of all add-on ships of the catalogue to the game's texture cache, in one go. A texture that the
+/// editor added before counts as installed; one of the game's own under that name gives ImportTexture's box and is the
+/// one that the ship uses. Bitmaps that are missing are named in one box at the end; those of ImportTexture come as
+/// they do there. A full cache ends the program (ProgramEnd), after what was added before has become part of it.
+void InstallAddOnTextures(Host& host, const Installation& installation);
+
+}  // namespace oravin

@@ -1,0 +1,40 @@
+#include "texture/import_refusals.h"
+
+#include "desk/dialogs.h"
+#include "desk/program_end.h"
+#include "util/File_Path.h"
+
+namespace oravin {
+
+bool ReadCacheToAddTo(Host& host, std::string& cachePath, TcacheBytes& cache) {
+  if (!FileExists(cachePath)) {
+    Show(host, "Error. Path(s) not found", Icon::exclamation, importTitle);
+    return false;
+  }
+  const OpenedFile file(host.files, cachePath, platform::OpenFor::reading);
+  cache = ReadTcache(host.files, file.handle);
+  return true;
+}
+
+void EndForFullCache(Host& host) {
+  Show(host, "Critical Error - TCACHE is FULL! Use Disable/Restore.", Icon::critical, "ERROR!!!");
+  throw ProgramEnd();
+}
+
+bool RefuseCache(Host& host) {
+  Show(host, "Error - not a valid TCACHE file!", Icon::critical, importTitle);
+  return false;
+}
+
+bool RefuseBitmap(Host& host) {
+  Show(host, "Operation terminated", Icon::none);
+  return false;
+}
+
+bool NameIsFree(Host& host, const TcacheBytes& cache, const std::string& name) {
+  if (SlotNamed(cache, name) < 0) return true;
+  Show(host, "A texture with the name of '" + name + "' already exists.\nUnable to import.", Icon::exclamation);
+  return false;
+}
+
+}  // namespace oravin

@@ -1,0 +1,99 @@
+#include "texture/new_texture.h"
+
+#include <algorithm>
+
+#include "texture/colour.h"
+#include "util/run_time_error.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+/// How far the data end may lie behind the file's own end: an import of a 24-bit bitmap leaves the last third of what
+/// it takes unwritten, and the largest bitmap has 256 x 256 pixels and all its smaller images.
+constexpr std::uint64_t unwrittenAtMost = 262144;
+
+/// The new entry. It starts as an entry of the same format, since most of its bytes are the game's own affair.
+Bytes MakeEntry(const TcacheBytes& cache, const NewTexture& texture) {
+  const auto previous = SlotBytes(cache, SlotsIn(cache) - 1);
+  const int lender = SlotOfFormat(cache, texture.format);
+  const auto from = lender < 0 ? previous : SlotBytes(cache, lender);
+  Bytes entry(from.begin(), from.end());
+  const auto put = [&](std::uint64_t at, std::uint32_t value) { PutLittleEndian32(&entry[at], value); };
+  put(tcacheFormatInEntry, static_cast<std::uint32_t>(texture.format));
+  std::fill_n(entry.begin() + tcacheNameInEntry, tcacheNameWidth, std::uint8_t{0});
+  std::copy(texture.name.begin(), texture.name.end(), entry.begin() + tcacheNameInEntry);
+  put(tcacheSerialInEntry, LittleEndian32(&previous[tcacheSerialInEntry]) + 1);
+  put(tcacheImagesInEntry, static_cast<std::uint32_t>(texture.info.imageCount));
+  put(tcacheWidthInEntry, static_cast<std::uint32_t>(texture.info.width));
+  put(tcacheWidthCopyInEntry, static_cast<std::uint32_t>(texture.info.width));
+  put(tcacheHeightInEntry, static_cast<std::uint32_t>(texture.info.height));
+  put(tcacheHeightCopyInEntry, static_cast<std::uint32_t>(texture.info.height));
+  put(tcacheDataInEntry, static_cast<std::uint32_t>(cache.dataEnd));
+  put(tcacheMarkInEntry, editorMark);
+  return entry;
+}
+
+}  // namespace
+
+Bytes ReadPixels(Files& files, const std::string& path, const BmpInfo& info) {
+  const OpenedFile file(files, path, OpenFor::reading);
+  Bytes pixels(static_cast<std::size_t>(LengthOf(files, file.handle) - info.pixelOffset));
+  Get(files, file.handle, info.pixelOffset, pixels);
+  return pixels;
+}
+
+NewTexture MakeTexture(const std::string& name, const BmpInfo& info, Bytes pixels) {
+  NewTexture texture{name, info.depth == 2 || info.depth == 3 ? colourFormat : paletteFormat, info, {}, pixels.size()};
+  if (info.depth == 3) {
+    texture.pixels.resize(Size16Of24(pixels.size()));
+    Convert24To16(pixels, texture.pixels);
+  } else {
+    texture.pixels = std::move(pixels);
+  }
+  return texture;
+}
+
+bool CanBeAddedTo(const TcacheBytes& cache) {
+  if (cache.count < 1 || cache.count > tcacheCapacity || SlotsIn(cache) < cache.count) return false;
+  if (cache.length < tcacheTableEnd || cache.dataEnd < static_cast<std::int64_t>(tcacheTableEnd)) return false;
+  const auto end = static_cast<std::uint64_t>(cache.dataEnd);
+  if (end > cache.length + unwrittenAtMost) return false;
+  for (int slot = 0; slot < cache.count; ++slot) {
+    const TcacheEntry entry = EntryOf(cache, slot);
+    if (DataLiesIn(entry, cache.length) && !DataLiesIn(entry, end)) return false;
+  }
+  return true;
+}
+
+void AddPixels(Files& files, int handle, TcacheBytes& cache, const NewTexture& texture) {
+  const auto at = static_cast<std::uint64_t>(cache.dataEnd);
+  const std::uint64_t end = at + texture.reserved;
+  if (end > 0x7FFFFFFF) {
+    throw RunTimeError("could not write", files.open.at(handle).path, "it would become too large");
+  }
+  Put(files, handle, at, texture.pixels);
+  const Bytes entry = MakeEntry(cache, texture);
+  cache.slots.insert(cache.slots.end(), entry.begin(), entry.end());
+  cache.length = std::max(cache.length, at + texture.pixels.size());
+  cache.dataEnd = static_cast<std::int32_t>(end);
+  ++cache.count;
+}
+
+void WriteTable(Files& files, int handle, const TcacheBytes& cache, int fromSlot) {
+  const auto entries = std::span(cache.slots).subspan(static_cast<std::size_t>(fromSlot) * tcacheEntrySize);
+  Put(files, handle, TcacheEntryOffset(fromSlot), entries);
+  Flush(files, handle);
+  PutCounts(files, handle, cache);
+}
+
+void PutCounts(Files& files, int handle, const TcacheBytes& cache) {
+  Bytes header(8);
+  PutLittleEndian32(header.data(), static_cast<std::uint32_t>(cache.count));
+  PutLittleEndian32(&header[4], static_cast<std::uint32_t>(cache.dataEnd));
+  Put(files, handle, tcacheCountOffset, header);
+}
+
+}  // namespace oravin

@@ -1,0 +1,131 @@
+#include "texture/texture_batch.h"
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "texture/LearnLoadout.h"
+#include "texture/bitmap.h"
+#include "texture/extraction.h"
+#include "texture/import_refusals.h"
+#include "texture/new_texture.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+BatchMark MarkOf(const TcacheBytes& cache) { return {cache.count, cache.dataEnd, cache.length}; }
+
+/// True when a slot holds the very picture that a new texture would be.
+bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTexture& texture) {
+  const TcacheEntry entry = EntryOf(batch.cache, slot);
+  if (entry.pixelFormat != texture.format || entry.width != texture.info.width || entry.height != texture.info.height ||
+      entry.imageCount != texture.info.imageCount) {
+    return false;
+  }
+  if (DataSizeOf(entry) != texture.pixels.size() || !DataLiesIn(entry, batch.cache.length)) return false;
+  return ReadTextureData(files, batch.cachePath, entry) == texture.pixels;
+}
+
+/// Has the maps ready for a companion; they are learned from the cache where they are missing.
+bool ProvideMaps(Host& host, TextureBatch& batch) {
+  if (batch.maps) return true;
+  if (!ProvideLoadoutMaps(host, batch.cachePath, batch.mapsPath)) return false;
+  batch.maps = ReadLoadoutMaps(host.files, batch.mapsPath);
+  return true;
+}
+
+void AddWithCompanion(Files& files, TextureBatch& batch, NewTexture texture, bool paired) {
+  const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+  AddPixels(files, file.handle, batch.cache, texture);
+  if (!paired) return;
+  texture.name = "g" + texture.name;
+  MapPixels(texture.pixels, *batch.maps);
+  AddPixels(files, file.handle, batch.cache, texture);
+}
+
+AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
+                 AlreadyThere rule) {
+  const int slot = SlotNamed(batch.cache, name);
+  if (slot >= factoryTextures && rule == AlreadyThere::byName) return AddedTexture::installed;
+  BmpInfo info;
+  if (!GetBMPInfo(host, bitmapPath, info)) return AddedTexture::refused;
+  const bool paired = info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0;
+  const int room = tcacheCapacity - batch.cache.count;
+  // What is there already needs no slot, so that a full cache does not matter to it.
+  if (slot < 0 && (room < 1 || (paired && room < 2))) EndForFullCache(host);
+  if (!BitmapFits(host.files, bitmapPath, info)) {
+    RefuseBitmap(host);
+    return AddedTexture::refused;
+  }
+  NewTexture texture = MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info));
+  if (slot >= factoryTextures && SamePicture(host.files, batch, slot, texture)) return AddedTexture::installed;
+  if (!NameIsFree(host, batch.cache, name)) return AddedTexture::nameTaken;
+  if (paired && !ProvideMaps(host, batch)) return AddedTexture::refused;
+  const BatchMark mark = MarkOf(batch);
+  try {
+    AddWithCompanion(host.files, batch, std::move(texture), paired);
+  } catch (const RunTimeError&) {
+    GoBackTo(host.files, batch, mark);
+    throw;
+  }
+  return AddedTexture::added;
+}
+
+}  // namespace
+
+bool BeginTextures(Host& host, const std::string& cachePath, const std::string& programPath, TextureBatch& batch) {
+  batch = {};
+  batch.cachePath = cachePath;
+  batch.mapsPath = programPath + loadoutMapsName;
+  return Trapped(host, importTitle, false, [&] {
+    if (!ReadCacheToAddTo(host, batch.cachePath, batch.cache)) return false;
+    if (!CanBeAddedTo(batch.cache)) return RefuseCache(host);
+    batch.begun = batch.cache;
+    batch.begun.slots.clear();
+    return true;
+  });
+}
+
+AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
+                        AlreadyThere rule) {
+  const std::string given = Trim(name).substr(0, longestTextureName);
+  return Trapped(host, importTitle, AddedTexture::refused, [&] { return Add(host, batch, given, bitmapPath, rule); });
+}
+
+BatchMark MarkOf(const TextureBatch& batch) { return MarkOf(batch.cache); }
+
+void GoBackTo(Files& files, TextureBatch& batch, const BatchMark& mark) {
+  const bool longer = batch.cache.length > mark.length;
+  batch.cache.slots.resize(static_cast<std::size_t>(mark.count) * tcacheEntrySize);
+  batch.cache.count = mark.count;
+  batch.cache.dataEnd = mark.dataEnd;
+  batch.cache.length = mark.length;
+  const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+  if (longer || LengthOf(files, file.handle) > mark.length) SetLength(files, file.handle, mark.length);
+}
+
+void CommitTextures(Files& files, TextureBatch& batch) {
+  const int added = batch.cache.count - batch.begun.count;
+  if (added == 0 || !batch.replaced.empty()) return;
+  const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+  Bytes replaced(static_cast<std::size_t>(added) * tcacheEntrySize);
+  Get(files, file.handle, TcacheEntryOffset(batch.begun.count), replaced);
+  batch.replaced = std::move(replaced);
+  WriteTable(files, file.handle, batch.cache, batch.begun.count);
+}
+
+void TakeBackTextures(Files& files, TextureBatch& batch) {
+  if (!batch.replaced.empty()) {
+    const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+    // The header first: from then on nothing looks at the entries.
+    PutCounts(files, file.handle, batch.begun);
+    Put(files, file.handle, TcacheEntryOffset(batch.begun.count), batch.replaced);
+    batch.replaced.clear();
+  }
+  GoBackTo(files, batch, MarkOf(batch.begun));
+}
+
+}  // namespace oravin
