@@ -24,6 +24,15 @@ bool EraseModelAndBackup(Host& host, const std::string& shipsFolder, const std::
   return EraseIfThere(host, shipsFolder + ChangeExtension(std::string(model), extension)) && erased;
 }
 
+/// Deletes an add-on's loose model, and its backup where that is nothing but the add-on once more.
+bool EraseAddOn(Host& host, const std::string& shipsFolder, const std::string& addOnFolder, const std::string& model) {
+  const std::string backup = shipsFolder + ChangeExtension(std::string(model), ".bak");
+  const bool same =
+      Trapped(host, procedure, false, [&] { return SameContent(host.files, backup, addOnFolder + model); });
+  const bool erased = EraseIfThere(host, shipsFolder + model);
+  return (!same || EraseIfThere(host, backup)) && erased;
+}
+
 /// The spelling of a model's name in the backup, at the same table position and only when it is the same name.
 std::string SpellingOf(const HogTable& backup, const std::string& model, std::uint32_t fatPos) {
   for (const int index : EntriesNamed(backup.names, model)) {
@@ -77,7 +86,7 @@ bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder,
       if (!ship.Imported) {
         all = RestoreStock(host, hog.handle, shipsFolder, ship, backup, passedOver) && all;
       } else if (FileExists(addOnFolder + ModelOf(ship))) {
-        all = EraseIfThere(host, shipsFolder + ModelOf(ship)) && all;
+        all = EraseAddOn(host, shipsFolder, addOnFolder, ModelOf(ship)) && all;
       } else {
         // The answer is not looked at: meant, see the header.
         if (!asked) AskYesNo(host, "Do you wish to delete the imported ship(s) in SL\\ships\\ ?");

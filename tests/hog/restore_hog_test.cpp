@@ -117,6 +117,20 @@ TEST_F(Restoring, LooseModelsThatAreMissingDoNotMatter) {
   EXPECT_EQ(Loose(), (Names{"manta.bak", "manta.org", "manta.shp", "own.shp"}));
 }
 
+TEST_F(Restoring, TheBackupOfAnAddOnGoesWhereItIsTheSameAsTheAddOn) {
+  ShipRecord ship = ShipAt("Manta", "manta.shp", {});
+  ship.Imported = true;
+  ships.push_back(ship);
+  WriteFileAt(stage.Program("addons/ships/manta.shp"), "the add-on");
+  for (const auto& [content, stays] : {std::pair("the add-on", false), std::pair("another", true)}) {
+    WriteFileAt(stage.Game("ships/manta.shp"), "edited");
+    WriteFileAt(stage.Game("ships/manta.bak"), content);
+    EXPECT_TRUE(Restore());
+    EXPECT_FALSE(exists(stage.Game("ships/manta.shp")));
+    EXPECT_EQ(exists(stage.Game("ships/manta.bak")), stays) << content;
+  }
+}
+
 TEST_F(Restoring, ANameAtAPlaceThatBearsAnotherIsPassedOverAndNamed) {
   Write("alpha.shp", "omega.shp");
   ExpectPassedOver("\nalpha.shp");
