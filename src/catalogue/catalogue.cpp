@@ -29,6 +29,12 @@ Ships ReadShips(Files& files, const std::string& path) {
   return ships;
 }
 
+Bytes SlotIn(const std::string& path, const ShipRecord& ship) {
+  auto slot = SlotOf(ship);
+  if (!slot) throw RunTimeError("could not write", path, "a record is longer than its slot");
+  return std::move(*slot);
+}
+
 }  // namespace
 
 bool FeaturesEnabled(const std::string& programPath) {
@@ -52,14 +58,24 @@ void MarkSecondParts(Ships& ships) {
 
 void PutShipRecord(Files& files, const std::string& programPath, const Ships& ships, std::size_t index) {
   const std::string path = programPath + catalogueName;
-  const auto slot = SlotOf(ships.at(index));
-  if (!slot) throw RunTimeError("could not write", path, "a record is longer than its slot");
+  const Bytes slot = SlotIn(path, ships.at(index));
   const OpenedFile file(files, path, platform::OpenFor::changing);
   const std::uint64_t at = index * shipRecordSize;
   if (at + shipRecordSize > LengthOf(files, file.handle)) {
     throw RunTimeError("could not write", path, "it has no record " + std::to_string(index + 1));
   }
-  Put(files, file.handle, at, *slot);
+  Put(files, file.handle, at, slot);
+}
+
+void WriteCatalogue(Files& files, const std::string& programPath, std::span<const ShipRecord> records) {
+  const std::string path = programPath + catalogueName;
+  Bytes all;
+  all.reserve(records.size() * shipRecordSize);
+  for (const ShipRecord& ship : records) {
+    const Bytes slot = SlotIn(path, ship);
+    all.insert(all.end(), slot.begin(), slot.end());
+  }
+  WriteWhole(files, path, all);
 }
 
 }  // namespace oravin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "catalogue/ship_record.h"
@@ -29,5 +30,11 @@ void MarkSecondParts(Ships& ships);
 /// Writes one record back to its slot in the catalogue.
 /// @throws RunTimeError when the file is missing, ends before the slot or cannot be written
 void PutShipRecord(Files& files, const std::string& programPath, const Ships& ships, std::size_t index);
+
+/// Writes the catalogue whole.
+/// @param records as many as the file is to hold, from the first one on: the surplus element that loading adds is not
+///   one of them
+/// @throws RunTimeError when that fails; then the old catalogue is as it was
+void WriteCatalogue(Files& files, const std::string& programPath, std::span<const ShipRecord> records);
 
 }  // namespace oravin

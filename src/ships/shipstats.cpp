@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <span>
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -11,6 +12,7 @@
 #include "util/Hex_Util.h"
 #include "util/delimited_text.h"
 #include "util/run_time_error.h"
+#include "util/text.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -35,6 +37,45 @@ bool BlockInside(std::uint64_t fileLength, int shipIndex) {
 }
 
 std::uint64_t StatsAt(int shipIndex) { return static_cast<std::uint64_t>(shipIndex) * statsBlockSize + statsOffset; }
+
+/// A whole block: the name, the statistics, and zeros behind both.
+Bytes BlockOf(const std::string& shipName, const ShipStats& stats) {
+  Bytes block(statsBlockSize);
+  std::copy_n(shipName.begin(), std::min<std::size_t>(shipName.size(), statsNameWidth), block.begin());
+  const auto bytes = BytesOfStats(stats);
+  std::copy(bytes.begin(), bytes.end(), block.begin() + static_cast<std::ptrdiff_t>(statsOffset));
+  return block;
+}
+
+std::string NameIn(std::span<const std::uint8_t> block) {
+  const std::string text = TextOf(block.first(statsNameWidth));
+  return Trim(text.substr(0, text.find('\0')));
+}
+
+/// Writes bytes into a block, at its begin and further.
+void PutIntoBlock(Files& files, const std::string& path, int shipIndex, std::uint64_t offset,
+                  std::span<const std::uint8_t> bytes) {
+  const OpenedFile file(files, path, OpenFor::changing);
+  if (!BlockInside(LengthOf(files, file.handle), shipIndex)) {
+    throw RunTimeError("could not use", path, "it has no block " + std::to_string(shipIndex));
+  }
+  Put(files, file.handle, static_cast<std::uint64_t>(shipIndex) * statsBlockSize + offset, bytes);
+}
+
+/// The first block behind the first `stockBlocks` ones that is wanted; -1 when there is none.
+template <typename Wanted>
+int FindBlock(Host& host, const std::string& path, int stockBlocks, Wanted wanted) {
+  return Trapped(host, "CopyShipStats", -1, [&] {
+    const OpenedFile file(host.files, path, OpenFor::reading);
+    const std::uint64_t blocks = LengthOf(host.files, file.handle) / statsBlockSize;
+    std::array<std::uint8_t, statsBlockSize> block{};
+    for (std::uint64_t i = static_cast<std::uint64_t>(std::max(stockBlocks, 0)); i < blocks; ++i) {
+      Get(host.files, file.handle, i * statsBlockSize, block);
+      if (wanted(block)) return static_cast<int>(i);
+    }
+    return -1;
+  });
+}
 
 /// The two checks that reading and writing begin with.
 bool BlockThere(Host& host, std::string& path, int shipIndex, const std::string& titleWhenMissing) {
@@ -94,11 +135,30 @@ ShipStats ReadShipsStats(Files& files, const std::string& path, int shipIndex) {
 }
 
 void WriteShipsStats(Files& files, const std::string& path, int shipIndex, const ShipStats& stats) {
-  const OpenedFile file(files, path, OpenFor::changing);
-  if (!BlockInside(LengthOf(files, file.handle), shipIndex)) {
-    throw RunTimeError("could not use", path, "it has no block " + std::to_string(shipIndex));
-  }
-  Put(files, file.handle, StatsAt(shipIndex), BytesOfStats(stats));
+  PutIntoBlock(files, path, shipIndex, statsOffset, BytesOfStats(stats));
+}
+
+void PutShipBlock(Files& files, const std::string& path, int shipIndex, const std::string& shipName,
+                  const ShipStats& stats) {
+  PutIntoBlock(files, path, shipIndex, 0, BlockOf(shipName, stats));
+}
+
+void PutBlockName(Files& files, const std::string& path, int shipIndex, const std::string& shipName) {
+  const Bytes block = BlockOf(shipName, ShipStats());
+  PutIntoBlock(files, path, shipIndex, 0, std::span(block).first(statsNameWidth));
+}
+
+void ClearShipBlock(Files& files, const std::string& path, int shipIndex) {
+  PutIntoBlock(files, path, shipIndex, 0, Bytes(statsBlockSize));
+}
+
+std::string NameOfBlock(Files& files, const std::string& path, int shipIndex) {
+  if (!FileExists(std::string(path))) return {};
+  const OpenedFile file(files, path, OpenFor::reading);
+  if (!BlockInside(LengthOf(files, file.handle), shipIndex)) return {};
+  std::array<std::uint8_t, statsNameWidth> name{};
+  Get(files, file.handle, static_cast<std::uint64_t>(shipIndex) * statsBlockSize, name);
+  return NameIn(name);
 }
 
 bool GetShipsStats(Host& host, std::string& path, int shipIndex, ShipStats& stats) {
@@ -170,27 +230,18 @@ int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const S
     const std::uint64_t length = LengthOf(host.files, file.handle);
     if (length == 0) return 0;
     // One write, so that the file never ends inside a block that this procedure began.
-    Bytes block(statsBlockSize);
-    const std::string name = ship.ShipName.Trimmed();
-    std::copy(name.begin(), name.end(), block.begin());
-    const auto bytes = BytesOfStats(stats);
-    std::copy(bytes.begin(), bytes.end(), block.begin() + static_cast<std::ptrdiff_t>(statsOffset));
-    Put(host.files, file.handle, length, block);
+    Put(host.files, file.handle, length, BlockOf(ship.ShipName.Trimmed(), stats));
     return static_cast<int>(std::nearbyint(static_cast<double>(length) / static_cast<double>(statsBlockSize)));
   });
 }
 
 int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks) {
-  return Trapped(host, "CopyShipStats", -1, [&] {
-    const OpenedFile file(host.files, path, OpenFor::reading);
-    const std::uint64_t blocks = LengthOf(host.files, file.handle) / statsBlockSize;
-    std::array<std::uint8_t, statsNameWidth> name{};
-    for (std::uint64_t i = static_cast<std::uint64_t>(std::max(stockBlocks, 0)); i < blocks; ++i) {
-      Get(host.files, file.handle, i * statsBlockSize, name);
-      const std::string text = TextOf(name);
-      if (SameName(text.substr(0, text.find('\0')), shipName)) return static_cast<int>(i);
-    }
-    return -1;
+  return FindBlock(host, path, stockBlocks, [&](const auto& block) { return SameName(NameIn(block), shipName); });
+}
+
+int FindFreeBlock(Host& host, const std::string& path, int stockBlocks) {
+  return FindBlock(host, path, stockBlocks, [](const auto& block) {
+    return std::all_of(block.begin(), block.end(), [](std::uint8_t byte) { return byte == 0; });
   });
 }
 

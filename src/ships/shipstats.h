@@ -103,6 +103,30 @@ int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const S
 /// The block behind the first `stockBlocks` ones that bears the ship's name; -1 when there is none.
 int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks);
 
+/// The first block behind the first `stockBlocks` ones that is zero from its begin to its end, as a removed ship leaves
+/// it (ClearShipBlock); -1 when there is none.
+int FindFreeBlock(Host& host, const std::string& path, int stockBlocks);
+
+/// Writes a whole block anew, in one go: the name, the statistics, and zeros behind both.
+/// @param shipName cut at 64 characters
+/// @throws RunTimeError as WriteShipsStats
+void PutShipBlock(Files& files, const std::string& path, int shipIndex, const std::string& shipName,
+                  const ShipStats& stats);
+
+/// The ship's name that a block bears, without blanks at its ends; empty when the file is missing or the block does not
+/// end inside it.
+/// @throws RunTimeError when the file cannot be read
+std::string NameOfBlock(Files& files, const std::string& path, int shipIndex);
+
+/// Writes the name of a block, zeros behind it; the rest of the block stays.
+/// @param shipName cut at 64 characters
+/// @throws RunTimeError as WriteShipsStats
+void PutBlockName(Files& files, const std::string& path, int shipIndex, const std::string& shipName);
+
+/// Fills a whole block with zeros.
+/// @throws RunTimeError as WriteShipsStats
+void ClearShipBlock(Files& files, const std::string& path, int shipIndex);
+
 /// Copies `shipstats.bin` to `shipstats.def` in the game folder where the latter is missing. Without the former the box
 /// "Can't find shipstats.bin".
 void BackupShipStats(Host& host, const std::string& gamePath);

@@ -1,5 +1,6 @@
 #include "switcher/add_on_ship.h"
 
+#include "desk/error_trap.h"
 #include "ships/shipstats.h"
 #include "util/File_Path.h"
 #include "util/whole_file.h"
@@ -14,12 +15,18 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
   if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
   // Only the defaults get blocks of imported ships, so whatever lies behind the current file's length is one.
   const int stockBlocks = static_cast<int>(FileLength(current) / statsBlockSize);
-  const int known = FindAddedBlock(host, defaults, ship.ShipName.Trimmed(), stockBlocks);
+  const std::string name = ship.ShipName.Trimmed();
+  const int known = FindAddedBlock(host, defaults, name, stockBlocks);
   // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
   if (known < 0 && !FileExists(std::string(defaults))) return 0;
-  if (known < 0) return CopyShipStats(host, defaults, ship, stats);
-  PutShipsStats(host, defaults, known, stats);
-  return known;
+  if (known >= 0) {
+    PutShipsStats(host, defaults, known, stats);
+    return known;
+  }
+  const int free = FindFreeBlock(host, defaults, stockBlocks);
+  if (free < 0) return CopyShipStats(host, defaults, ship, stats);
+  const bool put = Trap(host, "CopyShipStats", [&] { PutShipBlock(host.files, defaults, free, name, stats); });
+  return put ? free : 0;
 }
 
 void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship) {

@@ -9,7 +9,8 @@
 namespace oravin {
 
 /// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`: from its statistics text,
-/// else from the first block of `shipstats.bin`. A block that bears the ship's name already is written anew in place.
+/// else from the first block of `shipstats.bin`. A block that bears the ship's name already is written anew in place;
+/// else the first block that a removed ship has left empty becomes this ship's.
 /// @return the block's index; 0 where `shipstats.def` is missing, which then stays so
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship);
 

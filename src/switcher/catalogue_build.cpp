@@ -78,17 +78,6 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
   return ships;
 }
 
-void WriteCatalogue(Files& files, const std::string& path, const Ships& ships) {
-  Bytes all;
-  all.reserve(ships.size() * shipRecordSize);
-  for (const ShipRecord& ship : ships) {
-    const auto slot = SlotOf(ship);
-    if (!slot) throw RunTimeError("could not write", path, "a record is longer than its slot");
-    all.insert(all.end(), slot->begin(), slot->end());
-  }
-  WriteWhole(files, path, all);
-}
-
 void InstallAddOns(Host& host, const Installation& installation) {
   for (const ShipRecord& ship : installation.ships) {
     if (IsInert(ship) || !ship.Imported) continue;
@@ -119,7 +108,8 @@ bool BuildCatalogue(Host& host, Installation& installation, const std::vector<Li
   const std::string path = installation.ProgramPath + catalogueName;
   Shortcomings shortcomings;
   const bool written = Trap(host, "BuildCatalogue", [&] {
-    WriteCatalogue(host.files, path, RecordsOf(host, installation, list, live, backup, shortcomings));
+    WriteCatalogue(host.files, installation.ProgramPath,
+                   RecordsOf(host, installation, list, live, backup, shortcomings));
   });
   EndProgress(host);
   if (!written || LoadCatalogue(host, path, installation.ships) == 0) return false;

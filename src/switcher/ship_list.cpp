@@ -1,5 +1,7 @@
 #include "switcher/ship_list.h"
 
+#include <algorithm>
+
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
@@ -15,35 +17,74 @@ namespace {
 constexpr std::uint64_t longestList = std::uint64_t{16} << 20;
 constexpr int mostShips = 32765;  // an index of a ship is a 16-bit signed number, and loading adds one record
 
-ListedShip TakeShip(DelimitedText& text) {
-  ListedShip ship;
-  ship.kind = TakeWhole(text, -32768, 32767);
-  ship.name = TakeText(text);
-  ship.file = TakeText(text);
-  if (!Trim(ship.file).empty() && !IsPlainFileName(Trim(ship.file))) {
-    throw RunTimeError("could not read", text.path, "\"" + ship.file.substr(0, 40) + "\" is no file name");
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+/// Where the next value stands: it begins behind blanks, and elsewhere than behind a comma behind line ends too.
+TextSpan NextValue(const DelimitedText& text) {
+  const bool behindComma = text.at > 0 && text.all[text.at - 1] == ',';
+  const std::size_t begin =
+      std::min(text.all.find_first_not_of(behindComma ? " \t" : " \t\r\n", text.at), text.all.size());
+  if (begin < text.all.size() && text.all[begin] == '"') {
+    return {begin, std::min(text.all.find('"', begin + 1), text.all.size() - 1) + 1};
   }
-  ship.statsIndex = TakeWhole(text, 0, 32767);
-  ship.texture0 = TakeText(text);
-  ship.texture1 = TakeText(text);
-  return ship;
+  std::size_t end = std::min(text.all.find_first_of(",\r\n", begin), text.all.size());
+  while (end > begin && IsBlank(text.all[end - 1])) --end;
+  return {begin, end};
 }
 
-std::vector<ListedShip> TakeShips(DelimitedText& text, int count) {
+ListedLine TakeLine(DelimitedText& text) {
+  ListedLine line;
+  const std::size_t before = text.at;
+  line.whole.begin = NextValue(text).begin;
+  while (line.whole.begin > before && IsBlank(text.all[line.whole.begin - 1])) --line.whole.begin;
+  line.ship.kind = TakeWhole(text, -32768, 32767);
+  line.name = NextValue(text);
+  line.ship.name = TakeText(text);
+  line.ship.file = TakeText(text);
+  if (!Trim(line.ship.file).empty() && !IsPlainFileName(Trim(line.ship.file))) {
+    throw RunTimeError("could not read", text.path, "\"" + line.ship.file.substr(0, 40) + "\" is no file name");
+  }
+  line.ship.statsIndex = TakeWhole(text, 0, 32767);
+  line.ship.texture0 = TakeText(text);
+  const std::size_t last = text.at;
+  line.ship.texture1 = TakeText(text);
+  line.whole.end = text.at;
+  // The comma before an empty last value is not its end.
+  line.joined = text.at > last && text.all[text.at - 1] == ',';
+  return line;
+}
+
+}  // namespace
+
+ShipListText ParseShipList(std::string path, std::string all, int fewest) {
+  ShipListText list;
+  list.path = std::move(path);
+  list.text = std::move(all);
+  DelimitedText text{list.path, list.text};
+  list.count = NextValue(text);
+  const int count = TakeWhole(text, fewest, 2147483647);
+  list.shipsAt = text.at;
   if (count > mostShips) {
     throw RunTimeError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships");
   }
-  std::vector<ListedShip> ships;
   // Nothing is sized by the count: the list may hold far fewer ships than it states.
-  for (int i = 0; i < count; ++i) ships.push_back(TakeShip(text));  // NOLINT(performance-inefficient-vector-operation)
+  for (int i = 0; i < count; ++i) list.lines.push_back(TakeLine(text));
   if (!AtEnd(text)) {
     throw RunTimeError("could not read", text.path,
                        "it says that it lists " + std::to_string(count) + " ships, but more follows");
   }
-  return ships;
+  return list;
 }
 
-}  // namespace
+ShipListText ReadShipListText(Files& files, const std::string& programPath) {
+  const std::string path = programPath + shipListName;
+  return ParseShipList(path, TextOf(ReadWhole(files, path, longestList)), 0);
+}
+
+std::string ShipListLine(const ListedShip& ship) {
+  return std::to_string(ship.kind) + ",\"" + ship.name + "\",\"" + ship.file + "\"," +
+         std::to_string(ship.statsIndex) + ",\"" + ship.texture0 + "\",\"" + ship.texture1 + "\"";
+}
 
 std::vector<ListedShip> ReadShipList(Host& host, const std::string& programPath) {
   const std::string path = programPath + shipListName;
@@ -52,15 +93,15 @@ std::vector<ListedShip> ReadShipList(Host& host, const std::string& programPath)
     return {};
   }
   return Trapped(host, "ReadShipList", std::vector<ListedShip>(), [&]() -> std::vector<ListedShip> {
-    const std::string all = TextOf(ReadWhole(host.files, path, longestList));
+    std::string all = TextOf(ReadWhole(host.files, path, longestList));
     DelimitedText text{path, all};
-    const double count = TakeNumber(text);
-    if (count <= 0) {
+    if (TakeNumber(text) <= 0) {
       Show(host, "Error in shipsData.txt file", Icon::critical);
       throw ProgramEnd();
     }
-    text.at = 0;
-    return TakeShips(text, TakeWhole(text, 1, 2147483647));
+    std::vector<ListedShip> ships;
+    for (ListedLine& line : ParseShipList(path, std::move(all), 1).lines) ships.push_back(std::move(line.ship));
+    return ships;
   });
 }
 

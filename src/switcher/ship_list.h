@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,31 @@ struct ListedShip {
   int statsIndex = 0;
   std::string texture0;
   std::string texture1;
+
+  bool operator==(const ListedShip&) const = default;
+};
+
+/// A stretch of the list's text: its first character and the one behind its last.
+struct TextSpan {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+/// A ship of the list, and where it stands in the text.
+struct ListedLine {
+  ListedShip ship;
+  TextSpan whole;  ///< its six values, with what separates the last one from what follows
+  TextSpan name;   ///< the name's value, with its quotes
+  bool joined = false;  ///< a comma ends it instead of a line end
+};
+
+/// The list as a text, with the places of what can be changed in it.
+struct ShipListText {
+  std::string path;
+  std::string text;
+  TextSpan count;  ///< the value that states how many ships there are
+  std::size_t shipsAt = 0;  ///< behind the count and what separates it from the ships
+  std::vector<ListedLine> lines;
 };
 
 /// Reads the list.
@@ -30,5 +56,18 @@ struct ListedShip {
 ///
 /// @return the ships; none when the list cannot be used
 std::vector<ListedShip> ReadShipList(Host& host, const std::string& programPath);
+
+/// Takes a list's text apart.
+/// @param path named by the errors
+/// @param fewest the lowest number of ships that is right; 0 for a list that is being edited
+/// @throws RunTimeError for whatever ReadShipList shows the error trap's box
+ShipListText ParseShipList(std::string path, std::string text, int fewest);
+
+/// The list's text as it is in the program folder. No ships at all are right here.
+/// @throws RunTimeError when it is missing, cannot be read or cannot be used
+ShipListText ReadShipListText(Files& files, const std::string& programPath);
+
+/// A ship's line in the list, without a line end: its texts in double quotes, a comma between the values.
+std::string ShipListLine(const ListedShip& ship);
 
 }  // namespace oravin

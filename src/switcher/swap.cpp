@@ -181,13 +181,13 @@ void PutBack(SwapDesk& desk, int target, const std::function<void()>& listed) {
   RestoreStats(desk, target);
 }
 
-void Unswap(SwapDesk& desk, int target, const std::function<void()>& listed) {
+bool Unswap(SwapDesk& desk, int target, const std::function<void()>& listed) {
   Installation& installation = desk.installation;
-  if (!Known(installation, target) || !installation.ships[static_cast<std::size_t>(target)].Changed) return;
-  if (!CatalogueThere(desk.host, installation, unswapTitle)) return;
+  if (!Known(installation, target) || !installation.ships[static_cast<std::size_t>(target)].Changed) return true;
+  if (!CatalogueThere(desk.host, installation, unswapTitle)) return false;
   desk.closeOthers();
-  if (!ReadyToWrite(desk.host, PlanUnswap(desk.host.files, installation, target))) return;
-  Trap(desk.host, unswapTitle, [&] {
+  if (!ReadyToWrite(desk.host, PlanUnswap(desk.host.files, installation, target))) return false;
+  return Trap(desk.host, unswapTitle, [&] {
     PutBack(desk, target, listed);
     ShowShips(desk);
   });
@@ -242,6 +242,10 @@ void SwapShip(SwapDesk& desk, const std::string& targetName, const std::string& 
 
 void UnswapShip(SwapDesk& desk, const std::string& targetName) {
   Unswap(desk, FindShip(desk.installation.ships, targetName), [] {});
+}
+
+bool UnswapAt(SwapDesk& desk, int target) {
+  return Unswap(desk, target, [] {});
 }
 
 void SwapPairs(SwapDesk& desk, const std::vector<std::pair<std::string, std::string>>& pairs) {

@@ -44,6 +44,10 @@ void cmdUnswapAll_Click(SwapDesk& desk, SwitcherTab& tab);
 void SwapShip(SwapDesk& desk, const std::string& targetName, const std::string& sourceName);
 void UnswapShip(SwapDesk& desk, const std::string& targetName);
 
+/// The same as UnswapShip by the ship's index in the catalogue, for ships that share their name with others.
+/// @return false when something went wrong, of which a box has told
+bool UnswapAt(SwapDesk& desk, int target);
+
 /// Unswaps and swaps the pairs of (target, source) names in list order; a pair whose target is blank is passed over.
 void SwapPairs(SwapDesk& desk, const std::vector<std::pair<std::string, std::string>>& pairs);
 

@@ -20,6 +20,8 @@ struct Listing {
   int image;
 };
 
+int ImageOfImported(bool capital) { return capital ? importedCapitalImage : importedFighterImage; }
+
 std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalShips) {
   if (capital != capitalShips) return std::nullopt;
   switch (kind) {
@@ -28,7 +30,7 @@ std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalSh
     case 2:
       return Listing{true, stockImage};
     case importedKind:
-      return Listing{false, capital ? importedCapitalImage : importedFighterImage};
+      return Listing{false, ImageOfImported(capital)};
     default:
       return std::nullopt;
   }
@@ -54,6 +56,11 @@ SwitcherTab NewSwitcherTab() {
   tab.cmdEnable = {"&Enable", "Enables editing features - see readme", true};
   tab.cmdDisable = {"D&isable / Restore", "Disables editing features - see readme", true};
   return tab;
+}
+
+int ImportedImage(Host& host, const Installation& installation, const ShipRecord& ship) {
+  const bool there = FileExists(installation.GamePath + "ships\\" + ModelOf(ship));
+  return ImageOfImported(there && Capital(host, installation, ship));
 }
 
 void DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips) {

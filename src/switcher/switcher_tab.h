@@ -27,6 +27,9 @@ struct SwitcherTab {
 /// The tab as it looks before a catalogue is loaded.
 SwitcherTab NewSwitcherTab();
 
+/// The picture of an imported ship. One whose model is missing counts as a fighter.
+int ImportedImage(Host& host, const Installation& installation, const ShipRecord& ship);
+
 /// Fills the two lists with the capital ships, or with the fighters. A two-part ship is one item; imported ships are
 /// only listed to change to. An item's key is "s" and the ship's index counted from 1.
 void DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips);

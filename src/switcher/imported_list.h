@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+
+#include "catalogue/installation.h"
+#include "desk/host.h"
+#include "switcher/import_tab.h"
+
+namespace oravin {
+
+/// Fills lstImported with the imported ships of the catalogue; ships that were selected stay so by their names. An
+/// item's key is "s" and the ship's index counted from 1. Two imported parts of one ship are one item, by the first of
+/// them. Then the buttons are enabled that can do something.
+///
+/// A missing model is passed over without a box: the switcher's lists, which are filled together with this one, tell of
+/// it.
+void DisplayImported(Host& host, ImportTab& tab, const Installation& installation);
+
+/// Enables the buttons that can do something with what is selected.
+void lstImported_ItemClick(ImportTab& tab);
+
+/// True when the index is that of an imported ship that lstImported lists.
+bool IsListedImport(const Ships& ships, int index);
+
+}  // namespace oravin
