@@ -34,7 +34,12 @@ std::string BitmapBeside(const std::string& modelPath, const std::string& textur
 
 /// Why a bitmap cannot become a texture, in plain words; empty when it can.
 /// @param info what it says of itself, as far as it could be read
-std::string WhyUnusable(Files& files, const std::string& bitmapPath, BmpInfo& info);
+std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info);
+
+/// True when a file is a ship model, as far as its chunks tell: one of them is a whole table of texture names, or they
+/// fill the whole file.
+/// @throws RunTimeError when it cannot be read
+bool IsShpFile(Files& files, const std::string& path);
 
 /// Lists the textures of a ship model, in the order of GetShpTextureNames: whether each is in the cache, and which
 /// bitmap it can be imported from.

@@ -26,14 +26,14 @@ void AddNames(ModelReader& reader, const ModelChunk& chunk, std::vector<std::str
   }
 }
 
-std::vector<std::string> ReadNames(Files& files, const std::string& path) {
+}  // namespace
+
+std::vector<std::string> ReadShpTextureNames(Files& files, const std::string& path) {
   std::vector<std::string> names;
   ModelReader reader(files, path);
   while (const auto chunk = NextChunk(reader, textureNamesChunk)) AddNames(reader, *chunk, names);
   return names;
 }
-
-}  // namespace
 
 int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& names) {
   if (!FileExists(path)) {
@@ -41,7 +41,7 @@ int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& 
     return 0;
   }
   return Trapped(host, "GetShpTextureNames", 0, [&] {
-    std::vector<std::string> read = ReadNames(host.files, path);
+    std::vector<std::string> read = ReadShpTextureNames(host.files, path);
     if (read.empty()) return 0;
     names = std::move(read);
     return static_cast<int>(names.size());

@@ -21,4 +21,8 @@ inline constexpr std::size_t mostTextureNames = 50;
 /// @return their number
 int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& names);
 
+/// The same without a box.
+/// @throws RunTimeError for what gives the error trap's box, and when the file cannot be opened
+std::vector<std::string> ReadShpTextureNames(Files& files, const std::string& path);
+
 }  // namespace oravin

@@ -47,21 +47,40 @@ std::string TakeQuoted(DelimitedText& text) {
   return std::string(text.all.substr(begin, end - begin));
 }
 
-}  // namespace
+/// Behind a comma a value follows, be it an empty one.
+bool IsBehindComma(const DelimitedText& text) {
+  return text.at > 0 && text.at <= text.all.size() && text.all[text.at - 1] == ',';
+}
 
-bool AtEnd(DelimitedText& text) { return text.all.find_first_not_of(" \t\r\n", text.at) == std::string_view::npos; }
-
-std::string TakeText(DelimitedText& text) {
-  // Behind a comma a value follows, be it an empty one; elsewhere empty lines stand for nothing.
-  const bool behindComma = text.at > 0 && text.at <= text.all.size() && text.all[text.at - 1] == ',';
-  if (!behindComma && AtEnd(text)) Fail(text, "it ends too early");
-  Skip(text, behindComma ? " \t" : " \t\r\n");
+/// Takes the value that begins here or behind blanks.
+std::string TakeValue(DelimitedText& text) {
+  Skip(text, " \t");
   if (text.at < text.all.size() && text.all[text.at] == '"') return TakeQuoted(text);
   const std::size_t begin = text.at;
   text.at = std::min(text.all.find_first_of(",\r\n", begin), text.all.size());
   const std::string_view value = text.all.substr(begin, text.at - begin);
   SkipSeparator(text);
   return std::string(value.substr(0, value.find_last_not_of(" \t") + 1));
+}
+
+}  // namespace
+
+bool AtEnd(DelimitedText& text) { return text.all.find_first_not_of(" \t\r\n", text.at) == std::string_view::npos; }
+
+std::string TakeText(DelimitedText& text) {
+  // Elsewhere than behind a comma empty lines stand for nothing.
+  if (!IsBehindComma(text)) {
+    if (AtEnd(text)) Fail(text, "it ends too early");
+    Skip(text, " \t\r\n");
+  }
+  return TakeValue(text);
+}
+
+std::string TakeItem(DelimitedText& text) {
+  const bool behindComma = IsBehindComma(text);
+  Skip(text, " \t");
+  if (!behindComma && text.at >= text.all.size()) Fail(text, "it ends too early");
+  return TakeValue(text);
 }
 
 double TakeNumber(DelimitedText& text) {

@@ -22,6 +22,11 @@ bool AtEnd(DelimitedText& text);
 ///   anything but a separator
 std::string TakeText(DelimitedText& text);
 
+/// The same where every line holds a value: an empty line holds an empty one. For texts whose values may be blank and
+/// stand a line each.
+/// @throws RunTimeError as TakeText
+std::string TakeItem(DelimitedText& text);
+
 /// Takes the next value as a decimal number. The decimal point is a point whatever the system's language is.
 /// @throws RunTimeError as TakeText, and for a value that is no number
 double TakeNumber(DelimitedText& text);

@@ -1,0 +1,126 @@
+#include "pack/TextureList.h"
+
+#include <utility>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "ships/model_chunks.h"
+#include "ships/shp_texture_names.h"
+#include "texture/extraction.h"
+#include "texture/table_bytes.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::uint64_t classByteAt = 26;
+constexpr std::uint32_t noChunk = 65536;  // a type that no chunk can have
+
+/// True when the model names textures in a table that lies wholly in its file. What stands behind it does not matter.
+bool HasNames(Files& files, const std::string& path) {
+  ModelReader reader(files, path);
+  while (const auto chunk = NextChunk(reader, textureNamesChunk)) {
+    if (EndOf(*chunk) > reader.length) return false;
+    if (chunk->count > 0) return true;
+  }
+  return false;
+}
+
+/// True when the file is long enough for a model and nothing but whole chunks; less than a header may be left over.
+bool IsAllChunks(Files& files, const std::string& path) {
+  ModelReader reader(files, path);
+  if (reader.length <= classByteAt) return false;
+  // A file of zeros is a row of empty chunks.
+  const auto header = BytesAt(reader, 0, chunkHeaderSize);
+  if ((header[2] | header[3]) == 0 || (header[4] | header[5]) == 0) return false;
+  NextChunk(reader, noChunk);
+  return reader.next <= reader.length && reader.length - reader.next < chunkHeaderSize;
+}
+
+/// The cache's table, read once for all names; nothing for a cache that is not there, after its box.
+TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string& anyName) {
+  if (!FileExists(std::string(cachePath))) {
+    FindStructOffset(host, cachePath, anyName);  // it tells that the cache is missing
+    return {};
+  }
+  const OpenedFile file(host.files, cachePath, platform::OpenFor::reading);
+  const TcacheBytes cache = ReadTcache(host.files, file.handle);
+  TcacheTable table;
+  for (int slot = 0; slot < SlotsIn(cache); ++slot) table.push_back(EntryOf(cache, slot));
+  return table;
+}
+
+ListedTexture Listed(const std::string& name, const TcacheTable& table, const std::string& modelPath,
+                     const GivenBitmaps& given) {
+  ListedTexture texture;
+  texture.name = name;
+  // The first slot of the name, as FindStructOffset finds it.
+  for (const TcacheEntry& entry : table) {
+    if (!SameName(entry.name, name)) continue;
+    texture.cached = entry;
+    texture.cachedPalette = TemplateFor(table, entry.name);
+    break;
+  }
+  const auto chosen = given.find(BitmapKey(name));
+  texture.given = chosen != given.end() && FileExists(std::string(chosen->second));
+  texture.bitmapPath = texture.given ? chosen->second : BitmapBeside(modelPath, name);
+  if (!texture.bitmapPath.empty()) texture.unusable = WhyUnusable(texture.bitmapPath, texture.info);
+  return texture;
+}
+
+}  // namespace
+
+std::string BitmapKey(const std::string& texture) { return LowerCase(Trim(texture)); }
+
+std::string BitmapBeside(const std::string& modelPath, const std::string& texture) {
+  const std::string name = Trim(texture) + ".bmp";
+  if (Trim(texture).empty() || !IsPlainFileName(name)) return "";
+  std::string path = ParentFolder(std::string(modelPath)) + name;
+  return FileExists(path) ? path : "";
+}
+
+std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
+  // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
+  Host quiet;
+  quiet.desk.showBox = [](const MessageBox&) { return Answer::ok; };
+  if (!GetBMPInfo(quiet, bitmapPath, info)) return "it is no bitmap that can be read";
+  try {
+    if (BitmapFits(quiet.files, bitmapPath, info)) return "";
+  } catch (const RunTimeError& error) {
+    return error.reason;
+  }
+  if (info.depth < 1 || info.depth > 3) return "its pixels have neither 8 nor 16 nor 24 bits";
+  if (info.imageCount == 0) return "its length does not fit the size that it states";
+  return "its sides must each be one of 2, 4, 8, ... 256, and it must not be compressed";
+}
+
+bool IsShpFile(Files& files, const std::string& path) { return HasNames(files, path) || IsAllChunks(files, path); }
+
+bool TextureList(Host& host, std::string modelPath, const std::string& cachePath, const GivenBitmaps& given,
+                 std::vector<ListedTexture>& textures) {
+  bool listed = false;
+  Trap(host, "TextureList", [&] {
+    std::vector<std::string> names;
+    if (!FileExists(modelPath)) {
+      GetShpTextureNames(host, modelPath, names);  // it tells that the model is missing
+      return;
+    }
+    if (!IsShpFile(host.files, modelPath)) {
+      Show(host, "This is not a valid SL shp file", Icon::exclamation, "Oravin - TextureList()");
+      return;
+    }
+    names = ReadShpTextureNames(host.files, modelPath);
+    std::vector<ListedTexture> found;
+    if (!names.empty()) {
+      const TcacheTable table = TableOf(host, cachePath, names.front());
+      for (const std::string& name : names) found.push_back(Listed(name, table, modelPath, given));
+    }
+    textures = std::move(found);
+    listed = true;
+  });
+  return listed;
+}
+
+}  // namespace oravin
