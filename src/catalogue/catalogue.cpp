@@ -67,7 +67,7 @@ void PutShipRecord(Files& files, const std::string& programPath, const Ships& sh
   Put(files, file.handle, at, slot);
 }
 
-void WriteCatalogue(Files& files, const std::string& programPath, std::span<const ShipRecord> records) {
+Bytes CatalogueOf(const std::string& programPath, std::span<const ShipRecord> records) {
   const std::string path = programPath + catalogueName;
   Bytes all;
   all.reserve(records.size() * shipRecordSize);
@@ -75,7 +75,11 @@ void WriteCatalogue(Files& files, const std::string& programPath, std::span<cons
     const Bytes slot = SlotIn(path, ship);
     all.insert(all.end(), slot.begin(), slot.end());
   }
-  WriteWhole(files, path, all);
+  return all;
+}
+
+void WriteCatalogue(Files& files, const std::string& programPath, std::span<const ShipRecord> records) {
+  WriteWhole(files, programPath + catalogueName, CatalogueOf(programPath, records));
 }
 
 }  // namespace oravin

@@ -31,6 +31,10 @@ void MarkSecondParts(Ships& ships);
 /// @throws RunTimeError when the file is missing, ends before the slot or cannot be written
 void PutShipRecord(Files& files, const std::string& programPath, const Ships& ships, std::size_t index);
 
+/// The bytes of a catalogue's file.
+/// @throws RunTimeError when a record does not fit its slot
+Bytes CatalogueOf(const std::string& programPath, std::span<const ShipRecord> records);
+
 /// Writes the catalogue whole.
 /// @param records as many as the file is to hold, from the first one on: the surplus element that loading adds is not
 ///   one of them

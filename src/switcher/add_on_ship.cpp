@@ -7,26 +7,32 @@
 
 namespace oravin {
 
-int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship) {
-  std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
-  std::string current = installation.GamePath + "shipstats.bin";
+std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
+                             const ShipStats& stats) {
   std::string defaults = installation.GamePath + "shipstats.def";
-  ShipStats stats;
-  if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
   // Only the defaults get blocks of imported ships, so whatever lies behind the current file's length is one.
-  const int stockBlocks = static_cast<int>(FileLength(current) / statsBlockSize);
+  const int stockBlocks = static_cast<int>(FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize);
   const std::string name = ship.ShipName.Trimmed();
   const int known = FindAddedBlock(host, defaults, name, stockBlocks);
   // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
   if (known < 0 && !FileExists(std::string(defaults))) return 0;
-  if (known >= 0) {
-    PutShipsStats(host, defaults, known, stats);
-    return known;
-  }
+  if (known >= 0) return PutShipsStats(host, defaults, known, stats) ? std::optional(known) : std::nullopt;
   const int free = FindFreeBlock(host, defaults, stockBlocks);
-  if (free < 0) return CopyShipStats(host, defaults, ship, stats);
+  if (free < 0) {
+    const bool empty = FileLength(defaults) == 0;  // such a file is never added to
+    const int added = CopyShipStats(host, defaults, ship, stats);
+    return added > 0 || empty ? std::optional(added) : std::nullopt;
+  }
   const bool put = Trap(host, "CopyShipStats", [&] { PutShipBlock(host.files, defaults, free, name, stats); });
-  return put ? free : 0;
+  return put ? std::optional(free) : std::nullopt;
+}
+
+int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship) {
+  std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
+  std::string current = installation.GamePath + "shipstats.bin";
+  ShipStats stats;
+  if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
+  return GiveBlock(host, installation, ship, stats).value_or(0);
 }
 
 void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship) {

@@ -1,17 +1,24 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "catalogue/installation.h"
 #include "desk/host.h"
+#include "ships/shipstats.h"
 
 /// Add-on ships: models in `addons\ships\` of the program folder, statistics texts in `addons\stats\`.
 namespace oravin {
 
-/// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`: from its statistics text,
-/// else from the first block of `shipstats.bin`. A block that bears the ship's name already is written anew in place;
-/// else the first block that a removed ship has left empty becomes this ship's.
-/// @return the block's index; 0 where `shipstats.def` is missing, which then stays so
+/// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`. A block that bears the ship's
+/// name already is written anew in place; else the first block that a removed ship has left empty becomes this ship's.
+/// @return the block's index; 0 where `shipstats.def` is missing or empty, which then stays so; nothing when it could
+///   not be written, after a box
+std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
+                             const ShipStats& stats);
+
+/// The same with the statistics of its text among the add-ons, else with those of the first block of `shipstats.bin`.
+/// @return the block's index; 0 when it has none
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship);
 
 /// Copies an add-on ship's model into the game's ships folder.

@@ -16,8 +16,6 @@ namespace {
 
 using platform::OpenFor;
 
-BatchMark MarkOf(const TcacheBytes& cache) { return {cache.count, cache.dataEnd, cache.length}; }
-
 /// True when a slot holds the very picture that a new texture would be.
 bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTexture& texture) {
   const TcacheEntry entry = EntryOf(batch.cache, slot);
@@ -94,6 +92,8 @@ AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name
   const std::string given = Trim(name).substr(0, longestTextureName);
   return Trapped(host, importTitle, AddedTexture::refused, [&] { return Add(host, batch, given, bitmapPath, rule); });
 }
+
+BatchMark MarkOf(const TcacheBytes& cache) { return {cache.count, cache.dataEnd, cache.length}; }
 
 BatchMark MarkOf(const TextureBatch& batch) { return MarkOf(batch.cache); }
 

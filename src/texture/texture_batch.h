@@ -53,6 +53,7 @@ struct BatchMark {
   std::uint64_t length = 0;
 };
 
+BatchMark MarkOf(const TcacheBytes& cache);
 BatchMark MarkOf(const TextureBatch& batch);
 
 /// Takes back what was added since the mark; the file gets the length that it had then.

@@ -62,6 +62,11 @@ void CommitWhole(Files& files, WholeFiles& together) {
   together.paths.clear();
 }
 
+void DropWhole(WholeFiles& together, std::size_t keep) {
+  for (std::size_t i = keep; i < together.paths.size(); ++i) platform::EraseNative(together.paths[i] + besideSuffix);
+  together.paths.resize(std::min(keep, together.paths.size()));
+}
+
 void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes) {
   WriteBeside(files, path, [&](int handle) { Put(files, handle, 0, bytes); });
 }

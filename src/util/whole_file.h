@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -38,6 +39,9 @@ void AddWhole(Files& files, WholeFiles& together, const std::string& path,
 
 /// Flushes them and renames each over the old file of its name.
 void CommitWhole(Files& files, WholeFiles& together);
+
+/// Gives up the files behind the first `keep` ones: what was written beside is deleted.
+void DropWhole(WholeFiles& together, std::size_t keep);
 
 /// Copies a whole file, in blocks.
 void CopyWhole(Files& files, const std::string& from, const std::string& to);

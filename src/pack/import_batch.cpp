@@ -1,0 +1,196 @@
+#include "pack/import_batch.h"
+
+#include <algorithm>
+
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "switcher/add_on_ship.h"
+#include "util/File_Path.h"
+#include "util/run_time_error.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+using platform::OpenFor;
+
+constexpr const char* title = "cmdImportShips_Click()";
+constexpr std::uint64_t longestKept = std::uint64_t{64} << 20;
+constexpr std::uint64_t blockSize = std::uint64_t{1} << 20;
+
+void CopyInto(Files& files, const std::string& from, int to) {
+  const OpenedFile source(files, from, OpenFor::reading);
+  const std::uint64_t length = LengthOf(files, source.handle);
+  Bytes block(static_cast<std::size_t>(std::min(length, blockSize)));
+  for (std::uint64_t at = 0; at < length; at += block.size()) {
+    const std::span piece(block.data(), static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), length - at)));
+    Get(files, source.handle, at, piece);
+    Put(files, to, at, piece);
+  }
+}
+
+/// The files that a commit changes, as they were.
+struct OldFiles {
+  std::string defaultsPath;
+  Bytes defaults;
+  std::vector<std::pair<std::string, Bytes>> whole;  ///< the catalogue and the ship list
+  std::vector<std::string> made;                     ///< the files that are new
+};
+
+OldFiles KeepOldFiles(Files& files, const Installation& installation, const ImportBatch& batch) {
+  OldFiles old;
+  old.defaultsPath = installation.GamePath + "shipstats.def";
+  if (FileExists(std::string(old.defaultsPath))) old.defaults = ReadWhole(files, old.defaultsPath, longestKept);
+  for (const char* name : {catalogueName, shipListName}) {
+    const std::string path = installation.ProgramPath + name;
+    old.whole.emplace_back(path, ReadWhole(files, path, longestKept));
+  }
+  old.made = batch.files.paths;
+  return old;
+}
+
+/// Puts the blocks of the statistics back, in their place.
+void PutDefaultsBack(Files& files, const OldFiles& old) {
+  if (old.defaults.empty() || ReadWhole(files, old.defaultsPath, longestKept) == old.defaults) return;
+  const OpenedFile file(files, old.defaultsPath, OpenFor::changing);
+  Put(files, file.handle, 0, old.defaults);
+  SetLength(files, file.handle, old.defaults.size());
+}
+
+/// Tries to undo a commit that failed. What cannot be undone either is told in one box.
+void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
+  bool whole = true;
+  const auto attempt = [&](auto&& step) {
+    try {
+      step();
+    } catch (const RunTimeError&) {
+      whole = false;
+    }
+  };
+  // The catalogue first: it must not name ships whose models are gone.
+  for (const auto& [path, bytes] : old.whole) {
+    attempt([&] {
+      if (ReadWhole(host.files, path, longestKept) != bytes) WriteWhole(host.files, path, bytes);
+    });
+  }
+  for (const std::string& path : old.made) {
+    attempt([&] {
+      if (FileExists(std::string(path))) EraseFile(host.files, path);
+    });
+  }
+  attempt([&] { DropWhole(batch.files, 0); });
+  attempt([&] { TakeBackTextures(host.files, batch.textures); });
+  attempt([&] { PutDefaultsBack(host.files, old); });
+  if (whole) return;
+  Show(host, "Not everything could be taken back. Use \"Disable / Restore\" when the disk can be written again.",
+       Icon::exclamation);
+}
+
+/// Gives every ship its block of statistics.
+void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch) {
+  for (ReadyShip& ship : batch.ships) {
+    const std::optional<int> block = GiveBlock(host, installation, ship.record, ship.stats);
+    if (!block) {
+      throw RunTimeError("could not import", ship.record.ShipName.Trimmed(), "its statistics could not be written");
+    }
+    ship.record.StatsIndex = Int16Value(*block);
+  }
+}
+
+/// The catalogue with the new ships, without a surplus element.
+Ships NewCatalogue(const Installation& installation, const ImportBatch& batch) {
+  Ships ships = installation.ships;
+  if (!ships.empty()) ships.pop_back();
+  for (const ReadyShip& ship : batch.ships) ships.push_back(ship.record);
+  return ships;
+}
+
+/// The text as the ship list can hold it.
+std::string Listable(const std::string& text) { return CanBeListed(text) ? text : std::string(); }
+
+std::string NewShipList(Files& files, const Installation& installation, const ImportBatch& batch) {
+  ShipListText list = ReadShipListText(files, installation.ProgramPath);
+  for (const ReadyShip& ship : batch.ships) {
+    const ShipRecord& record = ship.record;
+    list = WithShip(list, {importedKind, record.ShipName.Trimmed(), ModelOf(record),
+                           static_cast<int>(WholeNumber(record.StatsIndex)), Listable(record.Textures[0].Trimmed()),
+                           Listable(record.Textures[1].Trimmed())});
+  }
+  return list.text;
+}
+
+/// Writes the catalogue and the ship list beside. The catalogue takes its name first, so that Disable knows the models
+/// whatever happens then; the list last, so that it names no ship whose files are not there.
+void AddLists(Files& files, const Installation& installation, ImportBatch& batch) {
+  const Bytes catalogue = CatalogueOf(installation.ProgramPath, NewCatalogue(installation, batch));
+  AddWhole(files, batch.files, installation.ProgramPath + catalogueName,
+           [&](int handle) { Put(files, handle, 0, catalogue); });
+  std::rotate(batch.files.paths.begin(), batch.files.paths.end() - 1, batch.files.paths.end());
+  const Bytes list = BytesOf(NewShipList(files, installation, batch));
+  AddWhole(files, batch.files, installation.ProgramPath + shipListName,
+           [&](int handle) { Put(files, handle, 0, list); });
+}
+
+}  // namespace
+
+bool BeginImport(Host& host, const Installation& installation, ImportBatch& batch) {
+  batch = {};
+  const bool ready = Trap(host, title, [&] {
+    for (const char* folder : {"addons\\", addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
+      if (!FolderExists(installation.ProgramPath + folder)) {
+        MakeFolder(host.files, installation.ProgramPath + folder);
+      }
+    }
+    ReadShipListText(host.files, installation.ProgramPath);
+  });
+  return ready && BeginTextures(host, installation.GamePath + tcacheName, installation.ProgramPath, batch.textures);
+}
+
+bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
+  if (FileExists(std::string(to))) return platform::IsSameFile(from, to) || SameContent(files, from, to);
+  const auto pending = batch.copies.find(LowerCase(to));
+  if (pending != batch.copies.end()) return pending->second == from || SameContent(files, from, pending->second);
+  AddWhole(files, batch.files, to, [&](int handle) { CopyInto(files, from, handle); });
+  batch.copies[LowerCase(to)] = from;
+  return true;
+}
+
+ImportMark MarkOf(const ImportBatch& batch) {
+  return {MarkOf(batch.textures), batch.files.paths.size(), batch.ships.size(), batch.notes.size()};
+}
+
+void GoBackTo(Host& host, ImportBatch& batch, const ImportMark& mark) {
+  Trap(host, title, [&] { GoBackTo(host.files, batch.textures, mark.textures); });
+  for (std::size_t i = mark.files; i < batch.files.paths.size(); ++i)
+    batch.copies.erase(LowerCase(batch.files.paths[i]));
+  DropWhole(batch.files, mark.files);
+  batch.ships.erase(batch.ships.begin() + static_cast<std::ptrdiff_t>(mark.ships), batch.ships.end());
+  batch.notes.resize(mark.notes);
+}
+
+bool CommitImport(Host& host, Installation& installation, ImportBatch& batch) {
+  if (batch.ships.empty()) return true;
+  OldFiles old;
+  if (!Trap(host, title, [&] { old = KeepOldFiles(host.files, installation, batch); })) {
+    GoBackTo(host, batch, {MarkOf(batch.textures.begun), 0, 0, 0});
+    return false;
+  }
+  const bool done = Trap(host, title, [&] {
+    GiveBlocks(host, installation, batch);
+    CommitTextures(host.files, batch.textures);
+    AddLists(host.files, installation, batch);
+    CommitWhole(host.files, batch.files);
+  });
+  if (!done) {
+    TakeBackAll(host, batch, old);
+    return false;
+  }
+  installation.ships = NewCatalogue(installation, batch);
+  installation.ships.emplace_back();  // the surplus element that loading gives
+  MarkSecondParts(installation.ships);
+  return true;
+}
+
+}  // namespace oravin

@@ -1,0 +1,215 @@
+#include "pack/import_run.h"
+
+#include "catalogue/catalogue.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "desk/program_end.h"
+#include "desk/write_plan.h"
+#include "pack/import_batch.h"
+#include "pack/new_ship.h"
+#include "platform/start_program.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* title = "cmdImportShips_Click()";
+
+constexpr const char* redNames =
+    "Ships marked in red have the same names as an existing ship in Oravin.\n"
+    "You must rename or uncheck these ships before importing.";
+
+constexpr const char* deepImages =
+    "Warning - this fighter is using 24-bit images for textures which\n"
+    "can cause severe performance issues. 24-bit images should only be used\n"
+    "for detailing on capships. For fighters convert textures to 256 indexed color\n"
+    "using the slpal.pal file in the Oravin\\3d folder(see readme).";
+
+constexpr const char* switchQuestion =
+    "Would you like Oravin to make the ship switches\n"
+    "suggested by the ship pack file?\n"
+    "(Note that Oravin might have to unswitch some ships, so you may lose\n"
+    "some custom stat settings on currently switched ships.)";
+
+/// What is known of the run while it goes on.
+struct Run {
+  Host& host;
+  Installation& installation;
+  ImportBatch batch;
+  GivenBitmaps given;
+  bool warned = false;  ///< of 24-bit images
+  std::vector<PackShip> imported;
+  bool allImported = true;
+};
+
+/// Copies a file to the add-ons; one that stays as it is because it is another file becomes a note.
+void AddToAddOns(Run& run, const std::string& from, const char* folder, const std::string& name) {
+  if (!IsPlainFileName(name)) {
+    run.batch.notes.push_back("The file " + from + " has no name under which it could be kept with the add-ons.");
+    return;
+  }
+  const std::string to = run.installation.ProgramPath + folder + name;
+  if (AddCopy(run.host.files, run.batch, from, to)) return;
+  run.batch.notes.push_back("This add-on is another file and was left as it is: " + to);
+}
+
+/// Writes what a ship needs; false when one of its textures is refused.
+bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
+  Files& files = run.host.files;
+  for (const NewShipTexture& texture : ship.textures) {
+    const AddedTexture added =
+        AddTexture(run.host, run.batch.textures, texture.name, texture.bitmap, AlreadyThere::byPixels);
+    if (added == AddedTexture::refused) return false;
+  }
+  const std::string model = ModelOf(ship.record);
+  const std::string loose = run.installation.GamePath + "ships\\" + model;
+  AddCopy(files, run.batch, checked.ship.modelPath, loose);
+  AddCopy(files, run.batch, checked.ship.modelPath, ChangeExtension(std::string(loose), ".bak"));
+  AddToAddOns(run, checked.ship.modelPath, addOnShipsFolder, model);
+  for (const NewShipTexture& texture : ship.textures) {
+    AddToAddOns(run, texture.bitmap, addOnTexturesFolder, texture.name + ".bmp");
+  }
+  if (!ship.statsText.empty()) {
+    AddToAddOns(run, ship.statsText, addOnStatsFolder, ChangeExtension(std::string(model), ".txt"));
+  }
+  run.batch.ships.push_back({ship.record, ship.stats});
+  return true;
+}
+
+bool ImportShip(Run& run, const CheckedShip& checked) {
+  const ImportMark mark = MarkOf(run.batch);
+  bool done = false;
+  try {
+    const auto ship = LookAtShip(run.host, run.installation, checked, run.given, run.batch);
+    if (ship && ship->deep && !run.warned) {
+      Show(run.host, deepImages, Icon::exclamation);
+      run.warned = true;
+    }
+    done = ship && Trapped(run.host, title, false, [&] { return WriteShip(run, checked, *ship); });
+  } catch (const ProgramEnd&) {
+    GoBackTo(run.host, run.batch, mark);
+    throw;
+  }
+  if (!done) GoBackTo(run.host, run.batch, mark);
+  return done;
+}
+
+void ImportAll(Run& run, const std::vector<CheckedShip>& ships) {
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    if (StopAsked(run.host)) {
+      run.allImported = false;
+      run.batch.notes.emplace_back("The import was stopped before its end.");
+      return;
+    }
+    ShowProgress(run.host, "Importing " + ships[i].ship.shipName, static_cast<int>(i), static_cast<int>(ships.size()));
+    if (ImportShip(run, ships[i])) {
+      run.imported.push_back(ships[i].ship);
+    } else {
+      run.allImported = false;
+    }
+  }
+}
+
+void Commit(Run& run) {
+  if (CommitImport(run.host, run.installation, run.batch)) return;
+  run.imported.clear();
+  run.allImported = false;
+}
+
+WritePlan PlanImport(const Installation& installation, const std::vector<CheckedShip>& ships) {
+  WritePlan plan;
+  plan.folders = {installation.GamePath, installation.GamePath + "ships\\", installation.ProgramPath};
+  for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
+    if (FolderExists(installation.ProgramPath + folder)) plan.folders.push_back(installation.ProgramPath + folder);
+  }
+  plan.files = {installation.GamePath + tcacheName, installation.GamePath + "shipstats.def",
+                installation.ProgramPath + catalogueName, installation.ProgramPath + shipListName};
+  for (const CheckedShip& ship : ships) {
+    NeedRoom(plan, installation.GamePath, 2 * FileLength(ship.ship.modelPath));
+    NeedRoom(plan, installation.ProgramPath, FileLength(ship.ship.modelPath) + shipRecordSize);
+  }
+  return plan;
+}
+
+/// The (target, source) names of the switches that the pack suggests for ships that were imported.
+std::vector<std::pair<std::string, std::string>> SuggestedSwitches(const Run& run) {
+  std::vector<std::pair<std::string, std::string>> pairs;
+  for (const PackShip& ship : run.imported) {
+    const int target = FindShip(run.installation.ships, ship.suggestedSwitch);
+    if (target < 0 || !IsStock(run.installation.ships[static_cast<std::size_t>(target)])) continue;
+    pairs.emplace_back(UpperCase(Trim(ship.suggestedSwitch)), UpperCase(ship.shipName));
+  }
+  return pairs;
+}
+
+void OfferSwitches(SwapDesk& desk, SwitcherTab& tab, const Run& run, const std::function<void()>& refill) {
+  const auto pairs = SuggestedSwitches(run);
+  if (pairs.empty() || !AskYesNo(run.host, switchQuestion)) return;
+  cmdUnswapAll_Click(desk, tab);
+  SwapPairs(desk, pairs);
+  refill();
+}
+
+void TellResult(const Run& run) {
+  std::string text =
+      run.allImported ? "Importing Successfull!" : "Importing Completed - but there where errors on some ships";
+  for (std::size_t i = 0; i < run.batch.notes.size(); ++i) text += (i == 0 ? "\n\n" : "\n") + run.batch.notes[i];
+  if (run.allImported) {
+    ShowSuccess(run.host, text, Icon::information);
+  } else {
+    Show(run.host, text, Icon::exclamation);
+  }
+}
+
+void StartShipTool(const Run& run) {
+  const std::string tool = run.installation.GamePath + "sltool.exe";
+  if (run.imported.empty() || !FileExists(std::string(tool))) return;
+  std::string command = "\"" + tool + "\"";
+  for (const PackShip& ship : run.imported) command += " \"" + ship.shipName + "\"";
+  platform::StartProgram(command);
+}
+
+bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<CheckedShip>& ships) {
+  if (!FeaturesEnabled(desk.installation.ProgramPath) || desk.installation.ships.empty()) {
+    Show(desk.host, "Press \"Enable\" on the Switcher tab first. Then ships can be imported.", Icon::exclamation);
+    return false;
+  }
+  if (AnyCheckedRed(form)) {
+    Show(desk.host, redNames, Icon::exclamation);
+    return false;
+  }
+  if (ships.empty()) {
+    Show(desk.host, "Check the ships to import first.", Icon::exclamation);
+    return false;
+  }
+  desk.closeOthers();
+  return ReadyToWrite(desk.host, PlanImport(desk.installation, ships));
+}
+
+}  // namespace
+
+void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill) {
+  const std::vector<CheckedShip> ships = CheckedShips(form);
+  if (!CanImport(desk, form, ships)) return;
+  Run run{desk.host, desk.installation, {}, {}, false, {}, true};
+  if (!BeginImport(desk.host, desk.installation, run.batch)) return;
+  try {
+    ImportAll(run, ships);
+  } catch (const ProgramEnd&) {
+    EndProgress(run.host);
+    Commit(run);
+    throw;
+  }
+  EndProgress(run.host);
+  Commit(run);
+  refill();
+  OfferSwitches(desk, tab, run, refill);
+  form.done = true;
+  form.shown = false;
+  TellResult(run);
+  StartShipTool(run);
+}
+
+}  // namespace oravin

@@ -1,0 +1,154 @@
+#include "pack/new_ship.h"
+
+#include <algorithm>
+
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "ships/SHP_Editing.h"
+#include "switcher/add_on_textures.h"
+#include "util/File_Path.h"
+#include "util/text.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr int deepImage = 3;  // bytes a pixel
+
+void Refuse(Host& host, const std::string& text) { Show(host, text, Icon::exclamation); }
+
+bool NameCanBeUsed(Host& host, const Installation& installation, const ImportBatch& batch, const std::string& name) {
+  const std::string why = WhyNoShipName(name);
+  if (!why.empty()) {
+    Refuse(host, why);
+    return false;
+  }
+  const bool taken = FindShip(installation.ships, name) >= 0 ||
+                     std::any_of(batch.ships.begin(), batch.ships.end(),
+                                 [&](const ReadyShip& ship) { return SameName(ship.record.ShipName.Trimmed(), name); });
+  if (taken) Refuse(host, "The ship name '" + name + "' has the same name as an existing ship.");
+  return !taken;
+}
+
+/// The bitmap of one texture; asks for one that is missing. Empty when there is none.
+std::string BitmapFor(Host& host, const ListedTexture& texture, const std::string& modelPath, GivenBitmaps& given) {
+  if (!texture.bitmapPath.empty()) return texture.bitmapPath;
+  const std::string key = BitmapKey(texture.name);
+  if (const auto before = given.find(key); before != given.end()) return before->second;
+  const std::string bitmap = AskForBitmap(host, ParentFolder(std::string(modelPath)), texture.name);
+  if (!bitmap.empty()) given[key] = bitmap;
+  return bitmap;
+}
+
+bool CollectTextures(Host& host, const Installation& installation, const CheckedShip& checked, GivenBitmaps& given,
+                     NewShip& ship) {
+  const std::string& model = checked.ship.modelPath;
+  std::vector<ListedTexture> listed;
+  if (!TextureList(host, model, installation.GamePath + tcacheName, checked.given, listed)) return false;
+  if (listed.size() > texturesPerShip) {
+    Refuse(host, "The ship '" + checked.ship.shipName + "' has " + std::to_string(listed.size()) +
+                     " textures. A ship can have at most " + std::to_string(texturesPerShip) +
+                     ", so it cannot be imported.");
+    return false;
+  }
+  std::vector<std::string> names;
+  for (const ListedTexture& texture : listed) {
+    const std::string bitmap = BitmapFor(host, texture, model, given);
+    if (bitmap.empty()) {
+      Refuse(host, "Texture not found - skipping ship!");
+      return false;
+    }
+    const std::string name = ShipText(texture.name).Trimmed();
+    names.push_back(name);
+    ship.textures.push_back({name, bitmap});
+    BmpInfo info = texture.info;
+    if (texture.bitmapPath.empty()) WhyUnusable(bitmap, info);
+    ship.deep = ship.deep || (checked.ship.shipClass == fighterClass && info.depth == deepImage);
+  }
+  SetTextures(ship.record, names);
+  return true;
+}
+
+void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, NewShip& ship) {
+  const std::string beside = ChangeExtension(std::string(modelPath), ".txt");
+  const std::string base = FileNameOf(std::string(beside));
+  const std::string added = installation.ProgramPath + addOnStatsFolder + base;
+  if (FileExists(std::string(beside))) {
+    ship.statsText = beside;
+    ship.stats = ReadImportStats(host.files, beside);
+  } else if (FileExists(std::string(added))) {
+    ship.statsText = added;
+    ship.stats = ReadImportStats(host.files, added);
+  } else {
+    ship.stats = ReadShipsStats(host.files, installation.GamePath + "shipstats.bin", 0);
+  }
+}
+
+/// True when a model can lie in the game's ships folder under a name: no other ship's does, and no other file is there.
+bool ModelNameIsFree(Host& host, const Installation& installation, const ImportBatch& batch, const std::string& model,
+                     const std::string& name) {
+  const auto named = [&](const ShipRecord& ship) { return !IsInert(ship) && SameName(ModelOf(ship), name); };
+  if (std::any_of(installation.ships.begin(), installation.ships.end(), named)) return false;
+  if (std::any_of(batch.ships.begin(), batch.ships.end(), [&](const ReadyShip& ship) { return named(ship.record); })) {
+    return false;
+  }
+  const std::string loose = installation.GamePath + "ships\\" + name;
+  if (FileExists(ChangeExtension(std::string(loose), ".org"))) return false;
+  for (const std::string& path : {loose, ChangeExtension(std::string(loose), ".bak")}) {
+    if (FileExists(std::string(path)) && !SameContent(host.files, path, model)) return false;
+  }
+  return true;
+}
+
+/// The name for a model's file, at most as long as a record holds.
+std::string FreeModelName(Host& host, const Installation& installation, const ImportBatch& batch,
+                          const std::string& model) {
+  const std::string own = FileNameOf(std::string(model));
+  const std::string extension =
+      ExtensionOf(own).empty() ? ".shp" : own.substr(own.size() - ExtensionOf(own).size() - 1);
+  const std::string base = own.substr(0, own.size() - (ExtensionOf(own).empty() ? 0 : extension.size()));
+  for (int number = 1;; ++number) {
+    const std::string behind = (number == 1 ? "" : std::to_string(number)) + extension;
+    std::string name = base.substr(0, shipNameWidth - std::min(shipNameWidth, behind.size()));
+    name += behind;
+    if (ModelNameIsFree(host, installation, batch, model, name)) return name;
+  }
+}
+
+std::optional<NewShip> Look(Host& host, const Installation& installation, const CheckedShip& checked,
+                            GivenBitmaps& given, ImportBatch& batch) {
+  const std::string& model = checked.ship.modelPath;
+  if (!FileExists(std::string(model))) {
+    Refuse(host, "The model of the ship '" + checked.ship.shipName + "' was not found:\n" + model);
+    return std::nullopt;
+  }
+  if (!NameCanBeUsed(host, installation, batch, checked.ship.shipName)) return std::nullopt;
+  NewShip ship;
+  if (!CollectTextures(host, installation, checked, given, ship)) return std::nullopt;
+  TakeStats(host, installation, model, ship);
+  const std::string own = FileNameOf(std::string(model));
+  const std::string name = FreeModelName(host, installation, batch, model);
+  if (!IsPlainFileName(name) || !CanBeListed(name)) {
+    Refuse(host, "The model of the ship '" + checked.ship.shipName + "' needs another file name:\n" + model);
+    return std::nullopt;
+  }
+  if (name != own) batch.notes.push_back("The model " + own + " was imported as " + name + ".");
+  ship.record.ShipName.Set(checked.ship.shipName);
+  ship.record.ShipFile.Set(name);
+  ship.record.ShipKind = Int16Value(importedKind);
+  ship.record.HogOffset = ship.record.HogSize = ship.record.HogFatPos = Int32Value(0);
+  ship.record.StatsIndex = ship.record.SecondPartIndex = ship.record.ChangedToIndex = Int16Value(0);
+  ship.record.Imported = true;
+  return ship;
+}
+
+}  // namespace
+
+std::optional<NewShip> LookAtShip(Host& host, const Installation& installation, const CheckedShip& checked,
+                                  GivenBitmaps& given, ImportBatch& batch) {
+  return Trapped(host, "cmdImportShips_Click()", std::optional<NewShip>(),
+                 [&] { return Look(host, installation, checked, given, batch); });
+}
+
+}  // namespace oravin
