@@ -3,9 +3,16 @@
 #include "desk/error_trap.h"
 #include "ships/shipstats.h"
 #include "util/File_Path.h"
+#include "util/text.h"
 #include "util/whole_file.h"
 
 namespace oravin {
+
+namespace {
+
+constexpr std::int64_t mostBlocks = 32767;  // a record's index is a 16-bit signed number
+
+}  // namespace
 
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
                              const ShipStats& stats) {
@@ -33,6 +40,25 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
   ShipStats stats;
   if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
   return GiveBlock(host, installation, ship, stats).value_or(0);
+}
+
+std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices) {
+  const Ships& ships = installation.ships;
+  const std::uint64_t stockBlocks = FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize;
+  if (stockBlocks == 0) return {};  // then nobody can tell which blocks are the game's
+  const std::set<std::size_t> own(indices.begin(), indices.end());
+  std::set<std::int64_t> others;
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    if (!IsInert(ships[i]) && ships[i].Imported && !own.contains(i)) others.insert(WholeNumber(ships[i].StatsIndex));
+  }
+  std::set<int> blocks;
+  for (const std::size_t i : own) {
+    const std::int64_t block = WholeNumber(ships[i].StatsIndex);
+    if (block < static_cast<std::int64_t>(stockBlocks) || block > mostBlocks || others.contains(block)) continue;
+    const std::string name = NameOfBlock(files, installation.GamePath + "shipstats.def", static_cast<int>(block));
+    if (SameName(name, ships[i].ShipName.Trimmed())) blocks.insert(static_cast<int>(block));
+  }
+  return blocks;
 }
 
 void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
-#include <string>
+#include <set>
+#include <vector>
 
 #include "catalogue/installation.h"
 #include "desk/host.h"
@@ -20,6 +22,12 @@ std::optional<int> GiveBlock(Host& host, const Installation& installation, const
 /// The same with the statistics of its text among the add-ons, else with those of the first block of `shipstats.bin`.
 /// @return the block's index; 0 when it has none
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship);
+
+/// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: behind the stock blocks, and
+/// bearing the name of the ship whose record leads to them.
+/// @param indices of the ships in the catalogue
+/// @throws RunTimeError when the file cannot be read
+std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices);
 
 /// Copies an add-on ship's model into the game's ships folder.
 /// @throws RunTimeError when a file fails

@@ -7,13 +7,16 @@
 
 namespace oravin {
 
-bool IsListedImport(const Ships& ships, int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= ships.size()) return false;
+std::vector<std::size_t> ImportedParts(const Ships& ships, int index) {
+  if (index < 0 || static_cast<std::size_t>(index) >= ships.size()) return {};
   const auto at = static_cast<std::size_t>(index);
-  if (IsInert(ships[at]) || !ships[at].Imported) return false;
-  if (at == 0 || !ships[at - 1].HasSecondPart || !ships[at - 1].Imported) return true;
-  // Of three parts in a row the second one is marked, too: then the third is a ship of its own again.
-  return !IsListedImport(ships, index - 1);
+  if (IsInert(ships[at]) || !ships[at].Imported) return {};
+  // Of parts in a row every one but the last is marked, so they go by twos from the first one.
+  std::size_t first = at;
+  while (first > 0 && ships[first - 1].HasSecondPart && ships[first - 1].Imported) --first;
+  if ((at - first) % 2 == 1) return {};
+  if (ships[at].HasSecondPart && ships[at + 1].Imported) return {at, at + 1};
+  return {at};
 }
 
 void lstImported_ItemClick(ImportTab& tab) {
@@ -28,13 +31,12 @@ void DisplayImported(Host& host, ImportTab& tab, const Installation& installatio
   }
   ClearRows(tab.lstImported);
   for (std::size_t i = 0; i < installation.ships.size(); ++i) {
-    if (!IsListedImport(installation.ships, static_cast<int>(i))) continue;
     const ShipRecord& ship = installation.ships[i];
+    if (IsInert(ship) || !ship.Imported) continue;
     const std::string name = ship.ShipName.Trimmed();
-    AddRow(tab.lstImported, {"s" + std::to_string(i + 1),
-                             {name},
-                             ImportedImage(host, installation, ship),
-                             selected.contains(name)});
+    AddRow(tab.lstImported,
+           {"s" + std::to_string(i + 1), {name}, ImportedImage(host, installation, ship), selected.contains(name)});
+    if (ship.HasSecondPart && installation.ships[i + 1].Imported) ++i;  // a second part is never listed by itself
   }
   lstImported_ItemClick(tab);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <optional>
+#include <cstddef>
+#include <vector>
 
 #include "catalogue/installation.h"
 #include "desk/host.h"
@@ -19,7 +20,8 @@ void DisplayImported(Host& host, ImportTab& tab, const Installation& installatio
 /// Enables the buttons that can do something with what is selected.
 void lstImported_ItemClick(ImportTab& tab);
 
-/// True when the index is that of an imported ship that lstImported lists.
-bool IsListedImport(const Ships& ships, int index);
+/// The indices of the records of an imported ship that lstImported lists: one, or two where the next record is its
+/// second part. Empty when the index is that of no such ship.
+std::vector<std::size_t> ImportedParts(const Ships& ships, int index);
 
 }  // namespace oravin

@@ -82,8 +82,8 @@ ShipListText ReadShipListText(Files& files, const std::string& programPath) {
 }
 
 std::string ShipListLine(const ListedShip& ship) {
-  return std::to_string(ship.kind) + ",\"" + ship.name + "\",\"" + ship.file + "\"," +
-         std::to_string(ship.statsIndex) + ",\"" + ship.texture0 + "\",\"" + ship.texture1 + "\"";
+  return std::to_string(ship.kind) + ",\"" + ship.name + "\",\"" + ship.file + "\"," + std::to_string(ship.statsIndex) +
+         ",\"" + ship.texture0 + "\",\"" + ship.texture1 + "\"";
 }
 
 std::vector<ListedShip> ReadShipList(Host& host, const std::string& programPath) {

@@ -33,8 +33,8 @@ struct TextSpan {
 /// A ship of the list, and where it stands in the text.
 struct ListedLine {
   ListedShip ship;
-  TextSpan whole;  ///< its six values, with what separates the last one from what follows
-  TextSpan name;   ///< the name's value, with its quotes
+  TextSpan whole;       ///< its six values, with what separates the last one from what follows
+  TextSpan name;        ///< the name's value, with its quotes
   bool joined = false;  ///< a comma ends it instead of a line end
 };
 
@@ -42,7 +42,7 @@ struct ListedLine {
 struct ShipListText {
   std::string path;
   std::string text;
-  TextSpan count;  ///< the value that states how many ships there are
+  TextSpan count;           ///< the value that states how many ships there are
   std::size_t shipsAt = 0;  ///< behind the count and what separates it from the ships
   std::vector<ListedLine> lines;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "catalogue/ship_record.h"
 #include "util/run_time_error.h"
 #include "util/text.h"
 #include "util/whole_file.h"
@@ -51,6 +50,18 @@ ShipListText Changed(const ShipListText& list, std::string text, const std::vect
   return changed;
 }
 
+std::optional<std::size_t> FindFrom(const ShipListText& list, const std::string& name, const std::string& file,
+                                    std::size_t from) {
+  for (std::size_t i = from; i < list.lines.size(); ++i) {
+    const ListedShip& ship = list.lines[i].ship;
+    if (ship.kind == importedKind && SameName(AsRecorded(ship.name), AsRecorded(name)) &&
+        SameName(AsRecorded(ship.file), AsRecorded(file))) {
+      return i;
+    }
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 bool CanBeListed(const std::string& text) {
@@ -62,14 +73,19 @@ bool CanBeListed(const std::string& text) {
 
 std::optional<std::size_t> FindImportedLine(const ShipListText& list, const std::string& name,
                                             const std::string& file) {
-  for (std::size_t i = 0; i < list.lines.size(); ++i) {
-    const ListedShip& ship = list.lines[i].ship;
-    if (ship.kind == importedKind && SameName(AsRecorded(ship.name), AsRecorded(name)) &&
-        SameName(AsRecorded(ship.file), AsRecorded(file))) {
-      return i;
-    }
+  return FindFrom(list, name, file, 0);
+}
+
+std::vector<std::optional<std::size_t>> FindImportedLines(const ShipListText& list, const Ships& ships) {
+  std::vector<std::optional<std::size_t>> lines;
+  std::set<std::size_t> taken;
+  for (const ShipRecord& ship : ships) {
+    const std::string name = ship.ShipName.Trimmed();
+    auto line = FindFrom(list, name, ModelOf(ship), 0);
+    while (line && !taken.insert(*line).second) line = FindFrom(list, name, ModelOf(ship), *line + 1);
+    lines.push_back(line);
   }
-  return std::nullopt;
+  return lines;
 }
 
 ShipListText WithShip(const ShipListText& list, const ListedShip& ship) {
@@ -86,11 +102,20 @@ ShipListText WithShip(const ShipListText& list, const ListedShip& ship) {
   return Changed(list, std::move(text), ships);
 }
 
-ShipListText WithoutShip(const ShipListText& list, std::size_t line) {
-  std::string text = list.text;
-  Replace(text, list.lines.at(line).whole, "");
-  std::vector<ListedShip> ships = ShipsIn(list);
-  ships.erase(ships.begin() + static_cast<std::ptrdiff_t>(line));
+ShipListText WithoutShips(const ShipListText& list, const std::set<std::size_t>& lines) {
+  std::string text;
+  std::vector<ListedShip> ships;
+  std::size_t at = 0;
+  for (std::size_t i = 0; i < list.lines.size(); ++i) {
+    const ListedLine& line = list.lines[i];
+    if (!lines.contains(i)) {
+      ships.push_back(line.ship);
+      continue;
+    }
+    text.append(list.text, at, line.whole.begin - at);
+    at = line.whole.end;
+  }
+  text.append(list.text, at);
   return Changed(list, std::move(text), ships);
 }
 
@@ -107,7 +132,7 @@ void WriteShipList(Files& files, const ShipListText& list) { WriteWhole(files, l
 
 void AddToShipList(Files& files, const std::string& programPath, const ListedShip& ship) {
   ShipListText list = ReadShipListText(files, programPath);
-  if (const auto line = FindImportedLine(list, ship.name, ship.file)) list = WithoutShip(list, *line);
+  if (const auto line = FindImportedLine(list, ship.name, ship.file)) list = WithoutShips(list, {*line});
   WriteShipList(files, WithShip(list, ship));
 }
 

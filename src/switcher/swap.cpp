@@ -27,12 +27,6 @@ std::string BackupPath(const Installation& installation, const ShipRecord& ship)
   return installation.GamePath + "ships\\" + BackupOf(ship);
 }
 
-bool CatalogueThere(Host& host, const Installation& installation, const char* title) {
-  if (FileExists(installation.ProgramPath + catalogueName)) return true;
-  Show(host, "Error - ships.dat not found - Reinstall", Icon::exclamation, title);
-  return false;
-}
-
 bool Known(const Installation& installation, int index) {
   return index >= 0 && static_cast<std::size_t>(index) < installation.ships.size() &&
          !IsInert(installation.ships[static_cast<std::size_t>(index)]);
@@ -199,6 +193,12 @@ int SelectedShip(const ListView& list) {
 }
 
 }  // namespace
+
+bool CatalogueThere(Host& host, const Installation& installation, const char* title) {
+  if (FileExists(installation.ProgramPath + catalogueName)) return true;
+  Show(host, "Error - ships.dat not found - Reinstall", Icon::exclamation, title);
+  return false;
+}
 
 void cmdSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
   const auto row = SelectedRow(tab.swapOrgList);

@@ -28,6 +28,9 @@ struct SwapDesk {
   CloseOthers closeOthers;
 };
 
+/// True when the catalogue's file is there; otherwise the box "Error - ships.dat not found - Reinstall" has been shown.
+bool CatalogueThere(Host& host, const Installation& installation, const char* title);
+
 /// Makes the ship selected in swapToList fly in place of the one selected in swapOrgList. Silently nothing when both
 /// bear one name or the target is changed to that ship already. Without a catalogue file the box "Error - ships.dat not
 /// found - Reinstall".
