@@ -8,6 +8,7 @@
 #include "app/disable.h"
 #include "app/enable.h"
 #include "app/hog_handlers.h"
+#include "app/import_handlers.h"
 #include "app/stats_handlers.h"
 #include "app/tcache_handlers.h"
 #include "desk/dialogs.h"
@@ -63,7 +64,7 @@ constexpr std::array<Handler, 11> mainHandlers = {{{"switcher.cmdSwap", Swap, tr
 std::span<const Handler> Handlers() {
   static const std::vector<Handler> handlers = [] {
     std::vector<Handler> all(mainHandlers.begin(), mainHandlers.end());
-    for (const std::span<const Handler> tab : {StatsHandlers(), HogHandlers(), TcacheHandlers()}) {
+    for (const std::span<const Handler> tab : {StatsHandlers(), ImportHandlers(), HogHandlers(), TcacheHandlers()}) {
       all.insert(all.end(), tab.begin(), tab.end());
     }
     return all;

@@ -2,6 +2,7 @@
 
 #include "hog/hog_open.h"
 #include "ships/stats_show.h"
+#include "switcher/imported_list.h"
 
 namespace oravin {
 
@@ -12,7 +13,8 @@ Main::Main()
       hog(NewHogTab()),
       tcache(NewTcacheTab()),
       about(NewAboutTab()),
-      FAT_Editor(NewFatEditor()) {
+      FAT_Editor(NewFatEditor()),
+      Fighter_PACK(NewFighterPack()) {
   TabStrip1.captions = {"Switcher", "Ship Stats / Guns", "Import Ships", "Hog Editor", "Tcache Editor", "About"};
 }
 
@@ -30,19 +32,23 @@ SwapDesk SwapDeskOf(Main& main) {
   return {main.host, main.installation, main.stats, [&main] { CloseOpenFiles(main); }};
 }
 
+void ShowShipsOnTabs(Main& main) {
+  DisplayShipEdit(main.stats, main.installation.ships);
+  ShowShipAgain(main.host, main.stats, main.installation);
+  DisplayImported(main.host, main.imports, main.installation);
+}
+
 void FillLists(Main& main) {
   main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
   DisplaySwitcher(main.host, main.switcher, main.installation, false);
-  DisplayShipEdit(main.stats, main.installation.ships);
-  ShowShipAgain(main.host, main.stats, main.installation);
+  ShowShipsOnTabs(main);
 }
 
 void EmptyLists(Main& main) {
   main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
   ClearRows(main.switcher.swapOrgList);
   ClearRows(main.switcher.swapToList);
-  DisplayShipEdit(main.stats, main.installation.ships);
-  ShowShipAgain(main.host, main.stats, main.installation);
+  ShowShipsOnTabs(main);
 }
 
 }  // namespace oravin

@@ -6,6 +6,7 @@
 #include "desk/host.h"
 #include "hog/FAT_Editor.h"
 #include "hog/hog_tab.h"
+#include "pack/Fighter_PACK.h"
 #include "platform/installation_lock.h"
 #include "ships/stats_tab.h"
 #include "switcher/import_tab.h"
@@ -33,6 +34,7 @@ struct Main {
   TcacheTab tcache;
   AboutTab about;
   FatEditor FAT_Editor;
+  FighterPack Fighter_PACK;
 
   bool onlyLooks = false;  ///< another copy of the program works on the installation
   platform::FolderLock gameLock;
@@ -45,7 +47,10 @@ void CloseOpenFiles(Main& main);
 /// The records that a swap works on.
 SwapDesk SwapDeskOf(Main& main);
 
-/// Fills the switcher's lists, with the fighters, and the stats tab's list from the catalogue.
+/// Shows the catalogue in the stats tab's list and in the list of imported ships.
+void ShowShipsOnTabs(Main& main);
+
+/// Fills the switcher's lists, with the fighters, and the other tabs' lists of ships from the catalogue.
 void FillLists(Main& main);
 
 /// Empties these lists.

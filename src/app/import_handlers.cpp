@@ -1,0 +1,90 @@
+#include "app/import_handlers.h"
+
+#include <array>
+
+#include "app/import_file.h"
+#include "desk/dialogs.h"
+#include "pack/import_run.h"
+#include "switcher/imported_list.h"
+#include "switcher/remove_imported.h"
+#include "switcher/rename_imported.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* shipFilter =
+    "SL SHP file (*.shp) or SL SHP Pack (*.pak)|*.shp;*.pak|SL Ship Pack (*.pak)|*.pak|All Files *.*|*.*";
+
+using OnForm = void (*)(Host&, FighterPack&, const Installation&);
+using OnFormAlone = void (*)(FighterPack&, const Installation&);
+
+template <OnForm action>
+void Do(Main& main) {
+  action(main.host, main.Fighter_PACK, main.installation);
+}
+
+template <OnFormAlone action>
+void Do(Main& main) {
+  action(main.Fighter_PACK, main.installation);
+}
+
+RefillLists Refill(Main& main) {
+  return [&main] { RefillShipLists(main); };
+}
+
+void Browse(Main& main) {
+  const std::string chosen = ChooseFile(main.host, "", main.installation.GamePath, "", shipFilter);
+  if (!chosen.empty()) ImportFile(main, chosen);
+}
+
+void ImportTyped(Main& main) { ImportFile(main, main.imports.txtImportFighter.text); }
+
+void SelectImported(Main& main) { lstImported_ItemClick(main.imports); }
+
+void Rename(Main& main) {
+  if (lstImported_AfterLabelEdit(main.host, main.imports, main.installation)) RefillShipLists(main);
+}
+
+void ViewImported(Main& main) { ViewModel(main.imports.lstImported, main.installation); }
+
+void Remove(Main& main) {
+  SwapDesk desk = SwapDeskOf(main);
+  cmdRemoveShips_Click(desk, main.imports, Refill(main));
+}
+
+void RemoveAll(Main& main) {
+  SwapDesk desk = SwapDeskOf(main);
+  cmdRemoveAll_Click(desk, main.imports, Refill(main));
+}
+
+void Import(Main& main) {
+  SwapDesk desk = SwapDeskOf(main);
+  cmdImportShips_Click(desk, main.switcher, main.Fighter_PACK, Refill(main));
+}
+
+void CancelImport(Main& main) { cmdImportCancel_Click(main.Fighter_PACK); }
+
+constexpr std::array<Handler, 16> handlers = {
+    {{"imports.cmdImportFighterBrowse", Browse, false},
+     {"imports.txtImportFighter.Enter", ImportTyped, false},
+     {"imports.lstImported.ItemClick", SelectImported, false},
+     {"imports.lstImported.AfterLabelEdit", Rename, true},
+     {"imports.lstImported.DblClick", ViewImported, false},
+     {"imports.cmdRemoveShips", Remove, true},
+     {"imports.cmdRemoveAll", RemoveAll, true},
+     {"Fighter_PACK.lstPack.AfterLabelEdit", Do<lstPack_AfterLabelEdit>, false},
+     {"Fighter_PACK.lstPack.ItemClick", Do<lstPack_ItemClick>, false},
+     {"Fighter_PACK.lstPack.ItemCheck", Do<lstPack_ItemCheck>, false},
+     {"Fighter_PACK.lstTextures.ItemClick", Do<lstTextures_ItemClick>, false},
+     {"Fighter_PACK.cmdFindBitmap", Do<cmdFindBitmap_Click>, false},
+     {"Fighter_PACK.cmdCheckAll", Do<cmdCheckAll_Click>, false},
+     {"Fighter_PACK.cmdCheckNone", Do<cmdCheckNone_Click>, false},
+     {"Fighter_PACK.cmdImportShips", Import, true},
+     {"Fighter_PACK.cmdImportCancel", CancelImport, false}}};
+
+}  // namespace
+
+std::span<const Handler> ImportHandlers() { return handlers; }
+
+}  // namespace oravin

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <span>
+
+#include "app/handlers.h"
+
+namespace oravin {
+
+/// The actions of the "Import Ships" tab's imported ships, and of the import form.
+std::span<const Handler> ImportHandlers();
+
+}  // namespace oravin
