@@ -99,12 +99,19 @@ void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch
   }
 }
 
-/// The catalogue with the new ships, without a surplus element.
-Ships NewCatalogue(const Installation& installation, const ImportBatch& batch) {
-  Ships ships = installation.ships;
-  if (!ships.empty()) ships.pop_back();
-  for (const ReadyShip& ship : batch.ships) ships.push_back(ship.record);
-  return ships;
+Ships NewRecords(const ImportBatch& batch) {
+  Ships records;
+  for (const ReadyShip& ship : batch.ships) records.push_back(ship.record);
+  return records;
+}
+
+/// The catalogue's file with the new records behind the others, which stay as they are.
+Bytes NewCatalogue(Files& files, const Installation& installation, const ImportBatch& batch) {
+  Bytes all = ReadWhole(files, installation.ProgramPath + catalogueName, longestKept);
+  all.resize(all.size() / shipRecordSize * shipRecordSize);
+  const Bytes added = CatalogueOf(installation.ProgramPath, NewRecords(batch));
+  all.insert(all.end(), added.begin(), added.end());
+  return all;
 }
 
 /// The text as the ship list can hold it.
@@ -124,7 +131,7 @@ std::string NewShipList(Files& files, const Installation& installation, const Im
 /// Writes the catalogue and the ship list beside. The catalogue takes its name first, so that Disable knows the models
 /// whatever happens then; the list last, so that it names no ship whose files are not there.
 void AddLists(Files& files, const Installation& installation, ImportBatch& batch) {
-  const Bytes catalogue = CatalogueOf(installation.ProgramPath, NewCatalogue(installation, batch));
+  const Bytes catalogue = NewCatalogue(files, installation, batch);
   AddWhole(files, batch.files, installation.ProgramPath + catalogueName,
            [&](int handle) { Put(files, handle, 0, catalogue); });
   std::rotate(batch.files.paths.begin(), batch.files.paths.end() - 1, batch.files.paths.end());
@@ -187,8 +194,10 @@ bool CommitImport(Host& host, Installation& installation, ImportBatch& batch) {
     TakeBackAll(host, batch, old);
     return false;
   }
-  installation.ships = NewCatalogue(installation, batch);
-  installation.ships.emplace_back();  // the surplus element that loading gives
+  // The new records take the place of the surplus element, and another one follows them.
+  Ships& ships = installation.ships;
+  const Ships added = NewRecords(batch);
+  ships.insert(ships.empty() ? ships.end() : ships.end() - 1, added.begin(), added.end());
   MarkSecondParts(installation.ships);
   return true;
 }

@@ -34,19 +34,6 @@ void AddTagged(Bytes& record, int tag, std::uint32_t value, int width) {
 
 void AddFlag(Bytes& record, bool flag) { record.insert(record.end(), 2, flag ? 0xFF : 0x00); }
 
-/// The block that an add-on ship's statistics make: from its text where it has one, else the first stock block's.
-Bytes AddedBlock(const SmallShip& ship, const Bytes& stock) {
-  Bytes block(blockSize);
-  std::copy(ship.name.begin(), ship.name.end(), block.begin());
-  std::copy_n(stock.begin() + statsAt, statsSize, block.begin() + statsAt);
-  if (ship.name != "Manta") return block;
-  // The text lists Shield Recharge as its 10th value; the block has it behind Afterburner Fuel.
-  const float values[15] = {1, 0.5F, 3, 0.5F, 5, 0.5F, 7, 0.5F, 9, 11, 12, 10, 13, 14, 15};
-  for (std::size_t i = 0; i < 15; ++i)
-    PutLittleEndian32(&block[statsAt + 4 * i], std::bit_cast<std::uint32_t>(values[i]));
-  return block;
-}
-
 void AddToFloat(Bytes& stats, std::size_t at, float value, bool set) {
   const float old = std::bit_cast<float>(LittleEndian32(&stats.at(at)));
   PutLittleEndian32(&stats.at(at), std::bit_cast<std::uint32_t>(set ? value : old + value));
@@ -60,8 +47,110 @@ ExpectedFiles::ExpectedFiles(const SmallInstallation& installation)
       archive(before.at("game/resource.hog")),
       stockStats(before.at("game/shipstats.bin")),
       stats(stockStats),
-      cache(before.at("game/tcachehw.dat")),
-      changes(ships.size()) {}
+      changes(ships.size()),
+      textures(ships.size(), {"hull"}),
+      pixels{{"hull", Pattern(16)}},
+      // The text lists Shield Recharge as its 10th value; the block has it behind Afterburner Fuel.
+      texts{{"Manta", {1, 0.5F, 3, 0.5F, 5, 0.5F, 7, 0.5F, 9, 11, 12, 10, 13, 14, 15}}} {
+  const Bytes& text = before.at("program/shipsData.txt");
+  list.assign(text.begin(), text.end());
+}
+
+/// The block that an add-on ship's statistics make: from its text where it has one, else the first stock block's.
+Bytes ExpectedFiles::AddedBlock(const SmallShip& ship) const {
+  Bytes block(blockSize);
+  std::copy(ship.name.begin(), ship.name.end(), block.begin());
+  std::copy_n(stockStats.begin() + statsAt, statsSize, block.begin() + statsAt);
+  const auto text = texts.find(ship.name);
+  for (std::size_t i = 0; text != texts.end() && i < text->second.size(); ++i) {
+    PutLittleEndian32(&block[statsAt + 4 * i], std::bit_cast<std::uint32_t>(text->second[i]));
+  }
+  return block;
+}
+
+void ExpectedFiles::AddBlock(int ship) {
+  if (!addedBlocks.contains(ship)) {
+    addedBlocks[ship] = static_cast<int>(defaults->size() / blockSize);
+    defaults->resize(defaults->size() + blockSize);
+  }
+  const Bytes block = AddedBlock(ships[static_cast<std::size_t>(ship)]);
+  std::copy(block.begin(), block.end(), defaults->begin() + static_cast<std::ptrdiff_t>(blockSize) * addedBlocks[ship]);
+}
+
+void ExpectedFiles::AddTextures(int ship) {
+  for (const std::string& name : textures[static_cast<std::size_t>(ship)]) {
+    if (std::find(inCache.begin(), inCache.end(), name) == inCache.end()) inCache.push_back(name);
+  }
+}
+
+/// The game's cache and the added textures, each with its companion, because all have 8 bits.
+Bytes ExpectedFiles::Cache() const {
+  Bytes cache = before.at("game/tcachehw.dat");
+  for (const std::string& name : inCache) {
+    cache = After(cache, {name, 1, 4, 4, 1, pixels.at(name), 16});
+    cache = After(cache, {"g" + name, 1, 4, 4, 1, Mapped(pixels.at(name)), 16});
+  }
+  return cache;
+}
+
+void ExpectedFiles::Import(const SmallShip& ship, const std::vector<Texture>& shipsTextures,
+                           const std::string& statsText, const std::vector<float>& values) {
+  const int index = static_cast<int>(ships.size());
+  ships.push_back(ship);
+  changes.emplace_back();
+  textures.emplace_back();
+  for (const Texture& texture : shipsTextures) {
+    textures.back().push_back(texture.name);
+    pixels[texture.name] = texture.pixels;
+    addOns["program/addons/textures/" + texture.name + ".bmp"] = Bitmap(4, 4, 8, texture.pixels);
+  }
+  const std::string base = ship.file.substr(0, ship.file.size() - 4);
+  if (!statsText.empty()) {
+    texts[ship.name] = values;
+    addOns["program/addons/stats/" + base + ".txt"] = BytesOf(statsText);
+  }
+  AddBlock(index);
+  AddTextures(index);
+  looseModels[ship.file] = ship.model;
+  looseModels[base + ".bak"] = ship.model;
+  addOns["program/addons/ships/" + ship.file] = ship.model;
+  list.replace(0, list.find('\r'), std::to_string(ships.size()));
+  list += "3,\"" + ship.name + "\",\"" + ship.file + "\"," + std::to_string(BlockOf(index));
+  for (std::size_t t = 0; t < 2; ++t) list += ",\"" + (t < textures.back().size() ? textures.back()[t] : "") + "\"";
+  list += "\r\n";
+}
+
+void ExpectedFiles::RemoveLast(bool withTextures) {
+  const SmallShip ship = ships.back();
+  const std::string base = ship.file.substr(0, ship.file.size() - 4);
+  const std::string removed = "program/addons/removed/" + ship.name + "/";
+  const int block = addedBlocks.at(static_cast<int>(ships.size()) - 1);
+  std::fill_n(defaults->begin() + static_cast<std::ptrdiff_t>(blockSize) * block, blockSize, std::uint8_t{0});
+  addedBlocks.erase(static_cast<int>(ships.size()) - 1);
+  looseModels.erase(ship.file);
+  looseModels.erase(base + ".bak");
+  const auto move = [&](const std::string& folder, const std::string& name) {
+    const auto file = addOns.find("program/addons/" + folder + name);
+    if (file == addOns.end()) return;
+    addOns[removed + name] = file->second;
+    addOns.erase(file);
+  };
+  addOns["program/addons/removed/"];
+  addOns[removed];
+  move("ships/", ship.file);
+  move("stats/", base + ".txt");
+  for (const std::string& name : textures.back()) {
+    if (!withTextures) continue;
+    move("textures/", name + ".bmp");
+    std::erase(inCache, name);
+  }
+  marksWritten = true;
+  ships.pop_back();
+  changes.pop_back();
+  textures.pop_back();
+  list.erase(list.rfind('\n', list.size() - 2) + 1);
+  list.replace(0, list.find('\r'), std::to_string(ships.size()));
+}
 
 int ExpectedFiles::Parts(int ship) const {
   const auto index = static_cast<std::size_t>(ship);
@@ -81,17 +170,12 @@ void ExpectedFiles::Enable() {
   if (enabled) UnswapAll();
   StartUp();
   backedUp = true;
+  marksWritten = false;
   changes.assign(ships.size(), {});
   for (std::size_t i = 0; i < ships.size(); ++i) {
     if (ships[i].kind != 3) continue;
-    const int index = static_cast<int>(i);
-    if (!addedBlocks.contains(index)) {
-      addedBlocks[index] = static_cast<int>(defaults->size() / blockSize);
-      defaults->resize(defaults->size() + blockSize);
-    }
-    const Bytes block = AddedBlock(ships[i], stockStats);
-    std::copy(block.begin(), block.end(),
-              defaults->begin() + static_cast<std::ptrdiff_t>(blockSize) * addedBlocks[index]);
+    AddBlock(static_cast<int>(i));
+    AddTextures(static_cast<int>(i));
     looseModels[ships[i].file] = ships[i].model;
   }
   for (std::size_t i = 0; i < ships.size(); ++i) {
@@ -101,11 +185,6 @@ void ExpectedFiles::Enable() {
     if (Parts(static_cast<int>(i)) != 2) continue;
     looseModels[ships[i + 1].file] = model;  // the first part's model serves both
     ++i;
-  }
-  // The three add-on ships share their texture; it has 8 bits and so gets a companion.
-  if (cache == before.at("game/tcachehw.dat")) {
-    cache = After(cache, {"hull", 1, 4, 4, 1, Pattern(16), 16});
-    cache = After(cache, {"ghull", 1, 4, 4, 1, Mapped(Pattern(16)), 16});
   }
   enabled = true;
 }
@@ -157,7 +236,7 @@ void ExpectedFiles::UnswapAll() {
 void ExpectedFiles::Disable() {
   enabled = false;
   stats = stockStats;
-  cache = before.at("game/tcachehw.dat");
+  inCache.clear();
   defaults.reset();
   addedBlocks.clear();
   looseModels.clear();
@@ -187,10 +266,9 @@ Bytes ExpectedFiles::Catalogue() const {
     AddTagged(record, 3, entry.size, 4);
     AddTagged(record, 3, entry.position, 4);
     AddTagged(record, 2, static_cast<std::uint32_t>(BlockOf(static_cast<int>(i))), 2);
-    AddText(record, "hull");
-    for (int texture = 1; texture < 21; ++texture) AddText(record, "");
+    for (std::size_t t = 0; t < 21; ++t) AddText(record, t < textures[i].size() ? textures[i][t] : "");
     // The second part is found at every load: the build writes 0, a record that a swap wrote holds what was loaded.
-    const bool rewritten = changes[i].to || changes[i].everUnswapped;
+    const bool rewritten = marksWritten || changes[i].to || changes[i].everUnswapped;
     const bool second = rewritten && Parts(static_cast<int>(i)) == 2;
     AddFlag(record, second);
     AddTagged(record, 2, second ? static_cast<std::uint32_t>(i + 1) : 0, 2);
@@ -213,7 +291,9 @@ Bytes ExpectedFiles::Catalogue() const {
 FolderImage ExpectedFiles::Image() const {
   FolderImage image = before;
   image["game/shipstats.bin"] = stats;
-  image["game/tcachehw.dat"] = cache;
+  image["game/tcachehw.dat"] = Cache();
+  image["program/shipsData.txt"] = BytesOf(list);
+  for (const auto& [path, bytes] : addOns) image[path] = bytes;
   if (defaults) image["game/shipstats.def"] = *defaults;
   for (const auto& [name, bytes] : looseModels) image["game/ships/" + name] = bytes;
   if (enabled) {
