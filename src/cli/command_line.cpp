@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
+#include <optional>
 
 #include "app/about_tab.h"
 #include "cli/help_text.h"
@@ -38,6 +39,13 @@ std::vector<std::string> ForParser(const std::vector<std::string>& words) {
   return marked;
 }
 
+/// The words of one command as they were typed.
+struct Typed {
+  std::vector<std::optional<std::string>> arguments;  ///< in order; nothing for one that was left out
+  std::vector<std::string> several;
+  std::map<std::string, std::vector<std::string>> options;  ///< of each one its values; none when it was not given
+};
+
 /// What the parser fills.
 struct Parsed {
   std::string game;
@@ -46,7 +54,7 @@ struct Parsed {
   bool yes = false;
   bool no = false;
   bool json = false;
-  std::vector<Values> values;      ///< one a command, as they were typed
+  std::vector<Typed> typed;        ///< one a command
   std::vector<CLI::App*> parsers;  ///< one a command
 };
 
@@ -69,27 +77,35 @@ void AddOptions(CLI::App& app, Parsed& parsed) {
           ""));
 }
 
-/// Tells the parser what a command takes, and where to put it.
-void AddWords(CLI::App& parser, const Command& command, Values& values) {
-  values.arguments.resize(command.arguments.size());
-  for (std::size_t i = 0; i < command.arguments.size(); ++i) {
-    const Argument& argument = command.arguments[i];
-    if (argument.several) {
-      parser.add_option(argument.name, values.several);
-    } else {
-      parser.add_option(argument.name, values.arguments[i])->required();
-    }
+void AddArgument(CLI::App& parser, const Argument& argument, std::size_t index, Typed& typed) {
+  if (argument.several) {
+    parser.add_option(argument.name, typed.several);
+    return;
   }
-  for (const CommandOption& option : command.options) {
-    if (option.value.empty()) {
-      parser.add_flag_callback(option.name, [&values, name = option.name] { values.options[name] = ""; });
-      continue;
-    }
-    parser
-        .add_option_function<std::string>(
-            option.name, [&values, name = option.name](const std::string& value) { values.options[name] = value; })
+  parser
+      .add_option_function<std::string>(
+          argument.name, [&typed, index](const std::string& word) { typed.arguments[index] = word; })
+      ->required(!argument.optional);
+}
+
+void AddOption(CLI::App& parser, const CommandOption& option, Typed& typed) {
+  std::vector<std::string>* const values = &typed.options[option.name];
+  if (option.value.empty()) {
+    parser.add_flag_callback(option.name, [values] { *values = {""}; });
+  } else if (option.several) {
+    // Each time it takes one value; the words behind that are arguments again.
+    parser.add_option(option.name, *values)->allow_extra_args(false)->required(option.required);
+  } else {
+    parser.add_option_function<std::string>(option.name, [values](const std::string& value) { *values = {value}; })
         ->required(option.required);
   }
+}
+
+/// Tells the parser what a command takes, and where to put it.
+void AddWords(CLI::App& parser, const Command& command, Typed& typed) {
+  typed.arguments.resize(command.arguments.size());
+  for (std::size_t i = 0; i < command.arguments.size(); ++i) AddArgument(parser, command.arguments[i], i, typed);
+  for (const CommandOption& option : command.options) AddOption(parser, option, typed);
 }
 
 /// A word as the command gets it.
@@ -98,25 +114,25 @@ std::string Word(const std::string& typed, WordKind kind) {
   return kind == WordKind::path ? platform::ToWindowsPath(word) : FromUtf8(word);
 }
 
-Values ForCommand(const Command& command, const Values& typed) {
+Values ForCommand(const Command& command, const Typed& typed) {
   Values values;
   for (std::size_t i = 0; i < command.arguments.size(); ++i) {
     const Argument& argument = command.arguments[i];
-    if (!argument.several) values.arguments.push_back(Word(typed.arguments[i], argument.kind));
+    if (typed.arguments[i]) values.arguments.push_back(Word(*typed.arguments[i], argument.kind));
     if (!argument.several) continue;
     for (const std::string& word : typed.several) values.several.push_back(Word(word, argument.kind));
   }
   for (const CommandOption& option : command.options) {
-    const auto given = typed.options.find(option.name);
-    if (given == typed.options.end()) continue;
-    values.options[option.name] = option.value.empty() ? std::string() : Word(given->second, option.kind);
+    for (const std::string& value : typed.options.at(option.name)) {
+      values.options[option.name].push_back(option.value.empty() ? std::string() : Word(value, option.kind));
+    }
   }
   return values;
 }
 
 void AddCommands(CLI::App& app, std::span<const Command> commands, Parsed& parsed) {
   std::map<std::string, CLI::App*> groups = {{"", &app}};
-  parsed.values.resize(commands.size());
+  parsed.typed.resize(commands.size());
   for (std::size_t i = 0; i < commands.size(); ++i) {
     const Command& command = commands[i];
     CLI::App*& group = groups[command.group];
@@ -125,7 +141,7 @@ void AddCommands(CLI::App& app, std::span<const Command> commands, Parsed& parse
       group->require_subcommand(1);
     }
     CLI::App* parser = group->add_subcommand(command.verb);
-    AddWords(*parser, command, parsed.values[i]);
+    AddWords(*parser, command, parsed.typed[i]);
     parsed.parsers.push_back(parser);
   }
 }
@@ -147,6 +163,15 @@ std::string MissingCommand(const CLI::App& app) {
   return "there is no command \"" + given + Unmarked(rest.front()) + "\"";
 }
 
+/// What is wrong with an option that was given too often or without its value.
+/// @param error the parser's text, which begins with the option and a colon
+std::string WrongOption(const Command* command, const std::string& error) {
+  const std::string name = error.substr(0, error.find(':'));
+  const auto several = [&](const CommandOption& option) { return option.several && option.name == name; };
+  const bool oftener = command != nullptr && std::any_of(command->options.begin(), command->options.end(), several);
+  return name + (oftener ? " must be given with one value each time" : " must be given once and with one value");
+}
+
 CommandLine WrongUsage(const std::string& what) {
   CommandLine line;
   line.kind = CommandLine::Kind::wrong;
@@ -161,7 +186,7 @@ CommandLine ToShow(const std::string& text) {
   return line;
 }
 
-CommandLine ToRun(const Command& command, const Values& typed, const Parsed& parsed) {
+CommandLine ToRun(const Command& command, const Typed& typed, const Parsed& parsed) {
   CommandLine line;
   line.kind = CommandLine::Kind::run;
   line.command = &command;
@@ -193,15 +218,14 @@ CommandLine ReadCommandLine(std::span<const Command> commands, const std::vector
   } catch (const CLI::CallForVersion&) {
     return ToShow("oravin-cli " + PlainVersion() + "\n");
   } catch (const CLI::ArgumentMismatch& error) {
-    const std::string option = Unmarked(error.what());
-    return WrongUsage(option.substr(0, option.find(':')) + " must be given once and with one value");
+    return WrongUsage(WrongOption(NamedCommand(commands, parsed), Unmarked(error.what())));
   } catch (const CLI::ParseError& error) {
     const bool verbless = std::string(error.what()) == "A subcommand is required";
     return WrongUsage(verbless ? MissingCommand(app) : Unmarked(error.what()));
   }
   const Command* command = NamedCommand(commands, parsed);
   if (command == nullptr) return WrongUsage(MissingCommand(app));
-  return ToRun(*command, parsed.values[static_cast<std::size_t>(command - commands.data())], parsed);
+  return ToRun(*command, parsed.typed[static_cast<std::size_t>(command - commands.data())], parsed);
 }
 
 }  // namespace oravin

@@ -34,7 +34,8 @@ struct Argument {
   std::string name;  ///< as the usage shows it: TARGET
   std::string help;
   WordKind kind = WordKind::text;
-  bool several = false;  ///< any number of words, none included; only the last argument can be that
+  bool several = false;   ///< any number of words, none included; only the last argument can be that
+  bool optional = false;  ///< may be left out; only arguments at the end can be that
 };
 
 /// An option of one command.
@@ -44,17 +45,23 @@ struct CommandOption {
   std::string help;
   WordKind kind = WordKind::text;
   bool required = false;
+  bool several = false;  ///< may be given more than once, each time with one value
 };
 
 /// What a command was given, in the core's code page.
 struct Values {
-  std::vector<std::string> arguments;          ///< in order
-  std::vector<std::string> several;            ///< the words of an argument that takes any number
-  std::map<std::string, std::string> options;  ///< the values of those that were given
+  std::vector<std::string> arguments;                       ///< in order; an optional one may be missing at the end
+  std::vector<std::string> several;                         ///< the words of an argument that takes any number
+  std::map<std::string, std::vector<std::string>> options;  ///< the values of those that were given
 
   [[nodiscard]] const std::string& at(std::size_t index) const { return arguments.at(index); }
   [[nodiscard]] bool Has(const std::string& option) const { return options.contains(option); }
-  [[nodiscard]] const std::string& Of(const std::string& option) const { return options.at(option); }
+  /// The value of an option that was given.
+  [[nodiscard]] const std::string& Of(const std::string& option) const { return options.at(option).front(); }
+  /// The values of an option that may be given several times, in order; none when it was not given.
+  [[nodiscard]] std::vector<std::string> EveryOf(const std::string& option) const {
+    return Has(option) ? options.at(option) : std::vector<std::string>();
+  }
 };
 
 /// Whether a command works on an installation, or on a file that it is given.
@@ -64,7 +71,7 @@ enum class WorksOn { installation, file };
 struct Command {
   std::string group;  ///< empty for a verb without a group
   std::string verb;
-  std::vector<Argument> arguments;  ///< all are required, save for one that takes any number
+  std::vector<Argument> arguments;  ///< all are required, save for optional ones and one that takes any number
   std::string help;                 ///< one sentence
 
   /// Does it, over an installation that start-up has loaded unless it works on a file.
@@ -89,6 +96,16 @@ std::optional<Result> SwapShips(Session& session, const Values& values);
 std::optional<Result> UnswapOne(Session& session, const Values& values);
 std::optional<Result> UnswapAll(Session& session, const Values& values);
 std::optional<Result> ShowStats(Session& session, const Values& values);
+std::optional<Result> SetStat(Session& session, const Values& values);
+std::optional<Result> CopyStats(Session& session, const Values& values);
+std::optional<Result> RestoreStats(Session& session, const Values& values);
+std::optional<Result> RestoreAllStats(Session& session, const Values& values);
+std::optional<Result> ListWeapons(Session& session, const Values& values);
+std::optional<Result> SetWeapon(Session& session, const Values& values);
+std::optional<Result> RestoreShipWeapons(Session& session, const Values& values);
+std::optional<Result> ShowCloak(Session& session, const Values& values);
+std::optional<Result> ToggleShipCloak(Session& session, const Values& values);
+std::optional<Result> ListModelTextures(Session& session, const Values& values);
 std::optional<Result> ListHog(Session& session, const Values& values);
 std::optional<Result> ExtractHog(Session& session, const Values& values);
 std::optional<Result> UnpackHog(Session& session, const Values& values);

@@ -44,11 +44,13 @@ constexpr const char* remarks =
 std::string UsageOf(const Command& command) {
   std::string usage = NameOf(command);
   for (const Argument& argument : command.arguments) {
-    usage += argument.several ? " [" + argument.name + "...]" : " " + argument.name;
+    const std::string word = argument.name + (argument.several ? "..." : "");
+    usage += argument.several || argument.optional ? " [" + word + "]" : " " + word;
   }
   for (const CommandOption& option : command.options) {
     const std::string words = Trim(option.name + " " + option.value);
     usage += option.required ? " " + words : " [" + words + "]";
+    if (option.several) usage += "...";
   }
   return usage;
 }

@@ -14,12 +14,27 @@ using Kind = CommandLine::Kind;
 
 std::optional<Result> Nothing(Session&, const Values&) { return std::nullopt; }
 
-/// Commands of the shapes that there are: a verb alone, a group, several arguments.
+/// Commands of the shapes that there are: a verb alone, a group, several arguments, one that may be left out, one that
+/// takes any number, options that may be given once or several times.
 const std::vector<Command>& MadeUp() {
   static const std::vector<Command> commands = {
       {"", "look", {}, "Looks.", Nothing},
       {"stats", "set", {{"SHIP", "a ship"}, {"LABEL", "a label"}, {"VALUE", "a value"}}, "Sets.", Nothing},
-      {"stats", "show", {{"SHIP", "a ship"}}, "Shows.", Nothing}};
+      {"stats", "show", {{"SHIP", "a ship"}}, "Shows.", Nothing},
+      {"weapons",
+       "set",
+       {{"SHIP", "a ship"}, {"TYPE", "a type"}, {"CODE", "a code", WordKind::text, false, true}},
+       "Changes.",
+       Nothing},
+      {"pack",
+       "make",
+       {{"FILE", "a file", WordKind::path}, {"NAME", "names", WordKind::text, true}},
+       "Makes.",
+       Nothing,
+       {{"--only", "NAME", "a name", WordKind::text, false, true},
+        {"--from", "DIR", "a folder", WordKind::path, true, true},
+        {"--to", "TEXT", "a text"},
+        {"--quick", "", "quick"}}}};
   return commands;
 }
 
@@ -110,6 +125,62 @@ TEST(CommandLine, AnArgumentMayBeEmpty) {
   const CommandLine line = Read({"stats", "show", ""});
   ASSERT_EQ(line.kind, Kind::run);
   EXPECT_EQ(line.values.arguments, std::vector<std::string>{""});
+}
+
+TEST(CommandLine, AnOptionalArgumentMayBeLeftOutAndIsToldFromAnEmptyOne) {
+  const CommandLine without = Read({"weapons", "set", "Predator", "missile"});
+  ASSERT_EQ(without.kind, Kind::run) << without.text;
+  EXPECT_EQ(without.values.arguments, (std::vector<std::string>{"Predator", "missile"}));
+  const CommandLine with = Read({"weapons", "set", "Predator", "--json", "gun", "15"});
+  ASSERT_EQ(with.kind, Kind::run) << with.text;
+  EXPECT_EQ(with.values.arguments, (std::vector<std::string>{"Predator", "gun", "15"}));
+  EXPECT_TRUE(with.json);
+  const CommandLine empty = Read({"weapons", "set", "Predator", "gun", ""});
+  ASSERT_EQ(empty.kind, Kind::run) << empty.text;
+  EXPECT_EQ(empty.values.arguments, (std::vector<std::string>{"Predator", "gun", ""}));
+}
+
+TEST(CommandLine, AnArgumentBeforeAnOptionalOneMayNotBeLeftOut) {
+  ExpectWrong({"weapons", "set", "Predator"}, "TYPE is required");
+}
+
+TEST(CommandLine, AnArgumentBehindAnOptionalOneIsNamed) {
+  ExpectWrong({"weapons", "set", "Predator", "gun", "1", "2"}, "The following argument was not expected: 2");
+}
+
+TEST(CommandLine, AnOptionalArgumentMayBeANegativeNumber) {
+  EXPECT_EQ(Read({"weapons", "set", "Predator", "gun", "-1"}).values.arguments.back(), "-1");
+}
+
+TEST(CommandLine, AnOptionMayBeGivenSeveralTimes) {
+  const CommandLine line = Read({"pack", "make", "--only", "Manta", "/a.pak", "--from", "/one", "--only=Sch\xC3\xBCtze",
+                                 "first", "--from", "/two", "second", "--only", "", "--only", "-5"});
+  ASSERT_EQ(line.kind, Kind::run) << line.text;
+  EXPECT_EQ(line.values.EveryOf("--only"), (std::vector<std::string>{"Manta", "Sch\xFCtze", "", "-5"}));
+  EXPECT_EQ(line.values.EveryOf("--from"), (std::vector<std::string>{"Z:\\one", "Z:\\two"}));
+  EXPECT_EQ(line.values.Of("--only"), "Manta");
+  EXPECT_EQ(line.values.arguments, std::vector<std::string>{"Z:\\a.pak"}) << "an option takes one word each time";
+  EXPECT_EQ(line.values.several, (std::vector<std::string>{"first", "second"}));
+}
+
+TEST(CommandLine, AnOptionOfSeveralThatIsGivenOnceOrNotAtAll) {
+  const CommandLine line = Read({"pack", "make", "a", "--from", "b"});
+  ASSERT_EQ(line.kind, Kind::run) << line.text;
+  EXPECT_EQ(line.values.EveryOf("--from").size(), 1U);
+  EXPECT_FALSE(line.values.Has("--only"));
+  EXPECT_TRUE(line.values.EveryOf("--only").empty());
+  ExpectWrong({"pack", "make", "a"}, "--from is required");
+}
+
+TEST(CommandLine, AnOptionOfSeveralWithoutItsValueIsWrong) {
+  ExpectWrong({"pack", "make", "a", "--from", "b", "--only"}, "--only must be given with one value each time");
+  ExpectWrong({"pack", "make", "a", "--from", "b", "--to", "x", "--to", "y"},
+              "--to must be given once and with one value");
+}
+
+TEST(CommandLine, AnOptionWithoutAValueIsGivenOrNot) {
+  EXPECT_TRUE(Read({"pack", "make", "a", "--from", "b", "--quick"}).values.Has("--quick"));
+  EXPECT_FALSE(Read({"pack", "make", "a", "--from", "b"}).values.Has("--quick"));
 }
 
 TEST(CommandLine, ArgumentsComeInTheCodePageOfTheCore) {
@@ -218,6 +289,16 @@ TEST(CommandLine, HelpOfACommandNeedsNoArguments) {
             "\"oravin-cli --help\" shows the options.\n");
 }
 
+TEST(CommandLine, HelpMarksWhatMayBeLeftOutOrGivenSeveralTimes) {
+  const auto usage = [](const std::vector<std::string>& words) {
+    const std::string text = Read(words).text;
+    return text.substr(0, text.find('\n'));
+  };
+  EXPECT_EQ(usage({"weapons", "set", "-h"}), "Usage: oravin-cli [options] weapons set SHIP TYPE [CODE]");
+  EXPECT_EQ(usage({"pack", "make", "-h"}),
+            "Usage: oravin-cli [options] pack make FILE [NAME...] [--only NAME]... --from DIR... [--to TEXT] [--quick]");
+}
+
 TEST(HelpText, NamesEveryCommandAndOptionAndFitsATerminal) {
   const std::string text = HelpText(Commands());
   for (const Command& command : Commands()) EXPECT_NE(text.find("  " + NameOf(command)), std::string::npos);
@@ -237,7 +318,9 @@ TEST(Commands, AreThoseOfTheProgram) {
   std::vector<std::string> names;
   for (const Command& command : Commands()) names.push_back(NameOf(command));
   for (const char* name :
-       {"status", "enable", "disable", "ships list", "ships swap", "ships unswap", "ships unswap-all", "stats show"}) {
+       {"status", "enable", "disable", "ships list", "ships swap", "ships unswap", "ships unswap-all", "stats show",
+        "stats set", "stats copy", "stats restore", "stats restore-all", "weapons list", "weapons set",
+        "weapons restore", "cloak show", "cloak toggle", "model textures"}) {
     EXPECT_EQ(std::count(names.begin(), names.end(), name), 1) << name;
   }
 }
