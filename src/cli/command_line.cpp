@@ -83,8 +83,8 @@ void AddArgument(CLI::App& parser, const Argument& argument, std::size_t index, 
     return;
   }
   parser
-      .add_option_function<std::string>(
-          argument.name, [&typed, index](const std::string& word) { typed.arguments[index] = word; })
+      .add_option_function<std::string>(argument.name,
+                                        [&typed, index](const std::string& word) { typed.arguments[index] = word; })
       ->required(!argument.optional);
 }
 

@@ -295,8 +295,9 @@ TEST(CommandLine, HelpMarksWhatMayBeLeftOutOrGivenSeveralTimes) {
     return text.substr(0, text.find('\n'));
   };
   EXPECT_EQ(usage({"weapons", "set", "-h"}), "Usage: oravin-cli [options] weapons set SHIP TYPE [CODE]");
-  EXPECT_EQ(usage({"pack", "make", "-h"}),
-            "Usage: oravin-cli [options] pack make FILE [NAME...] [--only NAME]... --from DIR... [--to TEXT] [--quick]");
+  EXPECT_EQ(
+      usage({"pack", "make", "-h"}),
+      "Usage: oravin-cli [options] pack make FILE [NAME...] [--only NAME]... --from DIR... [--to TEXT] [--quick]");
 }
 
 TEST(HelpText, NamesEveryCommandAndOptionAndFitsATerminal) {
