@@ -294,7 +294,8 @@ TEST_F(NeverLose, TheBackupOfTheTableIsRenewedWhenTheGameWasInstalledAgain) {
   session->Enable();
   session->Disable();
   const Bytes old = ReadFileAt(installation.Program("backup/resource.fat"));
-  installation.ships[0].model.push_back(1);
+  Bytes& model = installation.ships[0].model;
+  for (int i = 0; i < 100; ++i) model.push_back(static_cast<std::uint8_t>(i * 37));  // too wild to be packed away
   installation.WriteArchive();
   session->Enable();
   EXPECT_TRUE(SameBytes(old, ReadFileAt(installation.Program("backup/resource.old"))));

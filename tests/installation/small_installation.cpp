@@ -6,7 +6,6 @@
 
 #include "cache/cache_files.h"
 #include "demo/compressor.h"
-#include "demo/model_writer.h"
 
 namespace oravin::test {
 
@@ -22,7 +21,7 @@ Bytes Model(const std::string& name, std::uint8_t classByte) {
   options.classByte = classByte;
   options.size = 1500;
   options.textures = {"hull"};
-  options.attachments = {{demo::kGun, 40, 0, 10, 0, 2}, {demo::kGun, -40, 0, 10, 0, 2}};
+  options.attachments = SmallShipWeapons();
   return demo::BuildModel(options);
 }
 
@@ -69,6 +68,15 @@ Bytes Cache() {
 }
 
 }  // namespace
+
+std::vector<demo::ModelAttachment> SmallShipWeapons() {
+  return {{demo::kGun, 40, 0, 10, 0, 2},
+          {demo::kGun, -40, 0, 10, 0, 2},
+          {demo::kGun, 0, 90, 400, 0, 11},
+          {demo::kMissileLauncher, 250, -40, 0, 0, 0},
+          {demo::kMissileLauncher, -250, -40, 0, 0, 0},
+          {demo::kExternalGun, 0, 200, -300, 7, 0}};
+}
 
 SmallInstallation::SmallInstallation() : gamePath(folder.Windows("game\\")), programPath(folder.Windows("program\\")) {
   ships = {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "demo/archive_writer.h"
+#include "demo/model_writer.h"
 #include "support/temporary_folder.h"
 #include "util/bytes.h"
 
@@ -48,6 +49,10 @@ struct TableEntry {
   std::uint32_t size;
   std::uint32_t position;
 };
+
+/// The weapons of every model: a pair of guns, a single gun, a pair of missile launchers, an external gun. A fighter's
+/// stand in one table that ends the file.
+std::vector<demo::ModelAttachment> SmallShipWeapons();
 
 /// A complete installation of a dozen ships, small enough to be made anew for every test: two-part ships, capital
 /// ships, a stored model, two ships whose disguised names collide, add-on ships with and without a statistics text.
