@@ -275,9 +275,11 @@ TEST_F(StatsShown, PuttingAllShipsBackShowsTheSelectedShipAnew) {
 }
 
 TEST_F(StatsShown, EnablingAgainShowsTheSelectedShipAnew) {
-  session.Swap(alpha, manta);
   Choose(alpha);
-  session.Enable();
+  SelectOnly(Tab().shipWeaponsList, 0);
+  session.Press("stats.pldMissileType");
+  EXPECT_EQ(Weapons().front(), "Pair: Missiles");
+  session.Enable();  // it unpacks the models anew
   EXPECT_EQ(SelectedShip(Tab()), alpha);
   EXPECT_EQ(Weapons(), stockWeapons);
   EXPECT_EQ(FirstValue(), "0.5");
