@@ -19,6 +19,12 @@ void AddExtraction(const std::filesystem::path& work);
 /// @param work a folder for texture caches
 void AddTextures(const std::filesystem::path& work);
 
+/// @param work a folder for ship models
+void AddModels(const std::filesystem::path& work);
+
+/// Prints what choosing a ship on the "Ship Stats / Guns" tab takes: its statistics, its weapons and the chart.
+/// @param work a folder for a sample installation
+void PrintStatsTab(const std::filesystem::path& work);
 /// Prints what opening a texture cache, looking at textures and importing one take.
 void PrintTextureTab(const std::filesystem::path& work);
 /// Prints what the archive's tab takes to open an archive of 100,000 files and to filter its list.

@@ -20,10 +20,12 @@ int main(int argc, char** argv) {
   AddInstallation(work);
   AddExtraction(work);
   AddTextures(work);
+  AddModels(work);
   RatioTable table;
   benchmark::RunSpecifiedBenchmarks(&table);
   PrintArchiveTab(work);
   PrintTextureTab(work);
+  PrintStatsTab(work);
   PrintStart(programs, work);
   PrintMemory(programs, work);
   return 0;
