@@ -20,7 +20,11 @@ constexpr std::size_t longestItem = 1000;
 constexpr std::size_t shownOfItem = 40;
 
 [[noreturn]] void Refuse(const DelimitedText& text, const std::string& item, const std::string& why) {
-  throw RunTimeError("could not read", text.path, "\"" + item.substr(0, shownOfItem) + "\" " + why);
+  std::string shown = item.substr(0, shownOfItem);
+  for (char& c : shown) {
+    if (const auto code = static_cast<unsigned char>(c); code < 32 || code == 127) c = '?';
+  }
+  throw RunTimeError("could not read", text.path, "\"" + shown + "\" " + why);
 }
 
 std::string Bounded(const DelimitedText& text, std::string item) {

@@ -55,7 +55,11 @@ bool IsBehindComma(const DelimitedText& text) {
 /// Takes the value that begins here or behind blanks.
 std::string TakeValue(DelimitedText& text) {
   Skip(text, " \t");
-  if (text.at < text.all.size() && text.all[text.at] == '"') return TakeQuoted(text);
+  if (text.at >= text.all.size()) {
+    text.at = text.all.size() + 1;  // no further value stands behind the comma that ends the text
+    return {};
+  }
+  if (text.all[text.at] == '"') return TakeQuoted(text);
   const std::size_t begin = text.at;
   text.at = std::min(text.all.find_first_of(",\r\n", begin), text.all.size());
   const std::string_view value = text.all.substr(begin, text.at - begin);

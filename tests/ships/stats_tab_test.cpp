@@ -14,13 +14,13 @@ ShipRecord Ship(const std::string& name) {
 
 TEST(StatsTab, LooksAsItDoesBeforeACatalogueIsLoaded) {
   const StatsTab tab = NewStatsTab();
-  ASSERT_EQ(tab.shipEditingList.columns.size(), 1U);
-  EXPECT_EQ(tab.shipEditingList.columns[0].heading, "Ships:");
+  EXPECT_EQ(tab.lblShips.caption, "Ships:");
+  EXPECT_EQ(tab.shipEditingList.columns.size(), 1U);
+  EXPECT_TRUE(tab.shipStatsList.labelsEditable);
   EXPECT_TRUE(tab.shipEditingList.rows.empty());
   EXPECT_EQ(tab.lblWeapons.caption, "Weapons:");
   EXPECT_EQ(tab.cmdEnable2.caption, "&Enable");
   EXPECT_EQ(tab.CmdDisable2.caption, "&Disable / Restore");
-  EXPECT_EQ(tab.purpose.caption, "Here you will edit a ship's statistics and weapons.");
 }
 
 TEST(StatsTab, BearsItsCaptionsAndTooltips) {

@@ -1,6 +1,6 @@
 #include "texture/ImportTexture.h"
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "desk/program_end.h"
 #include "texture/Texture.h"
 #include "texture/colour.h"

@@ -1,6 +1,6 @@
 #include "texture/RemoveTexture.h"
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "texture/Texture.h"
 
 namespace oravin {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"

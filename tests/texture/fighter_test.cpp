@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "desk/program_end.h"
 #include "texture/fighter_chain.h"
 #include "texture/import_panel.h"

@@ -1,4 +1,4 @@
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "demo/palettes.h"
 #include "demo/texture_plan.h"
 #include "texture/LearnLoadout.h"

@@ -1,6 +1,6 @@
 #include "texture/picture.h"
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "image_program.h"
 #include "texture/extraction.h"
 #include "util/run_time_error.h"

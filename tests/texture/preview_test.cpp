@@ -1,6 +1,6 @@
 // The preview of a texture beside the list, and the thumbnails.
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "texture/import_panel.h"
 #include "texture/tcache_tab.h"
 

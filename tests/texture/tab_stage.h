@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "texture/tcache_tab.h"
 
 namespace oravin::test {

@@ -1,6 +1,6 @@
 #include <limits>
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "texture/Texture.h"
 #include "util/run_time_error.h"
 

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "demo/template_writer.h"
 #include "image_program.h"
 #include "texture/bitmap.h"

@@ -1,6 +1,6 @@
 #include "texture/texture_batch.h"
 
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 #include "desk/program_end.h"
 #include "texture/ImportTexture.h"
 #include "util/run_time_error.h"

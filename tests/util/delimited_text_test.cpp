@@ -53,6 +53,41 @@ TEST(DelimitedText, BlanksAndTabsAroundAValueDoNotCount) {
   EXPECT_EQ(Values(" \t1\t ,  \"a\"\t,two words \t\r\n 3"), (Texts{"1", "a", "two words", "3"}));
 }
 
+TEST(DelimitedText, AnItemsLineMayBeEmpty) {
+  const std::vector<std::pair<std::string, Texts>> cases = {
+      {"a\n\nb\n", {"a", "", "b"}},
+      {"a\r\n\r\nb\r\n", {"a", "", "b"}},
+      {"a\r\rb", {"a", "", "b"}},
+      {" \t \nb", {"", "b"}},
+      {"a, \n\"b, c\" \nd", {"a", "", "b, c", "d"}},
+      {"a,", {"a", ""}},
+      {"\n", {""}},
+  };
+  for (const auto& [all, items] : cases) {
+    SCOPED_TRACE(all);
+    DelimitedText text{"list.txt", all};
+    for (const std::string& item : items) EXPECT_EQ(TakeItem(text), item);
+    EXPECT_THROW(TakeItem(text), RunTimeError) << "nothing is left";
+  }
+}
+
+TEST(DelimitedText, BehindACommaAtTheEndStandsOneEmptyValueAndNoMore) {
+  for (const std::string_view all : {"a,", "a, \t"}) {
+    DelimitedText text{"list.txt", all};
+    EXPECT_EQ(TakeText(text), "a");
+    EXPECT_EQ(TakeText(text), "");
+    EXPECT_TRUE(AtEnd(text));
+    EXPECT_THROW(TakeText(text), RunTimeError);
+  }
+}
+
+TEST(DelimitedText, AnItemIsMissingWhereNothingButBlanksIsLeft) {
+  const auto take = [](DelimitedText& text) { TakeItem(text); };
+  EXPECT_EQ(Wrong("", 1, take), "it ends too early (line 1)");
+  EXPECT_EQ(Wrong("a\n  ", 2, take), "it ends too early (line 2)");
+  EXPECT_EQ(Wrong("a\n\"b", 2, take), "a quote is not closed (line 2)");
+}
+
 TEST(DelimitedText, TwoSeparatorsInARowHoldAnEmptyValue) {
   EXPECT_EQ(Values("1,,2"), (Texts{"1", "", "2"}));
   EXPECT_EQ(Values("1, ,2"), (Texts{"1", "", "2"}));

@@ -1,4 +1,4 @@
-#include "cache_stage.h"
+#include "cache/cache_stage.h"
 
 #include "texture/colour.h"
 
