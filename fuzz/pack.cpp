@@ -1,6 +1,8 @@
 // Fuzzes the reader of ship packs: a pack is read whole within its limits, or refused with one box; no model of it lies
 // outside of its folder; and the import form holds what was read.
 
+#include <algorithm>
+
 #include "input_file.h"
 #include "pack/Fighter_PACK.h"
 #include "util/File_Path.h"

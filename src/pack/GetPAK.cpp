@@ -1,5 +1,6 @@
 #include "pack/GetPAK.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "desk/dialogs.h"
