@@ -136,6 +136,23 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
   return signature;
 }
 
+Bytes ContentOf(Files& files, int hog, const HogEntry& entry, std::uint64_t most) {
+  if (std::uint64_t{entry.Offset} + entry.Size > LengthOf(files, hog)) {
+    throw RunTimeError("could not unpack", entry.Name, "its place lies past the archive's end");
+  }
+  if (entry.Size > most) throw RunTimeError("could not unpack", entry.Name, "it is too large to be right");
+  Bytes stored = ReadStored(files, hog, entry.Size, entry.Offset);
+  const bool compressed =
+      entry.Size >= 2 && stored[0] == compressedSignature >> 8U && stored[1] == (compressedSignature & 255U);
+  if (!compressed) {
+    stored.resize(entry.Size);
+    return stored;
+  }
+  Unpacked unpacked;
+  Decompress(stored, unpacked, entry.Name);
+  return {unpacked.Span().begin(), unpacked.Span().end()};
+}
+
 bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
                     std::uint32_t offset) {
   const OpenedFile hog(files, hogPath, OpenFor::reading);

@@ -5,6 +5,7 @@
 
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
+#include "hog/Hog.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -29,6 +30,12 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
 /// @throws RunTimeError as UnpackEntry
 bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
                     std::uint32_t offset);
+
+/// An entry's content in memory: unpacked where it is compressed, else exactly its own bytes without storedExcess.
+/// @param hog the archive, open for reading
+/// @param most the greatest size as stored, in bytes, that is still read
+/// @throws RunTimeError when the entry is larger, does not lie inside the archive, is damaged, or cannot be read
+Bytes ContentOf(Files& files, int hog, const HogEntry& entry, std::uint64_t most);
 
 /// UnpackEntry into a folder, with boxes titled "UnpackFile()": "Error - Path(s) not found" when the folder or the
 /// archive is missing, and the error trap's.

@@ -10,7 +10,6 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "ships/model_chunks.h"
 #include "util/File_Path.h"
 
 namespace oravin {
@@ -85,10 +84,8 @@ bool Present(Host& host, std::string& path, const std::string& title) {
 /// The class byte; nothing when the file cannot be read that far, which the queries pass over.
 std::optional<std::uint8_t> ClassByte(Files& files, const std::string& path) {
   try {
-    const OpenedFile file(files, path, platform::OpenFor::reading);
-    std::array<std::uint8_t, 1> byte{};
-    Get(files, file.handle, classByteOffset, byte);
-    return byte[0];
+    ModelReader reader(files, path);
+    return ClassByteOf(reader);
   } catch (const RunTimeError&) {
     return std::nullopt;
   }
@@ -272,10 +269,17 @@ WeaponPairs FindWeaponPairs(std::span<const ShpAttachment> attachments) {
   return pairs;
 }
 
+std::optional<std::uint8_t> ClassByteOf(ModelReader& reader) {
+  const auto byte = BytesAt(reader, classByteOffset, 1);
+  return byte.empty() ? std::nullopt : std::optional(byte[0]);
+}
+
+bool MarksCapitalShip(std::uint8_t classByte) { return classByte == 1 || classByte == 3 || classByte == 5; }
+
 bool IsCapitalShip(Host& host, std::string path) {
   if (!Present(host, path, "IsCapitalShip")) return false;
   const auto byte = ClassByte(host.files, path);
-  return byte == std::uint8_t{1} || byte == std::uint8_t{3} || byte == std::uint8_t{5};
+  return byte && MarksCapitalShip(*byte);
 }
 
 bool IsCloaked(Host& host, std::string path) {

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "desk/host.h"
+#include "ships/model_chunks.h"
 
 /// Weapons and class of ship models (`*.shp`; ships/model_chunks.h draws the chunks).
 ///
@@ -84,6 +86,13 @@ struct WeaponPairs {
 /// Finds the pairs: two attachments of one kind (0, 1 or 3) whose x mirror each other (within 70), whose z are the same
 /// (within 25) and whose y are the same or mirrored (within 30). The first acceptable partner wins.
 WeaponPairs FindWeaponPairs(std::span<const ShpAttachment> attachments);
+
+/// The class byte of a model that is being read; nothing when the model ends before it.
+/// @throws RunTimeError when the file cannot be read
+std::optional<std::uint8_t> ClassByteOf(ModelReader& reader);
+
+/// True for the class bytes of capital ships: 1, 3 and 5.
+bool MarksCapitalShip(std::uint8_t classByte);
 
 /// True when the model's class byte is that of a capital ship. A file that cannot be read that far gives false without
 /// a word; a missing one a box titled "IsCapitalShip".

@@ -5,7 +5,6 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "ships/model_chunks.h"
 #include "util/File_Path.h"
 
 namespace oravin {
@@ -28,11 +27,15 @@ void AddNames(ModelReader& reader, const ModelChunk& chunk, std::vector<std::str
 
 }  // namespace
 
-std::vector<std::string> ReadShpTextureNames(Files& files, const std::string& path) {
+std::vector<std::string> TextureNamesOf(ModelReader& reader) {
   std::vector<std::string> names;
-  ModelReader reader(files, path);
   while (const auto chunk = NextChunk(reader, textureNamesChunk)) AddNames(reader, *chunk, names);
   return names;
+}
+
+std::vector<std::string> ReadShpTextureNames(Files& files, const std::string& path) {
+  ModelReader reader(files, path);
+  return TextureNamesOf(reader);
 }
 
 int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& names) {

@@ -15,7 +15,6 @@ namespace oravin {
 namespace {
 
 constexpr std::uint64_t longestList = std::uint64_t{16} << 20;
-constexpr int mostShips = 32765;  // an index of a ship is a 16-bit signed number, and loading adds one record
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 
@@ -64,7 +63,7 @@ ShipListText ParseShipList(std::string path, std::string all, int fewest) {
   list.count = NextValue(text);
   const int count = TakeWhole(text, fewest, 2147483647);
   list.shipsAt = text.at;
-  if (count > mostShips) {
+  if (count > mostListedShips) {
     throw RunTimeError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships");
   }
   // Nothing is sized by the count: the list may hold far fewer ships than it states.
@@ -79,6 +78,13 @@ ShipListText ParseShipList(std::string path, std::string all, int fewest) {
 ShipListText ReadShipListText(Files& files, const std::string& programPath) {
   const std::string path = programPath + shipListName;
   return ParseShipList(path, TextOf(ReadWhole(files, path, longestList)), 0);
+}
+
+bool CanBeListed(const std::string& text) {
+  return std::none_of(text.begin(), text.end(), [](char c) {
+    const int code = static_cast<std::uint8_t>(c);
+    return code < 32 || code == 127 || c == '"';
+  });
 }
 
 std::string ShipListLine(const ListedShip& ship) {

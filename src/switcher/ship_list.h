@@ -13,6 +13,9 @@ namespace oravin {
 
 inline constexpr const char* shipListName = "shipsData.txt";
 
+/// As many ships as a list may hold: an index of a ship is a 16-bit signed number, and loading adds one record.
+inline constexpr int mostListedShips = 32765;
+
 struct ListedShip {
   int kind = 0;
   std::string name;
@@ -66,6 +69,9 @@ ShipListText ParseShipList(std::string path, std::string text, int fewest);
 /// The list's text as it is in the program folder. No ships at all are right here.
 /// @throws RunTimeError when it is missing, cannot be read or cannot be used
 ShipListText ReadShipListText(Files& files, const std::string& programPath);
+
+/// True when a text can stand in the list: it holds no double quote and no control character, line breaks included.
+bool CanBeListed(const std::string& text);
 
 /// A ship's line in the list, without a line end: its texts in double quotes, a comma between the values.
 std::string ShipListLine(const ListedShip& ship);

@@ -64,13 +64,6 @@ std::optional<std::size_t> FindFrom(const ShipListText& list, const std::string&
 
 }  // namespace
 
-bool CanBeListed(const std::string& text) {
-  return std::none_of(text.begin(), text.end(), [](char c) {
-    const int code = static_cast<std::uint8_t>(c);
-    return code < 32 || code == 127 || c == '"';
-  });
-}
-
 std::optional<std::size_t> FindImportedLine(const ShipListText& list, const std::string& name,
                                             const std::string& file) {
   return FindFrom(list, name, file, 0);

@@ -15,9 +15,6 @@
 /// were meant. Only then it is written beside the old list and renamed over it.
 namespace oravin {
 
-/// True when a text can stand in the list: it holds no double quote and no control character, line breaks included.
-bool CanBeListed(const std::string& text);
-
 /// The first line of an imported ship, found by its name and its model file without regard to case and to blanks at the
 /// ends. Names that are longer than a catalogue record's field are compared as they are cut there.
 std::optional<std::size_t> FindImportedLine(const ShipListText& list, const std::string& name, const std::string& file);

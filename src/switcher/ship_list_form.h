@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "desk/controls.h"
+#include "desk/host.h"
+#include "switcher/ship_list_draft.h"
+
+namespace oravin {
+
+/// The form in which a drafted ship list is looked through and edited as a table before it is saved: the lines, and
+/// under them the fields of the selected one.
+struct ShipListForm {
+  std::string caption;
+  Label lblPurpose;  ///< what the form is for, and what the draft says of itself
+  ListView lstShips;
+  Label lblName;
+  TextBox txtName;
+  Label lblFile;
+  TextBox txtFile;
+  Label lblKind;
+  TextBox txtKind;
+  Label lblStats;
+  TextBox txtStats;
+  Label lblTexture0;
+  TextBox txtTexture0;
+  Label lblTexture1;
+  TextBox txtTexture1;
+  Button cmdApply;
+  Button cmdRemoveLine;
+  Button cmdMoveUp;
+  Button cmdMoveDown;
+  Button cmdSave;
+  Button cmdCancel;
+
+  std::vector<DraftedShip> ships;  ///< the lines
+  int blocks = 0;                  ///< how many statistics blocks there are; 0 when that is not known
+  std::string path;                ///< the file that Save writes
+  bool changed = false;            ///< a line was changed, moved or removed
+  bool saved = false;
+  bool shown = false;  ///< false closes the form
+};
+
+/// The form's name for the desk.
+inline constexpr const char* shipListForm = "ShipList";
+
+ShipListForm NewShipListForm();
+
+/// Shows a draft in the form until it is closed.
+/// @param path the file that Save writes
+/// @return whether the list was saved
+bool EditShipList(Host& host, ShipListForm& form, const ShipListDraft& draft, const std::string& path);
+
+/// Puts the fields of the selected line into the boxes.
+void lstShips_ItemClick(ShipListForm& form);
+
+/// Takes the boxes into the selected line. Boxes titled "Ship list", after which the line stays as it was: a kind or a
+/// statistics block that is no such number, a block that the statistics do not have, and whatever WhyNotListed says.
+void cmdApply_Click(Host& host, ShipListForm& form);
+
+/// Takes the selected line out of the list; the next one is selected.
+void cmdRemoveLine_Click(ShipListForm& form);
+
+/// Moves the selected line up or down by one. A second part stands directly behind its ship.
+void cmdMoveUp_Click(ShipListForm& form);
+void cmdMoveDown_Click(ShipListForm& form);
+
+/// Saves the list (SaveShipList, with the old one kept) and closes the form; what was typed and not applied yet is
+/// applied first. A box titled "Ship list" says why it cannot be saved as it is (WhyNotSaved); then its line is
+/// selected and the form stays.
+void cmdSave_Click(Host& host, ShipListForm& form);
+
+/// Closes the form without saving; asks first when something was changed or typed.
+void cmdCancel_Click(Host& host, ShipListForm& form);
+
+}  // namespace oravin
