@@ -115,21 +115,22 @@ void Take(Matching& matching, const Candidate& candidate) {
   matching.matches[candidate.model] = {candidate.block, candidate.sureness};
 }
 
+/// The blocks of each name, the first one last: those that are taken are dropped from the end.
 using BlocksByName = std::unordered_map<std::string, std::vector<std::size_t>>;
 
-void TakeEqual(Matching& matching, const BlocksByName& blocks, std::size_t model, const std::string& name,
+void TakeEqual(Matching& matching, BlocksByName& blocks, std::size_t model, const std::string& name,
                MatchSureness sureness) {
   const auto found = blocks.find(name);
   if (found == blocks.end() || matching.matches[model].block) return;
-  const auto& indices = found->second;
-  const auto free = std::find_if(indices.begin(), indices.end(), [&](std::size_t i) { return !matching.taken[i]; });
-  if (free != indices.end()) Take(matching, {sureness, 0, model, *free});
+  auto& indices = found->second;
+  while (!indices.empty() && matching.taken[indices.back()]) indices.pop_back();
+  if (!indices.empty()) Take(matching, {sureness, 0, model, indices.back()});
 }
 
 void TakeExact(Matching& matching) {
   BlocksByName names;
   BlocksByName keys;
-  for (std::size_t i = 0; i < matching.blocks.size(); ++i) {
+  for (std::size_t i = matching.blocks.size(); i-- > 0;) {
     const NameKey& key = matching.blockKeys[i];
     if (key.plain.empty()) continue;
     names[matching.blocks[i]].push_back(i);
