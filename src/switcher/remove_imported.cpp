@@ -51,7 +51,6 @@ struct Removal {
   std::vector<std::string> models;  ///< files in the game's ships folder
   std::vector<KeptFiles> kept;
   std::optional<ShipListText> list;  ///< without their lines; nothing where it stays as it is
-  std::string listProblem;
 };
 
 bool IsRemoved(const Removal& removal, std::int64_t index) {
@@ -171,19 +170,16 @@ void FindKeptFiles(Removal& removal, const Installation& installation) {
   }
 }
 
-/// The list without the ships' lines. One that cannot be used stays as it is; where there is none, there is no line.
+/// The list without the ships' lines; where there is no list, there is no line.
+/// @throws RunTimeError when there is a list that cannot be used
 void FindLines(Files& files, Removal& removal, const Installation& installation) {
   if (!FileExists(installation.ProgramPath + shipListName)) return;
-  try {
-    const ShipListText list = ReadShipListText(files, installation.ProgramPath);
-    std::set<std::size_t> lines;
-    for (const auto line : FindImportedLines(list, removal.removed)) {
-      if (line) lines.insert(*line);
-    }
-    if (!lines.empty()) removal.list = WithoutShips(list, lines);
-  } catch (const RunTimeError& error) {
-    removal.listProblem = error.operation + " it: " + error.reason;
+  const ShipListText list = ReadShipListText(files, installation.ProgramPath);
+  std::set<std::size_t> lines;
+  for (const auto line : FindImportedLines(list, removal.removed)) {
+    if (line) lines.insert(*line);
   }
+  if (!lines.empty()) removal.list = WithoutShips(list, lines);
 }
 
 void Append(WritePlan& plan, const WritePlan& more) {
@@ -234,6 +230,12 @@ std::string FreeFolder(const std::string& below, const std::string& name) {
   }
 }
 
+/// A file's name as it is spelled on disk: it is kept when the file is moved.
+std::string SpellingOf(const std::string& path) {
+  const auto facts = platform::FactsOf(path);
+  return facts ? facts->name : FileNameOf(std::string(path));
+}
+
 void MoveKeptFiles(Files& files, const Removal& removal, const Installation& installation) {
   if (removal.kept.empty()) return;
   const std::string below = installation.ProgramPath + addOnRemovedFolder;
@@ -241,7 +243,7 @@ void MoveKeptFiles(Files& files, const Removal& removal, const Installation& ins
   for (const KeptFiles& kept : removal.kept) {
     const std::string folder = FreeFolder(below, kept.folder);
     MakeFolder(files, folder);
-    for (const std::string& path : kept.paths) RenameOver(files, path, folder + FileNameOf(std::string(path)));
+    for (const std::string& path : kept.paths) RenameOver(files, path, folder + SpellingOf(path));
   }
 }
 
@@ -306,14 +308,14 @@ bool RemoveTextures(SwapDesk& desk, const Removal& removal) {
 }
 
 /// The steps of the removal. The ships are in the catalogue until the last one, so that whatever stops it can be made
-/// up for by another removal, and by "Disable / Restore". The line goes before the add-on files: a list never names a
-/// ship whose files are away.
+/// up for by another removal, and by "Disable / Restore". The textures go first: only the cache may be refused. The
+/// line goes before the add-on files: a list never names a ship whose files are away.
 bool Remove(SwapDesk& desk, const Removal& removal) {
   Files& files = desk.host.files;
   Installation& installation = desk.installation;
   if (!PutTargetsBack(desk, removal)) return false;
-  for (const std::string& model : removal.models) EraseFile(files, model);
   if (!RemoveTextures(desk, removal)) return false;
+  for (const std::string& model : removal.models) EraseFile(files, model);
   if (removal.list) WriteShipList(files, *removal.list);
   MoveKeptFiles(files, removal, installation);
   for (const int block : OwnBlocks(files, installation, removal.indices)) {
@@ -327,21 +329,15 @@ bool Remove(SwapDesk& desk, const Removal& removal) {
   return true;
 }
 
-void TellOfList(Host& host, const Removal& removal) {
-  if (removal.listProblem.empty()) return;
-  Show(host,
-       "The ships are removed, but their lines could not be taken out of shipsData.txt: " + removal.listProblem + ".",
-       Icon::exclamation);
-}
-
 }  // namespace
 
 std::string FolderNameFor(const std::string& shipName) {
   std::string name = Trim(shipName);
   for (char& c : name) {
-    const std::string alone(1, c);
     // A dot and a blank are no names by themselves, but may stand inside one.
-    if (c != '.' && c != ' ' && !IsPlainFileName(alone)) c = '_';
+    const bool right =
+        c == '.' || c == ' ' || (IsPlainFileName(std::string(1, c)) && IsPrintableText(std::string(1, c)));
+    if (!right) c = '_';
   }
   if (!name.empty() && name.back() == '.') name.back() = '_';
   return IsPlainFileName(name) ? name : "_" + name;
@@ -358,7 +354,7 @@ bool cmdRemoveShips_Click(SwapDesk& desk, ImportTab& tab, const RefillLists& ref
   removal.targets = TargetsOf(removal, installation.ships);
   removal.models = ModelsOf(removal, installation);
   FindKeptFiles(removal, installation);
-  FindLines(host.files, removal, installation);
+  if (!Trap(host, title, [&] { FindLines(host.files, removal, installation); })) return false;
   if (!ReadyToWrite(host, PlanRemoval(host.files, removal, installation))) return false;
   bool removed = false;
   ShowProgress(host, "Removing ships", 0, 1);
@@ -366,7 +362,6 @@ bool cmdRemoveShips_Click(SwapDesk& desk, ImportTab& tab, const RefillLists& ref
   EndProgress(host);
   refill();
   if (!removed) return false;
-  TellOfList(host, removal);
   ShowSuccess(host, "Removal Complete", Icon::information);
   return true;
 }

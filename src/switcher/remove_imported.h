@@ -12,7 +12,8 @@ namespace oravin {
 using RefillLists = std::function<void()>;
 
 /// Removes the ships that are selected in lstImported, after two questions: whether to, and whether their textures go
-/// too. Both are asked before the first change, and then it is made sure that everything can be written.
+/// too. Both are asked before the first change, and then it is made sure that everything can be written; a list
+/// `shipsData.txt` that cannot be used refuses the removal.
 ///
 /// Stock ships that are changed to one of them are put back. Their models go from the game's ships folder with their
 /// ".bak", their textures from the cache, unless a ship that stays needs these. Their lines go from `shipsData.txt`.
@@ -32,7 +33,8 @@ bool cmdRemoveShips_Click(SwapDesk& desk, ImportTab& tab, const RefillLists& ref
 bool cmdRemoveAll_Click(SwapDesk& desk, ImportTab& tab, const RefillLists& refill);
 
 /// The name of a folder for a ship's files: the ship's name with "_" for every character that no folder's name can
-/// have, and for a blank or dot at its end; "_" before a name that the system keeps for a device.
+/// have or that FileExists does not take (codes above 127), and for a dot at its end; "_" before a name that the system
+/// keeps for a device.
 std::string FolderNameFor(const std::string& shipName);
 
 }  // namespace oravin

@@ -61,22 +61,22 @@ bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
   return refusal.empty();
 }
 
-/// Finds the lines of the ship's parts. A list that cannot be used does not keep the ship from being renamed.
+/// Finds the lines of the ship's parts. Where there are none the ship can be renamed all the same.
+/// @throws RunTimeError when there is a list that cannot be used
 void FindLines(Files& files, const Installation& installation, Rename& rename) {
-  try {
-    rename.list = ReadShipListText(files, installation.ProgramPath);
-    Ships parts;
-    for (const std::size_t part : rename.parts) parts.push_back(installation.ships[part]);
-    const auto lines = FindImportedLines(rename.list, parts);
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-      if (lines[i]) rename.lines.push_back(*lines[i]);
-      // A rename that was stopped may have come as far as the list.
-      if (lines[i] || FindImportedLine(rename.list, rename.newName, ModelOf(parts[i]))) continue;
-      rename.listProblem = "it does not list the ship";
-    }
-  } catch (const RunTimeError& error) {
-    rename.lines.clear();
-    rename.listProblem = error.operation + " it: " + error.reason;
+  if (!FileExists(installation.ProgramPath + shipListName)) {
+    rename.listProblem = "it does not exist";
+    return;
+  }
+  rename.list = ReadShipListText(files, installation.ProgramPath);
+  Ships parts;
+  for (const std::size_t part : rename.parts) parts.push_back(installation.ships[part]);
+  const auto lines = FindImportedLines(rename.list, parts);
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    if (lines[i]) rename.lines.push_back(*lines[i]);
+    // A rename that was stopped may have come as far as the list.
+    if (lines[i] || FindImportedLine(rename.list, rename.newName, ModelOf(parts[i]))) continue;
+    rename.listProblem = "it does not list the ship";
   }
 }
 
@@ -138,7 +138,7 @@ bool RenameImported(Host& host, Installation& installation, int index, const std
   rename.oldName = installation.ships[rename.parts.front()].ShipName.Trimmed();
   rename.newName = Trim(newName);
   if (!NameIsRight(host, installation.ships, rename)) return false;
-  FindLines(host.files, installation, rename);
+  if (!Trap(host, title, [&] { FindLines(host.files, installation, rename); })) return false;
   if (!ReadyToWrite(host, PlanRename(installation, rename))) return false;
   const bool done = Trap(host, title, [&] {
     RenameLines(host.files, rename);

@@ -15,8 +15,8 @@ namespace oravin {
 /// The name is taken without the blanks at its ends. One that a ship bears already gives the box "The ship name '...'
 /// has the same name as an existing ship."; another ship's is the same without regard to case too, since two records
 /// that differ by case alone are the two parts of one ship. A name that is empty, longer than a record's field, or that
-/// the ship list cannot hold has a box of its own. A list without that ship's line is told of, and the rename holds all
-/// the same.
+/// the ship list cannot hold has a box of its own. Where there is no list, or none of its lines is that ship's, a box
+/// says so and the rename holds all the same; a list that cannot be used refuses it.
 ///
 /// The ship's own record is written last: a rename that was stopped can be done again.
 ///

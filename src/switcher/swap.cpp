@@ -39,28 +39,39 @@ std::vector<std::size_t> PartIndices(const Installation& installation, int targe
   return parts;
 }
 
-void WriteChange(SwapDesk& desk, int target, int source) {
+/// Writes a changed record; in memory it changes when the catalogue has it.
+void PutRecord(SwapDesk& desk, std::size_t index, const ShipRecord& changed) {
   Installation& installation = desk.installation;
-  const ShipRecord by = installation.ships[static_cast<std::size_t>(source)];
-  for (const std::size_t part : PartIndices(installation, target)) {
-    ShipRecord& ship = installation.ships[part];
+  const ShipRecord before = installation.ships[index];
+  installation.ships[index] = changed;
+  try {
+    PutShipRecord(desk.host.files, installation.ProgramPath, installation.ships, index);
+  } catch (const RunTimeError&) {
+    installation.ships[index] = before;
+    throw;
+  }
+}
+
+void WriteChange(SwapDesk& desk, int target, int source) {
+  const ShipRecord by = desk.installation.ships[static_cast<std::size_t>(source)];
+  for (const std::size_t part : PartIndices(desk.installation, target)) {
+    ShipRecord ship = desk.installation.ships[part];
     ship.ChangedToFile = by.ShipFile;
     ship.ChangedToName = by.ShipName;
     ship.Changed = true;
     ship.ChangedToIndex = Int16Value(source);  // every part points to the source's first record: meant
-    PutShipRecord(desk.host.files, installation.ProgramPath, installation.ships, part);
+    PutRecord(desk, part, ship);
   }
 }
 
 void WriteNoChange(SwapDesk& desk, int target) {
-  Installation& installation = desk.installation;
-  for (const std::size_t part : PartIndices(installation, target)) {
-    ShipRecord& ship = installation.ships[part];
+  for (const std::size_t part : PartIndices(desk.installation, target)) {
+    ShipRecord ship = desk.installation.ships[part];
     ship.ChangedToFile.Set("");
     ship.ChangedToName.Set("");
     ship.Changed = false;
     ship.ChangedToIndex = BooleanValue(false);  // a truth value, not the number 0: meant
-    PutShipRecord(desk.host.files, installation.ProgramPath, installation.ships, part);
+    PutRecord(desk, part, ship);
   }
 }
 
