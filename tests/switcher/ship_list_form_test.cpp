@@ -78,7 +78,7 @@ TEST_F(TheShipListForm, SavesTheDraftAsItIs) {
     Save();
     EXPECT_FALSE(form.shown);
   }));
-  EXPECT_EQ(SavedText(), ShipListText(ShipsOf(draft.ships)));
+  EXPECT_EQ(SavedText(), TextOfShipList(ShipsOf(draft.ships)));
 }
 
 TEST_F(TheShipListForm, ApplyTakesTheFieldsIntoTheSelectedLine) {

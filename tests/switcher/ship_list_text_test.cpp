@@ -32,7 +32,7 @@ struct ShipListFile : testing::Test {
 };
 
 TEST_F(ShipListFile, HasTheCountAndThenALineAShip) {
-  EXPECT_EQ(ShipListText(std::vector{alpha, bravo}),
+  EXPECT_EQ(TextOfShipList(std::vector{alpha, bravo}),
             "2\r\n1,\"Alpha\",\"alpha.shp\",4,\"hull\",\"wing\"\r\n"
             "2,\"Bravo, the Second\",\"Bravo.SHP\",32767,\"\",\"\"\r\n");
 }
@@ -86,17 +86,17 @@ TEST_F(ShipListFile, AnOldListWithOtherBytesIsKeptUnderTheFirstFreeName) {
   ASSERT_TRUE(Save({alpha}));
   EXPECT_EQ(Text("shipsData.old"), "the first list");
   ASSERT_TRUE(Save({bravo}));
-  EXPECT_EQ(Text("shipsData.old2"), ShipListText(std::vector{alpha}));
+  EXPECT_EQ(Text("shipsData.old2"), TextOfShipList(std::vector{alpha}));
   ASSERT_TRUE(Save({bravo}));
   EXPECT_FALSE(std::filesystem::exists(folder.Native("shipsData.old3"))) << "nothing was replaced";
-  EXPECT_EQ(Text("shipsData.txt"), ShipListText(std::vector{bravo}));
+  EXPECT_EQ(Text("shipsData.txt"), TextOfShipList(std::vector{bravo}));
 }
 
 TEST_F(ShipListFile, AnOldListIsReplacedWhereItNeedNotBeKept) {
   WriteFileAt(folder.Native("shipsData.txt"), "the first list");
   ASSERT_TRUE(Save({alpha}, false));
   EXPECT_EQ(ImageOf(folder.native).size(), 1U);
-  EXPECT_EQ(Text("shipsData.txt"), ShipListText(std::vector{alpha}));
+  EXPECT_EQ(Text("shipsData.txt"), TextOfShipList(std::vector{alpha}));
 }
 
 TEST_F(ShipListFile, NoFailureAndNoStopLosesTheOldList) {
@@ -111,7 +111,8 @@ TEST_F(ShipListFile, NoFailureAndNoStopLosesTheOldList) {
       const bool stopped =
           Stopped([&] { saved = SaveShipList(host.host, place.Windows("shipsData.txt"), std::vector{alpha}, true); });
       const std::string now = ReadTextAt(place.Native("shipsData.txt"));
-      EXPECT_EQ(now, saved || now != "the old list" ? ShipListText(std::vector{alpha}) : "the old list") << fault.what;
+      EXPECT_EQ(now, saved || now != "the old list" ? TextOfShipList(std::vector{alpha}) : "the old list")
+          << fault.what;
       if (saved) {
         EXPECT_EQ(ReadTextAt(place.Native("shipsData.old")), "the old list") << fault.what;
       }
