@@ -291,7 +291,7 @@ TEST_F(TheImportForm, ARenameOfALineThatIsNotThereDoesNothing) {
 
 TEST_F(TheImportForm, AClickOnAShipListsItsTexturesAndShowsTheFirst) {
   Model("pack/a.shp", {"wing", "hull", "tail", "bad"});
-  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(16 * 8 * 3)));
+  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("pack/bad.bmp", Bitmap(5, 5, 8, Pattern(25)));
   ASSERT_TRUE(LoadNamed({"One"}));
   EXPECT_TRUE(form.lstTextures.rows.empty());
@@ -312,7 +312,7 @@ TEST_F(TheImportForm, AClickOnAShipListsItsTexturesAndShowsTheFirst) {
 
 TEST_F(TheImportForm, ATexturesPictureIsItsBitmapElseTheCachesElseNone) {
   Model("pack/a.shp", {"wing", "hull", "tail", "bad"});
-  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(16 * 8 * 3)));
+  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("pack/bad.bmp", Bytes(10));
   ASSERT_TRUE(LoadNamed({"One"}));
   Click(0);

@@ -46,7 +46,7 @@ std::string PackOf(int count) {
   std::string text = "\"Many ships\"\r\n";
   for (int i = 1; i <= count; ++i) {
     const std::string number = std::to_string(i);
-    text += "\"\\m" + number + ".shp\",\"Ship " + number + "\",\"\"\r\n";
+    text.append("\"\\m").append(number).append(".shp\",\"Ship ").append(number).append("\",\"\"\r\n");
   }
   return text;
 }
@@ -133,7 +133,9 @@ TEST_F(ThePack, AModelThatIsMissingOrTooShortMakesAFighterWithoutAWord) {
 TEST_F(ThePack, LinesMayEndInOneCharacterOrTwoAndTheLastOneNeedsNoEnd) {
   for (const std::string end : {"\r\n", "\n", "\r"}) {
     for (const bool lastEnd : {true, false}) {
-      const std::string text = "h" + end + "\\a.shp,A,Tiger" + end + "\\b.shp,\"B\",\"\"" + (lastEnd ? end : "");
+      std::string text = "h";
+      text.append(end).append("\\a.shp,A,Tiger").append(end).append("\\b.shp,\"B\",\"\"");
+      if (lastEnd) text += end;
       EXPECT_EQ(Read(text), 2);
       EXPECT_EQ(ships, (std::vector<PackShip>{Ship("a.shp", "A", "Tiger", "h"), Ship("b.shp", "B"), {}}));
     }

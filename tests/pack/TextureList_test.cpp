@@ -10,6 +10,13 @@
 namespace oravin::test {
 namespace {
 
+/// So many different names.
+std::vector<std::string> NumberedNames(std::size_t count) {
+  std::vector<std::string> names(count);
+  for (std::size_t i = 0; i < count; ++i) names[i] = "n" + std::to_string(i);
+  return names;
+}
+
 struct TheTextureList : CacheStage {
   TheTextureList() { Make(CacheWith({{"Hull", 2, 8, 8, 1}, {"ghull", 1, 4, 4, 1}})); }
 
@@ -73,8 +80,7 @@ TEST_F(TheTextureList, ACompanionsPaletteIsItsOwn) {
 }
 
 TEST_F(TheTextureList, TheCacheIsReadOnceForAllNames) {
-  std::vector<std::string> names;
-  for (int i = 0; i < 50; ++i) names.push_back("n" + std::to_string(i));
+  const std::vector<std::string> names = NumberedNames(50);
   int opened = 0;
   at.host.files.before = [&](const FileOperation& operation) {
     if (operation.kind == FileOperation::Kind::open && operation.path == Path()) ++opened;
@@ -84,8 +90,8 @@ TEST_F(TheTextureList, TheCacheIsReadOnceForAllNames) {
 }
 
 TEST_F(TheTextureList, FindsABitmapOfTheNameBesideTheModelAlone) {
-  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(16 * 8 * 3)));
-  Write("tail.bmp", Bitmap(16, 8, 24, Pattern(16 * 8 * 3)));
+  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
+  Write("tail.bmp", Bitmap(16, 8, 24, Pattern(384)));
   ASSERT_TRUE(ListNames({"wing", "tail"}));
   EXPECT_EQ(textures[0].bitmapPath, folder.Windows("pack/wing.bmp"));
   EXPECT_FALSE(textures[0].given);
@@ -96,7 +102,7 @@ TEST_F(TheTextureList, FindsABitmapOfTheNameBesideTheModelAlone) {
 }
 
 TEST_F(TheTextureList, AGivenBitmapComesBeforeTheOneBesideTheModel) {
-  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(16 * 8 * 3)));
+  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("other.bmp", Bitmap(4, 4, 8, Pattern(16)));
   given[BitmapKey(" WING ")] = folder.Windows("other.bmp");
   ASSERT_TRUE(ListNames({"Wing"}));
@@ -106,7 +112,7 @@ TEST_F(TheTextureList, AGivenBitmapComesBeforeTheOneBesideTheModel) {
 }
 
 TEST_F(TheTextureList, AGivenBitmapThatHasGoneIsNone) {
-  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(16 * 8 * 3)));
+  Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   given["wing"] = folder.Windows("other.bmp");
   ASSERT_TRUE(ListNames({"wing"}));
   EXPECT_EQ(textures[0].bitmapPath, folder.Windows("pack/wing.bmp"));
@@ -192,8 +198,7 @@ TEST_F(TheTextureList, AMissingCacheIsToldOfOnce) {
 }
 
 TEST_F(TheTextureList, MoreNamesThanAModelMayHaveGiveOneBox) {
-  std::vector<std::string> names;
-  for (int i = 0; i < 51; ++i) names.push_back("n" + std::to_string(i));
+  const std::vector<std::string> names = NumberedNames(51);
   at.desk.ExpectBox("Error - could not read " + folder.Windows("pack/ship.shp") + ": it names more than 50 textures",
                     "TextureList");
   EXPECT_FALSE(ListNames(names));
