@@ -7,6 +7,7 @@
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
+#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {
@@ -285,6 +286,94 @@ TEST_F(AppendedBlock, IsFoundByItsNameBehindTheStockBlocks) {
 TEST_F(AppendedBlock, IsNotFoundInAMissingFile) {
   ExpectBox("Error - could not open " + path + ": it does not exist", "CopyShipStats");
   EXPECT_EQ(FindAddedBlock(at.host, path, "Tiger", 0), -1);
+}
+
+struct AddedBlocks : StatsFile {
+  static Bytes Zeros() { return Bytes(statsBlockSize); }
+  void Expect(const std::vector<Bytes>& blocks) const {
+    EXPECT_TRUE(test::SameBytes(Joined(blocks), ReadFileAt(Native())));
+  }
+
+  const Bytes a = StatsBlock("A", StatsFrom(1));
+  const Bytes b = StatsBlock("B", StatsFrom(2));
+};
+
+TEST_F(AddedBlocks, TheFirstFreeOneBehindTheStockBlocksIsFound) {
+  Make({Zeros(), a, Zeros(), b, Zeros()});
+  EXPECT_EQ(FindFreeBlock(at.host, path, 0), 0);
+  EXPECT_EQ(FindFreeBlock(at.host, path, 1), 2);
+  EXPECT_EQ(FindFreeBlock(at.host, path, 3), 4);
+  EXPECT_EQ(FindFreeBlock(at.host, path, 5), -1);
+  EXPECT_EQ(FindFreeBlock(at.host, path, -1), 0);
+}
+
+TEST_F(AddedBlocks, ABlockWithAnyByteInItIsNotFree) {
+  for (const std::size_t byte : {0U, 63U, 64U, 123U, 124U, 351U}) {
+    Bytes block = Zeros();
+    block[byte] = 1;
+    Make({a, block});
+    EXPECT_EQ(FindFreeBlock(at.host, path, 1), -1) << byte;
+  }
+}
+
+TEST_F(AddedBlocks, ABlockThatTheFileEndsInsideIsNotFree) {
+  Make({a, Bytes(351)});
+  EXPECT_EQ(FindFreeBlock(at.host, path, 1), -1);
+}
+
+TEST_F(AddedBlocks, AWholeBlockIsWrittenAnew) {
+  Make({a, Bytes(352, 0x77), b});
+  PutShipBlock(at.host.files, path, 1, "Manta", StatsFrom(50));
+  Expect({a, StatsBlock("Manta", StatsFrom(50), 0), b});
+}
+
+TEST_F(AddedBlocks, ANameOfSixtyFourCharactersFillsItsFieldAndALongerOneIsCut) {
+  Make({a});
+  const std::string longest(64, 'x');
+  PutShipBlock(at.host.files, path, 0, longest + "y", StatsFrom(50));
+  Expect({StatsBlock(longest, StatsFrom(50), 0)});
+  PutBlockName(at.host.files, path, 0, longest + "y");
+  Expect({StatsBlock(longest, StatsFrom(50), 0)});
+  EXPECT_EQ(NameOfBlock(at.host.files, path, 0), longest);
+}
+
+TEST_F(AddedBlocks, ARenamedBlockKeepsEverythingBehindItsName) {
+  Bytes block = StatsBlock("A longer name", StatsFrom(1));
+  Make({block, b});
+  PutBlockName(at.host.files, path, 0, "Short");
+  std::fill_n(block.begin(), 64, std::uint8_t{0});
+  const Bytes name = BytesOf("Short");
+  std::copy(name.begin(), name.end(), block.begin());
+  Expect({block, b});
+}
+
+TEST_F(AddedBlocks, ABlockIsFilledWithZeros) {
+  Make({a, b});
+  ClearShipBlock(at.host.files, path, 0);
+  Expect({Zeros(), b});
+}
+
+TEST_F(AddedBlocks, ABlocksNameIsReadUpToItsFirstZeroByte) {
+  Bytes block = a;
+  std::fill_n(block.begin(), 64, std::uint8_t{'x'});
+  const Bytes name = BytesOf(std::string(" Tiger \0junk", 12));
+  std::copy(name.begin(), name.end(), block.begin());
+  Make({block});
+  EXPECT_EQ(NameOfBlock(at.host.files, path, 0), "Tiger");
+}
+
+TEST_F(AddedBlocks, ABlockThatIsNotThereHasNoNameAndIsNeverWritten) {
+  EXPECT_EQ(NameOfBlock(at.host.files, path, 0), "");
+  EXPECT_THROW(ClearShipBlock(at.host.files, path, 0), RunTimeError);
+  EXPECT_FALSE(exists(Native()));
+  Make({a, Bytes(351)});
+  for (const int index : {-1, 1, 2, 32767}) {
+    EXPECT_EQ(NameOfBlock(at.host.files, path, index), "") << index;
+    EXPECT_THROW(PutShipBlock(at.host.files, path, index, "M", StatsFrom(1)), RunTimeError) << index;
+    EXPECT_THROW(PutBlockName(at.host.files, path, index, "M"), RunTimeError) << index;
+    EXPECT_THROW(ClearShipBlock(at.host.files, path, index), RunTimeError) << index;
+  }
+  Expect({a, Bytes(351)});
 }
 
 }  // namespace

@@ -216,6 +216,30 @@ TEST_F(CatalogueBuild, ABlockThatBearsTheShipsNameIsWrittenAnewInItsPlace) {
   EXPECT_EQ(stage.RecordOnDisk(wraith).StatsIndex, Int16Value(13));
 }
 
+TEST_F(CatalogueBuild, ABlockThatARemovedShipLeftServesBeforeOneIsAppended) {
+  Bytes defaults = Defaults();
+  const Bytes stock = defaults;
+  defaults.resize(defaults.size() + 2 * statsBlockSize);
+  const Bytes name = BytesOf("Somebody");
+  std::copy(name.begin(), name.end(), defaults.begin() + 12 * 352);
+  WriteFileAt(stage.files.Game("shipstats.def"), defaults);
+  EXPECT_TRUE(stage.Build());
+  EXPECT_EQ(stage.RecordOnDisk(manta).StatsIndex, Int16Value(13));
+  EXPECT_EQ(stage.RecordOnDisk(wraith).StatsIndex, Int16Value(14));
+  const Bytes after = Defaults();
+  EXPECT_EQ(after.size(), stock.size() + 4 * statsBlockSize);
+  EXPECT_TRUE(SameBytes({defaults.begin(), defaults.begin() + 13 * 352}, {after.begin(), after.begin() + 13 * 352}));
+  EXPECT_EQ(TextOf(std::span(after).subspan(13 * 352, 6)), std::string("Manta\0", 6));
+}
+
+TEST_F(CatalogueBuild, AFreeBlockAmongTheStockBlocksIsTheGames) {
+  Bytes defaults = Defaults();
+  std::fill_n(defaults.begin() + 3 * 352, 352, std::uint8_t{0});
+  WriteFileAt(stage.files.Game("shipstats.def"), defaults);
+  EXPECT_TRUE(stage.Build());
+  EXPECT_EQ(stage.RecordOnDisk(manta).StatsIndex, Int16Value(12));
+}
+
 TEST_F(CatalogueBuild, AStockBlockOfTheSameNameIsNeverWritten) {
   stage.files.ships[manta].name = "SHIP3";
   stage.files.WriteShipList();

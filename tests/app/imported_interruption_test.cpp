@@ -1,0 +1,80 @@
+// Renaming and removing imported ships may stop at any file operation, or any operation may fail: whatever comes next,
+// Disable leaves the game folder as it was before the first Enable.
+
+#include "session.h"
+#include "support/fault.h"
+#include "switcher/imported_list.h"
+#include "switcher/remove_imported.h"
+#include "switcher/rename_imported.h"
+
+namespace oravin::test {
+namespace {
+
+struct Stage {
+  /// The player had a model of Manta's name already.
+  Stage() {
+    WriteFileAt(installation.Game("ships/manta.shp"), "the player's own model");
+    before = GameFolder();
+  }
+
+  /// Every file of the game folder but the defaults of the statistics, and the "temp" that the cache's rebuild leaves
+  /// when it is stopped; the next rebuild writes over that.
+  [[nodiscard]] FolderImage GameFolder() const {
+    return Without(ImageOf(installation.folder.Native("game")), {"shipstats.def", "temp"});
+  }
+  /// A run in which every question is answered with Yes, whatever boxes come.
+  [[nodiscard]] std::unique_ptr<Session> Start() const {
+    auto session = std::make_unique<Session>(installation, false);
+    session->desk.AllowOthers(
+        [](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+    Form_Load(session->main, {installation.gamePath, installation.programPath});
+    return session;
+  }
+
+  SmallInstallation installation;
+  FolderImage before;
+};
+
+using Action = std::function<void(Session&)>;
+
+void Rename(Session& session) { RenameImported(session.main.host, session.main.installation, manta, "Ray"); }
+
+void Remove(Session& session) {
+  DisplayImported(session.main.host, session.main.imports, session.main.installation);
+  SelectOnly(session.main.imports.lstImported, 0);
+  SwapDesk desk = SwapDeskOf(session.main);
+  cmdRemoveShips_Click(desk, session.main.imports, [&] { FillLists(session.main); });
+}
+
+/// Lets Manta fly as Tiger, does the action with a fault at each of its operations in turn, then perhaps enables anew,
+/// and disables.
+void WalkFaults(FaultKind kind, const Action& action, bool enableAgain) {
+  const int operations = AtEachOperation(kind, [&](Fault& fault) {
+    const Stage stage;
+    {
+      const auto session = stage.Start();
+      session->Press("switcher.cmdEnable");
+      session->Swap(tiger, manta);
+      Watch(session->main.host.files, fault);
+      Stopped([&] { action(*session); });
+      session->main.host.files.before = nullptr;
+    }
+    if (enableAgain) stage.Start()->Press("switcher.cmdEnable");
+    stage.Start()->Press("switcher.cmdDisable");
+    EXPECT_TRUE(SameImage(stage.before, stage.GameFolder())) << fault.what;
+  });
+  EXPECT_GT(operations, 10);
+}
+
+TEST(ImportedInterruption, RenameStopped) { WalkFaults(FaultKind::stop, Rename, false); }
+
+TEST(ImportedInterruption, RenameFailing) { WalkFaults(FaultKind::failure, Rename, false); }
+
+TEST(ImportedInterruption, RemovalStopped) { WalkFaults(FaultKind::stop, Remove, false); }
+
+TEST(ImportedInterruption, RemovalFailing) { WalkFaults(FaultKind::failure, Remove, false); }
+
+TEST(ImportedInterruption, RemovalStoppedThenEnable) { WalkFaults(FaultKind::stop, Remove, true); }
+
+}  // namespace
+}  // namespace oravin::test
