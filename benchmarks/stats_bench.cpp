@@ -41,7 +41,7 @@ fs::path WriteModel(const fs::path& work, const std::string& name, std::size_t v
   model.reserve(modelSize + 20 * vertices);
   while (model.size() + 6 + 20 * vertices + weapons <= modelSize) AddChunk(model, 2, 20, vertices);
   AddChunk(model, 9, attachmentSize, attachments);
-  const fs::path path = work / name;
+  fs::path path = work / name;
   std::ofstream(path, std::ios::binary)
       .write(reinterpret_cast<const char*>(model.data()), static_cast<std::streamsize>(model.size()));
   return path;

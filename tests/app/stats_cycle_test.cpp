@@ -60,7 +60,8 @@ struct StatsCycle : testing::Test {
                       std::bit_cast<std::uint32_t>(value));
   }
   void CopyStats(const Bytes& from, int fromBlock, const char* to, int toBlock) {
-    std::copy_n(from.begin() + 352 * fromBlock + 64, 60, image.at(to).begin() + 352 * toBlock + 64);
+    const auto at = [](int block) { return std::ptrdiff_t{352} * block + 64; };
+    std::copy_n(from.begin() + at(fromBlock), 60, image.at(to).begin() + at(toBlock));
   }
   Bytes& Model(const std::string& name) { return image.at("game/ships/" + name); }
   void PutWeapon(const std::string& model, std::size_t attachment, int kind, std::optional<int> gun,

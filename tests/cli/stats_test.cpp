@@ -60,7 +60,7 @@ TEST_F(StatsShow, AnImportedShipsBlockOfTheDefaults) {
 TEST_F(StatsShow, AnImportedShipWithoutABlockShowsTheFirstOneOfTheGame) {
   // The tagged value of the record's StatsIndex: behind two texts, a 2-byte kind and three 4-byte numbers.
   constexpr std::uint64_t statsIndexAt = 30 + 30 + 4 + 3 * 6;
-  PatchFileAt(sample.program / "ships.dat", 12 * 868 + statsIndexAt, {2, 0, 0, 0});
+  PatchFileAt(sample.program / "ships.dat", std::uint64_t{12} * 868 + statsIndexAt, {2, 0, 0, 0});
   ASSERT_EQ(Ship(12)["statsIndex"], 0);
   Fill("shipstats.bin", 0, 7.5F);
   Fill("shipstats.def", 0, 9.5F);

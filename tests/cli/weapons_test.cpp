@@ -67,6 +67,10 @@ struct WeaponRuns : EnabledRuns {
   static Outcome Set(const std::string& row, const std::string& type, const std::string& code) {
     return RunWords({"weapons", "set", "Sabrewing", row, type, code});
   }
+  /// The beginning of the error for a code that stands for nothing.
+  static std::string Unknown(const std::string& kind, const std::string& code) {
+    return std::string("oravin-cli: there is no ").append(kind).append(" \"").append(code).append("\"; ");
+  }
   /// Expects that a command fails with one error and that the model stays.
   void ExpectRefused(const Outcome& outcome, const std::string& error) const {
     EXPECT_EQ(outcome.status, 1);
@@ -198,7 +202,7 @@ TEST_F(WeaponRuns, SetToldByTheRowThatShowsTheWeaponNow) {
 
 TEST_F(WeaponRuns, SetOfAnUnknownGunListsThoseThereAre) {
   for (const std::string code : {"0", "16", "-1", "1.0", "", "Death Ray"}) {
-    ExpectRefused(Set("1", "gun", code), "oravin-cli: there is no gun \"" + code + "\"; " + guns);
+    ExpectRefused(Set("1", "gun", code), Unknown("gun", code) + guns);
   }
   ExpectRefused(RunWords({"weapons", "set", "Sabrewing", "1", "gun"}),
                 "oravin-cli: the code of the gun is missing; " + guns);
@@ -206,7 +210,7 @@ TEST_F(WeaponRuns, SetOfAnUnknownGunListsThoseThereAre) {
 
 TEST_F(WeaponRuns, SetOfAnUnknownExternalGunListsThoseThereAre) {
   for (const std::string code : {"8", "9", "10", "12", "-1"}) {
-    ExpectRefused(Set("1", "external", code), "oravin-cli: there is no external gun \"" + code + "\"; " + externalGuns);
+    ExpectRefused(Set("1", "external", code), Unknown("external gun", code) + externalGuns);
   }
   ExpectRefused(RunWords({"weapons", "set", "Sabrewing", "1", "external"}),
                 "oravin-cli: the code of the external gun is missing; " + externalGuns);
