@@ -9,6 +9,7 @@
 #include "app/enable.h"
 #include "app/hog_handlers.h"
 #include "app/import_handlers.h"
+#include "app/ship_list_handlers.h"
 #include "app/stats_handlers.h"
 #include "app/tcache_handlers.h"
 #include "desk/dialogs.h"
@@ -64,7 +65,8 @@ constexpr std::array<Handler, 11> mainHandlers = {{{"switcher.cmdSwap", Swap, tr
 std::span<const Handler> Handlers() {
   static const std::vector<Handler> handlers = [] {
     std::vector<Handler> all(mainHandlers.begin(), mainHandlers.end());
-    for (const std::span<const Handler> tab : {StatsHandlers(), ImportHandlers(), HogHandlers(), TcacheHandlers()}) {
+    for (const std::span<const Handler> tab :
+         {StatsHandlers(), ImportHandlers(), ShipListHandlers(), HogHandlers(), TcacheHandlers()}) {
       all.insert(all.end(), tab.begin(), tab.end());
     }
     return all;

@@ -63,9 +63,19 @@ void Import(Main& main) {
   cmdImportShips_Click(desk, main.switcher, main.Fighter_PACK, Refill(main));
 }
 
+void BrowseMesh(Main& main) { cmd3DSourceBrowse_Click(main.host, main.convert, main.installation); }
+
+void Convert(Main& main) {
+  const ImportWindow import{main.imports.txtImportFighter,
+                            [&main](const std::string& path) { ImportFile(main, path); }};
+  cmdConvert3dsToSL_Click(main.host, main.convert, main.installation, import);
+}
+
+void ConverterReadme(Main& main) { cmd3d2SLReadme_Click(main.installation); }
+
 void CancelImport(Main& main) { cmdImportCancel_Click(main.Fighter_PACK); }
 
-constexpr std::array<Handler, 16> handlers = {
+constexpr std::array<Handler, 19> handlers = {
     {{"imports.cmdImportFighterBrowse", Browse, false},
      {"imports.txtImportFighter.Enter", ImportTyped, false},
      {"imports.lstImported.ItemClick", SelectImported, false},
@@ -73,6 +83,9 @@ constexpr std::array<Handler, 16> handlers = {
      {"imports.lstImported.DblClick", ViewImported, false},
      {"imports.cmdRemoveShips", Remove, true},
      {"imports.cmdRemoveAll", RemoveAll, true},
+     {"convert.cmd3DSourceBrowse", BrowseMesh, false},
+     {"convert.cmdConvert3dsToSL", Convert, false},
+     {"convert.cmd3d2SLReadme", ConverterReadme, false},
      {"Fighter_PACK.lstPack.AfterLabelEdit", Do<lstPack_AfterLabelEdit>, false},
      {"Fighter_PACK.lstPack.ItemClick", Do<lstPack_ItemClick>, false},
      {"Fighter_PACK.lstPack.ItemCheck", Do<lstPack_ItemCheck>, false},

@@ -10,11 +10,13 @@ Main::Main()
     : switcher(NewSwitcherTab()),
       stats(NewStatsTab()),
       imports(NewImportTab()),
+      convert(NewConvertPanel()),
       hog(NewHogTab()),
       tcache(NewTcacheTab()),
       about(NewAboutTab()),
       FAT_Editor(NewFatEditor()),
-      Fighter_PACK(NewFighterPack()) {
+      Fighter_PACK(NewFighterPack()),
+      ShipList(NewShipListForm()) {
   TabStrip1.captions = {"Switcher", "Ship Stats / Guns", "Import Ships", "Hog Editor", "Tcache Editor", "About"};
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/about_tab.h"
 #include "catalogue/installation.h"
+#include "convert/convert_panel.h"
 #include "desk/controls.h"
 #include "desk/host.h"
 #include "hog/FAT_Editor.h"
@@ -10,6 +11,7 @@
 #include "platform/installation_lock.h"
 #include "ships/stats_tab.h"
 #include "switcher/import_tab.h"
+#include "switcher/ship_list_form.h"
 #include "switcher/swap.h"
 #include "switcher/switcher_tab.h"
 #include "texture/tcache_tab.h"
@@ -30,11 +32,13 @@ struct Main {
   SwitcherTab switcher;
   StatsTab stats;
   ImportTab imports;
+  ConvertPanel convert;  ///< on the "Import Ships" tab
   HogTab hog;
   TcacheTab tcache;
   AboutTab about;
   FatEditor FAT_Editor;
   FighterPack Fighter_PACK;
+  ShipListForm ShipList;
 
   bool onlyLooks = false;  ///< another copy of the program works on the installation
   platform::FolderLock gameLock;

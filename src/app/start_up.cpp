@@ -1,8 +1,10 @@
 #include "app/start_up.h"
 
 #include <array>
+#include <functional>
 
 #include "app/safekeeping.h"
+#include "app/ship_list_offer.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -81,12 +83,14 @@ bool FoldersFromIni(Host& host, Installation& installation) {
 }
 
 /// Asks for a folder until it holds a certain file.
-std::string AskFolder(Host& host, const char* prompt, const char* file, const char* refusal) {
+/// @param offer is given a folder without that file, and may make it there
+std::string AskFolder(Host& host, const char* prompt, const char* file, const char* refusal,
+                      const std::function<bool(const std::string& folder)>& offer = nullptr) {
   for (;;) {
     std::string folder = BrowseForFolder(host, prompt);
     AddBackslash(folder);
     if (folder.empty()) throw ProgramEnd();
-    if (FileExists(folder + file)) return folder;
+    if (FileExists(folder + file) || (offer && offer(folder))) return folder;
     Show(host, refusal, Icon::exclamation);
   }
 }
@@ -100,13 +104,22 @@ void AskGameFolder(Host& host, Installation& installation) {
   }
 }
 
-void SettleProgramFolder(Host& host, Installation& installation) {
+/// Offers to make the ship list, where that is wanted.
+std::function<bool(const std::string& folder)> Offer(Main& main, const std::string& game, const GivenFolders& given) {
+  if (!given.offerShipList) return nullptr;
+  return [&main, game](const std::string& folder) { return OfferShipList(main, game, folder); };
+}
+
+void SettleProgramFolder(Main& main, const GivenFolders& given) {
+  Host& host = main.host;
+  Installation& installation = main.installation;
   if (FileExists(std::string(usualProgramFolder) + "shipsData.txt")) {
     installation.ProgramPath = usualProgramFolder;
   } else if (installation.ProgramPath.empty() || !FileExists(installation.ProgramPath + "shipsData.txt")) {
     Show(host, "Can't find Oravin local path in registry", Icon::exclamation);
-    installation.ProgramPath = AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)",
-                                         "shipsdata.txt", "This is not an Oravin directory");
+    installation.ProgramPath =
+        AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)", "shipsdata.txt",
+                  "This is not an Oravin directory", Offer(main, installation.GamePath, given));
   }
 }
 
@@ -118,10 +131,12 @@ void WriteIni(Host& host, Installation& installation) {
   });
 }
 
-void SearchFolders(Host& host, Installation& installation) {
+void SearchFolders(Main& main, const GivenFolders& given) {
+  Host& host = main.host;
+  Installation& installation = main.installation;
   if (GameFolderFromRegistry(installation) || FoldersFromIni(host, installation)) return;
   AskGameFolder(host, installation);
-  SettleProgramFolder(host, installation);
+  SettleProgramFolder(main, given);
   WriteIni(host, installation);
 }
 
@@ -133,17 +148,23 @@ void SearchFolders(Host& host, Installation& installation) {
   throw ProgramEnd();
 }
 
-void TakeGivenFolders(Host& host, Installation& installation, const GivenFolders& given) {
+std::string FolderFrom(const std::string& given) {
+  std::string folder = platform::ToWindowsPath(given);
+  return AddBackslash(folder);
+}
+
+void TakeGivenFolders(Main& main, const GivenFolders& given) {
+  Host& host = main.host;
+  Installation& installation = main.installation;
   if (!given.program.empty()) {
-    installation.ProgramPath = platform::ToWindowsPath(given.program);
-    AddBackslash(installation.ProgramPath);
-    if (!FileExists(installation.ProgramPath + "shipsData.txt")) {
+    installation.ProgramPath = FolderFrom(given.program);
+    const auto offer = Offer(main, given.game.empty() ? installation.GamePath : FolderFrom(given.game), given);
+    if (!FileExists(installation.ProgramPath + "shipsData.txt") && !(offer && offer(installation.ProgramPath))) {
       RefuseGiven(host, installation.ProgramPath, "This is not an Oravin directory");
     }
   }
   if (given.game.empty()) return;
-  installation.GamePath = platform::ToWindowsPath(given.game);
-  AddBackslash(installation.GamePath);
+  installation.GamePath = FolderFrom(given.game);
   if (!IsGameFolder(installation.GamePath)) {
     RefuseGiven(host, installation.GamePath, "This is not a StarLancer game directory");
   }
@@ -154,11 +175,11 @@ void FindFolders(Main& main, const GivenFolders& given) {
   if (given.program.empty()) GuessProgramFolder(installation);
   if (given.game.empty()) {
     // A given program folder is the person's last word; the search must not replace it.
-    if (!given.program.empty()) TakeGivenFolders(main.host, installation, {{}, given.program});
-    SearchFolders(main.host, installation);
+    if (!given.program.empty()) TakeGivenFolders(main, {{}, given.program, given.offerShipList});
+    SearchFolders(main, given);
   }
-  TakeGivenFolders(main.host, installation, given);
-  if (!given.game.empty() && given.program.empty()) SettleProgramFolder(main.host, installation);
+  TakeGivenFolders(main, given);
+  if (!given.game.empty() && given.program.empty()) SettleProgramFolder(main, given);
 }
 
 void LockInstallation(Main& main) {

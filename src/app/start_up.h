@@ -10,6 +10,7 @@ namespace oravin {
 struct GivenFolders {
   std::string game;
   std::string program;
+  bool offerShipList = false;  ///< where a chosen program folder has no ship list, OfferShipList before it is refused
 };
 
 /// Start-up: settles the game folder and the program folder, shows them, loads the catalogue when the features are

@@ -1,0 +1,27 @@
+#include "app/ship_list_offer.h"
+
+#include "desk/dialogs.h"
+#include "switcher/ship_list.h"
+#include "switcher/ship_list_draft.h"
+#include "util/File_Path.h"
+
+namespace oravin {
+
+bool OfferShipList(Main& main, const std::string& game, const std::string& program) {
+  if (!FolderExists(std::string(program)) || !FileExists(game + "resource.hog")) return false;
+  if (!AskYesNo(main.host, "This folder has no ship list (shipsData.txt), which Oravin needs:\n" + program +
+                               "\n\nOravin can draft one from the game's own files. You can look through it and change "
+                               "it before it is saved.\n\nShall it do that?")) {
+    return false;
+  }
+  const Installation installation{game, program, {}};
+  const ShipListDraft draft = DraftShipList(main.host, installation);
+  EndProgress(main.host);
+  if (draft.ships.empty()) {
+    if (!draft.stopped) Show(main.host, "No ship models were found in the game's archive.", Icon::exclamation);
+    return false;
+  }
+  return EditShipList(main.host, main.ShipList, draft, program + shipListName);
+}
+
+}  // namespace oravin
