@@ -95,10 +95,14 @@ std::string AskFolder(Host& host, const char* prompt, const char* file, const ch
   }
 }
 
-void AskGameFolder(Host& host, Installation& installation) {
+std::string ChosenGameFolder(Host& host) {
   Show(host, "Registy entries for StarLancer not found!", Icon::exclamation);
-  installation.GamePath = AskFolder(host, "Select your StarLancer Game Directory", "resource.hog",
-                                    "This is not a StarLancer game directory");
+  return AskFolder(host, "Select your StarLancer Game Directory", "resource.hog",
+                   "This is not a StarLancer game directory");
+}
+
+void AskGameFolder(Host& host, Installation& installation) {
+  installation.GamePath = ChosenGameFolder(host);
   if (!platform::RegWriteString(platform::localMachine, appPathsKey, chosenGameValue, installation.GamePath)) {
     Show(host, "Can't Create Registry entry", Icon::none);
   }
@@ -153,6 +157,13 @@ std::string FolderFrom(const std::string& given) {
   return AddBackslash(folder);
 }
 
+void TakeGivenGame(Host& host, Installation& installation, const std::string& given) {
+  installation.GamePath = FolderFrom(given);
+  if (!IsGameFolder(installation.GamePath)) {
+    RefuseGiven(host, installation.GamePath, "This is not a StarLancer game directory");
+  }
+}
+
 void TakeGivenFolders(Main& main, const GivenFolders& given) {
   Host& host = main.host;
   Installation& installation = main.installation;
@@ -163,11 +174,7 @@ void TakeGivenFolders(Main& main, const GivenFolders& given) {
       RefuseGiven(host, installation.ProgramPath, "This is not an Oravin directory");
     }
   }
-  if (given.game.empty()) return;
-  installation.GamePath = FolderFrom(given.game);
-  if (!IsGameFolder(installation.GamePath)) {
-    RefuseGiven(host, installation.GamePath, "This is not a StarLancer game directory");
-  }
+  if (!given.game.empty()) TakeGivenGame(host, installation, given.game);
 }
 
 void FindFolders(Main& main, const GivenFolders& given) {
@@ -214,6 +221,22 @@ void Form_Load(Main& main, const GivenFolders& given) {
     FillLists(main);
   }
   if (!main.onlyLooks) KeepDefaults(main.host, installation);
+}
+
+void FindGameFolder(Main& main, const GivenFolders& given) {
+  Installation& installation = main.installation;
+  if (given.program.empty()) {
+    GuessProgramFolder(installation);
+  } else {
+    installation.ProgramPath = FolderFrom(given.program);
+  }
+  if (!given.game.empty()) {
+    TakeGivenGame(main.host, installation, given.game);
+  } else if (!GameFolderFromRegistry(installation) && !FoldersFromIni(main.host, installation)) {
+    installation.GamePath = ChosenGameFolder(main.host);
+  }
+  AddBackslash(installation.GamePath);
+  if (!FolderExists(installation.ProgramPath)) installation.ProgramPath = installation.GamePath;
 }
 
 }  // namespace oravin

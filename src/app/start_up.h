@@ -22,4 +22,9 @@ struct GivenFolders {
 /// @throws ProgramEnd when the person cancels a choice of folder, or a given folder is not the right one
 void Form_Load(Main& main, const GivenFolders& given = {});
 
+/// Settles the game folder as Form_Load does, for what needs no more. The program folder is the given one or the first
+/// guess, whether it is one or not; without either it is the game folder. Nothing is loaded or stored back.
+/// @throws ProgramEnd as Form_Load
+void FindGameFolder(Main& main, const GivenFolders& given = {});
+
 }  // namespace oravin

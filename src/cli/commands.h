@@ -64,8 +64,12 @@ struct Values {
   }
 };
 
-/// Whether a command works on an installation, or on a file that it is given.
-enum class WorksOn { installation, file };
+/// What a command works on.
+enum class WorksOn {
+  installation,
+  game,  ///< the game folder alone: Oravin's own may be missing
+  file   ///< that it is given
+};
 
 /// One command: "GROUP VERB", or a verb alone.
 struct Command {
@@ -74,7 +78,7 @@ struct Command {
   std::vector<Argument> arguments;  ///< all are required, save for optional ones and one that takes any number
   std::string help;                 ///< one sentence
 
-  /// Does it, over an installation that start-up has loaded unless it works on a file.
+  /// Does it, over what start-up has found or loaded of the installation where it works on that.
   /// @return nothing when it failed, which is on the console then
   std::optional<Result> (*run)(Session& session, const Values& values);
 
@@ -118,6 +122,12 @@ std::optional<Result> ImportOneTexture(Session& session, const Values& values);
 std::optional<Result> RenameTexture(Session& session, const Values& values);
 std::optional<Result> RestoreTcache(Session& session, const Values& values);
 std::optional<Result> PreviewTexture(Session& session, const Values& values);
+std::optional<Result> ImportShips(Session& session, const Values& values);
+std::optional<Result> ListImported(Session& session, const Values& values);
+std::optional<Result> RenameImportedShip(Session& session, const Values& values);
+std::optional<Result> RemoveImportedShips(Session& session, const Values& values);
+std::optional<Result> ConvertMesh(Session& session, const Values& values);
+std::optional<Result> DraftList(Session& session, const Values& values);
 std::optional<Result> LearnLoadoutMaps(Session& session, const Values& values);
 
 }  // namespace oravin

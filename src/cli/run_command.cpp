@@ -30,6 +30,7 @@ void Work(Console& console, const CommandLine& line) {
   main.host.desk = DeskOf(console);
   Trap(main.host, "oravin-cli", [&] {
     if (line.command->worksOn == WorksOn::installation) Form_Load(main, line.folders);
+    if (line.command->worksOn == WorksOn::game) FindGameFolder(main, line.folders);
     Session session{main, console};
     if (const auto result = line.command->run(session, line.values)) WriteResult(console, *result);
   });
