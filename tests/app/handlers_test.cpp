@@ -20,7 +20,7 @@ TEST(HandlerTable, WithoutACatalogueAndWithEveryQuestionRefusedNoActionChangesAn
   Session session(installation);
   const FolderImage before = ImageOf(installation.folder.native);
   session.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::no; });
-  for (int dialogs = 0; dialogs < 3; ++dialogs) session.desk.AnswerFile("");
+  for (int dialogs = 0; dialogs < 5; ++dialogs) session.desk.AnswerFile("");
   for (int dialogs = 0; dialogs < 2; ++dialogs) session.desk.AnswerFolder("");
   for (const Handler& handler : Handlers()) {
     if (handler.name == "about.cmdExit" || handler.name == "tcache.cmdExit" || handler.name == "about.cmdReadme")
