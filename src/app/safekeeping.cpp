@@ -9,6 +9,7 @@
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
+#include "texture/RemoveTexture.h"
 #include "texture/RestoreTcacheFile.h"
 #include "texture/Texture.h"
 #include "util/File_Path.h"
@@ -163,6 +164,10 @@ void EraseAllLeftovers(Files& files, const Installation& installation) {
   EraseLeftovers(files, installation.ProgramPath);
   EraseLeftovers(files, BackupFolder(installation));
   EraseLeftovers(files, KeptModels(installation));
+  for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
+    EraseLeftovers(files, installation.ProgramPath + folder);
+  }
+  EraseUnfinishedRebuild(files, installation.GamePath + tcacheName);
 }
 
 }  // namespace oravin

@@ -1,6 +1,7 @@
 #include "texture/RemoveTexture.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 #include "desk/dialogs.h"
@@ -140,6 +141,8 @@ bool RefuseCache(Host& host) {
   return false;
 }
 
+std::string UnfinishedRebuild(const std::string& cachePath) { return ParentFolder(std::string(cachePath)) + "temp"; }
+
 bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std::string>& unwanted) {
   TcacheBytes cache;
   {
@@ -150,7 +153,7 @@ bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std
   const Rebuilt rebuilt = Rebuild(cache, unwanted);
   // Textures that share their data would make the cache grow.
   if (rebuilt.dataEnd > cache.length) return RefuseCache(host);
-  const std::string temp = ParentFolder(std::string(cachePath)) + "temp";
+  const std::string temp = UnfinishedRebuild(cachePath);
   try {
     WriteRebuilt(host.files, cachePath, temp, rebuilt);
     RenameOver(host.files, temp, cachePath);
@@ -172,6 +175,17 @@ bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, cons
   if (GetTcacheTable(host, cachePath, table) == 0) return false;
   return Trapped(host, title, false,
                  [&] { return RebuildWithout(host, cachePath, NamesToRemove(removed, remaining)); });
+}
+
+void EraseUnfinishedRebuild(Files& files, const std::string& cachePath) {
+  const std::string temp = UnfinishedRebuild(cachePath);
+  if (!FileExists(std::string(temp))) return;
+  if (FileLength(temp) > 0) {
+    const OpenedFile file(files, temp, OpenFor::reading);
+    std::array<std::uint8_t, 4> marker{};
+    if (GetSome(files, file.handle, 0, marker) < marker.size() || LittleEndian32(marker.data()) != tcacheMarker) return;
+  }
+  EraseFile(files, temp);
 }
 
 }  // namespace oravin

@@ -23,4 +23,9 @@ namespace oravin {
 /// @return whether the cache was rebuilt
 bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, const Ships& remaining);
 
+/// Deletes the file "temp" of a rebuild that was cut short. Only a file that is empty or begins as a cache does is
+/// taken for one.
+/// @throws RunTimeError when it cannot be read or deleted
+void EraseUnfinishedRebuild(Files& files, const std::string& cachePath);
+
 }  // namespace oravin

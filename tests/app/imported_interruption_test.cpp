@@ -17,10 +17,9 @@ struct Stage {
     before = GameFolder();
   }
 
-  /// Every file of the game folder but the defaults of the statistics, and the "temp" that the cache's rebuild leaves
-  /// when it is stopped; the next rebuild writes over that.
+  /// Every file of the game folder but the defaults of the statistics.
   [[nodiscard]] FolderImage GameFolder() const {
-    return Without(ImageOf(installation.folder.Native("game")), {"shipstats.def", "temp"});
+    return Without(ImageOf(installation.folder.Native("game")), {"shipstats.def"});
   }
   /// A run in which every question is answered with Yes, whatever boxes come.
   [[nodiscard]] std::unique_ptr<Session> Start() const {

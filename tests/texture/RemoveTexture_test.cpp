@@ -233,5 +233,22 @@ TEST_F(TheRemoval, ThatIsStoppedAnywhereLeavesTheOldOrTheNewCache) {
   });
 }
 
+TEST_F(TheRemoval, CutShortIsErasedAndAnotherFileOfThatNameStays) {
+  Make(Cache(426));
+  const Bytes begun = Cache(426);
+  for (const Bytes& unfinished : {Bytes(), Bytes(begun.begin(), begun.begin() + 300)}) {
+    Write("temp", unfinished);
+    EraseUnfinishedRebuild(at.host.files, Path());
+    EXPECT_FALSE(exists(folder.Native("temp")));
+  }
+  for (const Bytes& other : {Bytes{102, 0, 0}, BytesOf("a note of the player's own")}) {
+    Write("temp", other);
+    EraseUnfinishedRebuild(at.host.files, Path());
+    EXPECT_TRUE(test::SameBytes(other, test::ReadFileAt(folder.Native("temp"))));
+  }
+  std::filesystem::remove(folder.Native("temp"));
+  EraseUnfinishedRebuild(at.host.files, Path());
+}
+
 }  // namespace
 }  // namespace oravin

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-#include "../cache_stage.h"
+#include "cache/cache_stage.h"
 #include "support/environment.h"
 #include "texture/tcache_tab.h"
 
