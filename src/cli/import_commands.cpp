@@ -6,6 +6,8 @@
 #include "cli/ship_names.h"
 #include "cli/text_table.h"
 #include "platform/native_path.h"
+#include "ships/shp_texture_names.h"
+#include "util/run_time_error.h"
 #include "util/text.h"
 
 namespace oravin {
@@ -60,10 +62,26 @@ bool RenameLines(Session& session, const std::vector<std::string>& pairs) {
   return true;
 }
 
+/// True when one of the file's models names a texture; says so when none does.
+bool NamesTexture(Session& session, const std::string& texture) {
+  for (const PackShip& ship : session.main.Fighter_PACK.ships) {
+    std::vector<std::string> names;
+    try {
+      names = ReadShpTextureNames(session.main.host.files, ship.modelPath);
+    } catch (const RunTimeError&) {
+      continue;  // the import tells of a model that cannot be read
+    }
+    const auto same = [&](const std::string& name) { return BitmapKey(name) == BitmapKey(texture); };
+    if (std::any_of(names.begin(), names.end(), same)) return true;
+  }
+  SayError(session.console, "no ship in this file has a texture \"" + texture + "\"");
+  return false;
+}
+
 bool GiveBitmaps(Session& session, const std::vector<std::string>& pairs) {
   for (const std::string& pair : pairs) {
     const auto given = SidesOf(session, "--texture", pair);
-    if (!given) return false;
+    if (!given || !NamesTexture(session, given->left)) return false;
     const std::string path = platform::ToWindowsPath(given->right);
     BmpInfo info;
     if (const std::string why = WhyUnusable(path, info); !why.empty()) {
