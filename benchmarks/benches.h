@@ -22,6 +22,9 @@ void AddTextures(const std::filesystem::path& work);
 /// @param work a folder for ship models
 void AddModels(const std::filesystem::path& work);
 
+/// @param work a folder for enabled sample installations and ship packs
+void AddImports(const std::filesystem::path& work);
+
 /// Prints what choosing a ship on the "Ship Stats / Guns" tab takes: its statistics, its weapons and the chart.
 /// @param work a folder for a sample installation
 void PrintStatsTab(const std::filesystem::path& work);

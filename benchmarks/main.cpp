@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   AddExtraction(work);
   AddTextures(work);
   AddModels(work);
+  AddImports(work);
   RatioTable table;
   benchmark::RunSpecifiedBenchmarks(&table);
   PrintArchiveTab(work);
