@@ -340,6 +340,49 @@ TEST_F(StartUp, ASecondCopyThatLooksMakesNoCopyOfTheStatistics) {
   EXPECT_FALSE(fs::exists(installation.Game("shipstats.def")));
 }
 
+TEST_F(StartUp, TheGameFolderAloneIsFoundAsForTheWholeStartUp) {
+  RegisterProgram();
+  Register(gameKey, "EXE Path", WithoutBackslash(installation.gamePath));
+  FindGameFolder(session->main);
+  ExpectBothFolders();
+  EXPECT_FALSE(fs::exists(installation.Game("shipstats.def"))) << "nothing more than that is done";
+  EXPECT_FALSE(session->main.onlyLooks);
+}
+
+TEST_F(StartUp, TheGameFolderAloneIsAskedForAndStoredNowhere) {
+  session->desk.ExpectBox(notFound);
+  session->desk.AnswerFolder(machine.windows);
+  session->desk.ExpectBox("This is not a StarLancer game directory");
+  session->desk.AnswerFolder(installation.gamePath);
+  FindGameFolder(session->main, {"", installation.programPath});
+  ExpectBothFolders();
+  EXPECT_FALSE(Chosen().has_value());
+  EXPECT_FALSE(fs::exists(installation.Program("oravin.ini")));
+}
+
+TEST_F(StartUp, WithoutAProgramFolderTheGameFolderStandsInForIt) {
+  FindGameFolder(session->main, {WithoutBackslash(installation.gamePath), ""});
+  EXPECT_EQ(Found().GamePath, installation.gamePath);
+  EXPECT_EQ(Found().ProgramPath, installation.gamePath);
+}
+
+TEST_F(StartUp, AGivenProgramFolderNeedsNoShipListForTheGameFolderAlone) {
+  fs::remove(installation.Program("shipsData.txt"));
+  FindGameFolder(session->main, {installation.gamePath, installation.programPath});
+  ExpectBothFolders();
+}
+
+TEST_F(StartUp, CancellingTheGameFolderAloneEndsTheProgramToo) {
+  session->desk.ExpectBox(notFound);
+  session->desk.AnswerFolder("");
+  EXPECT_THROW(FindGameFolder(session->main), ProgramEnd);
+}
+
+TEST_F(StartUp, AGivenFolderThatIsNoGameFolderEndsTheSearchForItAlone) {
+  session->desk.ExpectBox(machine.windows + "\nThis is not a StarLancer game directory");
+  EXPECT_THROW(FindGameFolder(session->main, {machine.windows, ""}), ProgramEnd);
+}
+
 TEST_F(StartUp, ExitEndsTheProgram) {
   Load({installation.gamePath, installation.programPath});
   EXPECT_THROW(session->Press("about.cmdExit"), ProgramEnd);

@@ -101,8 +101,8 @@ TEST_F(ConvertRuns, WrongUses) {
   EXPECT_EQ(RunWords({"convert", "a.3ds", "b.shp", "c.shp"}).status, 2);
 }
 
-TEST_F(ConvertRuns, AConvertedModelCanBeImported) {
-  // The library's report is no model, and the import says so: it is the very file that was converted.
+TEST_F(ConvertRuns, WhatTheLibraryWroteIsWhatIsImported) {
+  // The stand-in's report is no model, and the import says so.
   ASSERT_EQ(RunWords({"convert", Mesh("mesh.3ds", 0, true)}).status, 0);
   Enable();
   const Outcome outcome = RunWords({"import", Native("mesh.shp")});

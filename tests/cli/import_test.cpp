@@ -94,6 +94,7 @@ TEST_F(ImportRuns, TheTextTellsTheImportedShips) {
 
 TEST_F(ImportRuns, EveryFileOfAnImportedShipIsWhereItBelongs) {
   const FolderImage before = Folders();
+  Json expectedTextures = TextureNames();
   ASSERT_EQ(RunWords({"import", Raiders(), "--only", "Locust"}).status, 0);
   const Bytes model = ReadFileAt(Pack("raiders/locust.shp"));
   FolderImage expected = before;
@@ -117,10 +118,8 @@ TEST_F(ImportRuns, EveryFileOfAnImportedShipIsWhereItBelongs) {
   expected["Oravin/shipsData.txt"] = BytesOf(list);
   expected["StarLancer/tcachehw.dat"] = Game("tcachehw.dat");
   EXPECT_TRUE(SameImage(expected, Folders()));
-  const Json textures = TextureNames();
-  ASSERT_EQ(textures.size(), 436U);
-  EXPECT_EQ(Json(textures.begin() + 432, textures.end()),
-            Json::parse(R"(["locust1","glocust1","locust2","glocust2"])"));
+  for (const char* texture : {"locust1", "glocust1", "locust2", "glocust2"}) expectedTextures.push_back(texture);
+  EXPECT_EQ(TextureNames(), expectedTextures);
 }
 
 TEST_F(ImportRuns, ARenamedShipIsImportedUnderItsNewNameAndTheSuggestedSwitchIsMade) {
