@@ -84,8 +84,9 @@ bool GiveBitmaps(Session& session, const std::vector<std::string>& pairs) {
     if (!given || !NamesTexture(session, given->left)) return false;
     const std::string path = platform::ToWindowsPath(given->right);
     BmpInfo info;
-    if (const std::string why = WhyUnusable(path, info); !why.empty()) {
-      SayError(session.console, path + " cannot become a texture: " + why);
+    std::string why = WhyUnusable(path, info);
+    if (!why.empty()) {
+      SayError(session.console, why.insert(0, path + " cannot become a texture: "));
       return false;
     }
     for (GivenBitmaps& ship : session.main.Fighter_PACK.given) ship[BitmapKey(given->left)] = path;
@@ -107,9 +108,10 @@ Result TellImport(const Session& session, const std::vector<CheckedShip>& ships)
     (done ? imported : failed).push_back(ToUtf8(ship.ship.shipName));
   }
   std::string text = "Imported: " + std::to_string(imported.size()) + ".\n";
-  for (const auto& name : imported) text += "  " + name.get<std::string>() + "\n";
+  const auto add = [&](const Json& name) { text.append("  ").append(name.get<std::string>()).append("\n"); };
+  for (const auto& name : imported) add(name);
   if (!failed.empty()) text += "Not imported: " + std::to_string(failed.size()) + ".\n";
-  for (const auto& name : failed) text += "  " + name.get<std::string>() + "\n";
+  for (const auto& name : failed) add(name);
   return {{{"action", "import"}, {"imported", imported}, {"failed", failed}}, text};
 }
 
