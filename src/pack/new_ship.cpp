@@ -36,7 +36,7 @@ std::string BitmapFor(Host& host, const ListedTexture& texture, const std::strin
   if (!texture.bitmapPath.empty()) return texture.bitmapPath;
   const std::string key = BitmapKey(texture.name);
   if (const auto before = given.find(key); before != given.end()) return before->second;
-  const std::string bitmap = AskForBitmap(host, ParentFolder(std::string(modelPath)), texture.name);
+  std::string bitmap = AskForBitmap(host, ParentFolder(std::string(modelPath)), texture.name);
   if (!bitmap.empty()) given[key] = bitmap;
   return bitmap;
 }
