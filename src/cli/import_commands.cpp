@@ -216,7 +216,9 @@ std::optional<Result> RemoveImportedShips(Session& session, const Values& values
   for (const ListRow& row : main.imports.lstImported.rows) {
     if (all || row.selected) names.push_back(row.texts.at(0));
   }
-  if (names.empty()) return Result{{{"removed", Json::array()}}, "There are no imported ships.\n"};
+  if (names.empty()) {
+    return Result{{{"action", "imported remove"}, {"removed", Json::array()}}, "There are no imported ships.\n"};
+  }
   const int failuresBefore = session.console.failures;
   Run(main, "imports.lstImported.ItemClick");
   Run(main, all ? "imports.cmdRemoveAll" : "imports.cmdRemoveShips");

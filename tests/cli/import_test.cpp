@@ -268,6 +268,8 @@ TEST_F(ImportWhileDisabled, ABoxSaysWhatToDoFirst) {
   EXPECT_EQ(RunWords({"imported", "list"}).out, "There are no imported ships.\n");
   EXPECT_EQ(RunWords({"imported", "list", "--json"}).out, "[]\n");
   EXPECT_EQ(RunWords({"imported", "remove", "--all", "--yes"}).out, "There are no imported ships.\n");
+  EXPECT_EQ(RunWords({"imported", "remove", "--all", "--json"}).Document(),
+            Json::parse(R"({"action":"imported remove","removed":[]})"));
 }
 
 TEST_F(ImportedRuns, ListTellsEveryImportedShip) {
@@ -355,7 +357,7 @@ TEST_F(ImportedRuns, RemovalsThatAreRefused) {
                 "oravin-cli: name the ships to remove, or give --all\n");
   ExpectRefused({"imported", "remove", "Manta", "Nobody", "--yes"},
                 "oravin-cli: there is no imported ship \"Nobody\"; \"imported list\" shows them\n");
-  ExpectRefused({"imported"}, WrongUsage("a command is missing behind \"imported\""), 2);
+  ExpectRefused({"imported"}, WrongUsage("a verb is missing behind \"imported\""), 2);
 }
 
 TEST_F(ImportWhileDisabled, ANewUsersDayLeavesTheGameAsItWas) {
