@@ -157,7 +157,7 @@ void ShowPopup(ListWindow& list, const HogTab& tab, const Action& press) {
     if (&record == &tab.pldHogProperties) menu.AppendSeparator();
     menu.Append(i, ToScreen(record.caption))->Enable(record.enabled);
   }
-  const int chosen = list.GetPopupMenuSelectionFromUser(menu);
+  const int chosen = list.GetPopupMenuSelectionFromUser(menu, list.MenuPlace());
   if (chosen != wxID_NONE) press(items.at(static_cast<std::size_t>(chosen)).action);
 }
 

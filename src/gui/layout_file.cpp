@@ -9,8 +9,10 @@
 #include <system_error>
 
 #include "gui/picture_pane.h"
+#include "gui/stats_chart_pane.h"
 #include "gui/text_edge.h"
 #include "gui/thumbnail_list.h"
+#include "gui/top_view_pane.h"
 #include "util/text.h"
 
 namespace oravin::gui {
@@ -56,6 +58,7 @@ Json RowsOf(const ListWindow& window, const ListView& record) {
                     {"key", row.key},
                     {"texts", texts},
                     {"selected", window.GetItemState(item, wxLIST_STATE_SELECTED) != 0},
+                    {"bold", row.bold},
                     {"rectangle", RectangleOf(window, rectangle)}});
   }
   return rows;
@@ -97,15 +100,52 @@ void AddPicture(Json& control, const PicturePane& window) {
   control["picture"] = picture.IsEmpty() ? Json(nullptr) : RectangleOf(window, picture);
 }
 
+Json MarkOf(const std::optional<ChartMark>& mark) { return mark ? Json(mark->value) : Json(nullptr); }
+
+void AddChart(Json& control, const StatsChartPane& window) {
+  const StatsChart& chart = window.Chart();
+  control["words"] = window.Words();
+  control["selected"] = ToUtf8(chart.selectedName);
+  control["compared"] = ToUtf8(chart.comparedName);
+  control["rows"] = Json::array();
+  for (std::size_t i = 0; i < chart.rows.size() && !chart.selectedName.empty(); ++i) {
+    const ChartRow& row = chart.rows.at(i);
+    control["rows"].push_back({{"label", row.label},
+                               {"selected", MarkOf(row.selected)},
+                               {"compared", MarkOf(row.compared)},
+                               {"smallest", MarkOf(row.smallest)},
+                               {"middle", MarkOf(row.middle)},
+                               {"largest", MarkOf(row.largest)},
+                               {"rectangle", RectangleOf(window, window.RowRectangle(i))}});
+  }
+}
+
+void AddTopView(Json& control, const TopViewPane& window) {
+  control["words"] = window.Words();
+  control["points"] = Json::array();
+  for (const TopViewPoint& point : window.View().points) {
+    control["points"].push_back({{"attachment", point.attachment},
+                                 {"missile", point.missile},
+                                 {"selected", point.selected},
+                                 {"rectangle", RectangleOf(window, window.PointRectangle(point))}});
+  }
+}
+
 Json ControlOf(const Reflection& reflection) {
   const wxWindow& window = *reflection.window;
-  Json control = {{"name", reflection.name},          {"shown", window.IsShownOnScreen()},
-                  {"enabled", window.IsEnabled()},    {"caption", window.GetLabel().utf8_string()},
-                  {"rectangle", RectangleOf(window)}, {"wants", SizeOf(window, window.GetBestSize())}};
+  Json control = {{"name", reflection.name},
+                  {"shown", window.IsShownOnScreen()},
+                  {"enabled", window.IsEnabled()},
+                  {"caption", window.GetLabel().utf8_string()},
+                  {"tooltip", window.GetToolTipText().utf8_string()},
+                  {"rectangle", RectangleOf(window)},
+                  {"wants", SizeOf(window, window.GetBestSize())}};
   if (const auto* text = dynamic_cast<const wxTextCtrl*>(&window)) control["text"] = text->GetValue().utf8_string();
   if (const auto* box = dynamic_cast<const wxCheckBox*>(&window)) control["checked"] = box->GetValue();
   if (const auto* pane = dynamic_cast<const PicturePane*>(&window)) AddPicture(control, *pane);
   if (const auto* thumbnails = dynamic_cast<const ThumbnailList*>(&window)) AddThumbnails(control, *thumbnails);
+  if (const auto* chart = dynamic_cast<const StatsChartPane*>(&window)) AddChart(control, *chart);
+  if (const auto* view = dynamic_cast<const TopViewPane*>(&window)) AddTopView(control, *view);
   const auto* list = dynamic_cast<const ListWindow*>(&window);
   if (list != nullptr && reflection.list != nullptr) AddList(control, *list, *reflection.list);
   return control;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "gui/drawing.h"
 #include "gui/text_edge.h"
 
 namespace oravin::gui {
@@ -17,16 +18,17 @@ constexpr std::size_t longestShown = 300;
 long StyleOf(const ListView& record) {
   const long selection = record.severalSelectable ? 0L : long{wxLC_SINGLE_SEL};
   const long editing = record.labelsEditable ? long{wxLC_EDIT_LABELS} : 0L;
-  return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection | editing;
+  const bool headings = std::any_of(record.columns.begin(), record.columns.end(),
+                                    [](const ListColumn& column) { return !column.heading.empty(); });
+  const long heading = headings ? 0L : long{wxLC_NO_HEADER};
+  return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection | editing | heading;
 }
 
 /// Two quick clicks on a heading are two clicks; the toolkit would drop the second. On a row they are a double click.
-void TakeForTwo(wxWindow& part, wxMouseEvent& event) {
-  const bool isHeading = part.GetPosition().y == 0;
-  if (!isHeading) return event.Skip();
+void TakeForTwo(wxWindow& heading, wxMouseEvent& event) {
   wxMouseEvent again(event);
   again.SetEventType(wxEVT_LEFT_DOWN);
-  part.GetEventHandler()->ProcessEvent(again);
+  heading.GetEventHandler()->ProcessEvent(again);
 }
 
 }  // namespace
@@ -40,6 +42,7 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     shares_.push_back(1.0 / static_cast<double>(record.columns.size()));
   }
   EnableAlternateRowColours();
+  SetAlternateRowColour(Between(ListText(), ListGround(), 0.04));  // the toolkit's own is too light for light text
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     ShareWidth();
@@ -61,7 +64,8 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     SelectForMenu(event.GetIndex());
   });
   // Some systems tell of the menu when the button goes down already.
-  Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) {
+  Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
+    menuByKeyboard_ = event.GetPosition() == wxDefaultPosition;
     menuIsDue_ = wxGetMouseState().RightIsDown();
     if (!menuIsDue_) AskForMenu();
   });
@@ -88,13 +92,55 @@ void ListWindow::BindParts() {
       event.Skip();
       if (std::exchange(menuIsDue_, false)) AskForMenu();
     });
-    if (part != this) part->Bind(wxEVT_LEFT_DCLICK, [part](wxMouseEvent& event) { TakeForTwo(*part, event); });
+    part->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+      event.Skip();
+      ShowTooltip();
+    });
+    part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) {
+      const wxWindow* heading = Heading();
+      if (heading == nullptr || part != heading) return event.Skip();
+      TakeForTwo(*part, event);
+    });
+    for (const auto& scrolling :
+         {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN,
+          wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
+      part->Bind(scrolling, &ListWindow::AskForScrolled, this);
+    }
+    part->Bind(wxEVT_MOUSEWHEEL, &ListWindow::AskForScrolled, this);
+    part->Bind(wxEVT_KEY_DOWN, &ListWindow::AskForScrolled, this);
+    part->Bind(wxEVT_SIZE, &ListWindow::AskForScrolled, this);
   }
+}
+
+/// The window of the headings, where they have one of their own.
+const wxWindow* ListWindow::Heading() const {
+  if (HasFlag(wxLC_NO_HEADER)) return nullptr;
+  const auto& parts = GetChildren();
+  const auto heading =
+      std::find_if(parts.begin(), parts.end(), [](const wxWindow* part) { return part->GetPosition().y == 0; });
+  return heading == parts.end() ? nullptr : *heading;
+}
+
+int ListWindow::HeadingHeight() const {
+  const wxWindow* heading = Heading();
+  return heading == nullptr ? 0 : heading->GetSize().GetHeight();
+}
+
+/// The list scrolls after this event.
+void ListWindow::AskForScrolled(wxEvent& event) {
+  event.Skip();
+  if (scrolled) CallAfter([this] { scrolled(); });
 }
 
 void ListWindow::SetShares(const std::vector<double>& shares) {
   shares_ = shares;
   ShareWidth();
+}
+
+/// Without headings the toolkit would want a width that has nothing to do with the list.
+wxSize ListWindow::DoGetBestClientSize() const {
+  const int least = FromDIP(narrowestColumn);
+  return HasFlag(wxLC_NO_HEADER) ? wxSize(least, least) : wxListCtrl::DoGetBestClientSize();
 }
 
 const ListRow* ListWindow::RowAt(long row) const {
@@ -120,6 +166,38 @@ void ListWindow::ShowRecord() {
   ShowSelection();
   ShowOrder();
   Refresh();
+}
+
+wxItemAttr* ListWindow::OnGetItemAttr(long row) const {
+  wxItemAttr* plain = wxListCtrl::OnGetItemAttr(row);
+  const ListRow* shown = RowAt(row);
+  if (shown == nullptr || !shown->bold) return plain;
+  const bool between = plain != nullptr && plain->HasBackgroundColour();
+  wxItemAttr& bold = bold_.at(between ? 1 : 0);
+  if (between) bold.SetBackgroundColour(plain->GetBackgroundColour());
+  if (!bold.HasFont()) bold.SetFont(GetFont().Bold());
+  return &bold;
+}
+
+wxColour ListWindow::GroundOf(long row) const {
+  const wxItemAttr* attributes = OnGetItemAttr(row);
+  const bool own = attributes != nullptr && attributes->HasBackgroundColour();
+  return own ? attributes->GetBackgroundColour() : GetBackgroundColour();
+}
+
+/// The list gets the tooltip of the row that the mouse is over.
+void ListWindow::ShowTooltip() {
+  // Of a list of two windows both are told of the mouse, with coordinates of the one below.
+  const wxPoint mouse = ScreenToClient(wxGetMousePosition());
+  wxString tooltip;
+  const long first = GetTopItem();
+  for (long row = first; row <= first + GetCountPerPage() && row < GetItemCount(); ++row) {
+    wxRect rectangle;
+    const ListRow* shown = RowAt(row);
+    if (shown == nullptr || !GetItemRect(row, rectangle) || !rectangle.Contains(mouse)) continue;
+    tooltip = ToScreen(shown->tooltip);
+  }
+  if (GetToolTipText() != tooltip) SetToolTip(tooltip);
 }
 
 const std::vector<bool>& ListWindow::Selection() {
@@ -150,6 +228,14 @@ void ListWindow::AskForMenu() {
     menuIsAsked_ = false;
     if (menuAsked) menuAsked();
   });
+}
+
+wxPoint ListWindow::MenuPlace() const {
+  const long row = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+  wxRect rectangle;
+  if (!menuByKeyboard_ || row < 0 || !GetItemRect(row, rectangle)) return wxDefaultPosition;
+  const int lowest = GetClientSize().GetHeight();
+  return {rectangle.x + FromDIP(narrowestColumn), std::clamp(rectangle.GetBottom(), 0, lowest)};
 }
 
 /// A right click chooses the row that it falls on, unless that is one of those selected.

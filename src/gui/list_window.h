@@ -2,6 +2,7 @@
 
 #include <wx/listctrl.h>
 
+#include <array>
 #include <functional>
 #include <string>
 #include <vector>
@@ -11,7 +12,8 @@
 namespace oravin::gui {
 
 /// A list with columns that holds no rows of its own: it draws them straight out of a record, so that a hundred
-/// thousand rows open as fast as ten. Its columns keep their shares of the width when the window is resized.
+/// thousand rows open as fast as ten. Its columns keep their shares of the width when the window is resized. Where no
+/// column has a heading there is no line for them.
 class ListWindow : public wxListCtrl {
  public:
   /// @param record the rows; must outlive the window
@@ -25,20 +27,35 @@ class ListWindow : public wxListCtrl {
   /// so that a list with all of a hundred thousand rows selected takes no longer.
   void ShowRecord();
 
+  /// Where the menu is to come up that was asked for last: at the mouse, or by the keyboard at the row with its mark.
+  [[nodiscard]] wxPoint MenuPlace() const;
+
+  /// How high the line with the headings is.
+  [[nodiscard]] int HeadingHeight() const;
+
+  /// What is behind a row's texts.
+  [[nodiscard]] wxColour GroundOf(long row) const;
+
   /// Which rows are selected on the screen.
   const std::vector<bool>& Selection();
 
   /// Called when the right mouse button has been let go over the list, or the Menu key pressed.
   std::function<void()> menuAsked;
 
+  /// Called when other rows may have come into sight.
+  std::function<void()> scrolled;
+
   /// Called once after each thing that a person does to the selection, by mouse or keyboard, however many rows that
   /// selects. What the record itself changed is not told.
   std::function<void()> selectionChanged;
 
  private:
+  wxSize DoGetBestClientSize() const override;
   wxString OnGetItemText(long row, long column) const override;
   int OnGetItemImage(long row) const override;
+  wxItemAttr* OnGetItemAttr(long row) const override;
   const ListRow* RowAt(long row) const;
+  const wxWindow* Heading() const;
   void ShareWidth();
   void KeepShares();
   void BindParts();
@@ -49,6 +66,8 @@ class ListWindow : public wxListCtrl {
   void Select(long row, bool selected);
   void SelectForMenu(long row);
   void AskForMenu();
+  void AskForScrolled(wxEvent& event);
+  void ShowTooltip();
   void ShowChosenRow();
 
   const ListView& record_;
@@ -58,6 +77,8 @@ class ListWindow : public wxListCtrl {
   std::vector<bool> selection_;  ///< the toolkit takes long to tell which of many rows are selected
   bool touched_ = false;         ///< a person may have changed the selection since it was read
   bool lookIsDue_ = false;
+  mutable std::array<wxItemAttr, 2> bold_;  ///< of the rows with the plain ground and of those between them
+  bool menuByKeyboard_ = false;
   bool menuIsDue_ = false;    ///< when the right button is let go
   bool menuIsAsked_ = false;  ///< it comes up as soon as all else is done
   bool selecting_ = false;    ///< an event comes for each row, for which its texts need not be made

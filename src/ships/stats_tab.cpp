@@ -37,14 +37,15 @@ void NameMenus(StatsTab& tab) {
 
 StatsTab NewStatsTab() {
   StatsTab tab;
-  tab.purpose.caption = "Here you will edit a ship's statistics and weapons.";
-  tab.shipEditingList.columns = {{"Ships:", false}};
+  tab.lblShips.caption = "Ships:";
+  tab.shipEditingList.columns = {{"", false}};
   tab.shipStatsList.columns = {{"Value:", true}, {"Statistic:", false}};
+  tab.shipStatsList.labelsEditable = true;
   tab.cmdRestoreShipStats = {"&Restore Stats", "Restores stats for the selected ship", true};
   tab.cmdRestoreAllStats = {"&Restore All Stats", "Restores stats for all ships", true};
   tab.lblWeapons.caption = "Weapons:";
   tab.Label2.caption = "Right Click on Weapons to change";
-  tab.shipWeaponsList.columns = {{"Weapon:", false}};
+  tab.shipWeaponsList.columns = {{"", false}};
   tab.chkHasCloak = {"Cloaking Device", "Toggles Cloak", true, false};
   tab.cmdRestoreWeapons = {"Restore Weapons", "Restores weapons info for the selected ship", true};
   tab.cmdEnable2 = {"&Enable", "Enables editing features - see readme", true};

@@ -31,7 +31,7 @@ enum StatsColumn : std::size_t { statsValueColumn, statsLabelColumn };
 
 /// The controls of the "Ship Stats / Guns" tab, and what it shows.
 struct StatsTab {
-  Label purpose;  ///< what the tab is for, in one line
+  Label lblShips;
   ListView shipEditingList;
   Label lblShipClass;  ///< what the selected ship's class byte says
 
