@@ -5,12 +5,13 @@
 #include "app/open_file.h"
 #include "app/start_up.h"
 #include "desk/program_end.h"
+#include "gui/file_drop.h"
 #include "gui/window_desk.h"
 #include "platform/native_path.h"
 
 namespace oravin::gui {
 
-App::App(Options options) : options_(std::move(options)) {}
+App::App(Options options) : options_(std::move(options)) { options_.folders.offerShipList = true; }
 
 bool App::OnInit() {
   // The command line has been read already, so nothing of it is left for the toolkit.
@@ -22,13 +23,17 @@ bool App::OnInit() {
 
 int App::OnRun() {
   main_.host.desk = WindowDesk(window_);
+  PrepareWindow(window_, main_, options_);
   try {
     Form_Load(main_, options_.folders);
   } catch (const ProgramEnd&) {
     return 0;  // the person was told, or chose to leave
   }
-  if (!options_.file.empty()) OpenFileOnItsTab(main_, platform::ToWindowsPath(options_.file));
+  const std::string file = options_.file.empty() ? std::string() : platform::ToWindowsPath(options_.file);
+  const bool imports = IsShipFile(file);  // by a form, which comes up over the window
+  if (!file.empty() && !imports) OpenFileOnItsTab(main_, file);
   OpenWindow(window_, main_, options_);
+  if (imports) window_.frame->CallAfter([this, file] { ImportIntoWindow(window_, main_, file); });
   return wxApp::OnRun();
 }
 

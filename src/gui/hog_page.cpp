@@ -1,12 +1,11 @@
-#include <wx/dnd.h>
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 
 #include <array>
-#include <utility>
 #include <vector>
 
+#include "gui/file_drop.h"
 #include "gui/pages.h"
 #include "gui/text_edge.h"
 
@@ -43,21 +42,6 @@ struct Parts {
   wxButton* cmdFirstBytes = nullptr;
   wxTextCtrl* txtFirstBytes = nullptr;
   wxStaticText* lblFilePath = nullptr;
-};
-
-/// Takes a dropped archive as the one to open.
-class ArchiveDrop : public wxFileDropTarget {
- public:
-  explicit ArchiveDrop(std::function<void(const wxString&)> dropped) : dropped_(std::move(dropped)) {}
-
- private:
-  bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
-    if (files.empty()) return false;
-    dropped_(files.front());
-    return true;
-  }
-
-  std::function<void(const wxString&)> dropped_;
 };
 
 wxTextCtrl* NewFirstBytes(wxWindow* page, Mirror& mirror, TextBox& record) {
@@ -193,14 +177,15 @@ void BindTexts(const Parts& parts, const Action& press) {
   });
 }
 
-void AcceptDrops(const Parts& parts, const Action& press) {
-  const auto dropped = [text = parts.txtHogPath, press](const wxString& file) {
-    text->ChangeValue(ToScreen(FromDialogPath(file)));
-    press("hog.cmdOpen");
+/// Opens what is dropped here, unless it is something to import.
+void AcceptDrops(const Parts& parts, const Surroundings& surroundings) {
+  const auto any = [](const std::string&) { return true; };
+  const auto dropped = [text = parts.txtHogPath, surroundings](const std::string& path) {
+    if (IsShipFile(path)) return surroundings.importFile(path);
+    text->ChangeValue(ToScreen(path));
+    surroundings.press("hog.cmdOpen");
   };
-  for (wxWindow* window : {parts.page, static_cast<wxWindow*>(parts.hogList)}) {
-    window->SetDropTarget(new ArchiveDrop(dropped));
-  }
+  for (wxWindow* window : {parts.page, static_cast<wxWindow*>(parts.hogList)}) OnFileDropped(window, any, dropped);
 }
 
 }  // namespace
@@ -211,7 +196,7 @@ wxWindow* NewHogPage(wxWindow* parent, const Surroundings& surroundings) {
   LayOut(parts);
   BindList(*parts.hogList, surroundings.main.hog, surroundings.press);
   BindTexts(parts, surroundings.press);
-  AcceptDrops(parts, surroundings.press);
+  AcceptDrops(parts, surroundings);
   return parts.page;
 }
 

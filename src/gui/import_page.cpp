@@ -1,96 +1,99 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
-#include <wx/statbmp.h>
 #include <wx/statbox.h>
 
-#include <array>
-
+#include "gui/import_texture_frame.h"
 #include "gui/pages.h"
-#include "gui/picture_pane.h"
 #include "gui/text_edge.h"
 
 namespace oravin::gui {
 
 namespace {
 
-constexpr int purposePictureSize = 64;
-
-/// What the page is for, behind a picture.
-wxSizer* NewPurpose(wxWindow* page, const Surroundings& surroundings) {
-  auto* picture = new wxStaticBitmap(page, wxID_ANY, ImportPicture({purposePictureSize, purposePictureSize}));
-  wxStaticText* line = NewLabel(page, surroundings.mirror, "imports.purpose", surroundings.main.imports.purpose);
-  Enlarge(line, 1.2F);
-  auto* sizer = new wxBoxSizer(wxHORIZONTAL);
-  sizer->Add(picture, wxSizerFlags().CentreVertical());
-  sizer->AddSpacer(page->FromDIP(2 * gap));
-  sizer->Add(line, wxSizerFlags(1).CentreVertical());
-  return sizer;
-}
-
-/// What the bitmap says of itself, in one line.
-wxSizer* NewInfo(wxWindow* frame, const Surroundings& surroundings) {
-  auto& labels = surroundings.main.imports.texture.lblBMPinfo;
-  auto* sizer = new wxBoxSizer(wxHORIZONTAL);
-  for (std::size_t i = 0; i < labels.size(); ++i) {
-    const std::string name = "imports.lblBMPinfo[" + std::to_string(i) + "]";
-    wxStaticText* label = NewLabel(frame, surroundings.mirror, name, labels.at(i));
-    // Wide enough for what comes behind it, so that the next one stays where it is.
-    label->SetMinSize({frame->GetTextExtent("Blocks: 00000").GetWidth(), -1});
-    sizer->Add(label, wxSizerFlags().Border(wxRIGHT, frame->FromDIP(gap)));
-  }
-  return sizer;
-}
-
-/// Has the name's box take the keyboard when its record wants that, once.
-void GiveFocus(wxTextCtrl* name, ImportTexturePanel& panel) {
-  if (!panel.nameTakesFocus) return;
-  panel.nameTakesFocus = false;
-  name->CallAfter([name] { name->SetFocus(); });  // after the action, which gives it back to what had it
-}
-
-wxSizer* NewFields(wxWindow* frame, const Surroundings& surroundings) {
-  ImportTexturePanel& panel = surroundings.main.imports.texture;
-  Mirror& mirror = surroundings.mirror;
-  const int space = frame->FromDIP(gap);
-  wxStaticText* nameLabel = NewLabel(frame, mirror, "imports.lbl3DConv[0]", panel.lbl3DConv[0]);
-  wxTextCtrl* name = NewText(frame, mirror, "imports.txtImportTextureName", panel.txtImportTextureName);
-  mirror.reflections.back().show = [name, &panel] {
-    GiveFocus(name, panel);
-    return Show(*name, panel.txtImportTextureName);
-  };
-  wxStaticText* pathLabel = NewLabel(frame, mirror, "imports.lbl3DConv[1]", panel.lbl3DConv[1]);
-  wxTextCtrl* path = NewText(frame, mirror, "imports.txtImportTexturePath", panel.txtImportTexturePath);
-  path->Bind(wxEVT_KILL_FOCUS, [path, press = surroundings.press](wxFocusEvent& event) {
-    event.Skip();
-    path->CallAfter([press] { press("imports.txtImportTexturePath.LostFocus"); });
+ListWindow* NewImportedList(wxWindow* edge, const Surroundings& surroundings) {
+  ListView& record = surroundings.main.imports.lstImported;
+  const Action& press = surroundings.press;
+  // Every ship here is an imported one, whose picture tells its class by itself.
+  auto* list = new ListWindow(edge, record, [](const ListRow& row) { return PictureOf(row, ShipsShown::fighters); });
+  list->SetSmallImages(ShipPictures());
+  Reflect(surroundings.mirror, "imports.lstImported", list, record);
+  list->selectionChanged = [press] { press("imports.lstImported.ItemClick"); };
+  OnLabelEdited(*list, record, [press] { press("imports.lstImported.AfterLabelEdit"); });
+  list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [press](wxListEvent&) { press("imports.lstImported.DblClick"); });
+  list->Bind(wxEVT_CHAR_HOOK, [list, press](wxKeyEvent& event) {
+    const bool removes = event.GetKeyCode() == WXK_DELETE && !event.HasModifiers() && list->GetEditControl() == nullptr;
+    if (removes && list->GetSelectedItemCount() > 0) {
+      press("imports.cmdRemoveShips");
+    } else {
+      event.Skip();
+    }
   });
-  wxButton* browse = NewButton(frame, surroundings, "imports.cmdImportTextureBrowse", panel.cmdImportTextureBrowse);
-  wxCheckBox* fighter = NewCheckBox(frame, mirror, "imports.chkForFighter", panel.chkForFighter, {});
-  wxButton* import = NewButton(frame, surroundings, "imports.cmdImportTexture", panel.cmdImportTexture);
-  EqualWidths({browse, import});
-
-  auto* action = new wxBoxSizer(wxHORIZONTAL);
-  action->Add(fighter, wxSizerFlags().CentreVertical());
-  action->AddStretchSpacer();
-  action->Add(import, wxSizerFlags().CentreVertical());
-  auto* whole = new wxBoxSizer(wxVERTICAL);
-  whole->Add(NewFieldLines(frame, {{nameLabel, FieldOf(name), {}}, {pathLabel, FieldOf(path), {browse}}}),
-             wxSizerFlags().Expand());
-  whole->Add(action, wxSizerFlags().Expand().Border(wxTOP, space));
-  whole->AddSpacer(2 * space);
-  whole->Add(NewInfo(frame, surroundings), wxSizerFlags().Expand());
-  return whole;
+  return list;
 }
 
-wxSizer* NewTexturePanel(wxWindow* page, const Surroundings& surroundings) {
-  ImportTexturePanel& panel = surroundings.main.imports.texture;
-  auto* whole = new wxStaticBoxSizer(wxHORIZONTAL, page, ToScreen(panel.frameTextureImport.caption));
-  wxWindow* frame = whole->GetStaticBox();
-  const int margin = page->FromDIP(pageMargin);
-  whole->Add(NewFields(frame, surroundings), wxSizerFlags(3).Expand().Border(wxALL, margin));
-  whole->Add(NewPreview(frame, surroundings, "imports.preview", panel.preview, false),
-             wxSizerFlags(2).Expand().Border(wxTOP | wxRIGHT | wxBOTTOM, margin));
-  return whole;
+/// The ships that were imported, with what is to be imported above them.
+wxSizer* NewShipsFrame(wxWindow* page, const Surroundings& surroundings) {
+  ImportTab& tab = surroundings.main.imports;
+  auto* framed = new wxStaticBoxSizer(wxVERTICAL, page, ToScreen(tab.frameImport.caption));
+  wxWindow* frame = framed->GetStaticBox();
+  const int space = page->FromDIP(gap);
+  wxTextCtrl* path =
+      NewText(frame, surroundings.mirror, "imports.txtImportFighter", tab.txtImportFighter, wxTE_PROCESS_ENTER);
+  path->SetHint("A ship model or ship pack");
+  path->Bind(wxEVT_TEXT_ENTER,
+             [press = surroundings.press](wxCommandEvent&) { press("imports.txtImportFighter.Enter"); });
+  wxButton* browse = NewButton(frame, surroundings, "imports.cmdImportFighterBrowse", tab.cmdImportFighterBrowse);
+  wxWindow* edge = NewEdge(frame);
+  Enframe(edge, NewImportedList(edge, surroundings));
+  wxButton* remove = NewButton(frame, surroundings, "imports.cmdRemoveShips", tab.cmdRemoveShips);
+  wxButton* removeAll = NewButton(frame, surroundings, "imports.cmdRemoveAll", tab.cmdRemoveAll);
+  EqualWidths({remove, removeAll});
+
+  auto* given = new wxBoxSizer(wxHORIZONTAL);
+  given->Add(path, wxSizerFlags(1).CentreVertical());
+  given->Add(browse, wxSizerFlags().CentreVertical().Border(wxLEFT, space));
+  auto* removing = new wxBoxSizer(wxHORIZONTAL);
+  removing->AddStretchSpacer();
+  removing->Add(remove);
+  removing->Add(removeAll, wxSizerFlags().Border(wxLEFT, space));
+  auto* whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(given, wxSizerFlags().Expand());
+  whole->Add(edge, wxSizerFlags(1).Expand().Border(wxTOP | wxBOTTOM, space));
+  whole->Add(removing, wxSizerFlags().Expand());
+  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, space));
+  return framed;
+}
+
+/// A text box of the converter, which an action may send the keyboard to.
+wxTextCtrl* NewMeshText(wxWindow* frame, Mirror& mirror, const std::string& name, TextBox& record, bool& takesFocus) {
+  wxTextCtrl* text = NewText(frame, mirror, name, record);
+  mirror.reflections.back().show = [text, &record, &takesFocus] {
+    GiveFocus(text, takesFocus);
+    return Show(*text, record);
+  };
+  return text;
+}
+
+/// Makes a mesh into a ship's model.
+wxSizer* NewConvertFrame(wxWindow* page, const Surroundings& surroundings) {
+  ConvertPanel& panel = surroundings.main.convert;
+  Mirror& mirror = surroundings.mirror;
+  auto* framed = new wxStaticBoxSizer(wxVERTICAL, page, ToScreen(panel.frame3DConversion.caption));
+  wxWindow* frame = framed->GetStaticBox();
+  const auto button = [&](const char* name, Button& record) { return NewButton(frame, surroundings, name, record); };
+  wxStaticText* sourceLabel = NewLabel(frame, mirror, "convert.lbl3DSource", panel.lbl3DSource);
+  wxTextCtrl* source = NewMeshText(frame, mirror, "convert.txt3DSource", panel.txt3DSource, panel.sourceTakesFocus);
+  wxButton* browse = button("convert.cmd3DSourceBrowse", panel.cmd3DSourceBrowse);
+  wxStaticText* destinationLabel = NewLabel(frame, mirror, "convert.lbl3DDest", panel.lbl3DDest);
+  wxTextCtrl* destination =
+      NewMeshText(frame, mirror, "convert.txt3DDest", panel.txt3DDest, panel.destinationTakesFocus);
+  wxButton* convert = button("convert.cmdConvert3dsToSL", panel.cmdConvert3dsToSL);
+  wxButton* readme = button("convert.cmd3d2SLReadme", panel.cmd3d2SLReadme);
+  EqualWidths({browse, convert, readme});
+  wxSizer* lines = NewFieldLines(
+      frame, {{sourceLabel, FieldOf(source), {browse, readme}}, {destinationLabel, FieldOf(destination), {convert}}});
+  framed->Add(lines, wxSizerFlags().Expand().Border(wxALL, page->FromDIP(gap)));
+  return framed;
 }
 
 }  // namespace
@@ -98,11 +101,18 @@ wxSizer* NewTexturePanel(wxWindow* page, const Surroundings& surroundings) {
 wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings) {
   auto* page = new wxPanel(parent);
   const int margin = page->FromDIP(pageMargin);
+  auto* upper = new wxBoxSizer(wxHORIZONTAL);
+  wxSizer* ships = NewShipsFrame(page, surroundings);
+  wxSizer* convert = NewConvertFrame(page, surroundings);  // walked by the Tab key before what needs it least
+  wxSizer* textures = NewTextureFrame(page, surroundings);
+  upper->Add(ships, wxSizerFlags(9).Expand());
+  upper->Add(textures, wxSizerFlags(11).Expand().Border(wxLEFT, margin));
   auto* whole = new wxBoxSizer(wxVERTICAL);
-  whole->Add(NewPurpose(page, surroundings), wxSizerFlags().Expand().Border(wxALL, margin));
-  whole->AddStretchSpacer(1);
-  whole->Add(NewTexturePanel(page, surroundings), wxSizerFlags(4).Expand().Border(wxALL, margin));
-  page->SetSizer(whole);
+  whole->Add(upper, wxSizerFlags(1).Expand());
+  whole->Add(convert, wxSizerFlags().Expand().Border(wxTOP, page->FromDIP(gap)));
+  auto* framed = new wxBoxSizer(wxVERTICAL);
+  framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, margin));
+  page->SetSizer(framed);
   return page;
 }
 

@@ -59,6 +59,8 @@ Json RowsOf(const ListWindow& window, const ListView& record) {
                     {"texts", texts},
                     {"selected", window.GetItemState(item, wxLIST_STATE_SELECTED) != 0},
                     {"bold", row.bold},
+                    {"checked", row.checked},
+                    {"colour", row.colour},
                     {"rectangle", RectangleOf(window, rectangle)}});
   }
   return rows;
@@ -176,27 +178,39 @@ Json TabsOf(const wxNotebook& notebook) {
   return tabs;
 }
 
-std::string LayoutOf(const Window& window) {
+/// The window itself, once there is one.
+void AddFrame(Json& layout, const Window& window) {
   const wxFrame& frame = *window.frame;
+  layout["scale"] = frame.GetContentScaleFactor();
+  layout["frame"] = PixelsOf(frame, frame.GetScreenRect());
+  layout["client"] = RectangleOf(frame, {wxPoint(0, 0), frame.GetClientSize()});
+  layout["tab"] = window.notebook->GetPageText(static_cast<std::size_t>(window.notebook->GetSelection())).utf8_string();
+  layout["tabs"] = TabsOf(*window.notebook);
+}
+
+/// The form that is open.
+void AddForm(Json& layout, const wxDialog& dialog) {
+  layout["formTitle"] = dialog.GetTitle().utf8_string();
+  layout["formClient"] = RectangleOf(dialog, {wxPoint(0, 0), dialog.GetClientSize()});
+}
+
+std::string LayoutOf(const Window& window) {
   const wxWindow* focus = wxWindow::FindFocus();
-  Json layout = {{"scale", frame.GetContentScaleFactor()},
-                 {"frame", PixelsOf(frame, frame.GetScreenRect())},
-                 {"client", RectangleOf(frame, {wxPoint(0, 0), frame.GetClientSize()})},
-                 {"focus", focus == nullptr ? std::string() : focus->GetName().utf8_string()},
+  Json layout = {{"focus", focus == nullptr ? std::string() : focus->GetName().utf8_string()},
                  {"running", window.running},
                  {"progressPaintings", window.progressPaintings},
-                 {"status", window.status->GetStatusText().utf8_string()},
+                 {"status", window.progressText.utf8_string()},
                  {"boxes", window.boxesShown},
                  {"box", nullptr},
                  {"form", window.form == nullptr ? std::string() : window.form->name}};
   if (window.box != nullptr) {
     layout["box"] = {{"title", ToUtf8(window.box->title)}, {"text", ToUtf8(window.box->text)}};
   }
-  layout["tab"] = window.notebook->GetPageText(static_cast<std::size_t>(window.notebook->GetSelection())).utf8_string();
-  layout["tabs"] = TabsOf(*window.notebook);
+  if (window.frame != nullptr) AddFrame(layout, window);
   layout["controls"] = Json::array();
   for (const Reflection& reflection : window.mirror.reflections) layout["controls"].push_back(ControlOf(reflection));
   if (window.form != nullptr) {
+    AddForm(layout, *window.form->dialog);
     for (const Reflection& reflection : window.form->mirror.reflections) {
       layout["controls"].push_back(ControlOf(reflection));
     }
@@ -218,7 +232,8 @@ bool WriteAndRename(const std::string& path, const std::string& text) {
 }  // namespace
 
 void KeepLayout(Window& window) {
-  if (window.layoutFile.empty() || !window.painted || window.frame->IsBeingDeleted()) return;
+  if (window.layoutFile.empty()) return;
+  if (window.frame != nullptr && (!window.painted || window.frame->IsBeingDeleted())) return;
   std::string text = LayoutOf(window);
   if (text == window.layoutText) return;
   window.layoutText = std::move(text);

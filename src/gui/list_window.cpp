@@ -41,6 +41,7 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     AppendColumn(ToScreen(column.heading), column.number ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT);
     shares_.push_back(1.0 / static_cast<double>(record.columns.size()));
   }
+  if (record.checkBoxes) EnableCheckBoxes();
   EnableAlternateRowColours();
   SetAlternateRowColour(Between(ListText(), ListGround(), 0.04));  // the toolkit's own is too light for light text
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -160,6 +161,11 @@ int ListWindow::OnGetItemImage(long row) const {
   return shown != nullptr && pictureOf_ ? pictureOf_(*shown) : -1;
 }
 
+bool ListWindow::OnGetItemIsChecked(long row) const {
+  const ListRow* shown = RowAt(row);
+  return shown != nullptr && shown->checked;
+}
+
 void ListWindow::ShowRecord() {
   if (shownRevision_ == record_.revision) return;
   shownRevision_ = record_.revision;
@@ -171,12 +177,11 @@ void ListWindow::ShowRecord() {
 wxItemAttr* ListWindow::OnGetItemAttr(long row) const {
   wxItemAttr* plain = wxListCtrl::OnGetItemAttr(row);
   const ListRow* shown = RowAt(row);
-  if (shown == nullptr || !shown->bold) return plain;
-  const bool between = plain != nullptr && plain->HasBackgroundColour();
-  wxItemAttr& bold = bold_.at(between ? 1 : 0);
-  if (between) bold.SetBackgroundColour(plain->GetBackgroundColour());
-  if (!bold.HasFont()) bold.SetFont(GetFont().Bold());
-  return &bold;
+  if (shown == nullptr || (!shown->bold && shown->colour == 0)) return plain;
+  marked_ = plain == nullptr ? wxItemAttr() : *plain;
+  if (shown->bold) marked_.SetFont(GetFont().Bold());
+  if (shown->colour != 0) marked_.SetTextColour(wxColour(shown->colour));  // the toolkit counts colours the same way
+  return &marked_;
 }
 
 wxColour ListWindow::GroundOf(long row) const {
@@ -361,6 +366,24 @@ void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void(
     if (event.GetLabel() == ToScreen(TextAt(record, record.rows[row], 0))) return;
     record.edited = {row, FromScreen(event.GetLabel())};
     list.CallAfter(edited);  // a box must not come up while the text is still open
+  });
+}
+
+void OnChecked(ListWindow& list, ListView& record, const std::function<void()>& toggled) {
+  const auto toggle = [&list, &record, toggled](long row) {
+    const auto index = static_cast<std::size_t>(row);
+    if (row < 0 || index >= record.rows.size()) return;
+    SetChecked(record, index, !record.rows[index].checked);
+    list.RefreshItem(row);
+    list.CallAfter(toggled);  // when the click has selected what it selects
+  };
+  // The list has no check marks of its own: whichever of the two it tells of, the row's mark is the other one now.
+  for (const auto& click : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
+    list.Bind(click, [toggle](wxListEvent& event) { toggle(event.GetIndex()); });
+  }
+  list.GetMainWindowOfCompositeControl()->Bind(wxEVT_CHAR, [&list, toggle](wxKeyEvent& event) {
+    if (event.GetKeyCode() != WXK_SPACE || event.HasModifiers()) return event.Skip();
+    toggle(list.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
   });
 }
 

@@ -2,7 +2,6 @@
 
 #include <wx/listctrl.h>
 
-#include <array>
 #include <functional>
 #include <string>
 #include <vector>
@@ -53,6 +52,7 @@ class ListWindow : public wxListCtrl {
   wxSize DoGetBestClientSize() const override;
   wxString OnGetItemText(long row, long column) const override;
   int OnGetItemImage(long row) const override;
+  bool OnGetItemIsChecked(long row) const override;
   wxItemAttr* OnGetItemAttr(long row) const override;
   const ListRow* RowAt(long row) const;
   const wxWindow* Heading() const;
@@ -77,7 +77,7 @@ class ListWindow : public wxListCtrl {
   std::vector<bool> selection_;  ///< the toolkit takes long to tell which of many rows are selected
   bool touched_ = false;         ///< a person may have changed the selection since it was read
   bool lookIsDue_ = false;
-  mutable std::array<wxItemAttr, 2> bold_;  ///< of the rows with the plain ground and of those between them
+  mutable wxItemAttr marked_;  ///< of the row that was asked for last, where its text is bold or has a colour
   bool menuByKeyboard_ = false;
   bool menuIsDue_ = false;    ///< when the right button is let go
   bool menuIsAsked_ = false;  ///< it comes up as soon as all else is done
@@ -93,5 +93,9 @@ void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void
 /// Has a person edit a row's first text in its place, by F2 or a second click on it. The record is told what was
 /// written, and `edited` called: what is shown then is the record's to say. A text that was left as it was is not told.
 void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void()>& edited);
+
+/// Has a person check and uncheck a row by a click on its box or by the space bar. The record says so already when
+/// `toggled` is called.
+void OnChecked(ListWindow& list, ListView& record, const std::function<void()>& toggled);
 
 }  // namespace oravin::gui

@@ -17,7 +17,7 @@ std::optional<int> ReadOptions(int argc, const char* const* argv, Options& optio
       .add_option(
           "FILE", options.file,
           "A file to open: an archive (.hog) on the Hog Editor tab, a texture cache (.dat) on the Tcache Editor "
-          "tab")
+          "tab; or to import: a ship model (.shp) or a ship pack (.pak)")
       ->type_name(" ");
   parser
       .add_option("--layout", options.layoutFile,

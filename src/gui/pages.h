@@ -19,6 +19,7 @@ struct Surroundings {
   Main& main;      ///< the records that the page shows
   Mirror& mirror;  ///< where its controls are put
   Action press;
+  std::function<void(const std::string& path)> importFile = {};  ///< opens the import of a ship model or a ship pack
 };
 
 /// Distances in pixels at 100 %.

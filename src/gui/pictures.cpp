@@ -61,6 +61,4 @@ wxIconBundle ProgramIcon() {
   return icons;
 }
 
-wxBitmapBundle ImportPicture(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::page_import, size); }
-
 }  // namespace oravin::gui

@@ -25,7 +25,4 @@ wxBitmapBundle Emblem(const wxSize& size);
 /// The program's icon from 16 to 256 pixels.
 wxIconBundle ProgramIcon();
 
-/// The picture of the page on which ships are imported, in a size in pixels at 100 %.
-wxBitmapBundle ImportPicture(const wxSize& size);
-
 }  // namespace oravin::gui

@@ -13,20 +13,24 @@
 #include "desk/dialogs.h"
 #include "desk/program_end.h"
 #include "gui/fat_editor_form.h"
+#include "gui/fighter_pack_form.h"
+#include "gui/file_drop.h"
 #include "gui/layout_file.h"
 #include "gui/pages.h"
 #include "gui/pictures.h"
+#include "gui/ship_list_window.h"
 #include "gui/text_edge.h"
 
 namespace oravin::gui {
 
 namespace {
 
-constexpr int gaugeRange = 1000;
+constexpr int importPlace = 3;  // the tab's, counted from 1
 
 void AddPages(Window& window, Main& main) {
   const Surroundings surroundings{main, window.mirror,
-                                  [&window, &main](const std::string& action) { Press(window, main, action); }};
+                                  [&window, &main](const std::string& action) { Press(window, main, action); },
+                                  [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); }};
   using NewPage = wxWindow* (*)(wxWindow*, const Surroundings&);
   constexpr std::array<NewPage, 6> pages = {NewSwitcherPage, NewStatsPage,  NewImportPage,
                                             NewHogPage,      NewTcachePage, NewAboutPage};
@@ -41,20 +45,23 @@ void AddStatusLine(Window& window) {
   window.status = window.frame->CreateStatusBar(2);
   const std::array<int, 2> widths = {-1, window.frame->FromDIP(240)};
   window.status->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
-  window.gauge =
-      new wxGauge(window.status, wxID_ANY, gaugeRange, wxDefaultPosition, wxDefaultSize, wxGA_HORIZONTAL | wxGA_SMOOTH);
-  window.gauge->Hide();
-  // Never in sight: the keyboard has to be somewhere while all else is disabled.
-  window.keys = new wxWindow(window.status, wxID_ANY, wxPoint(0, 0), wxSize(1, 1), wxWANTS_CHARS);
-  window.status->Bind(wxEVT_SIZE, [&window](wxSizeEvent& event) {
+  wxGauge* gauge = NewGauge(window.status);
+  gauge->Hide();
+  window.progressPlace = {gauge,
+                          [status = window.status](const wxString& text) { status->SetStatusText(text); },
+                          {window.notebook},
+                          NewKeys(window.status)};
+  window.status->Bind(wxEVT_SIZE, [status = window.status, gauge](wxSizeEvent& event) {
     event.Skip();
     wxRect field;
-    if (window.status->GetFieldRect(1, field)) window.gauge->SetSize(field.Deflate(window.status->FromDIP(2)));
+    if (status->GetFieldRect(1, field)) gauge->SetSize(field.Deflate(status->FromDIP(2)));
   });
 }
 
 void AddForms(Window& window, Main& main) {
   window.forms[fatEditorForm] = [&window, &main] { ShowFatEditor(window, main); };
+  window.forms[fighterPackForm] = [&window, &main] { ShowFighterPack(window, main); };
+  window.forms[shipListForm] = [&window, &main] { ShowShipList(window, main); };
 }
 
 /// Ctrl+PageUp and Ctrl+PageDown turn the pages wherever the focus is; a list would keep them to itself. Escape stops
@@ -146,29 +153,60 @@ void Press(Window& window, Main& main, std::string_view action, Form* from) {
   if (focus && wxWindow::FindFocus() != focus) focus->SetFocus();
   window.running = false;
   if (from != nullptr && !(goesOn && from->wanted())) from->dialog->EndModal(wxID_CLOSE);
-  if (!goesOn) window.frame->Close(true);
+  if (!goesOn && window.frame != nullptr) window.frame->Close(true);
+}
+
+void ImportIntoWindow(Window& window, Main& main, const std::string& path) {
+  if (window.running || window.form != nullptr) return;
+  TakeAll(window.mirror);
+  main.TabStrip1.chosen = importPlace;
+  main.imports.txtImportFighter.text = path;
+  ShowAll(window.mirror);
+  Press(window, main, "imports.txtImportFighter.Enter");
 }
 
 void ShowModally(Window& window, Form& form) {
+  form.dialog->Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) {
+    const bool stops = event.GetKeyCode() == WXK_ESCAPE && window.progress;
+    if (stops) window.stop = true;
+    event.Skip(!stops);
+  });
+  form.dialog->Bind(wxEVT_CLOSE_WINDOW, [&window](wxCloseEvent& event) {
+    if (window.running) {
+      event.Veto();  // an action in the middle of its work must come to its end
+    } else {
+      event.Skip();
+    }
+  });
+  form.dialog->Bind(wxEVT_IDLE, [&window](wxIdleEvent& event) {
+    event.Skip();
+    KeepLayout(window);
+  });
+  const bool ran = window.running;
   window.form = &form;
   window.running = false;
   form.dialog->ShowModal();
-  window.running = true;
+  window.running = ran;
   window.form = nullptr;
   KeepLayout(window);
 }
 
-void OpenWindow(Window& window, Main& main, const Options& options) {
+void PrepareWindow(Window& window, Main& main, const Options& options) {
   window.layoutFile = options.layoutFile;
+  AddForms(window, main);
+}
+
+void OpenWindow(Window& window, Main& main, const Options& options) {
   window.frame = NewFrame();
   window.notebook = new wxNotebook(window.frame, wxID_ANY);
   AddPages(window, main);
-  AddForms(window, main);
   AddStatusLine(window);
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(window.notebook, wxSizerFlags(1).Expand().Border(wxALL, window.frame->FromDIP(gap / 2)));
   window.frame->SetSizer(whole);
   BindEvents(window, options);
+  OnFileDropped(window.frame, IsShipFile,
+                [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
   window.frame->Show();
 }
 

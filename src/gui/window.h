@@ -2,7 +2,6 @@
 
 #include <wx/dialog.h>
 #include <wx/frame.h>
-#include <wx/gauge.h>
 #include <wx/notebook.h>
 #include <wx/statusbr.h>
 #include <wx/weakref.h>
@@ -10,6 +9,7 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +17,7 @@
 #include "desk/message_box.h"
 #include "gui/mirror.h"
 #include "gui/options.h"
+#include "gui/progress.h"
 
 namespace oravin::gui {
 
@@ -26,6 +27,7 @@ struct Form {
   wxDialog* dialog = nullptr;
   Mirror mirror;
   std::function<bool()> wanted;  ///< false once its record says that it is to be closed
+  ProgressPlace progress = {};   ///< for its long actions; empty for the window's
 };
 
 /// The window and what belongs to it. The controls are null until OpenWindow has made them; the toolkit deletes them.
@@ -33,7 +35,6 @@ struct Window {
   wxFrame* frame = nullptr;
   wxNotebook* notebook = nullptr;
   wxStatusBar* status = nullptr;
-  wxGauge* gauge = nullptr;
   Mirror mirror;
 
   std::map<std::string, std::function<void()>> forms;  ///< shows a form, by its name, until it is closed
@@ -43,8 +44,13 @@ struct Window {
   bool progress = false;            ///< it shows its progress; the controls are disabled
   bool stoppable = false;           ///< it asks now and then whether it is to stop
   bool stop = false;                ///< it is
-  wxWindow* keys = nullptr;         ///< gets the keyboard while the controls are disabled
-  wxWeakRef<wxWindow> focusBefore;  ///< had it before
+  wxWeakRef<wxWindow> focusBefore;  ///< had the keyboard before
+  ProgressPlace progressPlace;      ///< the status line
+  wxDialog* waiting = nullptr;      ///< tells of an action before there is a window
+  ProgressPlace waitingPlace;
+  ProgressPlace* progressAt = nullptr;  ///< where the progress is shown now
+  wxString progressText;
+  std::optional<std::chrono::steady_clock::time_point> progressAsked;  ///< when it was, before there is a window
   std::chrono::steady_clock::time_point progressPainted;
   unsigned progressPaintings = 0;
 
@@ -55,6 +61,9 @@ struct Window {
   unsigned boxesShown = 0;
 };
 
+/// Makes ready what an action may need before there is a window: its forms.
+void PrepareWindow(Window& window, Main& main, const Options& options);
+
 /// Makes the window over the records and shows it.
 void OpenWindow(Window& window, Main& main, const Options& options);
 
@@ -63,6 +72,10 @@ void OpenWindow(Window& window, Main& main, const Options& options);
 /// @param from the form whose control asks for the action, null for the window itself. The action that opened a form
 /// waits for it: until then only the form's own are run.
 void Press(Window& window, Main& main, std::string_view action, Form* from = nullptr);
+
+/// Opens the import form for a ship model or a ship pack, as if its path had been typed on the import page. Nothing
+/// happens while an action runs or a form is open.
+void ImportIntoWindow(Window& window, Main& main, const std::string& path);
 
 /// Shows a form until it is closed: by an action after which it is not wanted any longer.
 void ShowModally(Window& window, Form& form);

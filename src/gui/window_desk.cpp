@@ -1,6 +1,5 @@
 #include "gui/window_desk.h"
 
-#include <wx/app.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/dirdlg.h>
@@ -10,10 +9,8 @@
 
 #include <wx/generic/msgdlgg.h>  // wants wx/msgdlg.h before it
 
-#include <algorithm>
-#include <cstdint>
-
 #include "gui/layout_file.h"
+#include "gui/progress.h"
 #include "gui/text_edge.h"
 
 namespace oravin::gui {
@@ -91,60 +88,6 @@ std::string OpenDialog(Window& window, const FileQuestion& question) {
   wxFileDialog dialog(OnTop(window), ToScreen(question.title), ToDialogPath(question.folder), ToScreen(question.name),
                       ToScreen(question.filter), wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   return dialog.ShowModal() == wxID_OK ? FromDialogPath(dialog.GetPath()) : std::string();
-}
-
-constexpr std::chrono::milliseconds betweenPaintings(40);
-
-void HideProgress(Window& window) {
-  if (!window.progress) return;
-  window.progress = false;
-  window.gauge->Hide();
-  window.status->SetStatusText(wxString());
-  window.notebook->Enable();
-  if (window.focusBefore) window.focusBefore->SetFocus();
-}
-
-/// Disables the controls and takes the keyboard from them.
-void BeginProgress(Window& window) {
-  window.progress = true;
-  window.focusBefore = wxWindow::FindFocus();
-  window.notebook->Disable();
-  window.keys->SetFocus();
-  window.gauge->Show();
-}
-
-/// Lets the window draw itself and hear the person.
-void Breathe(Window& window) {
-  window.progressPainted = std::chrono::steady_clock::now();
-  wxTheApp->Yield(true);
-}
-
-bool IsTimeToBreathe(const Window& window) {
-  return std::chrono::steady_clock::now() - window.progressPainted >= betweenPaintings;
-}
-
-/// Actions run on the window's own thread: the status line is painted between their steps, with all controls disabled
-/// meanwhile, and not so often that painting slows the action down.
-void ShowProgress(Window& window, const Progress& progress) {
-  if (window.frame == nullptr) return;
-  if (progress.total <= 0) return HideProgress(window);
-  if (window.progress && !IsTimeToBreathe(window)) return;
-  ++window.progressPaintings;
-  if (!window.progress) BeginProgress(window);
-  const std::int64_t part = std::int64_t{window.gauge->GetRange()} * progress.done / progress.total;
-  window.gauge->SetValue(static_cast<int>(std::clamp<std::int64_t>(part, 0, window.gauge->GetRange())));
-  window.status->SetStatusText((window.stoppable ? wxString("Esc stops this.  ") : wxString()) +
-                               ToScreen(progress.text));
-  ShowLabels(window.mirror);
-  window.status->Update();
-  Breathe(window);
-}
-
-/// An action that asks can be stopped, which the status line tells from then on.
-bool StopAsked(Window& window) {
-  window.stoppable = true;
-  if (window.progress && IsTimeToBreathe(window)) Breathe(window);
-  return window.stop;
 }
 
 void ShowForm(Window& window, const std::string& name) {

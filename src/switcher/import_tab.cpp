@@ -12,7 +12,6 @@ ImportTab NewImportTab() {
   tab.cmdImportFighterBrowse = {"Bro&wse", "Chooses a ship model or ship pack to import", true};
   tab.cmdRemoveShips = {"&Remove Ship(s)", "Removes All Fighters", true};
   tab.cmdRemoveAll = {"&Remove All", "Remove All Imported Fighters", true};
-  tab.purpose.caption = "Here you will import ships and ship packs, and manage the ships that were imported.";
   tab.texture = NewImportTexturePanel();
   return tab;
 }

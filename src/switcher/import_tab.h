@@ -14,7 +14,6 @@ struct ImportTab {
   Button cmdRemoveShips;
   Button cmdRemoveAll;
 
-  Label purpose;  ///< what the tab is for, in one line
   ImportTexturePanel texture;
 };
 
