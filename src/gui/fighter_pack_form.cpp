@@ -12,7 +12,7 @@ namespace oravin::gui {
 
 namespace {
 
-/// The ships, and what checks them all.
+/// The ships, which have the keyboard first, and what checks them all.
 wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
   FighterPack& record = surroundings.main.Fighter_PACK;
   const Action& press = surroundings.press;
@@ -23,6 +23,7 @@ wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
   Enframe(edge, list);
   Reflect(surroundings.mirror, "Fighter_PACK.lstPack", list, record.lstPack);
   list->SetShares({0.34, 0.14, 0.28, 0.24});
+  LetShrink(*list, {320, 90});
   list->selectionChanged = [press] { press("Fighter_PACK.lstPack.ItemClick"); };
   OnLabelEdited(*list, record.lstPack, [press] { press("Fighter_PACK.lstPack.AfterLabelEdit"); });
   OnChecked(*list, record.lstPack, [press] { press("Fighter_PACK.lstPack.ItemCheck"); });
@@ -30,6 +31,7 @@ wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
   wxButton* none = NewButton(panel, surroundings, "Fighter_PACK.cmdCheckNone", record.cmdCheckNone);
   EqualWidths({all, none});
 
+  list->SetFocus();
   auto* checking = new wxBoxSizer(wxVERTICAL);
   checking->Add(all, wxSizerFlags().Expand());
   checking->Add(none, wxSizerFlags().Expand().Border(wxTOP, space));
@@ -38,7 +40,7 @@ wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
   ships->Add(checking, wxSizerFlags().Border(wxLEFT, space));
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(label, wxSizerFlags().Expand());
-  whole->Add(ships, wxSizerFlags(1).Expand().Border(wxTOP, space / 2));
+  whole->Add(ships, wxSizerFlags(1).Expand().Border(wxTOP, space));
   return whole;
 }
 
@@ -52,7 +54,8 @@ wxSizer* NewTextures(wxWindow* panel, const Surroundings& surroundings) {
   auto* list = new ListWindow(edge, record.lstTextures, {});
   Enframe(edge, list);
   Reflect(surroundings.mirror, "Fighter_PACK.lstTextures", list, record.lstTextures);
-  list->SetShares({0.24, 0.18, 0.24, 0.19, 0.15});
+  list->SetShares({0.2, 0.23, 0.23, 0.19, 0.15});
+  LetShrink(*list, {320, 90});
   list->selectionChanged = [press] { press("Fighter_PACK.lstTextures.ItemClick"); };
   list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [press, &record](wxListEvent&) {
     if (record.cmdFindBitmap.enabled) press("Fighter_PACK.cmdFindBitmap");
@@ -61,8 +64,8 @@ wxSizer* NewTextures(wxWindow* panel, const Surroundings& surroundings) {
 
   auto* listed = new wxBoxSizer(wxVERTICAL);
   listed->Add(label, wxSizerFlags().Expand());
-  listed->Add(edge, wxSizerFlags(1).Expand().Border(wxTOP | wxBOTTOM, space / 2));
-  listed->Add(find, wxSizerFlags().Right().Border(wxTOP, space / 2));
+  listed->Add(edge, wxSizerFlags(1).Expand().Border(wxTOP | wxBOTTOM, space));
+  listed->Add(find, wxSizerFlags().Right());
   auto* whole = new wxBoxSizer(wxHORIZONTAL);
   whole->Add(listed, wxSizerFlags(3).Expand());
   whole->Add(NewPreview(panel, surroundings, "Fighter_PACK.preview", record.preview, false),

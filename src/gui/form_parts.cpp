@@ -45,6 +45,7 @@ void SizeForm(wxDialog& dialog, const wxSize& wanted, const wxSize& least) {
   wxSize size = dialog.FromDIP(wanted);
   size.IncTo(smallest);
   size.DecTo(room);
+  if (parent == nullptr) dialog.SetIcons(ProgramIcon());
   dialog.SetMinClientSize(smallest);
   dialog.SetClientSize(size);
   dialog.Layout();

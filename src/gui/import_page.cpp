@@ -16,6 +16,7 @@ ListWindow* NewImportedList(wxWindow* edge, const Surroundings& surroundings) {
   // Every ship here is an imported one, whose picture tells its class by itself.
   auto* list = new ListWindow(edge, record, [](const ListRow& row) { return PictureOf(row, ShipsShown::fighters); });
   list->SetSmallImages(ShipPictures());
+  LetShrink(*list, {220, 120});
   Reflect(surroundings.mirror, "imports.lstImported", list, record);
   list->selectionChanged = [press] { press("imports.lstImported.ItemClick"); };
   OnLabelEdited(*list, record, [press] { press("imports.lstImported.AfterLabelEdit"); });
@@ -34,7 +35,7 @@ ListWindow* NewImportedList(wxWindow* edge, const Surroundings& surroundings) {
 /// The ships that were imported, with what is to be imported above them.
 wxSizer* NewShipsFrame(wxWindow* page, const Surroundings& surroundings) {
   ImportTab& tab = surroundings.main.imports;
-  auto* framed = new wxStaticBoxSizer(wxVERTICAL, page, ToScreen(tab.frameImport.caption));
+  wxStaticBoxSizer* framed = NewFrame(page, tab.frameImport);
   wxWindow* frame = framed->GetStaticBox();
   const int space = page->FromDIP(gap);
   wxTextCtrl* path =
@@ -78,7 +79,7 @@ wxTextCtrl* NewMeshText(wxWindow* frame, Mirror& mirror, const std::string& name
 wxSizer* NewConvertFrame(wxWindow* page, const Surroundings& surroundings) {
   ConvertPanel& panel = surroundings.main.convert;
   Mirror& mirror = surroundings.mirror;
-  auto* framed = new wxStaticBoxSizer(wxVERTICAL, page, ToScreen(panel.frame3DConversion.caption));
+  wxStaticBoxSizer* framed = NewFrame(page, panel.frame3DConversion);
   wxWindow* frame = framed->GetStaticBox();
   const auto button = [&](const char* name, Button& record) { return NewButton(frame, surroundings, name, record); };
   wxStaticText* sourceLabel = NewLabel(frame, mirror, "convert.lbl3DSource", panel.lbl3DSource);
@@ -105,8 +106,8 @@ wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings) {
   wxSizer* ships = NewShipsFrame(page, surroundings);
   wxSizer* convert = NewConvertFrame(page, surroundings);  // walked by the Tab key before what needs it least
   wxSizer* textures = NewTextureFrame(page, surroundings);
-  upper->Add(ships, wxSizerFlags(9).Expand());
-  upper->Add(textures, wxSizerFlags(11).Expand().Border(wxLEFT, margin));
+  upper->Add(ships, wxSizerFlags(4).Expand());
+  upper->Add(textures, wxSizerFlags(5).Expand().Border(wxLEFT, margin));
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(upper, wxSizerFlags(1).Expand());
   whole->Add(convert, wxSizerFlags().Expand().Border(wxTOP, page->FromDIP(gap)));

@@ -4,7 +4,6 @@
 #include <wx/statbox.h>
 
 #include "gui/picture_pane.h"
-#include "gui/text_edge.h"
 
 namespace oravin::gui {
 
@@ -74,7 +73,7 @@ void GiveFocus(wxTextCtrl* text, bool& wanted) {
 
 wxSizer* NewTextureFrame(wxWindow* page, const Surroundings& surroundings) {
   ImportTexturePanel& panel = surroundings.main.imports.texture;
-  auto* framed = new wxStaticBoxSizer(wxVERTICAL, page, ToScreen(panel.frameTextureImport.caption));
+  wxStaticBoxSizer* framed = NewFrame(page, panel.frameTextureImport);
   wxWindow* frame = framed->GetStaticBox();
   const int space = page->FromDIP(gap);
   const Fields fields = NewFields(frame, surroundings);

@@ -1,5 +1,7 @@
 #include "gui/list_window.h"
 
+#include <wx/renderer.h>
+#include <wx/textctrl.h>
 #include <wx/utils.h>
 
 #include <algorithm>
@@ -22,6 +24,18 @@ long StyleOf(const ListView& record) {
                                     [](const ListColumn& column) { return !column.heading.empty(); });
   const long heading = headings ? 0L : long{wxLC_NO_HEADER};
   return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection | editing | heading;
+}
+
+/// Makes room beside a text that is being edited for the row's check box.
+void KeepOffBox(ListWindow& list) {
+  wxTextCtrl* text = list.GetEditControl();
+  if (text == nullptr) return;
+  constexpr int aroundBox = 7;
+  const int box = wxRendererNative::Get().GetCheckBoxSize(&list).GetWidth() + list.FromDIP(aroundBox);
+  wxRect place = text->GetRect();
+  place.x += box;
+  place.width -= box;
+  text->SetSize(place);
 }
 
 /// Two quick clicks on a heading are two clicks; the toolkit would drop the second. On a row they are a double click.
@@ -350,6 +364,8 @@ void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void
   });
 }
 
+void LetShrink(ListWindow& list, const wxSize& least) { list.SetMinSize(list.FromDIP(least)); }
+
 void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void()>& edited) {
   list.Bind(wxEVT_LIST_KEY_DOWN, [&list](wxListEvent& event) {
     const long row = list.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
@@ -359,6 +375,13 @@ void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void(
       event.Skip();
     }
   });
+  // The toolkit does not know that a check box stands before the text.
+  if (record.checkBoxes) {
+    list.Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, [&list](wxListEvent& event) {
+      event.Skip();
+      list.CallAfter([&list] { KeepOffBox(list); });
+    });
+  }
   list.Bind(wxEVT_LIST_END_LABEL_EDIT, [&list, &record, edited](wxListEvent& event) {
     event.Veto();  // the list has no text of its own to change
     const auto row = static_cast<std::size_t>(event.GetIndex());

@@ -90,6 +90,10 @@ std::string ShownText(const ListView& record, const ListRow& row, std::size_t co
 /// Has a click on a heading tell the record which, and call `clicked`.
 void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void()>& clicked);
 
+/// Lets a list become smaller than its columns are now, so that the window around it can.
+/// @param least its least size in pixels at 100 %
+void LetShrink(ListWindow& list, const wxSize& least);
+
 /// Has a person edit a row's first text in its place, by F2 or a second click on it. The record is told what was
 /// written, and `edited` called: what is shown then is the record's to say. A text that was left as it was is not told.
 void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void()>& edited);

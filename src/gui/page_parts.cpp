@@ -1,6 +1,7 @@
 #include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
+#include <wx/statbox.h>
 
 #include <algorithm>
 
@@ -8,6 +9,20 @@
 #include "gui/text_edge.h"
 
 namespace oravin::gui {
+
+namespace {
+
+/// GTK's own box wants the room that its contents have now, so that nothing around it could ever shrink; what they
+/// really need is their sizer's to say.
+class FrameBox : public wxStaticBox {
+ public:
+  using wxStaticBox::wxStaticBox;
+
+ private:
+  wxSize DoGetBestSize() const override { return GetTextExtent(GetLabelText()) + FromDIP(wxSize(2 * gap, gap)); }
+};
+
+}  // namespace
 
 wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Button& record) {
   auto* button = new wxButton(parent, wxID_ANY);
@@ -37,6 +52,10 @@ wxWindow* NewEdge(wxWindow* parent) {
 void Enframe(wxWindow* edge, wxWindow* list) {
   if (edge->GetSizer() == nullptr) edge->SetSizer(new wxBoxSizer(wxVERTICAL));
   edge->GetSizer()->Add(list, wxSizerFlags(1).Expand().Border(wxALL, edge->FromDIP(1)));
+}
+
+wxStaticBoxSizer* NewFrame(wxWindow* page, const Label& caption) {
+  return new wxStaticBoxSizer(new FrameBox(page, wxID_ANY, ToScreen(caption.caption)), wxVERTICAL);
 }
 
 void EqualWidths(const std::vector<wxButton*>& buttons) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <wx/sizer.h>
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -39,6 +41,9 @@ wxWindow* NewEdge(wxWindow* parent);
 
 /// Fills an edge with its list. Of several, one is to be in sight at a time.
 void Enframe(wxWindow* edge, wxWindow* list);
+
+/// Makes a frame with a caption; what it holds is made as children of its box.
+wxStaticBoxSizer* NewFrame(wxWindow* page, const Label& caption);
 
 /// Makes buttons as wide as the widest of them.
 void EqualWidths(const std::vector<wxButton*>& buttons);

@@ -13,16 +13,18 @@ namespace oravin::gui {
 
 namespace {
 
+constexpr int purposeWidth = 780;
+
 /// The lines of the list.
-wxWindow* NewLines(wxWindow* panel, const Surroundings& surroundings) {
+ListWindow* NewLines(wxWindow* edge, const Surroundings& surroundings) {
   ShipListForm& record = surroundings.main.ShipList;
-  wxWindow* edge = NewEdge(panel);
   auto* list = new ListWindow(edge, record.lstShips, {});
   Enframe(edge, list);
   Reflect(surroundings.mirror, "ShipList.lstShips", list, record.lstShips);
-  list->SetShares({0.17, 0.13, 0.06, 0.08, 0.11, 0.11, 0.34});
+  list->SetShares({0.17, 0.13, 0.06, 0.1, 0.11, 0.11, 0.32});
+  LetShrink(*list, {600, 120});
   list->selectionChanged = [press = surroundings.press] { press("ShipList.lstShips.ItemClick"); };
-  return edge;
+  return list;
 }
 
 /// The fields of the selected line, in two lines of three; Enter takes them into it.
@@ -85,15 +87,19 @@ void ShowShipList(Window& window, Main& main) {
   auto* content = new wxPanel(&dialog);
   const int space = dialog.FromDIP(gap);
   wxStaticText* purpose = NewLabel(content, form.mirror, "ShipList.lblPurpose", record.lblPurpose);
+  purpose->Wrap(dialog.FromDIP(purposeWidth));
+  wxWindow* edge = NewEdge(content);
+  ListWindow* list = NewLines(edge, surroundings);
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(purpose, wxSizerFlags().Expand());
-  whole->Add(NewLines(content, surroundings), wxSizerFlags(1).Expand().Border(wxTOP | wxBOTTOM, space));
+  whole->Add(edge, wxSizerFlags(1).Expand().Border(wxTOP | wxBOTTOM, space));
   whole->Add(NewFields(content, surroundings), wxSizerFlags().Expand());
   whole->Add(NewLineButtons(content, surroundings), wxSizerFlags().Expand().Border(wxTOP, space));
   content->SetSizer(whole);
   LayOutForm(form, surroundings, content, {"ShipList.cmdSave", record.cmdSave},
              {"ShipList.cmdCancel", record.cmdCancel});
-  SizeForm(dialog, wxSize(980, 600), wxSize(760, 420));
+  SizeForm(dialog, wxSize(1020, 620), wxSize(820, 420));
+  list->SetFocus();
   ShowModally(window, form);
 }
 
