@@ -15,7 +15,7 @@ struct ManyShips : Importing {
   [[nodiscard]] std::vector<std::string> Textures() const {
     const Bytes cache = ReadFileAt(installation.Game("tcachehw.dat"));
     std::vector<std::string> names;
-    for (std::int32_t i = 426; i < LongAt(cache, 4); ++i) {
+    for (std::uint32_t i = 426; i < LongAt(cache, 4); ++i) {
       const auto* name = reinterpret_cast<const char*>(&cache[12 + static_cast<std::size_t>(i) * 240 + 72]);
       names.emplace_back(name);
     }
