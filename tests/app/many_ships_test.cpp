@@ -3,7 +3,6 @@
 #include "catalogue/catalogue.h"
 #include "import_stage.h"
 #include "switcher/ship_list.h"
-#include "texture/table_bytes.h"
 
 namespace oravin::test {
 namespace {
@@ -16,7 +15,7 @@ struct ManyShips : Importing {
     const Bytes cache = ReadFileAt(installation.Game("tcachehw.dat"));
     std::vector<std::string> names;
     for (std::uint32_t i = 426; i < LongAt(cache, 4); ++i) {
-      const auto* name = reinterpret_cast<const char*>(&cache[12 + static_cast<std::size_t>(i) * 240 + 72]);
+      const auto* name = reinterpret_cast<const char*>(&cache[12 + std::size_t{i} * 240 + 72]);
       names.emplace_back(name);
     }
     return names;

@@ -45,7 +45,7 @@ TEST_F(ConvertRuns, WritesTheModelWhereItIsWanted) {
 }
 
 TEST_F(ConvertRuns, APathBelowTheCurrentFolderStaysThere) {
-  Mesh("mesh.3ds", 0, true);
+  ASSERT_EQ(Mesh("mesh.3ds", 0, true), Native("mesh.3ds"));
   std::filesystem::current_path(folder.Native("meshes"));
   EXPECT_EQ(RunWords({"convert", "mesh.3ds"}).status, 0);
   EXPECT_TRUE(std::filesystem::exists(Native("mesh.shp")));
