@@ -3,31 +3,22 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdint>
 #include <cstring>
-#include <filesystem>
 #include <string>
 #include <thread>
-#include <vector>
 
-#include "session.h"
-#include "support/folder_image.h"
+#include "stats_session.h"
 
-/// What is done with ships' statistics and weapons on their page, by clicks and keys, with every file of the game
-/// looked at after each step.
+/// What is done with ships' statistics on their page, by clicks and keys, with every file of the game looked at after
+/// each step.
 namespace oravin::test {
+
+using namespace stats_page;
 
 namespace {
 
-constexpr const char* ships = "stats.shipEditingList";
-constexpr const char* values = "stats.shipStatsList";
-constexpr const char* weapons = "stats.shipWeaponsList";
-constexpr const char* chart = "stats.chart";
-constexpr const char* topView = "stats.topView";
-
 constexpr std::size_t blockSize = 352;
 constexpr std::size_t valuesInBlock = 64;
-constexpr std::size_t classByteAt = 26;
 
 /// The rows with the offsets of their values behind the block's name.
 struct Row {
@@ -50,20 +41,6 @@ constexpr std::array<Row, 15> rows = {{{"Max Speed", 0},
                                        {"Gun Recharge", 52},
                                        {"Ammo", 56}}};
 
-/// The page with the features enabled.
-struct StatsSession : Session {
-  StatsSession() {
-    if (!EnableFeatures(*this)) throw std::runtime_error("not enabled");
-    if (!ChooseTab(*this, "Ship Stats / Guns")) throw std::runtime_error("no tab");
-    before = Now();
-  }
-
-  /// The files of the game.
-  [[nodiscard]] FolderImage Now() const { return ImageOf(sample.game); }
-
-  FolderImage before;
-};
-
 const demo::SampleShip& ShipNamed(const Session& session, const std::string& name) {
   const auto& all = session.sample.ships;
   return *std::find_if(all.begin(), all.end(), [&](const demo::SampleShip& ship) { return ship.name == name; });
@@ -83,55 +60,6 @@ float ValueAt(const Bytes& file, std::size_t at) {
 
 void PutValue(FolderImage& image, std::size_t at, float value) {
   std::memcpy(image.at("shipstats.bin").data() + at, &value, sizeof value);
-}
-
-void PutShort(Bytes& bytes, std::size_t at, int value) {
-  bytes.at(at) = static_cast<std::uint8_t>(value & 255);
-  bytes.at(at + 1) = static_cast<std::uint8_t>(value >> 8);
-}
-
-std::size_t ShortAt(const Bytes& bytes, std::size_t at) { return bytes.at(at) + (std::size_t{bytes.at(at + 1)} << 8U); }
-
-/// Where a model's attachments are, in their order.
-std::vector<std::size_t> AttachmentsIn(const Bytes& model) {
-  constexpr std::size_t attachmentChunk = 9;
-  std::vector<std::size_t> places;
-  for (std::size_t at = 0; at + 6 <= model.size();) {
-    const std::size_t size = ShortAt(model, at + 2);
-    const std::size_t count = ShortAt(model, at + 4);
-    for (std::size_t i = 0; i < count && ShortAt(model, at) == attachmentChunk; ++i)
-      places.push_back(at + 6 + i * size);
-    at += 6 + size * count;
-  }
-  return places;
-}
-
-struct Weapon {
-  int kind = 0;
-  int gunType = -1;  ///< -1: as it is
-  int externalGunType = -1;
-};
-
-/// What a model becomes when attachments of these numbers are changed.
-void PutWeapon(FolderImage& image, const std::string& file, const std::vector<std::size_t>& numbers,
-               const Weapon& weapon) {
-  Bytes& model = image.at("ships/" + file);
-  const std::vector<std::size_t> places = AttachmentsIn(model);
-  for (const std::size_t number : numbers) {
-    PutShort(model, places.at(number), weapon.kind);
-    if (weapon.externalGunType >= 0) PutShort(model, places.at(number) + 52, weapon.externalGunType);
-    if (weapon.gunType >= 0) PutShort(model, places.at(number) + 100, weapon.gunType);
-  }
-}
-
-testing::AssertionResult ImageBecomes(const StatsSession& session, const FolderImage& image) {
-  Eventually([&] { return session.Now() == image; });
-  return SameImage(image, session.Now());
-}
-
-testing::AssertionResult ShipChosen(const Session& session, const std::string& name) {
-  if (!SelectRow(session, ships, name)) return testing::AssertionFailure() << "no row " << name;
-  return Becomes(session, chart, "selected", name);
 }
 
 /// The row of a statistic, as the layout file tells of it.
@@ -175,33 +103,6 @@ testing::AssertionResult Write(const Session& session, const std::string& label,
   return testing::AssertionSuccess();
 }
 
-/// How many windows there are without a menu, with the mouse where there is no tooltip.
-int WindowsWithoutMenu(const Session& session) {
-  const Json client = Layout(session)["client"];
-  MoveTo(session.desktop, {client["x"].get<int>() + 2, client["y"].get<int>() + client["height"].get<int>() - 60});
-  std::this_thread::sleep_for(std::chrono::milliseconds(300));
-  return WindowsInSight(session.desktop, "Oravin");
-}
-
-testing::AssertionResult WindowsBecome(const Session& session, int count) {
-  int now = 0;
-  if (Eventually([&] { return (now = WindowsInSight(session.desktop, "Oravin")) == count; })) {
-    return testing::AssertionSuccess();
-  }
-  return testing::AssertionFailure() << now << " windows instead of " << count;
-}
-
-void Press(const Session& session, const std::string& key, int times = 1) {
-  for (int i = 0; i < times; ++i) PressKey(session.desktop, key);
-}
-
-/// Opens the menu of a row by the right button.
-testing::AssertionResult MenuOpened(const Session& session, const Json& row, int& windows) {
-  windows = WindowsWithoutMenu(session);
-  RightClick(session.desktop, MiddleOf(row["rectangle"]));
-  return WindowsBecome(session, windows + 1);
-}
-
 /// Chooses an item of the statistics' menu, counted from 1 among those that can be chosen.
 testing::AssertionResult StatsMenuChosen(const Session& session, int item) {
   int windows = 0;
@@ -209,45 +110,6 @@ testing::AssertionResult StatsMenuChosen(const Session& session, int item) {
   Press(session, "Down", item);
   Press(session, "Return");
   return WindowsBecome(session, windows);
-}
-
-/// Chooses an item of a submenu of the open weapons' menu, both counted from 1.
-testing::AssertionResult SubmenuChosen(const Session& session, int windows, int menu, int item) {
-  Press(session, "Down", menu);
-  Press(session, "Right");
-  if (const auto opened = WindowsBecome(session, windows + 2); !opened) return opened;
-  Press(session, "Down", item - 1);
-  SaveScreenshot(session.desktop, "stats_weapon_menu");
-  Press(session, "Return");
-  return WindowsBecome(session, windows);
-}
-
-testing::AssertionResult WeaponMenuChosen(const Session& session, std::size_t row, int menu, int item) {
-  int windows = 0;
-  const Json control = Control(session, weapons);
-  if (const auto opened = MenuOpened(session, control["rows"][row], windows); !opened) return opened;
-  return SubmenuChosen(session, windows, menu, item);
-}
-
-testing::AssertionResult WeaponBecomes(const Session& session, std::size_t row, const std::string& text) {
-  Json now;
-  const auto is = [&] { return (now = Control(session, weapons)["rows"][row]["texts"][0]) == text; };
-  if (Eventually(is)) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << "the weapon is " << now;
-}
-
-std::vector<std::size_t> MarkedPoints(const Session& session) {
-  std::vector<std::size_t> marked;
-  const Json control = Control(session, topView);
-  for (const Json& point : control["points"]) {
-    if (point["selected"] == true) marked.push_back(point["attachment"]);
-  }
-  return marked;
-}
-
-testing::AssertionResult MarkedBecome(const Session& session, const std::vector<std::size_t>& points) {
-  if (Eventually([&] { return MarkedPoints(session) == points; })) return testing::AssertionSuccess();
-  return testing::AssertionFailure() << "marked are " << Json(MarkedPoints(session)).dump();
 }
 
 testing::AssertionResult BoxAnswered(const Session& session, const std::string& text) {
@@ -435,96 +297,6 @@ TEST(StatsPage, ButtonsRestoreOneShipAndAllShips) {
   ClickOn(session, "stats.cmdRestoreAllStats");
   ASSERT_TRUE(BoxAnswered(session, "The statistics of "));
   EXPECT_TRUE(SameImage(session.before, session.Now()));
-}
-
-TEST(StatsPage, PairOfGunsIsChangedByTheMenu) {
-  const StatsSession session;
-  ASSERT_TRUE(ShipChosen(session, "Nightjar"));
-  ASSERT_TRUE(WeaponMenuChosen(session, 0, 1, 11));
-  ASSERT_TRUE(WeaponBecomes(session, 0, "Pair: Nova Cannon"));
-  FolderImage expected = session.before;
-  PutWeapon(expected, "nightjar.shp", {0, 1}, {3, 11, -1});
-  EXPECT_TRUE(SameImage(expected, session.Now()));
-  EXPECT_TRUE(MarkedBecome(session, {0, 1}));
-  ASSERT_TRUE(WeaponMenuChosen(session, 0, 3, 1));
-  ASSERT_TRUE(WeaponBecomes(session, 0, "Pair: Missiles"));
-  PutWeapon(expected, "nightjar.shp", {0, 1}, {0, 64, 6});
-  EXPECT_TRUE(SameImage(expected, session.Now()));
-  ClickOn(session, "stats.cmdRestoreWeapons");
-  ASSERT_TRUE(WeaponBecomes(session, 0, "Pair: Proton Cannon"));
-  EXPECT_TRUE(SameImage(session.before, session.Now()));
-}
-
-TEST(StatsPage, ExternalGunIsChangedByTheMenu) {
-  const StatsSession session;
-  ASSERT_TRUE(ShipChosen(session, "Nightjar"));
-  const Json list = Control(session, weapons)["rows"];
-  const std::size_t last = list.size() - 1;
-  ASSERT_EQ(list[last]["texts"][0], "External - Laser Cannon Type 1");
-  const std::size_t number = std::stoul(list[last]["key"].get<std::string>().substr(1)) - 1;
-  ASSERT_TRUE(WeaponMenuChosen(session, last, 2, 9));
-  ASSERT_TRUE(WeaponBecomes(session, last, "External - Laser Cannon Type 5"));
-  FolderImage expected = session.before;
-  PutWeapon(expected, "nightjar.shp", {number}, {1, -1, 11});
-  EXPECT_TRUE(SameImage(expected, session.Now()));
-}
-
-TEST(StatsPage, MissilePointIsChangedByTheKeyboardInTheVariantToo) {
-  const StatsSession session;
-  ASSERT_TRUE(ShipChosen(session, "Longbow"));
-  const Json missiles = RowOf(session, weapons, "Pair: Missiles");
-  ASSERT_FALSE(missiles.is_null());
-  const auto row = missiles["row"].get<std::size_t>();
-  ASSERT_TRUE(SelectRow(session, weapons, "Pair: Missiles"));
-  ASSERT_TRUE(Eventually([&] { return MarkedPoints(session).size() == 2; }));
-  const std::vector<std::size_t> numbers = MarkedPoints(session);
-  const int windows = WindowsWithoutMenu(session);
-  PressKey(session.desktop, "shift+F10");
-  ASSERT_TRUE(WindowsBecome(session, windows + 1));
-  ASSERT_TRUE(SubmenuChosen(session, windows, 1, 1));
-  ASSERT_TRUE(WeaponBecomes(session, row, "Pair: Laser"));
-  FolderImage expected = session.before;
-  for (const char* file : {"longbow.shp", "t_longbow.shp"}) PutWeapon(expected, file, numbers, {3, 1, -1});
-  EXPECT_TRUE(SameImage(expected, session.Now()));
-  PressKey(session.desktop, "Menu");
-  ASSERT_TRUE(WindowsBecome(session, windows + 1));
-  ASSERT_TRUE(SubmenuChosen(session, windows, 3, 1));
-  ASSERT_TRUE(WeaponBecomes(session, row, "Pair: Missiles"));
-  for (const char* file : {"longbow.shp", "t_longbow.shp"}) PutWeapon(expected, file, numbers, {0, 64, 6});
-  EXPECT_TRUE(SameImage(expected, session.Now()));
-}
-
-TEST(StatsPage, ClickOnAPointSelectsItsWeapon) {
-  const StatsSession session;
-  ASSERT_TRUE(ShipChosen(session, "Nightjar"));
-  ASSERT_TRUE(MarkedBecome(session, {}));
-  const Json point = Control(session, topView)["points"][3];
-  const auto number = point["attachment"].get<std::size_t>();
-  Click(session.desktop, MiddleOf(point["rectangle"]));
-  ASSERT_TRUE(Eventually([&] { return !MarkedPoints(session).empty(); }));
-  const std::vector<std::size_t> marked = MarkedPoints(session);
-  EXPECT_NE(std::find(marked.begin(), marked.end(), number), marked.end());
-  int selected = 0;
-  const Json list = Control(session, weapons)["rows"];
-  for (const Json& row : list) {
-    if (row["selected"] == true) ++selected;
-  }
-  EXPECT_EQ(selected, 1);
-  EXPECT_TRUE(CaptionHolds(session, topView, "selected: Pair: "));
-}
-
-TEST(StatsPage, CloakIsToggled) {
-  const StatsSession session;
-  ASSERT_TRUE(ShipChosen(session, "Sabrewing"));
-  ClickOn(session, "stats.chkHasCloak");
-  ASSERT_TRUE(CaptionHolds(session, "stats.lblShipClass", "Fighter with a cloaking device"));
-  FolderImage expected = session.before;
-  expected.at("ships/sabrewing.shp").at(classByteAt) = 2;
-  EXPECT_TRUE(SameImage(expected, session.Now()));
-  EXPECT_EQ(Control(session, "stats.chkHasCloak")["checked"], true);
-  ClickOn(session, "stats.chkHasCloak");
-  ASSERT_TRUE(Becomes(session, "stats.chkHasCloak", "checked", false));
-  EXPECT_TRUE(ImageBecomes(session, session.before));
 }
 
 TEST(StatsPage, DisablePutsEveryFileBack) {
