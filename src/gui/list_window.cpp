@@ -216,7 +216,9 @@ void ListWindow::ShowTooltip() {
     if (shown == nullptr || !GetItemRect(row, rectangle) || !rectangle.Contains(mouse)) continue;
     tooltip = ToScreen(shown->tooltip);
   }
-  if (GetToolTipText() != tooltip) SetToolTip(tooltip);
+  if (GetToolTipText() == tooltip) return;
+  UnsetToolTip();  // an empty one would leave the last one standing
+  if (!tooltip.empty()) SetToolTip(tooltip);
 }
 
 const std::vector<bool>& ListWindow::Selection() {

@@ -33,7 +33,7 @@ bool HasKeyboard(const Session& session, const std::string& form) {
 
 }  // namespace
 
-Session::Session()
+Session::Session(Beginning beginning)
     : sample(demo::WriteSample(folder.Native("sample"))),
       desktop(screenWidth, screenHeight),
       layoutFile(folder.Native("layout.json").string()) {
@@ -42,12 +42,27 @@ Session::Session()
   desktop.variables["LC_ALL"] = "C.UTF-8";
   desktop.variables["PATH"] = folder.Native("bin").string() + ":" + std::getenv("PATH");
   desktop.variables["GDK_SCALE"] = "1";
-  program = Program({ORAVIN_PROGRAM, "--layout", layoutFile}, desktop.variables);
-  if (!Eventually([&] { return !Layout(*this).is_null(); })) throw std::runtime_error("the window was not painted");
-  if (!Eventually([&] { return !(frame = ActiveWindow(desktop)).empty(); })) {
+  if (beginning == Beginning::desktop) return;
+  StartProgram(*this);
+  AwaitWindow(*this);
+}
+
+void StartProgram(Session& session, const std::vector<std::string>& arguments) {
+  std::vector<std::string> command = {ORAVIN_PROGRAM, "--layout", session.layoutFile};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  session.program = Program(command, session.desktop.variables);
+}
+
+void AwaitWindow(Session& session) {
+  const auto painted = [&] {
+    const Json layout = Layout(session);
+    return !layout.is_null() && layout.contains("client");
+  };
+  if (!Eventually(painted)) throw std::runtime_error("the window was not painted");
+  if (!Eventually([&] { return !(session.frame = ActiveWindow(session.desktop)).empty(); })) {
     throw std::runtime_error("the window did not get the keyboard");
   }
-  if (!HoldsStill(*this)) throw std::runtime_error("the window does not hold still");
+  if (!HoldsStill(session)) throw std::runtime_error("the window does not hold still");
 }
 
 Json Layout(const Session& session) {

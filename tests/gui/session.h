@@ -15,12 +15,15 @@ namespace oravin::test {
 
 using Json = nlohmann::json;
 
+/// What a session begins with: the program's window, or the desktop alone.
+enum class Beginning { window, desktop };
+
 /// The program on a fresh sample installation, on a desktop of its own. Programs in bin/ of the folder stand in for the
 /// desktop's.
 struct Session {
-  /// Starts the program and waits until its window is painted and holds still.
+  /// Starts the program and waits for its window, unless it is to begin with the desktop alone.
   /// @throws std::runtime_error when it does not come up
-  Session();
+  explicit Session(Beginning beginning = Beginning::window);
 
   TemporaryFolder folder;
   demo::Sample sample;
@@ -30,7 +33,15 @@ struct Session {
   std::string frame;  ///< the window's number
 };
 
-/// What the window shows now.
+/// Starts the program.
+/// @param arguments beside the one that has it keep the layout
+void StartProgram(Session& session, const std::vector<std::string>& arguments = {});
+
+/// Waits until the window is painted and holds still.
+/// @throws std::runtime_error when it does not come up
+void AwaitWindow(Session& session);
+
+/// What the window shows now, and a form or a box that comes up before it.
 Json Layout(const Session& session);
 
 /// A control by its name, as the layout file tells of it.

@@ -1,0 +1,146 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "import_session.h"
+
+/// The form in which the ships to import are chosen.
+namespace oravin::test {
+
+namespace {
+
+constexpr const char* picture = "Fighter_PACK.preview.picture";
+constexpr const char* skipped = "Importing Completed - but there where errors on some ships";
+
+/// A pack of many ships that share a model.
+void WriteLargePack(const ImportSession& session, int ships) {
+  const std::filesystem::path folder = session.sample.program / "packs" / "raiders";
+  std::string pack = "\"Many\"\r\n";
+  for (int i = 0; i < ships; ++i) {
+    const std::string name = "many" + std::to_string(i);
+    std::filesystem::copy_file(folder / "locust.shp", folder / (name + ".shp"));
+    pack.append("\"\\").append(name).append(".shp\",\"").append(name).append("\",\"\"\r\n");
+  }
+  WriteFileAt(folder / "many.pak", pack);
+}
+
+}  // namespace
+
+TEST(FighterPackForm, ShipsAreCheckedByMouseAndKeyboard) {
+  const ImportSession session;
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
+  EXPECT_EQ(Layout(session)["focus"], packList);
+  Click(session.desktop, BoxOf(session, packList, "Locust"));
+  ASSERT_TRUE(RowBecomes(session, packList, "Locust", "checked", false));
+  Click(session.desktop, BoxOf(session, packList, "Locust"));
+  ASSERT_TRUE(RowBecomes(session, packList, "Locust", "checked", true));
+  ASSERT_TRUE(SelectRow(session, packList, "PREDATOR"));
+  PressKey(session.desktop, "space");
+  ASSERT_TRUE(RowBecomes(session, packList, "PREDATOR", "checked", false));
+  EXPECT_TRUE(CaptionHolds(session, "Fighter_PACK.lblPack", "2 of 3 will be imported"));
+  PressKey(session.desktop, "Up");
+  PressKey(session.desktop, "space");
+  ASSERT_TRUE(RowBecomes(session, packList, "Hornet Queen", "checked", false));
+
+  PressKey(session.desktop, "alt+n");
+  ASSERT_TRUE(RowBecomes(session, packList, "Locust", "checked", false));
+  EXPECT_TRUE(Becomes(session, "Fighter_PACK.cmdImportShips", "enabled", false));
+  PressKey(session.desktop, "alt+a");
+  ASSERT_TRUE(RowBecomes(session, packList, "PREDATOR", "checked", true));
+  EXPECT_TRUE(CaptionHolds(session, "Fighter_PACK.lblPack", "Rename or uncheck them"));
+  PressKey(session.desktop, "Escape");
+  EXPECT_TRUE(FormIs(session, ""));
+  EXPECT_EQ(Layout(session)["boxes"], 2) << "those of Enable";
+}
+
+TEST(FighterPackForm, TexturesOfTheSelectedShipAreShown) {
+  const ImportSession session;
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
+  EXPECT_TRUE(Control(session, picture)["picture"].is_null());
+  EXPECT_EQ(Control(session, "Fighter_PACK.cmdFindBitmap")["enabled"], false);
+  ASSERT_TRUE(SelectRow(session, packList, "Locust"));
+  ASSERT_TRUE(RowsBecome(session, textureList, {"locust1", "locust2"}));
+  EXPECT_EQ(RowOf(session, textureList, "locust2")["texts"], Json({"locust2", "no", "found", "256 x 256", "8 bit"}));
+  EXPECT_TRUE(Eventually([&] { return !Control(session, picture)["picture"].is_null(); }));
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "fighter_pack"));
+  ASSERT_TRUE(SelectRow(session, packList, "PREDATOR"));
+  EXPECT_TRUE(RowsBecome(session, textureList, {"raptor1"}));
+}
+
+TEST(FighterPackForm, ShipWithoutItsTextureIsSkipped) {
+  const ImportSession session;
+  const FolderImage game = ImageOf(session.sample.game);
+  ASSERT_TRUE(ImportOpened(session, session.Pack("sentinels/dragonfly.shp")));
+  ClickOn(session, "Fighter_PACK.cmdImportShips");
+  ASSERT_TRUE(Eventually([&] { return ActiveWindowTitle(session.desktop) == "Find texture file"; }));
+  PressKey(session.desktop, "Escape");
+  ASSERT_TRUE(BoxCame(session, "Texture not found - skipping ship!"));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  ASSERT_TRUE(BoxCame(session, skipped));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  ASSERT_TRUE(FormIs(session, ""));
+  EXPECT_TRUE(RowsBecome(session, importedList, {"Manta", "Wraithwing", "Colossus Carrier"}));
+  EXPECT_TRUE(ImageOf(session.sample.game) == game);
+}
+
+TEST(FighterPackForm, MissingTextureIsGivenBeforeTheImport) {
+  const ImportSession session;
+  ASSERT_TRUE(ImportOpened(session, session.Pack("sentinels/sentinels.pak")));
+  ASSERT_TRUE(SelectRow(session, packList, "Dragonfly"));
+  ASSERT_TRUE(RowsBecome(session, textureList, {"dragon1", "dragon2"}));
+  EXPECT_EQ(RowOf(session, textureList, "dragon2")["texts"][2], "not found");
+  ASSERT_TRUE(SelectRow(session, textureList, "dragon2"));
+  ASSERT_TRUE(CaptionHolds(session, "Fighter_PACK.preview.lblPreview", "no bitmap was found"));
+  ClickOn(session, "Fighter_PACK.cmdFindBitmap");
+  ChooseInDialog(session, (session.sample.program / "packs" / "sentinels" / "dragon1.bmp").string());
+  ASSERT_TRUE(FormIs(session, importForm));
+  ASSERT_TRUE(Eventually([&] {
+    return RowOf(session, textureList, "dragon2")["texts"][2] == "given: " + session.Pack("sentinels/dragon1.bmp");
+  }));
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "fighter_pack_given"));
+  ASSERT_TRUE(ShipsImported(session, {{"Importing Successfull!", "Return"}}));
+  EXPECT_TRUE(
+      RowsBecome(session, importedList, {"Manta", "Wraithwing", "Colossus Carrier", "Sentinel Monitor", "Dragonfly"}));
+}
+
+TEST(FighterPackForm, LongImportTellsHowFarItIsAndCanBeStopped) {
+  const ImportSession session;
+  WriteLargePack(session, 300);
+  const FolderImage before = ImageOf(session.sample.game);
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/many.pak")));
+  const int paintings = Layout(session)["progressPaintings"];
+  ClickOn(session, "Fighter_PACK.cmdImportShips");
+  ASSERT_TRUE(BoxCame(session, "Importing Successfull!"));
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "fighter_pack_many"));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  ASSERT_TRUE(FormIs(session, ""));
+  EXPECT_GT(Layout(session)["progressPaintings"], paintings);
+  EXPECT_EQ(Layout(session)["status"], "");
+  EXPECT_EQ(Control(session, importedList)["rowCount"], 303);
+}
+
+TEST(FighterPackForm, SmallestFormHasRoomForIt) {
+  const ImportSession session;
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
+  ASSERT_TRUE(SelectRow(session, packList, "Locust"));
+  ResizeWindow(session.desktop, ActiveWindow(session.desktop), 100, 100);
+  ASSERT_TRUE(Eventually([&] { return Layout(session)["formClient"]["width"] < 760; }));
+  const Json layout = Layout(session);
+  const Json client = layout["formClient"];
+  for (const Json& control : layout["controls"]) {
+    if (control["name"].get<std::string>().rfind("Fighter_PACK.", 0) != 0) continue;
+    const Json& rectangle = control["rectangle"];
+    EXPECT_GE(rectangle["x"], client["x"]) << control.dump();
+    EXPECT_LE(rectangle["x"].get<int>() + rectangle["width"].get<int>(),
+              client["x"].get<int>() + client["width"].get<int>())
+        << control.dump();
+    EXPECT_LE(rectangle["y"].get<int>() + rectangle["height"].get<int>(),
+              client["y"].get<int>() + client["height"].get<int>())
+        << control.dump();
+  }
+  EXPECT_GT(Control(session, picture)["picture"]["height"], 100);
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "fighter_pack_small"));
+}
+
+}  // namespace oravin::test

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "import_session.h"
+
+/// The ship list that is drafted for a program folder that has none, before there is a window.
+namespace oravin::test {
+
+namespace {
+
+constexpr const char* shipListForm = "ShipList";
+constexpr const char* lines = "ShipList.lstShips";
+
+/// The program started on a program folder without a ship list.
+struct DraftSession : Session {
+  DraftSession()
+      : Session(Beginning::desktop), shipList(sample.program / "shipsData.txt"), before(ReadFileAt(shipList)) {
+    std::filesystem::remove(shipList);
+    StartProgram(*this, {"--game", sample.game.string(), "--program", sample.program.string()});
+  }
+
+  std::filesystem::path shipList;
+  Bytes before;
+};
+
+testing::AssertionResult Drafted(const Session& session) {
+  if (const auto came = BoxCame(session, "This folder has no ship list (shipsData.txt)"); !came) return came;
+  if (const auto answered = AnswerBox(session, "alt+y"); !answered) return answered;
+  return FormIs(session, shipListForm);
+}
+
+}  // namespace
+
+TEST(ShipListWindow, DraftIsEditedAndSavedAndTheProgramGoesOn) {
+  DraftSession session;
+  ASSERT_TRUE(Drafted(session));
+  EXPECT_EQ(Layout(session)["formTitle"], "Ship list");
+  EXPECT_EQ(Layout(session)["focus"], lines);
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "ship_list"));
+  const int count = Control(session, lines)["rowCount"];
+  ASSERT_TRUE(SelectRow(session, lines, "Sabrewing"));
+  ASSERT_TRUE(Becomes(session, "ShipList.txtFile", "text", "sabrewing.shp"));
+  ASSERT_TRUE(TypeInto(session, "ShipList.txtName", "Sabre Two"));
+  PressKey(session.desktop, "Return");
+  ASSERT_TRUE(RowBecomes(session, lines, "Sabre Two", "selected", true));
+  const int row = RowOf(session, lines, "Sabre Two")["row"];
+  ClickOn(session, "ShipList.cmdMoveDown");
+  ASSERT_TRUE(RowBecomes(session, lines, "Sabre Two", "row", row + 1));
+  ClickOn(session, "ShipList.cmdMoveUp");
+  ASSERT_TRUE(RowBecomes(session, lines, "Sabre Two", "row", row));
+  ASSERT_TRUE(SelectRow(session, lines, "Nightjar"));
+  ClickOn(session, "ShipList.cmdRemoveLine");
+  ASSERT_TRUE(Becomes(session, lines, "rowCount", count - 1));
+
+  PressKey(session.desktop, "alt+v");
+  ASSERT_NO_THROW(AwaitWindow(session));
+  const std::string saved = ReadTextAt(session.shipList);
+  EXPECT_NE(saved.find("Sabre Two"), std::string::npos);
+  EXPECT_EQ(saved.find("nightjar.shp"), std::string::npos);
+  EXPECT_TRUE(FormIs(session, ""));
+  EXPECT_TRUE(EnableFeatures(session)) << "the saved list makes a catalogue";
+}
+
+TEST(ShipListWindow, WhatCannotBeSavedIsToldAndItsLineStays) {
+  DraftSession session;
+  ASSERT_TRUE(Drafted(session));
+  ASSERT_TRUE(SelectRow(session, lines, "Sabrewing"));
+  ASSERT_TRUE(TypeInto(session, "ShipList.txtKind", "7"));
+  ClickOn(session, "ShipList.cmdApply");
+  ASSERT_TRUE(BoxCame(session, "The kind must be 1, 2 or 3."));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  ASSERT_TRUE(FormIs(session, shipListForm));
+  EXPECT_EQ(RowOf(session, lines, "Sabrewing")["texts"][2], "1");
+  EXPECT_FALSE(std::filesystem::exists(session.shipList));
+}
+
+TEST(ShipListWindow, CancelEndsInTheRefusal) {
+  DraftSession session;
+  ASSERT_TRUE(Drafted(session));
+  ASSERT_TRUE(SelectRow(session, lines, "Sabrewing"));
+  ClickOn(session, "ShipList.cmdRemoveLine");
+  ASSERT_TRUE(Eventually([&] { return RowOf(session, lines, "Sabrewing").is_null(); }));
+  PressKey(session.desktop, "Escape");
+  ASSERT_TRUE(BoxCame(session, "The list was changed. Do you want to close it without saving?"));
+  ASSERT_TRUE(AnswerBox(session, "alt+n"));
+  ASSERT_TRUE(FormIs(session, shipListForm));
+  PressKey(session.desktop, "Escape");
+  ASSERT_TRUE(BoxCame(session, "The list was changed."));
+  ASSERT_TRUE(AnswerBox(session, "alt+y"));
+  ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory"));
+  PressKey(session.desktop, "Return");
+  EXPECT_EQ(ExitStatus(session.program), 0);
+  EXPECT_FALSE(std::filesystem::exists(session.shipList));
+}
+
+TEST(ShipListWindow, NoDraftIsTheRefusal) {
+  DraftSession session;
+  ASSERT_TRUE(BoxCame(session, "This folder has no ship list (shipsData.txt)"));
+  ASSERT_TRUE(AnswerBox(session, "alt+n"));
+  ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory"));
+  PressKey(session.desktop, "Return");
+  EXPECT_EQ(ExitStatus(session.program), 0);
+}
+
+}  // namespace oravin::test
