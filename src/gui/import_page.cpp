@@ -2,6 +2,7 @@
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 
+#include "gui/file_drop.h"
 #include "gui/import_texture_frame.h"
 #include "gui/pages.h"
 #include "gui/text_edge.h"
@@ -43,6 +44,7 @@ wxSizer* NewShipsFrame(wxWindow* page, const Surroundings& surroundings) {
   path->SetHint("A ship model or ship pack");
   path->Bind(wxEVT_TEXT_ENTER,
              [press = surroundings.press](wxCommandEvent&) { press("imports.txtImportFighter.Enter"); });
+  OnFileDropped(path, IsShipFile, surroundings.importFile);  // a text box would keep the file from the window
   wxButton* browse = NewButton(frame, surroundings, "imports.cmdImportFighterBrowse", tab.cmdImportFighterBrowse);
   wxWindow* edge = NewEdge(frame);
   Enframe(edge, NewImportedList(edge, surroundings));

@@ -182,6 +182,8 @@ void ShowModally(Window& window, Form& form) {
     event.Skip();
     KeepLayout(window);
   });
+  // The form's actions take what the window's controls show, which is to be what the action before them made of it.
+  ShowAll(window.mirror);
   const bool ran = window.running;
   window.form = &form;
   window.running = false;

@@ -83,13 +83,19 @@ testing::AssertionResult RowBecomes(const Session& session, const std::string& l
 }
 
 void ChooseInDialog(const Session& session, const std::string& path) {
-  if (!Eventually([&] { return ActiveWindowTitle(session.desktop) == "Find texture file"; })) {
-    throw std::runtime_error("no file dialog");
-  }
-  // What is typed before the dialog has listed the folder is lost.
-  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  const auto isOpen = [&] { return ActiveWindowTitle(session.desktop) == "Find texture file"; };
+  if (!Eventually(isOpen)) throw std::runtime_error("no file dialog");
+  // The dialog lists the folder and looks the name up in its own time; what comes meanwhile is lost.
+  constexpr std::chrono::milliseconds itsTime(700);
+  std::this_thread::sleep_for(itsTime);
   TypeText(session.desktop, path);
-  PressKey(session.desktop, "Return");
+  const auto taken = [&] {
+    std::this_thread::sleep_for(itsTime);
+    if (isOpen()) PressKey(session.desktop, "Return");
+    std::this_thread::sleep_for(itsTime);
+    return !isOpen();
+  };
+  if (!Eventually(taken)) throw std::runtime_error("the file dialog does not take " + path);
 }
 
 }  // namespace oravin::test
