@@ -26,6 +26,7 @@ constexpr std::chrono::milliseconds beforeWaiting(300);  // what is over sooner 
 /// Makes the small window that tells of an action before there is a window.
 void OpenWaiting(Window& window) {
   auto* dialog = new wxDialog(nullptr, wxID_ANY, programTitle);
+  dialog->SetIcons(ProgramIcon());
   const int space = dialog->FromDIP(gap);
   auto* text = new wxStaticText(dialog, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
@@ -94,8 +95,8 @@ void Breathe(Window& window) {
   loop.Yield(true);
 }
 
-bool IsTimeToBreathe(const Window& window) {
-  return std::chrono::steady_clock::now() - window.progressPainted >= betweenPaintings;
+bool HasHeldBreath(const Window& window, std::chrono::milliseconds time) {
+  return std::chrono::steady_clock::now() - window.progressPainted >= time;
 }
 
 /// Before there is a window nothing is shown of what may be over at once.
@@ -139,7 +140,7 @@ wxSizer* NewProgressLine(wxWindow* parent, ProgressPlace& place, const std::vect
 
 void ShowProgress(Window& window, const Progress& progress) {
   if (progress.total <= 0) return HideProgress(window);
-  if (IsTooSoon(window) || (window.progress && !IsTimeToBreathe(window))) return;
+  if (IsTooSoon(window) || (window.progress && !HasHeldBreath(window, betweenPaintings))) return;
   ++window.progressPaintings;
   if (!window.progress) BeginProgress(window);
   const ProgressPlace& place = *window.progressAt;
@@ -155,7 +156,8 @@ void ShowProgress(Window& window, const Progress& progress) {
 
 bool StopAsked(Window& window) {
   window.stoppable = true;
-  if (window.progress && IsTimeToBreathe(window)) Breathe(window);
+  // Where the action also tells how far it is, that is to be painted with the breath.
+  if (window.progress && HasHeldBreath(window, 2 * betweenPaintings)) Breathe(window);
   return window.stop;
 }
 

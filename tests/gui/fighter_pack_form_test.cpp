@@ -105,7 +105,7 @@ TEST(FighterPackForm, MissingTextureIsGivenBeforeTheImport) {
 
 TEST(FighterPackForm, LongImportTellsHowFarItIs) {
   const ImportSession session;
-  WriteLargePack(session, 300);
+  WriteLargePack(session, 120);
   ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/many.pak")));
   const int paintings = Layout(session)["progressPaintings"];
   ClickOn(session, "Fighter_PACK.cmdImportShips");
@@ -115,12 +115,12 @@ TEST(FighterPackForm, LongImportTellsHowFarItIs) {
   ASSERT_TRUE(FormIs(session, ""));
   EXPECT_GT(Layout(session)["progressPaintings"], paintings);
   EXPECT_EQ(Layout(session)["status"], "");
-  EXPECT_EQ(Control(session, importedList)["rowCount"], 303);
+  EXPECT_EQ(Control(session, importedList)["rowCount"], 123);
 }
 
 TEST(FighterPackForm, EscapeStopsALongImport) {
   const ImportSession session;
-  WriteLargePack(session, 300);
+  WriteLargePack(session, 120);
   ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/many.pak")));
   ClickOn(session, "Fighter_PACK.cmdImportShips");
   ASSERT_TRUE(Eventually(
@@ -132,7 +132,7 @@ TEST(FighterPackForm, EscapeStopsALongImport) {
   ASSERT_TRUE(AnswerBox(session, "Return"));
   ASSERT_TRUE(FormIs(session, ""));
   EXPECT_GT(Control(session, importedList)["rowCount"], 3);
-  EXPECT_LT(Control(session, importedList)["rowCount"], 303);
+  EXPECT_LT(Control(session, importedList)["rowCount"], 123);
 }
 
 TEST(FighterPackForm, SmallestFormHasRoomForIt) {
