@@ -145,7 +145,7 @@ std::span<const Command> Commands() {
       {"imported",
        "remove",
        {{"SHIP", "names of imported ships", WordKind::text, true}},
-       "Removes imported ships. Asks first, and whether their textures shall go too.",
+       "Removes imported ships. Asks first, also about their textures.",
        RemoveImportedShips,
        {{"--all", "", "removes all of them"}}},
       {"",
@@ -157,7 +157,7 @@ std::span<const Command> Commands() {
       {"shiplist",
        "draft",
        {},
-       "Drafts a ship list from the game's own files, and says how sure each ship is.",
+       "Drafts a ship list from the game's own files, and tells how sure it is.",
        DraftList,
        {{"--to", "FILE", "where to write the list", WordKind::path}},
        WorksOn::game}};

@@ -107,15 +107,11 @@ void ListWindow::BindParts() {
       event.Skip();
       if (std::exchange(menuIsDue_, false)) AskForMenu();
     });
-    part->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
+    part->Bind(wxEVT_MOTION, [this, part](wxMouseEvent& event) {
       event.Skip();
-      ShowTooltip();
+      ShowTooltipOf(*part, event.GetPosition());
     });
-    part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) {
-      const wxWindow* heading = Heading();
-      if (heading == nullptr || part != heading) return event.Skip();
-      TakeForTwo(*part, event);
-    });
+    if (part == Heading()) part->Bind(wxEVT_LEFT_DCLICK, [part](wxMouseEvent& event) { TakeForTwo(*part, event); });
     for (const auto& scrolling :
          {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN,
           wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
@@ -204,21 +200,20 @@ wxColour ListWindow::GroundOf(long row) const {
   return own ? attributes->GetBackgroundColour() : GetBackgroundColour();
 }
 
-/// The list gets the tooltip of the row that the mouse is over.
-void ListWindow::ShowTooltip() {
-  // Of a list of two windows both are told of the mouse, with coordinates of the one below.
-  const wxPoint mouse = ScreenToClient(wxGetMousePosition());
+/// The part of the list that the mouse is over gets the tooltip of the row there.
+void ListWindow::ShowTooltipOf(wxWindow& part, const wxPoint& mouse) {
+  const wxPoint point = ScreenToClient(part.ClientToScreen(mouse));
   wxString tooltip;
   const long first = GetTopItem();
   for (long row = first; row <= first + GetCountPerPage() && row < GetItemCount(); ++row) {
     wxRect rectangle;
     const ListRow* shown = RowAt(row);
-    if (shown == nullptr || !GetItemRect(row, rectangle) || !rectangle.Contains(mouse)) continue;
+    if (shown == nullptr || !GetItemRect(row, rectangle) || !rectangle.Contains(point)) continue;
     tooltip = ToScreen(shown->tooltip);
   }
-  if (GetToolTipText() == tooltip) return;
-  UnsetToolTip();  // an empty one would leave the last one standing
-  if (!tooltip.empty()) SetToolTip(tooltip);
+  if (part.GetToolTipText() == tooltip) return;
+  part.UnsetToolTip();  // an empty one would leave the last one standing
+  if (!tooltip.empty()) part.SetToolTip(tooltip);
 }
 
 const std::vector<bool>& ListWindow::Selection() {

@@ -67,7 +67,7 @@ class ListWindow : public wxListCtrl {
   void SelectForMenu(long row);
   void AskForMenu();
   void AskForScrolled(wxEvent& event);
-  void ShowTooltip();
+  void ShowTooltipOf(wxWindow& part, const wxPoint& mouse);
   void ShowChosenRow();
 
   const ListView& record_;

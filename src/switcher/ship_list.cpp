@@ -47,9 +47,10 @@ ListedLine TakeLine(DelimitedText& text) {
   line.ship.texture0 = TakeText(text);
   const std::size_t last = text.at;
   line.ship.texture1 = TakeText(text);
-  line.whole.end = text.at;
+  // Behind a comma that ends the text the reader stands one further.
+  line.whole.end = std::min(text.at, text.all.size());
   // The comma before an empty last value is not its end.
-  line.joined = text.at > last && text.all[text.at - 1] == ',';
+  line.joined = line.whole.end > last && text.all[line.whole.end - 1] == ',';
   return line;
 }
 

@@ -11,7 +11,7 @@
 namespace oravin::test {
 namespace {
 
-struct ShipListFile : testing::Test {
+struct SavedShipList : testing::Test {
   bool Save(const std::vector<ListedShip>& ships, bool keepOld = true) {
     return SaveShipList(here.host, path, ships, keepOld);
   }
@@ -31,13 +31,13 @@ struct ShipListFile : testing::Test {
   const ListedShip bravo = {2, "Bravo, the Second", "Bravo.SHP", 32767, "", ""};
 };
 
-TEST_F(ShipListFile, HasTheCountAndThenALineAShip) {
+TEST_F(SavedShipList, HasTheCountAndThenALineAShip) {
   EXPECT_EQ(TextOfShipList(std::vector{alpha, bravo}),
             "2\r\n1,\"Alpha\",\"alpha.shp\",4,\"hull\",\"wing\"\r\n"
             "2,\"Bravo, the Second\",\"Bravo.SHP\",32767,\"\",\"\"\r\n");
 }
 
-TEST_F(ShipListFile, ReadsBackAsTheSameShips) {
+TEST_F(SavedShipList, ReadsBackAsTheSameShips) {
   const std::vector<ListedShip> ships = {alpha,
                                          bravo,
                                          {3, " blanks ", "b c.shp", 0, " t,1 ", "\xE4\xFF'"},
@@ -49,13 +49,13 @@ TEST_F(ShipListFile, ReadsBackAsTheSameShips) {
   for (std::size_t i = 0; i < ships.size(); ++i) EXPECT_TRUE(read[i] == ships[i]) << i;
 }
 
-TEST_F(ShipListFile, ThousandsOfShipsReadBack) {
+TEST_F(SavedShipList, ThousandsOfShipsReadBack) {
   std::vector<ListedShip> ships(mostListedShips, alpha);
   ASSERT_TRUE(Save(ships));
   EXPECT_EQ(ReadShipList(here.host, folder.windows).size(), ships.size());
 }
 
-TEST_F(ShipListFile, WhatCouldNotBeReadBackIsNotWritten) {
+TEST_F(SavedShipList, WhatCouldNotBeReadBackIsNotWritten) {
   ExpectRefused({}, "There are no ships in the list.");
   ExpectRefused(std::vector<ListedShip>(mostListedShips + 1, alpha), "There are more than 32,765 ships in the list.");
   for (const char* text : {"a\"b", "a\nb", "a\rb"}) {
@@ -81,7 +81,7 @@ TEST_F(ShipListFile, WhatCouldNotBeReadBackIsNotWritten) {
   ExpectRefused({ship}, "Line 1, \"Alpha\": its kind is no 16-bit number.");
 }
 
-TEST_F(ShipListFile, AnOldListWithOtherBytesIsKeptUnderTheFirstFreeName) {
+TEST_F(SavedShipList, AnOldListWithOtherBytesIsKeptUnderTheFirstFreeName) {
   WriteFileAt(folder.Native("shipsData.txt"), "the first list");
   ASSERT_TRUE(Save({alpha}));
   EXPECT_EQ(Text("shipsData.old"), "the first list");
@@ -92,14 +92,14 @@ TEST_F(ShipListFile, AnOldListWithOtherBytesIsKeptUnderTheFirstFreeName) {
   EXPECT_EQ(Text("shipsData.txt"), TextOfShipList(std::vector{bravo}));
 }
 
-TEST_F(ShipListFile, AnOldListIsReplacedWhereItNeedNotBeKept) {
+TEST_F(SavedShipList, AnOldListIsReplacedWhereItNeedNotBeKept) {
   WriteFileAt(folder.Native("shipsData.txt"), "the first list");
   ASSERT_TRUE(Save({alpha}, false));
   EXPECT_EQ(ImageOf(folder.native).size(), 1U);
   EXPECT_EQ(Text("shipsData.txt"), TextOfShipList(std::vector{alpha}));
 }
 
-TEST_F(ShipListFile, NoFailureAndNoStopLosesTheOldList) {
+TEST_F(SavedShipList, NoFailureAndNoStopLosesTheOldList) {
   for (const FaultKind kind : {FaultKind::failure, FaultKind::stop}) {
     AtEachOperation(kind, [&](Fault& fault) {
       TemporaryFolder place;
@@ -126,14 +126,14 @@ TEST_F(ShipListFile, NoFailureAndNoStopLosesTheOldList) {
   }
 }
 
-TEST_F(ShipListFile, AnOldListTooLargeToBeRightIsKeptToo) {
+TEST_F(SavedShipList, AnOldListTooLargeToBeRightIsKeptToo) {
   WriteFileAt(folder.Native("shipsData.txt"), std::string((16U << 20U) + 1, 'x'));
   ASSERT_TRUE(Save({alpha}));
   EXPECT_EQ(std::filesystem::file_size(folder.Native("shipsData.old")), (16U << 20U) + 1);
 }
 
 /// What a person may list is less than what can be read.
-TEST_F(ShipListFile, AShipThatTheCatalogueCouldNotHoldIsNotListed) {
+TEST_F(SavedShipList, AShipThatTheCatalogueCouldNotHoldIsNotListed) {
   const auto with = [&](auto&& change) {
     ListedShip ship = alpha;
     change(ship);
@@ -160,7 +160,7 @@ TEST_F(ShipListFile, AShipThatTheCatalogueCouldNotHoldIsNotListed) {
   EXPECT_EQ(with([](auto& ship) { ship.statsIndex = 32768; }), "its statistics block is not from 0 to 32767");
 }
 
-TEST_F(ShipListFile, OneNameIsAShipsAndItsSecondPartsAlone) {
+TEST_F(SavedShipList, OneNameIsAShipsAndItsSecondPartsAlone) {
   ListedShip second = alpha;
   second.file = "t_alpha.shp";
   second.name = "ALPHA ";
@@ -178,7 +178,7 @@ TEST_F(ShipListFile, OneNameIsAShipsAndItsSecondPartsAlone) {
   EXPECT_EQ(three->line, 2U);
 }
 
-TEST_F(ShipListFile, AModelIsOneShipsAlone) {
+TEST_F(SavedShipList, AModelIsOneShipsAlone) {
   ListedShip other = bravo;
   other.file = "ALPHA.shp";
   const auto fault = WhyNotSaved(std::vector{alpha, other});
