@@ -32,8 +32,8 @@ int App::OnRun() {
   const std::string file = options_.file.empty() ? std::string() : platform::ToWindowsPath(options_.file);
   const bool imports = IsShipFile(file);  // by a form, which comes up over the window
   if (!file.empty() && !imports) OpenFileOnItsTab(main_, file);
+  if (imports) window_.whenPainted = [this, file] { ImportIntoWindow(window_, main_, file); };
   OpenWindow(window_, main_, options_);
-  if (imports) window_.frame->CallAfter([this, file] { ImportIntoWindow(window_, main_, file); });
   return wxApp::OnRun();
 }
 

@@ -111,7 +111,14 @@ void ListWindow::BindParts() {
       event.Skip();
       ShowTooltipOf(*part, event.GetPosition());
     });
-    if (part == Heading()) part->Bind(wxEVT_LEFT_DCLICK, [part](wxMouseEvent& event) { TakeForTwo(*part, event); });
+    part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) {
+      // Which part it is shows only once they have their places.
+      if (part == Heading()) {
+        TakeForTwo(*part, event);
+      } else {
+        event.Skip();
+      }
+    });
     for (const auto& scrolling :
          {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN,
           wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {

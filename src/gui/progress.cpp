@@ -9,6 +9,7 @@
 #include <cstdint>
 
 #include "desk/message_box.h"
+#include "gui/layout_file.h"
 #include "gui/pages.h"
 #include "gui/text_edge.h"
 #include "gui/window.h"
@@ -42,6 +43,10 @@ void OpenWaiting(Window& window) {
   dialog->SetSizerAndFit(framed);
   dialog->Bind(wxEVT_BUTTON, [&window](wxCommandEvent&) { window.stop = true; });
   dialog->Bind(wxEVT_CLOSE_WINDOW, [&window](wxCloseEvent&) { window.stop = true; });
+  dialog->Bind(wxEVT_IDLE, [&window](wxIdleEvent& event) {
+    event.Skip();
+    KeepLayout(window);
+  });
   dialog->CentreOnScreen();
   dialog->Show();
   window.waiting = dialog;

@@ -43,10 +43,8 @@ wxSizer* NewFields(wxWindow* panel, const Surroundings& surroundings) {
                                         {"Texture1", record.lblTexture1, record.txtTexture1}}};
   const int space = panel->FromDIP(gap);
   constexpr std::array<int, 3> shares = {5, 2, 4};
-  constexpr int columns = 3;
-  auto* grid = new wxFlexGridSizer(2 * columns, space, space);
-  for (int i = 0; i < columns; ++i)
-    grid->AddGrowableCol(static_cast<std::size_t>(2 * i + 1), shares.at(static_cast<std::size_t>(i)));
+  auto* grid = new wxFlexGridSizer(static_cast<int>(2 * shares.size()), space, space);
+  for (std::size_t i = 0; i < shares.size(); ++i) grid->AddGrowableCol(2 * i + 1, shares.at(i));
   for (const Field& field : fields) {
     const std::string name = field.name;
     wxStaticText* label = NewLabel(panel, surroundings.mirror, "ShipList.lbl" + name, field.label);

@@ -83,7 +83,11 @@ void FirstPainted(Window& window, const Options& options) {
   if (window.painted) return;
   window.painted = true;
   KeepLayout(window);
-  if (options.exitWhenPainted) window.frame->Close(true);
+  if (options.exitWhenPainted) {
+    window.frame->Close(true);
+  } else if (window.whenPainted) {
+    window.whenPainted();
+  }
 }
 
 void BindEvents(Window& window, const Options& options) {

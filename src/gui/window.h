@@ -54,10 +54,11 @@ struct Window {
   std::chrono::steady_clock::time_point progressPainted;
   unsigned progressPaintings = 0;
 
-  bool painted = false;             ///< the window has been on the screen
-  std::string layoutFile;           ///< empty for none
-  std::string layoutText;           ///< its contents
-  const MessageBox* box = nullptr;  ///< the message box that is open
+  bool painted = false;               ///< the window has been on the screen
+  std::function<void()> whenPainted;  ///< called then, once; may be empty
+  std::string layoutFile;             ///< empty for none
+  std::string layoutText;             ///< its contents
+  const MessageBox* box = nullptr;    ///< the message box that is open
   unsigned boxesShown = 0;
 };
 
