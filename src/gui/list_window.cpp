@@ -26,19 +26,25 @@ long StyleOf(const ListView& record) {
   return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection | editing | heading;
 }
 
+/// How much of a row its check box takes.
+int BoxWidth(ListWindow& list) {
+  constexpr int aroundBox = 7;
+  return wxRendererNative::Get().GetCheckBoxSize(&list).GetWidth() + list.FromDIP(aroundBox);
+}
+
 /// Makes room beside a text that is being edited for the row's check box.
 void KeepOffBox(ListWindow& list) {
   wxTextCtrl* text = list.GetEditControl();
   if (text == nullptr) return;
-  constexpr int aroundBox = 7;
-  const int box = wxRendererNative::Get().GetCheckBoxSize(&list).GetWidth() + list.FromDIP(aroundBox);
+  const int box = BoxWidth(list);
   wxRect place = text->GetRect();
   place.x += box;
   place.width -= box;
   text->SetSize(place);
 }
 
-/// Two quick clicks on a heading are two clicks; the toolkit would drop the second. On a row they are a double click.
+/// Two quick clicks on a heading or a check box are two clicks; the toolkit would drop the second. On a row they are a
+/// double click.
 void TakeForTwo(wxWindow& heading, wxMouseEvent& event) {
   wxMouseEvent again(event);
   again.SetEventType(wxEVT_LEFT_DOWN);
@@ -113,7 +119,7 @@ void ListWindow::BindParts() {
     });
     part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) {
       // Which part it is shows only once they have their places.
-      if (part == Heading()) {
+      if (part == Heading() || (record_.checkBoxes && event.GetX() < BoxWidth(*this))) {
         TakeForTwo(*part, event);
       } else {
         event.Skip();
