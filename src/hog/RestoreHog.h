@@ -13,9 +13,9 @@ namespace oravin {
 /// A stock ship's name is put back in the archive's table, in the spelling that the table's backup has at the same
 /// position, else in the catalogue's; only where the position still bears it. Its loose model and its ".org" are
 /// deleted. An add-on ship's loose model is deleted, and its ".bak" where that holds the same as the add-on. When the
-/// add-on is no longer among the add-ons, the person is asked once whether imported ships shall be deleted, and they are
-/// deleted with their ".bak" whatever the answer is: that is meant. Names that were passed over are named in one box at
-/// the end.
+/// add-on is no longer among the add-ons, the person is asked once whether imported ships shall be deleted, and they
+/// are deleted with their ".bak" whatever the answer is: that is meant. Names that were passed over are named in one
+/// box at the end.
 ///
 /// @param hogPath the live archive; without it the box "Error - hog not found" titled "RestoreHog", and nothing is done
 /// @param shipsFolder the game's ships folder
