@@ -119,7 +119,7 @@ void ListWindow::BindParts() {
     });
     part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) {
       // Which part it is shows only once they have their places.
-      if (part == Heading() || (record_.checkBoxes && event.GetX() < BoxWidth(*this))) {
+      if ((part != nullptr && part == Heading()) || (record_.checkBoxes && event.GetX() < BoxWidth(*this))) {
         TakeForTwo(*part, event);
       } else {
         event.Skip();

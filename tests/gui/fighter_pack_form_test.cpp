@@ -142,7 +142,7 @@ TEST(FighterPackForm, SmallestFormHasRoomForIt) {
   ResizeWindow(session.desktop, ActiveWindow(session.desktop), 100, 100);
   ASSERT_TRUE(Eventually([&] { return Layout(session)["formClient"]["width"] < 760; }));
   const Json layout = Layout(session);
-  const Json client = layout["formClient"];
+  const Json& client = layout["formClient"];
   for (const Json& control : layout["controls"]) {
     if (control["name"].get<std::string>().rfind("Fighter_PACK.", 0) != 0) continue;
     const Json& rectangle = control["rectangle"];

@@ -157,7 +157,7 @@ TEST(ImportShips, DroppedPackOpensTheImportOnAnyPage) {
     EXPECT_EQ(Layout(session)["tab"], "Import Ships");
     EXPECT_EQ(Control(session, "imports.txtImportFighter")["text"], session.Pack("sentinels/sentinels.pak"));
     ClickOn(session, "Fighter_PACK.cmdImportCancel");
-    ASSERT_TRUE(Eventually([&] { return Layout(session)["form"] == ""; }));
+    ASSERT_TRUE(Eventually([&] { return Layout(session)["form"].get<std::string>().empty(); }));
   }
   EXPECT_EQ(Layout(session)["boxes"], 2) << "those of Enable";
 }

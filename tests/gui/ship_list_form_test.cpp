@@ -95,24 +95,6 @@ TEST(ShipListWindow, CancelEndsInTheRefusal) {
   EXPECT_FALSE(std::filesystem::exists(session.shipList));
 }
 
-TEST(ShipListWindow, LongDraftTellsHowFarItIsAndCanBeStopped) {
-  Session session(Beginning::desktop);
-  constexpr int manyEntries = 40000;
-  constexpr int manyShips = 30000;
-  const demo::Sample large = demo::WriteSample(session.folder.Native("large"), {manyEntries, manyShips, 0});
-  std::filesystem::remove(large.program / "shipsData.txt");
-  StartProgram(session, {"--game", large.game.string(), "--program", large.program.string()});
-  ASSERT_TRUE(BoxCame(session, "This folder has no ship list (shipsData.txt)"));
-  PressKey(session.desktop, "alt+y");
-  ASSERT_TRUE(Eventually(
-      [&] { return Layout(session)["status"].get<std::string>().rfind("Esc stops this.  Reading ", 0) == 0; }));
-  PressKey(session.desktop, "Escape");
-  ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory"));
-  PressKey(session.desktop, "Return");
-  EXPECT_EQ(ExitStatus(session.program), 0);
-  EXPECT_FALSE(std::filesystem::exists(large.program / "shipsData.txt"));
-}
-
 TEST(ShipListWindow, NoDraftIsTheRefusal) {
   DraftSession session;
   ASSERT_TRUE(BoxCame(session, "This folder has no ship list (shipsData.txt)"));
