@@ -43,14 +43,6 @@ void KeepOffBox(ListWindow& list) {
   text->SetSize(place);
 }
 
-/// Two quick clicks on a heading or a check box are two clicks; the toolkit would drop the second. On a row they are a
-/// double click.
-void TakeForTwo(wxWindow& heading, wxMouseEvent& event) {
-  wxMouseEvent again(event);
-  again.SetEventType(wxEVT_LEFT_DOWN);
-  heading.GetEventHandler()->ProcessEvent(again);
-}
-
 }  // namespace
 
 ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<int(const ListRow&)> pictureOf)
@@ -113,18 +105,11 @@ void ListWindow::BindParts() {
       event.Skip();
       if (std::exchange(menuIsDue_, false)) AskForMenu();
     });
-    part->Bind(wxEVT_MOTION, [this, part](wxMouseEvent& event) {
+    part->Bind(wxEVT_MOTION, [this](wxMouseEvent& event) {
       event.Skip();
-      ShowTooltipOf(*part, event.GetPosition());
+      ShowTooltipOfRow();
     });
-    part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) {
-      // Which part it is shows only once they have their places.
-      if ((part != nullptr && part == Heading()) || (record_.checkBoxes && event.GetX() < BoxWidth(*this))) {
-        TakeForTwo(*part, event);
-      } else {
-        event.Skip();
-      }
-    });
+    part->Bind(wxEVT_LEFT_DCLICK, [this, part](wxMouseEvent& event) { TakeDoubleClick(part, event); });
     for (const auto& scrolling :
          {wxEVT_SCROLLWIN_TOP, wxEVT_SCROLLWIN_BOTTOM, wxEVT_SCROLLWIN_LINEUP, wxEVT_SCROLLWIN_LINEDOWN,
           wxEVT_SCROLLWIN_PAGEUP, wxEVT_SCROLLWIN_PAGEDOWN, wxEVT_SCROLLWIN_THUMBTRACK, wxEVT_SCROLLWIN_THUMBRELEASE}) {
@@ -134,6 +119,18 @@ void ListWindow::BindParts() {
     part->Bind(wxEVT_KEY_DOWN, &ListWindow::AskForScrolled, this);
     part->Bind(wxEVT_SIZE, &ListWindow::AskForScrolled, this);
   }
+}
+
+/// Two quick clicks on a heading or a check box are two clicks; the toolkit would drop the second. On a row they are a
+/// double click.
+void ListWindow::TakeDoubleClick(wxWindow* part, wxMouseEvent& event) {
+  // Which part it is shows only once they have their places.
+  const bool onHeading = part == Heading();
+  const bool onBox = record_.checkBoxes && event.GetX() < BoxWidth(*this);
+  if (part == nullptr || (!onHeading && !onBox)) return event.Skip();
+  wxMouseEvent again(event);
+  again.SetEventType(wxEVT_LEFT_DOWN);
+  part->GetEventHandler()->ProcessEvent(again);
 }
 
 /// The window of the headings, where they have one of their own.
@@ -213,20 +210,21 @@ wxColour ListWindow::GroundOf(long row) const {
   return own ? attributes->GetBackgroundColour() : GetBackgroundColour();
 }
 
-/// The part of the list that the mouse is over gets the tooltip of the row there.
-void ListWindow::ShowTooltipOf(wxWindow& part, const wxPoint& mouse) {
-  const wxPoint point = ScreenToClient(part.ClientToScreen(mouse));
+/// The list gets the tooltip of the row that the mouse is over.
+void ListWindow::ShowTooltipOfRow() {
+  // Of a list of two windows both are told of the mouse, with coordinates of the one below.
+  const wxPoint mouse = ScreenToClient(wxGetMousePosition());
   wxString tooltip;
   const long first = GetTopItem();
   for (long row = first; row <= first + GetCountPerPage() && row < GetItemCount(); ++row) {
     wxRect rectangle;
     const ListRow* shown = RowAt(row);
-    if (shown == nullptr || !GetItemRect(row, rectangle) || !rectangle.Contains(point)) continue;
+    if (shown == nullptr || !GetItemRect(row, rectangle) || !rectangle.Contains(mouse)) continue;
     tooltip = ToScreen(shown->tooltip);
   }
-  if (part.GetToolTipText() == tooltip) return;
-  part.UnsetToolTip();  // an empty one would leave the last one standing
-  if (!tooltip.empty()) part.SetToolTip(tooltip);
+  if (GetToolTipText() == tooltip) return;
+  UnsetToolTip();  // an empty one would leave the last one standing
+  if (!tooltip.empty()) SetToolTip(tooltip);
 }
 
 const std::vector<bool>& ListWindow::Selection() {

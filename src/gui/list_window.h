@@ -67,7 +67,8 @@ class ListWindow : public wxListCtrl {
   void SelectForMenu(long row);
   void AskForMenu();
   void AskForScrolled(wxEvent& event);
-  void ShowTooltipOf(wxWindow& part, const wxPoint& mouse);
+  void ShowTooltipOfRow();
+  void TakeDoubleClick(wxWindow* part, wxMouseEvent& event);
   void ShowChosenRow();
 
   const ListView& record_;

@@ -70,9 +70,10 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
     }
   };
   // The catalogue first: it must not name ships whose models are gone.
-  for (const auto& [path, bytes] : old.whole) {
+  for (const auto& file : old.whole) {
     attempt([&] {
-      if (ReadWhole(host.files, path, longestKept) != bytes) WriteWhole(host.files, path, bytes);
+      if (ReadWhole(host.files, file.first, longestKept) != file.second)
+        WriteWhole(host.files, file.first, file.second);
     });
   }
   for (const std::string& path : old.made) {
