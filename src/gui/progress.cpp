@@ -90,14 +90,15 @@ void BeginProgress(Window& window) {
 
 /// Lets the window draw itself and hear the person.
 void Breathe(Window& window) {
-  window.progressPainted = std::chrono::steady_clock::now();
   if (wxEventLoopBase::GetActive() != nullptr) {
     wxTheApp->Yield(true);
-    return;
+  } else {
+    wxGUIEventLoop loop;  // the program's own has not begun yet
+    const wxEventLoopActivator active(&loop);
+    loop.Yield(true);
   }
-  wxGUIEventLoop loop;  // the program's own has not begun yet
-  const wxEventLoopActivator active(&loop);
-  loop.Yield(true);
+  // Counted from its end: where painting is slow, the action still gets most of the time.
+  window.progressPainted = std::chrono::steady_clock::now();
 }
 
 bool HasHeldBreath(const Window& window, std::chrono::milliseconds time) {

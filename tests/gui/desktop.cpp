@@ -19,7 +19,7 @@ namespace oravin::test {
 
 namespace {
 
-constexpr std::chrono::seconds patience(60);
+constexpr std::chrono::seconds patience(120);
 constexpr std::chrono::milliseconds betweenLooks(20);
 
 void RequirePrograms() {
