@@ -8,6 +8,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(oravin_warnings INTERFACE
     -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
+if(ORAVIN_UNITY)
+  target_compile_options(oravin_warnings INTERFACE -Wno-shadow)  # a name of another file is not in the way
+endif()
 
 if(ORAVIN_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -26,7 +26,7 @@ namespace oravin::demo {
 
 namespace {
 
-constexpr std::uint32_t kMarker = 102;
+constexpr std::uint32_t kCacheMarker = 102;
 constexpr std::uint32_t kFirstSerial = 1001;
 constexpr std::size_t kDataBegin = kCacheHeaderSize + kCacheSlots * kCacheSlotSize;
 static_assert(kDataBegin == 240012);
@@ -96,7 +96,7 @@ void AddTexture(CacheBuilder& cache, const CacheTexture& texture, std::span<cons
 }
 
 void FinishCache(CacheBuilder& cache) {
-  SetLittle32(cache.bytes, 0, kMarker);
+  SetLittle32(cache.bytes, 0, kCacheMarker);
   SetLittle32(cache.bytes, 4, cache.textures);
   SetLittle32(cache.bytes, 8, static_cast<std::uint32_t>(cache.bytes.size()));
 }

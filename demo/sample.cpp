@@ -20,7 +20,7 @@ namespace oravin::demo {
 
 namespace {
 
-constexpr const char* kMarker = "oravin-sample.txt";
+constexpr const char* kMarkerFile = "oravin-sample.txt";
 
 // What all the writers of bitmaps share.
 struct Paintbox {
@@ -41,12 +41,12 @@ void CheckOptions(const SampleOptions& options) {
 void ClaimFolder(const fs::path& folder) {
   if (fs::exists(folder) && !fs::is_directory(folder)) throw std::runtime_error(folder.string() + " is not a folder");
   fs::create_directories(folder);
-  if (!fs::is_empty(folder) && !fs::exists(folder / kMarker)) {
+  if (!fs::is_empty(folder) && !fs::exists(folder / kMarkerFile)) {
     throw std::runtime_error(folder.string() +
                              " is not empty and holds no sample installation; nothing was written.\n"
                              "Choose a new or an empty folder, or one that oravin-demo wrote before.");
   }
-  WriteWholeFile(folder / kMarker, MarkerText());
+  WriteWholeFile(folder / kMarkerFile, MarkerText());
 }
 
 // What Oravin leaves behind in an installation that it worked on.

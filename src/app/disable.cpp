@@ -17,7 +17,7 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* question =
+constexpr const char* disableQuestion =
     "This will restore all files back to their previous state.\n"
     "This will also remove all StarLancer fighters from the\n"
     "StarLancer\\Ships\\ folder.\n"
@@ -80,7 +80,7 @@ bool ForgetCatalogue(Main& main) {
 
 void cmdDisable_Click(Main& main) {
   Installation& installation = main.installation;
-  if (!AskYesNo(main.host, question)) return;
+  if (!AskYesNo(main.host, disableQuestion)) return;
   CloseOpenFiles(main);
   if (!ReadyToWrite(main.host, PlanDisable(installation))) return;
 

@@ -20,7 +20,7 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* question =
+constexpr const char* enableQuestion =
     "Enabling these features will require about 6 MB of storage space\n"
     "and will make reversable modifications to key StarLancer files.\n"
     "StarLancer must not be open and it may take up to 20 seconds\n"
@@ -138,7 +138,7 @@ bool KeepBackups(Main& main, const Preparation& preparation) {
 }  // namespace
 
 void cmdEnable_Click(Main& main) {
-  if (!AskYesNo(main.host, question)) return;
+  if (!AskYesNo(main.host, enableQuestion)) return;
   CloseOpenFiles(main);
   Preparation preparation;
   if (!Prepare(main, preparation)) return;

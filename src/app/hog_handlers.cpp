@@ -11,22 +11,22 @@ namespace oravin {
 
 namespace {
 
-using OnTab = void (*)(HogTab&);
-using OnHostAndTab = void (*)(Host&, HogTab&);
+using OnHogTab = void (*)(HogTab&);
+using OnHostAndHogTab = void (*)(Host&, HogTab&);
 
-template <OnTab action>
-void Do(Main& main) {
+template <OnHogTab action>
+void DoInHog(Main& main) {
   action(main.hog);
 }
 
-template <OnHostAndTab action>
-void Do(Main& main) {
+template <OnHostAndHogTab action>
+void DoInHog(Main& main) {
   action(main.host, main.hog);
 }
 
 /// After what changes the selection, its view is brought up to date too.
-template <OnTab action>
-void DoAndLook(Main& main) {
+template <OnHogTab action>
+void DoAndLookInHog(Main& main) {
   action(main.hog);
   hogList_ItemClick(main.host, main.hog);
 }
@@ -45,29 +45,29 @@ void Paste(Main& main) {
 
 void Cancel(Main& main) { cmdCancel_Click(main.FAT_Editor); }
 
-constexpr std::array<Handler, 20> handlers = {{{"hog.cmdBrowseHogPath", Do<cmdBrowseHogPath_Click>, false},
-                                               {"hog.cmdBrowseHogDest", Do<cmdBrowseHogDest_Click>, false},
-                                               {"hog.cmdOpen", Do<cmdOpen_Click>, false},
-                                               {"hog.cmdCloseHog", Do<cmdCloseHog_Click>, false},
-                                               {"hog.cmdExtract", Do<cmdExtract_Click>, false},
-                                               {"hog.cmdUnpackExtract", Do<cmdUnpackExtract_Click>, false},
-                                               {"hog.cmdSelectAll", DoAndLook<cmdSelectAll_Click>, false},
-                                               {"hog.cmdSelectNone", DoAndLook<cmdSelectNone_Click>, false},
-                                               {"hog.cmdBackupFAT", Do<cmdBackupFAT_Click>, true},
-                                               {"hog.cmdRestoreFAT", Do<cmdRestoreFAT_Click>, true},
-                                               {"hog.hogList.ColumnClick", Do<hogList_ColumnClick>, false},
-                                               {"hog.hogList.ItemClick", Do<hogList_ItemClick>, false},
-                                               {"hog.hogList.DblClick", EditSelected, false},
-                                               {"hog.txtFilter.Change", DoAndLook<DisplayHog>, false},
-                                               {"hog.cmdFirstBytes", Do<cmdFirstBytes_Click>, false},
-                                               {"hog.pldHogCopy", Do<pldHogCopy_Click>, false},
-                                               {"hog.pldHogPaste", Paste, true},
-                                               {"hog.pldHogProperties", EditSelected, false},
-                                               {"FAT_Editor.cmdSave", Save, true},
-                                               {"FAT_Editor.cmdCancel", Cancel, false}}};
+constexpr std::array<Handler, 20> hogHandlers = {{{"hog.cmdBrowseHogPath", DoInHog<cmdBrowseHogPath_Click>, false},
+                                                  {"hog.cmdBrowseHogDest", DoInHog<cmdBrowseHogDest_Click>, false},
+                                                  {"hog.cmdOpen", DoInHog<cmdOpen_Click>, false},
+                                                  {"hog.cmdCloseHog", DoInHog<cmdCloseHog_Click>, false},
+                                                  {"hog.cmdExtract", DoInHog<cmdExtract_Click>, false},
+                                                  {"hog.cmdUnpackExtract", DoInHog<cmdUnpackExtract_Click>, false},
+                                                  {"hog.cmdSelectAll", DoAndLookInHog<cmdSelectAll_Click>, false},
+                                                  {"hog.cmdSelectNone", DoAndLookInHog<cmdSelectNone_Click>, false},
+                                                  {"hog.cmdBackupFAT", DoInHog<cmdBackupFAT_Click>, true},
+                                                  {"hog.cmdRestoreFAT", DoInHog<cmdRestoreFAT_Click>, true},
+                                                  {"hog.hogList.ColumnClick", DoInHog<hogList_ColumnClick>, false},
+                                                  {"hog.hogList.ItemClick", DoInHog<hogList_ItemClick>, false},
+                                                  {"hog.hogList.DblClick", EditSelected, false},
+                                                  {"hog.txtFilter.Change", DoAndLookInHog<DisplayHog>, false},
+                                                  {"hog.cmdFirstBytes", DoInHog<cmdFirstBytes_Click>, false},
+                                                  {"hog.pldHogCopy", DoInHog<pldHogCopy_Click>, false},
+                                                  {"hog.pldHogPaste", Paste, true},
+                                                  {"hog.pldHogProperties", EditSelected, false},
+                                                  {"FAT_Editor.cmdSave", Save, true},
+                                                  {"FAT_Editor.cmdCancel", Cancel, false}}};
 
 }  // namespace
 
-std::span<const Handler> HogHandlers() { return handlers; }
+std::span<const Handler> HogHandlers() { return hogHandlers; }
 
 }  // namespace oravin

@@ -16,16 +16,16 @@ namespace {
 constexpr const char* shipFilter =
     "SL SHP file (*.shp) or SL SHP Pack (*.pak)|*.shp;*.pak|SL Ship Pack (*.pak)|*.pak|All Files *.*|*.*";
 
-using OnForm = void (*)(Host&, FighterPack&, const Installation&);
-using OnFormAlone = void (*)(FighterPack&, const Installation&);
+using OnPackForm = void (*)(Host&, FighterPack&, const Installation&);
+using OnPackFormAlone = void (*)(FighterPack&, const Installation&);
 
-template <OnForm action>
-void Do(Main& main) {
+template <OnPackForm action>
+void DoInPack(Main& main) {
   action(main.host, main.Fighter_PACK, main.installation);
 }
 
-template <OnFormAlone action>
-void Do(Main& main) {
+template <OnPackFormAlone action>
+void DoInPack(Main& main) {
   action(main.Fighter_PACK, main.installation);
 }
 
@@ -42,7 +42,7 @@ void ImportTyped(Main& main) { ImportFile(main, main.imports.txtImportFighter.te
 
 void SelectImported(Main& main) { lstImported_ItemClick(main.imports); }
 
-void Rename(Main& main) {
+void RenameImported(Main& main) {
   if (lstImported_AfterLabelEdit(main.host, main.imports, main.installation)) RefillShipLists(main);
 }
 
@@ -75,29 +75,29 @@ void ConverterReadme(Main& main) { cmd3d2SLReadme_Click(main.installation); }
 
 void CancelImport(Main& main) { cmdImportCancel_Click(main.Fighter_PACK); }
 
-constexpr std::array<Handler, 19> handlers = {
+constexpr std::array<Handler, 19> importHandlers = {
     {{"imports.cmdImportFighterBrowse", Browse, false},
      {"imports.txtImportFighter.Enter", ImportTyped, false},
      {"imports.lstImported.ItemClick", SelectImported, false},
-     {"imports.lstImported.AfterLabelEdit", Rename, true},
+     {"imports.lstImported.AfterLabelEdit", RenameImported, true},
      {"imports.lstImported.DblClick", ViewImported, false},
      {"imports.cmdRemoveShips", Remove, true},
      {"imports.cmdRemoveAll", RemoveAll, true},
      {"convert.cmd3DSourceBrowse", BrowseMesh, false},
      {"convert.cmdConvert3dsToSL", Convert, false},
      {"convert.cmd3d2SLReadme", ConverterReadme, false},
-     {"Fighter_PACK.lstPack.AfterLabelEdit", Do<lstPack_AfterLabelEdit>, false},
-     {"Fighter_PACK.lstPack.ItemClick", Do<lstPack_ItemClick>, false},
-     {"Fighter_PACK.lstPack.ItemCheck", Do<lstPack_ItemCheck>, false},
-     {"Fighter_PACK.lstTextures.ItemClick", Do<lstTextures_ItemClick>, false},
-     {"Fighter_PACK.cmdFindBitmap", Do<cmdFindBitmap_Click>, false},
-     {"Fighter_PACK.cmdCheckAll", Do<cmdCheckAll_Click>, false},
-     {"Fighter_PACK.cmdCheckNone", Do<cmdCheckNone_Click>, false},
+     {"Fighter_PACK.lstPack.AfterLabelEdit", DoInPack<lstPack_AfterLabelEdit>, false},
+     {"Fighter_PACK.lstPack.ItemClick", DoInPack<lstPack_ItemClick>, false},
+     {"Fighter_PACK.lstPack.ItemCheck", DoInPack<lstPack_ItemCheck>, false},
+     {"Fighter_PACK.lstTextures.ItemClick", DoInPack<lstTextures_ItemClick>, false},
+     {"Fighter_PACK.cmdFindBitmap", DoInPack<cmdFindBitmap_Click>, false},
+     {"Fighter_PACK.cmdCheckAll", DoInPack<cmdCheckAll_Click>, false},
+     {"Fighter_PACK.cmdCheckNone", DoInPack<cmdCheckNone_Click>, false},
      {"Fighter_PACK.cmdImportShips", Import, true},
      {"Fighter_PACK.cmdImportCancel", CancelImport, false}}};
 
 }  // namespace
 
-std::span<const Handler> ImportHandlers() { return handlers; }
+std::span<const Handler> ImportHandlers() { return importHandlers; }
 
 }  // namespace oravin

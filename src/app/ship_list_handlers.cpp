@@ -6,31 +6,32 @@ namespace oravin {
 
 namespace {
 
-using OnForm = void (*)(ShipListForm&);
-using OnHostAndForm = void (*)(Host&, ShipListForm&);
+using OnShipListForm = void (*)(ShipListForm&);
+using OnHostAndShipListForm = void (*)(Host&, ShipListForm&);
 
-template <OnForm action>
-void Do(Main& main) {
+template <OnShipListForm action>
+void DoInShipList(Main& main) {
   action(main.ShipList);
 }
 
-template <OnHostAndForm action>
-void Do(Main& main) {
+template <OnHostAndShipListForm action>
+void DoInShipList(Main& main) {
   action(main.host, main.ShipList);
 }
 
 // The list is written into a folder that is no installation yet, or to a file of the person's choice: a copy that only
 // looks may do that.
-constexpr std::array<Handler, 7> handlers = {{{"ShipList.lstShips.ItemClick", Do<lstShips_ItemClick>, false},
-                                              {"ShipList.cmdApply", Do<cmdApply_Click>, false},
-                                              {"ShipList.cmdRemoveLine", Do<cmdRemoveLine_Click>, false},
-                                              {"ShipList.cmdMoveUp", Do<cmdMoveUp_Click>, false},
-                                              {"ShipList.cmdMoveDown", Do<cmdMoveDown_Click>, false},
-                                              {"ShipList.cmdSave", Do<cmdSave_Click>, false},
-                                              {"ShipList.cmdCancel", Do<cmdCancel_Click>, false}}};
+constexpr std::array<Handler, 7> shipListHandlers = {
+    {{"ShipList.lstShips.ItemClick", DoInShipList<lstShips_ItemClick>, false},
+     {"ShipList.cmdApply", DoInShipList<cmdApply_Click>, false},
+     {"ShipList.cmdRemoveLine", DoInShipList<cmdRemoveLine_Click>, false},
+     {"ShipList.cmdMoveUp", DoInShipList<cmdMoveUp_Click>, false},
+     {"ShipList.cmdMoveDown", DoInShipList<cmdMoveDown_Click>, false},
+     {"ShipList.cmdSave", DoInShipList<cmdSave_Click>, false},
+     {"ShipList.cmdCancel", DoInShipList<cmdCancel_Click>, false}}};
 
 }  // namespace
 
-std::span<const Handler> ShipListHandlers() { return handlers; }
+std::span<const Handler> ShipListHandlers() { return shipListHandlers; }
 
 }  // namespace oravin

@@ -30,7 +30,7 @@ void RestoreWeaponsOfSelected(Main& main) {
   cmdRestoreWeapons_Click(main.host, main.stats, main.installation, unpack);
 }
 
-constexpr std::array<Handler, 13> handlers = {
+constexpr std::array<Handler, 13> statsHandlers = {
     {{"stats.shipEditingList.ItemClick", Do<shipEditingList_ItemClick>, false},
      {"stats.shipWeaponsList.ItemClick", MarkWeapon, false},
      {"stats.shipStatsList.AfterLabelEdit", Do<shipStatsList_AfterLabelEdit>, true},
@@ -47,6 +47,6 @@ constexpr std::array<Handler, 13> handlers = {
 
 }  // namespace
 
-std::span<const Handler> StatsHandlers() { return handlers; }
+std::span<const Handler> StatsHandlers() { return statsHandlers; }
 
 }  // namespace oravin

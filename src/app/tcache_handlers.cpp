@@ -8,35 +8,35 @@ namespace oravin {
 
 namespace {
 
-using OnTab = void (*)(TcacheTab&);
-using OnHostAndTab = void (*)(Host&, TcacheTab&);
+using OnTcacheTab = void (*)(TcacheTab&);
+using OnHostAndTcacheTab = void (*)(Host&, TcacheTab&);
 using OnInstallation = void (*)(Host&, TcacheTab&, const Installation&);
 
-template <OnTab action>
-void Do(Main& main) {
+template <OnTcacheTab action>
+void DoInTcache(Main& main) {
   action(main.tcache);
 }
 
-template <OnHostAndTab action>
-void Do(Main& main) {
+template <OnHostAndTcacheTab action>
+void DoInTcache(Main& main) {
   action(main.host, main.tcache);
 }
 
 template <OnInstallation action>
-void Do(Main& main) {
+void DoInTcache(Main& main) {
   action(main.host, main.tcache, main.installation);
 }
 
 /// After what changes the selection, the preview is brought up to date too.
-template <OnTab action>
-void DoAndLook(Main& main) {
+template <OnTcacheTab action>
+void DoAndLookInTcache(Main& main) {
   action(main.tcache);
   lstTcache_ItemClick(main.host, main.tcache, main.installation);
 }
 
 void Sort(Main& main) { lstTcache_ColumnClick(main.tcache, static_cast<int>(main.tcache.lstTcache.clickedColumn)); }
 
-void Rename(Main& main) {
+void RenameTexture(Main& main) {
   const LabelEdit& edited = main.tcache.lstTcache.edited;
   lstTcache_AfterLabelEdit(main.host, main.tcache, main.installation, edited.row, edited.text);
 }
@@ -47,7 +47,7 @@ void Restore(Main& main) {
   CheckTcacheOnDisk(main.host, main.tcache);
 }
 
-void Exit(Main&) { throw ProgramEnd(); }
+void ExitFromTcache(Main&) { throw ProgramEnd(); }
 
 void BrowseBitmap(Main& main) { cmdImportTextureBrowse_Click(main.host, main.imports.texture); }
 
@@ -59,30 +59,30 @@ void ImportOne(Main& main) {
 
 void LookAtBitmap(Main& main) { txtImportTexturePath_LostFocus(main.imports.texture); }
 
-constexpr std::array<Handler, 20> handlers = {
-    {{"tcache.cmdBrowseTcacheSource", Do<cmdBrowseTcacheSource_Click>, false},
-     {"tcache.cmdBrowseTcacheDestination", Do<cmdBrowseTcacheDestination_Click>, false},
-     {"tcache.cmdOpenTcache", Do<cmdOpenTcache_Click>, false},
-     {"tcache.cmdCloseTcache", Do<cmdCloseTcache_Click>, false},
-     {"tcache.cmdReopenTcache", Do<cmdReopenTcache_Click>, false},
-     {"tcache.Activate", Do<CheckTcacheOnDisk>, false},
-     {"tcache.cmdSelectAllTcache", DoAndLook<cmdSelectAllTcache_Click>, false},
-     {"tcache.cmdSelectNoneTcache", DoAndLook<cmdSelectNoneTcache_Click>, false},
-     {"tcache.cmdExtractTcache", Do<cmdExtractTcache_Click>, false},
+constexpr std::array<Handler, 20> tcacheHandlers = {
+    {{"tcache.cmdBrowseTcacheSource", DoInTcache<cmdBrowseTcacheSource_Click>, false},
+     {"tcache.cmdBrowseTcacheDestination", DoInTcache<cmdBrowseTcacheDestination_Click>, false},
+     {"tcache.cmdOpenTcache", DoInTcache<cmdOpenTcache_Click>, false},
+     {"tcache.cmdCloseTcache", DoInTcache<cmdCloseTcache_Click>, false},
+     {"tcache.cmdReopenTcache", DoInTcache<cmdReopenTcache_Click>, false},
+     {"tcache.Activate", DoInTcache<CheckTcacheOnDisk>, false},
+     {"tcache.cmdSelectAllTcache", DoAndLookInTcache<cmdSelectAllTcache_Click>, false},
+     {"tcache.cmdSelectNoneTcache", DoAndLookInTcache<cmdSelectNoneTcache_Click>, false},
+     {"tcache.cmdExtractTcache", DoInTcache<cmdExtractTcache_Click>, false},
      {"tcache.lstTcache.ColumnClick", Sort, false},
-     {"tcache.lstTcache.ItemClick", Do<lstTcache_ItemClick>, false},
-     {"tcache.lstTcache.AfterLabelEdit", Rename, true},
-     {"tcache.lstTcache.DblClick", Do<lstTcache_DblClick>, false},
-     {"tcache.preview.cmdLargerImage", Do<cmdLargerImage_Click>, false},
-     {"tcache.preview.cmdSmallerImage", Do<cmdSmallerImage_Click>, false},
+     {"tcache.lstTcache.ItemClick", DoInTcache<lstTcache_ItemClick>, false},
+     {"tcache.lstTcache.AfterLabelEdit", RenameTexture, true},
+     {"tcache.lstTcache.DblClick", DoInTcache<lstTcache_DblClick>, false},
+     {"tcache.preview.cmdLargerImage", DoInTcache<cmdLargerImage_Click>, false},
+     {"tcache.preview.cmdSmallerImage", DoInTcache<cmdSmallerImage_Click>, false},
      {"tcache.cmdRestoreTCACHE", Restore, true},
-     {"tcache.cmdExit", Exit, false},
+     {"tcache.cmdExit", ExitFromTcache, false},
      {"imports.cmdImportTextureBrowse", BrowseBitmap, false},
      {"imports.txtImportTexturePath.LostFocus", LookAtBitmap, false},
      {"imports.cmdImportTexture", ImportOne, true}}};
 
 }  // namespace
 
-std::span<const Handler> TcacheHandlers() { return handlers; }
+std::span<const Handler> TcacheHandlers() { return tcacheHandlers; }
 
 }  // namespace oravin

@@ -20,4 +20,9 @@ struct Installation {
   Ships ships;              ///< the catalogue as it is loaded; empty while the features are not enabled
 };
 
+/// Where a ship's loose model lies.
+inline std::string ModelPath(const Installation& installation, const ShipRecord& ship) {
+  return installation.GamePath + "ships\\" + ModelOf(ship);
+}
+
 }  // namespace oravin

@@ -32,7 +32,7 @@ bool OpenHogForChanges(Session& session, const std::string& file) {
 bool IsPattern(const std::string& name) { return name.find_first_of("*?") != std::string::npos; }
 
 /// Selects the entries of some names; says which name stands for none.
-void SelectNamed(Session& session, const std::vector<std::string>& names) {
+void SelectEntries(Session& session, const std::vector<std::string>& names) {
   HogTab& tab = session.main.hog;
   const HogNames known = NamesOf(tab.archive.entries);
   std::vector<ListRow>& rows = tab.hogList.rows;  // in table order, since the archive was only just opened
@@ -61,7 +61,7 @@ std::optional<Result> ExtractBy(Session& session, const Values& values, const ch
   if (values.several.empty()) {
     Run(main, "hog.cmdSelectAll");
   } else {
-    SelectNamed(session, values.several);
+    SelectEntries(session, values.several);
     if (!SelectedRow(main.hog.hogList)) return std::nullopt;
   }
   platform::WatchInterrupts();

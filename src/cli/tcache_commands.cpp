@@ -46,7 +46,7 @@ std::string TextOf(const TcacheTable& table) {
 }
 
 /// Selects the textures of some names, which may be patterns; says which name stands for none.
-void SelectNamed(Session& session, const std::vector<std::string>& names) {
+void SelectTextures(Session& session, const std::vector<std::string>& names) {
   TcacheTab& tab = session.main.tcache;
   for (const std::string& name : names) {
     bool found = false;
@@ -143,7 +143,7 @@ std::optional<Result> ExtractTcache(Session& session, const Values& values) {
   if (values.several.empty()) {
     Run(session.main, "tcache.cmdSelectAllTcache");
   } else {
-    SelectNamed(session, values.several);
+    SelectTextures(session, values.several);
     if (!SelectedRow(tab.lstTcache)) return std::nullopt;
   }
   std::size_t selected = 0;

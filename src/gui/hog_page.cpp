@@ -16,7 +16,7 @@ namespace {
 constexpr int linesOfFirstBytes = 6;
 
 /// What the page consists of.
-struct Parts {
+struct HogParts {
   wxWindow* page = nullptr;
   wxStaticText* lblHogPath = nullptr;
   wxTextCtrl* txtHogPath = nullptr;
@@ -53,10 +53,10 @@ wxTextCtrl* NewFirstBytes(wxWindow* page, Mirror& mirror, TextBox& record) {
 }
 
 /// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
-Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
+HogParts NewHogParts(wxWindow* parent, const Surroundings& surroundings) {
   HogTab& tab = surroundings.main.hog;
   Mirror& mirror = surroundings.mirror;
-  Parts parts;
+  HogParts parts;
   parts.page = new wxPanel(parent);
   wxWindow* page = parts.page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
@@ -90,7 +90,7 @@ Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
 }
 
 /// The three lines above the list: names, fields and buttons stand below each other.
-wxSizer* NewTopLines(const Parts& parts) {
+wxSizer* NewTopLines(const HogParts& parts) {
   wxWindow* page = parts.page;
   auto* filter = FieldOf(parts.txtFilter);
   filter->Add(parts.cmdSelectAll, wxSizerFlags().CentreVertical().Border(wxLEFT, page->FromDIP(gap)));
@@ -104,7 +104,7 @@ wxSizer* NewTopLines(const Parts& parts) {
   return NewFieldLines(page, lines);
 }
 
-void LayOut(const Parts& parts) {
+void LayOut(const HogParts& parts) {
   wxWindow* page = parts.page;
   const int space = page->FromDIP(gap);
   auto* totals = new wxBoxSizer(wxHORIZONTAL);
@@ -164,7 +164,7 @@ void BindList(ListWindow& list, HogTab& tab, const Action& press) {
   });
 }
 
-void BindTexts(const Parts& parts, const Action& press) {
+void BindTexts(const HogParts& parts, const Action& press) {
   parts.txtHogPath->Bind(wxEVT_TEXT_ENTER, [press](wxCommandEvent&) { press("hog.cmdOpen"); });
   // What the record itself changes makes no such event.
   parts.txtFilter->Bind(wxEVT_TEXT, [press](wxCommandEvent&) { press("hog.txtFilter.Change"); });
@@ -178,7 +178,7 @@ void BindTexts(const Parts& parts, const Action& press) {
 }
 
 /// Opens what is dropped here, unless it is something to import.
-void AcceptDrops(const Parts& parts, const Surroundings& surroundings) {
+void AcceptDrops(const HogParts& parts, const Surroundings& surroundings) {
   const auto any = [](const std::string&) { return true; };
   const auto dropped = [text = parts.txtHogPath, surroundings](const std::string& path) {
     if (IsShipFile(path)) return surroundings.importFile(path);
@@ -191,7 +191,7 @@ void AcceptDrops(const Parts& parts, const Surroundings& surroundings) {
 }  // namespace
 
 wxWindow* NewHogPage(wxWindow* parent, const Surroundings& surroundings) {
-  const Parts parts = NewParts(parent, surroundings);
+  const HogParts parts = NewHogParts(parent, surroundings);
   parts.hogList->SetShares({0.55, 0.16, 0.16, 0.13});
   LayOut(parts);
   BindList(*parts.hogList, surroundings.main.hog, surroundings.press);

@@ -28,7 +28,7 @@ ListWindow* NewLines(wxWindow* edge, const Surroundings& surroundings) {
 }
 
 /// The fields of the selected line, in two lines of three; Enter takes them into it.
-wxSizer* NewFields(wxWindow* panel, const Surroundings& surroundings) {
+wxSizer* NewLineFields(wxWindow* panel, const Surroundings& surroundings) {
   ShipListForm& record = surroundings.main.ShipList;
   struct Field {
     const char* name;
@@ -91,7 +91,7 @@ void ShowShipList(Window& window, Main& main) {
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(purpose, wxSizerFlags().Expand());
   whole->Add(edge, wxSizerFlags(1).Expand().Border(wxTOP | wxBOTTOM, space));
-  whole->Add(NewFields(content, surroundings), wxSizerFlags().Expand());
+  whole->Add(NewLineFields(content, surroundings), wxSizerFlags().Expand());
   whole->Add(NewLineButtons(content, surroundings), wxSizerFlags().Expand().Border(wxTOP, space));
   content->SetSizer(whole);
   LayOutForm(form, surroundings, content, {"ShipList.cmdSave", record.cmdSave},

@@ -20,7 +20,7 @@ constexpr int smallestWidth = 130;
 constexpr int axisMargin = 12;  ///< left and right of the axes, so that a mark at an end is whole
 constexpr int barHeight = 8;
 constexpr int markSide = 5;  ///< from the middle of the compared ship's mark to its corners
-constexpr int space = 6;
+constexpr int chartSpace = 6;
 constexpr const char* howToCompare = "Copy Stats marks a ship to compare with.";
 
 void FillRectangle(wxDC& dc, const wxColour& colour, const wxRect& rectangle) {
@@ -116,7 +116,7 @@ void StatsChartPane::Paint() {
   if (const std::string words = Words(); !words.empty()) {
     dc.SetTextForeground(FadedText());
     wxString lines = ToScreen(words);
-    if (dc.GetTextExtent(lines).GetWidth() > rows.width - 2 * FromDIP(space)) {
+    if (dc.GetTextExtent(lines).GetWidth() > rows.width - 2 * FromDIP(chartSpace)) {
       lines.Replace(" to ", "\nto ", false);
       lines.Replace(" cannot ", "\ncannot ", false);
     }
@@ -135,7 +135,7 @@ void StatsChartPane::Paint() {
 void StatsChartPane::PaintHeading(wxDC& dc, const wxRect& heading) {
   if (heading.height <= 0) return;
   wxRendererNative::Get().DrawHeaderButton(this, dc, heading);
-  const wxRect room = wxRect(heading).Deflate(FromDIP(space), 0);
+  const wxRect room = wxRect(heading).Deflate(FromDIP(chartSpace), 0);
   for (const char* text : {"All ships: smallest, middle, largest", "Smallest, middle, largest", "All ships:"}) {
     if (dc.GetTextExtent(text).GetWidth() > room.width) continue;
     dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
@@ -204,7 +204,7 @@ void StatsChartLegend::Paint() {
   const int unit = Unit(*this);
   const bool hint = chart.comparedName.empty() && !record_.remembered;
   const std::string second = hint ? howToCompare : chart.comparedName;
-  const int between = FromDIP(space);
+  const int between = FromDIP(chartSpace);
   const int sample = 3 * barHeight * unit;
   const int half = (room.x - 2 * between) / (hint ? 3 : 2);
   const auto name = [&](const std::string& text, int x, int width) {

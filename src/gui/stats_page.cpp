@@ -15,7 +15,7 @@ constexpr int smallestShips = 150;
 constexpr int smallestWeapons = 220;
 
 /// What the page consists of.
-struct Parts {
+struct StatsParts {
   wxWindow* page = nullptr;
   wxStaticText* lblShips = nullptr;
   wxWindow* shipsEdge = nullptr;
@@ -72,7 +72,7 @@ void ReflectPane(Mirror& mirror, const std::string& name, Pane* pane) {
   });
 }
 
-void AddStats(Parts& parts, const Surroundings& surroundings) {
+void AddStats(StatsParts& parts, const Surroundings& surroundings) {
   StatsTab& tab = surroundings.main.stats;
   Mirror& mirror = surroundings.mirror;
   parts.legend = new StatsChartLegend(parts.page, tab);
@@ -84,7 +84,7 @@ void AddStats(Parts& parts, const Surroundings& surroundings) {
   ReflectPane(mirror, "stats.chart", parts.chart);
 }
 
-void AddWeapons(Parts& parts, const Surroundings& surroundings) {
+void AddWeapons(StatsParts& parts, const Surroundings& surroundings) {
   StatsTab& tab = surroundings.main.stats;
   Mirror& mirror = surroundings.mirror;
   wxWindow* page = parts.page;
@@ -101,10 +101,10 @@ void AddWeapons(Parts& parts, const Surroundings& surroundings) {
 }
 
 /// Makes the controls, in the order in which the Tab key walks them.
-Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
+StatsParts NewStatsParts(wxWindow* parent, const Surroundings& surroundings) {
   StatsTab& tab = surroundings.main.stats;
   Mirror& mirror = surroundings.mirror;
-  Parts parts;
+  StatsParts parts;
   parts.page = new wxPanel(parent);
   wxWindow* page = parts.page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
@@ -123,13 +123,13 @@ Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
 }
 
 /// A line below a list, as high as the buttons in the other such lines.
-wxSizer* NewLine(const Parts& parts) {
+wxSizer* NewLine(const StatsParts& parts) {
   auto* line = new wxBoxSizer(wxHORIZONTAL);
   line->SetMinSize({-1, parts.cmdRestoreShipStats->GetBestSize().GetHeight()});
   return line;
 }
 
-wxSizer* LayOutShips(const Parts& parts) {
+wxSizer* LayOutShips(const StatsParts& parts) {
   const int space = parts.page->FromDIP(gap);
   Enframe(parts.shipsEdge, parts.shipEditingList);
   wxSizer* line = NewLine(parts);
@@ -142,7 +142,7 @@ wxSizer* LayOutShips(const Parts& parts) {
 }
 
 /// The list and its chart in one frame, as if the bars were a column.
-wxSizer* LayOutStats(const Parts& parts) {
+wxSizer* LayOutStats(const StatsParts& parts) {
   wxWindow* page = parts.page;
   const int space = page->FromDIP(gap);
   const int line = parts.statsEdge->FromDIP(1);
@@ -163,7 +163,7 @@ wxSizer* LayOutStats(const Parts& parts) {
   return whole;
 }
 
-wxSizer* LayOutWeapons(const Parts& parts) {
+wxSizer* LayOutWeapons(const StatsParts& parts) {
   wxWindow* page = parts.page;
   const int space = page->FromDIP(gap);
   Enframe(parts.weaponsEdge, parts.shipWeaponsList);
@@ -182,7 +182,7 @@ wxSizer* LayOutWeapons(const Parts& parts) {
   return whole;
 }
 
-void LayOut(const Parts& parts) {
+void LayOut(const StatsParts& parts) {
   wxWindow* page = parts.page;
   const int margin = page->FromDIP(pageMargin);
   auto* content = new wxBoxSizer(wxHORIZONTAL);
@@ -192,7 +192,7 @@ void LayOut(const Parts& parts) {
   LayOutPage(page, content, new wxBoxSizer(wxHORIZONTAL), parts.cmdEnable2, parts.CmdDisable2);
 }
 
-void BindLists(const Parts& parts, StatsTab& tab, const Action& press) {
+void BindLists(const StatsParts& parts, StatsTab& tab, const Action& press) {
   parts.shipEditingList->selectionChanged = [press] { press("stats.shipEditingList.ItemClick"); };
   ListWindow& stats = *parts.shipStatsList;
   OnLabelEdited(stats, tab.shipStatsList, [press] { press("stats.shipStatsList.AfterLabelEdit"); });
@@ -214,7 +214,7 @@ void BindLists(const Parts& parts, StatsTab& tab, const Action& press) {
 }  // namespace
 
 wxWindow* NewStatsPage(wxWindow* parent, const Surroundings& surroundings) {
-  const Parts parts = NewParts(parent, surroundings);
+  const StatsParts parts = NewStatsParts(parent, surroundings);
   LayOut(parts);
   BindLists(parts, surroundings.main.stats, surroundings.press);
   return parts.page;

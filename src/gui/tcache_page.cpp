@@ -16,7 +16,7 @@ constexpr unsigned long statusGround = 0xB8EAFF;  // blue, green, red
 constexpr unsigned long statusText = 0x103040;
 
 /// What the page consists of.
-struct Parts {
+struct TcacheParts {
   wxWindow* page = nullptr;
   wxStaticText* cacheLabel = nullptr;
   wxTextCtrl* txtTcacheSource = nullptr;
@@ -55,7 +55,7 @@ ThumbnailList* NewThumbnails(wxWindow* edge, Main& main) {
 }
 
 /// The list in its two forms, of which one is in sight.
-void AddLists(Parts& parts, const Surroundings& surroundings) {
+void AddLists(TcacheParts& parts, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   parts.edge = NewEdge(parts.page);
   parts.lstTcache = new ListWindow(parts.edge, tab.lstTcache, {});
@@ -93,10 +93,10 @@ wxWindow* NewStatus(wxWindow* page, const Surroundings& surroundings) {
 }
 
 /// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
-Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
+TcacheParts NewTcacheParts(wxWindow* parent, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   Mirror& mirror = surroundings.mirror;
-  Parts parts;
+  TcacheParts parts;
   parts.page = new wxPanel(parent);
   wxWindow* page = parts.page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
@@ -124,7 +124,7 @@ Parts NewParts(wxWindow* parent, const Surroundings& surroundings) {
 }
 
 /// The lines above the list.
-void AddTopLines(wxSizer* whole, const Parts& parts) {
+void AddTopLines(wxSizer* whole, const TcacheParts& parts) {
   const int space = parts.page->FromDIP(gap);
   EqualWidths({parts.cmdBrowseTcacheSource, parts.cmdOpenTcache, parts.cmdCloseTcache, parts.cmdBrowseTcacheDestination,
                parts.cmdExtractTcache, parts.cmdSelectAllTcache, parts.cmdSelectNoneTcache, parts.cmdRestoreTCACHE,
@@ -146,7 +146,7 @@ void AddTopLines(wxSizer* whole, const Parts& parts) {
   whole->Add(line, wxSizerFlags().Expand().Border(wxTOP, space));
 }
 
-void LayOut(const Parts& parts) {
+void LayOut(const TcacheParts& parts) {
   wxWindow* page = parts.page;
   const int space = page->FromDIP(gap);
   const int margin = page->FromDIP(pageMargin);
@@ -169,7 +169,7 @@ void LayOut(const Parts& parts) {
 }
 
 /// Both forms of the list take the same keys and tell the same.
-void BindLists(const Parts& parts, TcacheTab& tab, const Action& press) {
+void BindLists(const TcacheParts& parts, TcacheTab& tab, const Action& press) {
   ListWindow& list = *parts.lstTcache;
   ThumbnailList& thumbnails = *parts.thumbnails;
   OnHeadingClick(list, tab.lstTcache, [press] { press("tcache.lstTcache.ColumnClick"); });
@@ -192,7 +192,7 @@ void BindLists(const Parts& parts, TcacheTab& tab, const Action& press) {
 }
 
 /// Shows the form of the list that the check box says.
-void ShowForm(const Parts& parts, bool pictures) {
+void ShowForm(const TcacheParts& parts, bool pictures) {
   parts.thumbnails->ShowRecord();
   parts.lstTcache->Show(!pictures);
   parts.thumbnails->Show(pictures);
@@ -218,7 +218,7 @@ void BindArrival(wxWindow* page, const Action& press) {
 
 wxWindow* NewTcachePage(wxWindow* parent, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
-  const Parts parts = NewParts(parent, surroundings);
+  const TcacheParts parts = NewTcacheParts(parent, surroundings);
   LayOut(parts);
   BindLists(parts, tab, surroundings.press);
   parts.chkThumbnails->Bind(wxEVT_CHECKBOX, [parts](wxCommandEvent& event) {

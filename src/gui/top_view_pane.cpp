@@ -17,7 +17,7 @@ constexpr int smallestSide = 140;
 constexpr int pointRadius = 4;
 constexpr int selectedRadius = 6;
 constexpr int margin = 10;
-constexpr int space = 4;
+constexpr int keySpace = 4;
 
 void DrawPoint(wxDC& dc, const wxPoint& middle, int radius, bool missile) {
   if (!missile) return dc.DrawCircle(middle, radius);
@@ -67,7 +67,7 @@ std::string TopViewPane::Words() const {
 wxSize TopViewPane::DoGetBestSize() const { return FromDIP(wxSize(smallestSide, smallestSide)); }
 
 wxRect TopViewPane::PointRectangle(const TopViewPoint& point) const {
-  const int key = GetCharHeight() + 2 * space * Unit(*this);
+  const int key = GetCharHeight() + 2 * keySpace * Unit(*this);
   const wxRect room = wxRect(0, 0, GetClientSize().x, GetClientSize().y - key).Deflate(margin * Unit(*this));
   const int side = std::max(1, std::min(room.width, room.height));
   const wxPoint corner(room.x + (room.width - side) / 2, room.y + (room.height - side) / 2);
@@ -129,7 +129,7 @@ void TopViewPane::PaintPoint(wxDC& dc, const TopViewPoint& point) const {
 void TopViewPane::PaintKey(wxDC& dc) const {
   const wxSize room = GetClientSize();
   const int lineHeight = GetCharHeight();
-  const int between = space * Unit(*this);
+  const int between = keySpace * Unit(*this);
   const int bottom = room.y - lineHeight - 2 * between;
   const int middle = room.x / 2;
   const int arrow = pointRadius * Unit(*this);

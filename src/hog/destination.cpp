@@ -12,7 +12,7 @@ namespace {
 /// by the next one.
 const std::string nameBeside = std::string("extracting") + besideSuffix;
 
-Destination::Folder Listed(const std::string& path) {
+Destination::Folder ListedFolder(const std::string& path) {
   Destination::Folder folder;
   folder.path = path;
   const auto items = platform::ListNative(path);
@@ -37,7 +37,7 @@ Destination::Folder& Enter(Files& files, Destination& destination, const std::st
   if (known != destination.folders.end()) return known->second;
   const Destination::Item* item = Find(above, name);
   const std::string path = above.path + (item != nullptr ? item->spelling : name) + "\\";
-  if (item != nullptr) return destination.folders[key] = Listed(path);
+  if (item != nullptr) return destination.folders[key] = ListedFolder(path);
   MakeFolder(files, path);
   above.items[UpperCase(name)] = {name, true, true};
   Destination::Folder& made = destination.folders[key];
@@ -59,7 +59,7 @@ Destination DestinationAt(const std::string& path, const std::string& spared) {
   Destination destination;
   destination.path = path;
   destination.spared = spared;
-  destination.folders[""] = Listed(path);
+  destination.folders[""] = ListedFolder(path);
   return destination;
 }
 
@@ -78,7 +78,7 @@ std::string WhyNotExtracted(const Destination& destination, const EntryPath& ent
     if (known != destination.folders.end()) {
       folder = &known->second;
     } else {
-      unseen = Listed(folder->path + item->spelling + "\\");
+      unseen = ListedFolder(folder->path + item->spelling + "\\");
       folder = &unseen;
     }
   }

@@ -14,7 +14,7 @@ namespace oravin {
 
 namespace {
 
-constexpr std::size_t blockSize = std::size_t{1} << 20;
+constexpr std::size_t extractBlock = std::size_t{1} << 20;
 
 /// Thrown to leave the file that is being written when the person asks for a stop.
 struct Stopped {};
@@ -45,16 +45,16 @@ void ReadCompressed(Extraction& extraction, const HogEntry& entry) {
   constexpr std::uint64_t header = 5;
   if (entry.Size < header) throw RunTimeError("could not unpack", Presentable(entry.Name), "it is too short");
   const std::uint64_t size = Read24BE(files, std::uint64_t{entry.Offset} + 2, hogHandle);
-  const std::uint64_t longest = size + size / 4 + blockSize;
+  const std::uint64_t longest = size + size / 4 + extractBlock;
   extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(entry.Size, longest)));
   Get(files, hogHandle, entry.Offset, extraction.block);
 }
 
 void PutStored(Extraction& extraction, const HogEntry& entry) {
   Files& files = extraction.host.files;
-  for (std::uint64_t at = 0; at < entry.Size; at += blockSize) {
+  for (std::uint64_t at = 0; at < entry.Size; at += extractBlock) {
     if (at > 0) StopIfAsked(extraction.host);
-    extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, entry.Size - at)));
+    extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(extractBlock, entry.Size - at)));
     Get(files, hogHandle, entry.Offset + at, extraction.block);
     Put(files, extractedHandle, at, extraction.block);
   }

@@ -13,7 +13,7 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr std::size_t blockSize = 1U << 18U;
+constexpr std::size_t backupBlock = 1U << 18U;
 
 /// H, or where it is not believable the end of the table's last entry.
 std::uint64_t BackupLength(Files& files, int hog, const std::vector<HogEntry>& entries) {
@@ -26,8 +26,8 @@ std::uint64_t BackupLength(Files& files, int hog, const std::vector<HogEntry>& e
 template <typename Take>
 bool EachBlock(Files& files, int hog, const HogTable& live, bool repaired, Take&& take) {
   const std::uint64_t length = BackupLength(files, hog, live.entries);
-  for (std::uint64_t at = 0; at < length; at += blockSize) {
-    Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, length - at)));
+  for (std::uint64_t at = 0; at < length; at += backupBlock) {
+    Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(backupBlock, length - at)));
     Get(files, hog, at, block);
     if (at == 0 && repaired) PutBigEndian32(&block.at(hogCountOffset), static_cast<std::uint32_t>(live.entries.size()));
     if (!take(at, block)) return false;

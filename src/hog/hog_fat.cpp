@@ -16,13 +16,13 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr std::size_t blockSize = std::size_t{1} << 20;
+constexpr std::size_t tableBlock = std::size_t{1} << 20;
 
 /// Copies the first bytes of one open file over those of another.
 void CopyStart(Files& files, int from, int to, std::uint64_t size) {
   Bytes block;
   for (std::uint64_t at = 0; at < size; at += block.size()) {
-    block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(blockSize, size - at)));
+    block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(tableBlock, size - at)));
     Get(files, from, at, block);
     Put(files, to, at, block);
   }

@@ -20,7 +20,7 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr std::uint64_t blockSize = 1U << 20U;
+constexpr std::uint64_t unpackBlock = 1U << 20U;
 constexpr const char* archiveName = "resource.hog";
 
 /// The entry's bytes and up to unpackMargin more; zeros stand in for what lies past the archive's end.
@@ -32,8 +32,8 @@ Bytes ReadStored(Files& files, int hog, std::uint32_t size, std::uint32_t offset
 
 void WriteStored(Files& files, int hog, int handle, std::uint32_t size, std::uint32_t offset) {
   const std::uint64_t length = size + storedExcess;
-  for (std::uint64_t at = 0; at < length; at += blockSize) {
-    Bytes block(static_cast<std::size_t>(std::min(blockSize, length - at)));
+  for (std::uint64_t at = 0; at < length; at += unpackBlock) {
+    Bytes block(static_cast<std::size_t>(std::min(unpackBlock, length - at)));
     GetSome(files, hog, offset + at, block);
     Put(files, handle, at, block);
   }

@@ -16,7 +16,7 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr const char* title = "cmdImportShips_Click()";
+constexpr const char* batchTitle = "cmdImportShips_Click()";
 constexpr std::uint64_t longestKept = std::uint64_t{64} << 20;
 constexpr std::uint64_t blockSize = std::uint64_t{1} << 20;
 
@@ -145,7 +145,7 @@ void AddLists(Files& files, const Installation& installation, ImportBatch& batch
 
 bool BeginImport(Host& host, const Installation& installation, ImportBatch& batch) {
   batch = {};
-  const bool ready = Trap(host, title, [&] {
+  const bool ready = Trap(host, batchTitle, [&] {
     for (const char* folder : {"addons\\", addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
       if (!FolderExists(installation.ProgramPath + folder)) {
         MakeFolder(host.files, installation.ProgramPath + folder);
@@ -170,7 +170,7 @@ ImportMark MarkOf(const ImportBatch& batch) {
 }
 
 void GoBackTo(Host& host, ImportBatch& batch, const ImportMark& mark) {
-  Trap(host, title, [&] { GoBackTo(host.files, batch.textures, mark.textures); });
+  Trap(host, batchTitle, [&] { GoBackTo(host.files, batch.textures, mark.textures); });
   for (std::size_t i = mark.files; i < batch.files.paths.size(); ++i)
     batch.copies.erase(LowerCase(batch.files.paths[i]));
   DropWhole(batch.files, mark.files);
@@ -181,11 +181,11 @@ void GoBackTo(Host& host, ImportBatch& batch, const ImportMark& mark) {
 bool CommitImport(Host& host, Installation& installation, ImportBatch& batch) {
   if (batch.ships.empty()) return true;
   OldFiles old;
-  if (!Trap(host, title, [&] { old = KeepOldFiles(host.files, installation, batch); })) {
+  if (!Trap(host, batchTitle, [&] { old = KeepOldFiles(host.files, installation, batch); })) {
     GoBackTo(host, batch, {MarkOf(batch.textures.begun), 0, 0, 0});
     return false;
   }
-  const bool done = Trap(host, title, [&] {
+  const bool done = Trap(host, batchTitle, [&] {
     GiveBlocks(host, installation, batch);
     CommitTextures(host.files, batch.textures);
     AddLists(host.files, installation, batch);

@@ -15,7 +15,7 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* title = "cmdImportShips_Click()";
+constexpr const char* runTitle = "cmdImportShips_Click()";
 
 constexpr const char* redNames =
     "Ships marked in red have the same names as an existing ship in Oravin.\n"
@@ -87,7 +87,7 @@ bool ImportShip(Run& run, const CheckedShip& checked) {
       Show(run.host, deepImages, Icon::exclamation);
       run.warned = true;
     }
-    done = ship && Trapped(run.host, title, false, [&] { return WriteShip(run, checked, *ship); });
+    done = ship && Trapped(run.host, runTitle, false, [&] { return WriteShip(run, checked, *ship); });
   } catch (const ProgramEnd&) {
     GoBackTo(run.host, run.batch, mark);
     throw;

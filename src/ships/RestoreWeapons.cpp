@@ -27,10 +27,6 @@ void TellTooDifferent(Host& host) {
        Icon::exclamation);
 }
 
-std::string ModelPath(const Installation& installation, const ShipRecord& ship) {
-  return installation.GamePath + "ships\\" + ModelOf(ship);
-}
-
 bool SameForm(const ShpAttachments& a, const ShpAttachments& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const ShpAttachment& one, const ShpAttachment& other) {
     return one.filePosition == other.filePosition;

@@ -22,7 +22,6 @@ namespace {
 using platform::OpenFor;
 
 constexpr std::uint64_t longestStatsText = 65536;
-constexpr int highestIndex = 32767;  // a record's index is a 16-bit signed number
 
 std::array<std::uint8_t, statsSize> BytesOfStats(const ShipStats& stats) {
   std::array<std::uint8_t, statsSize> bytes{};

@@ -7,8 +7,6 @@ namespace oravin {
 
 namespace {
 
-constexpr int highestIndex = 32767;
-
 int IndexOf(const ShipRecord& ship) {
   const std::int64_t index = WholeNumber(ship.StatsIndex);
   return index < 0 || index > highestIndex ? -1 : static_cast<int>(index);  // -1 is no block of any file

@@ -17,10 +17,6 @@ namespace {
 constexpr std::uint16_t missileGunType = 64;
 constexpr std::uint16_t missileExternalGunType = 6;
 
-std::string ModelPath(const Installation& installation, const ShipRecord& ship) {
-  return installation.GamePath + "ships\\" + ModelOf(ship);
-}
-
 /// What an attachment becomes; a type that is not given stays.
 struct Weapon {
   std::uint16_t kind = gunKind;

@@ -25,7 +25,7 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* title = "cmdRemoveShips_Click()";
+constexpr const char* removeTitle = "cmdRemoveShips_Click()";
 
 constexpr const char* question = "Are you sure that you want to remove these ships?";
 constexpr const char* questionTitle = "Oravin - Manage Switcher";
@@ -348,17 +348,17 @@ bool cmdRemoveShips_Click(SwapDesk& desk, ImportTab& tab, const RefillLists& ref
   Installation& installation = desk.installation;
   Removal removal = RemovalOf(tab, installation.ships);
   if (removal.indices.empty() || !AskYesNo(host, question, questionTitle)) return false;
-  if (!CatalogueThere(host, installation, title)) return false;
+  if (!CatalogueThere(host, installation, removeTitle)) return false;
   removal.textures = AskYesNo(host, textureQuestion);
   desk.closeOthers();
   removal.targets = TargetsOf(removal, installation.ships);
   removal.models = ModelsOf(removal, installation);
   FindKeptFiles(removal, installation);
-  if (!Trap(host, title, [&] { FindLines(host.files, removal, installation); })) return false;
+  if (!Trap(host, removeTitle, [&] { FindLines(host.files, removal, installation); })) return false;
   if (!ReadyToWrite(host, PlanRemoval(host.files, removal, installation))) return false;
   bool removed = false;
   ShowProgress(host, "Removing ships", 0, 1);
-  Trap(host, title, [&] { removed = Remove(desk, removal); });
+  Trap(host, removeTitle, [&] { removed = Remove(desk, removal); });
   EndProgress(host);
   refill();
   if (!removed) return false;

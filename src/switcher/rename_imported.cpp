@@ -20,7 +20,7 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* title = "lstImported_AfterLabelEdit()";
+constexpr const char* renameTitle = "lstImported_AfterLabelEdit()";
 
 /// What is known before the first change.
 struct Rename {
@@ -134,13 +134,13 @@ void TellOfList(Host& host, const Rename& rename) {
 bool RenameImported(Host& host, Installation& installation, int index, const std::string& newName) {
   Rename rename;
   rename.parts = ImportedParts(installation.ships, index);
-  if (rename.parts.empty() || !CatalogueThere(host, installation, title)) return false;
+  if (rename.parts.empty() || !CatalogueThere(host, installation, renameTitle)) return false;
   rename.oldName = installation.ships[rename.parts.front()].ShipName.Trimmed();
   rename.newName = Trim(newName);
   if (!NameIsRight(host, installation.ships, rename)) return false;
-  if (!Trap(host, title, [&] { FindLines(host.files, installation, rename); })) return false;
+  if (!Trap(host, renameTitle, [&] { FindLines(host.files, installation, rename); })) return false;
   if (!ReadyToWrite(host, PlanRename(installation, rename))) return false;
-  const bool done = Trap(host, title, [&] {
+  const bool done = Trap(host, renameTitle, [&] {
     RenameLines(host.files, rename);
     RenameBlocks(host.files, installation, rename);
     RenameRecords(host.files, installation, rename);

@@ -15,7 +15,7 @@ namespace oravin {
 namespace {
 
 constexpr std::size_t mostPairs = 1000000;
-constexpr std::size_t mostBlocks = 32768;  // a block's index is a 16-bit signed number
+constexpr std::size_t mostMatchedBlocks = 32768;  // a block's index is a 16-bit signed number
 
 /// A name shorter than this says too little to be the beginning of another one.
 constexpr std::size_t shortestPrefix = 3;
@@ -248,7 +248,7 @@ std::vector<StatsMatch> MatchStats(std::span<const NamedModel> models, std::span
 std::vector<std::string> BlockNames(Files& files, const std::string& path) {
   const OpenedFile file(files, path, platform::OpenFor::reading);
   const std::uint64_t blocks = LengthOf(files, file.handle) / statsBlockSize;
-  std::vector<std::string> names(static_cast<std::size_t>(std::min<std::uint64_t>(blocks, mostBlocks)));
+  std::vector<std::string> names(static_cast<std::size_t>(std::min<std::uint64_t>(blocks, mostMatchedBlocks)));
   std::array<std::uint8_t, statsNameWidth> field{};
   for (std::size_t i = 0; i < names.size(); ++i) {
     Get(files, file.handle, i * statsBlockSize, field);

@@ -19,10 +19,6 @@ constexpr const char* swapTitle = "cmdSwap_Click()";
 constexpr const char* unswapTitle = "cmdUnSwap_Click()";
 constexpr int strongGunKind = 2;  // stock ships of this kind lend better guns to what they replace
 
-std::string ModelPath(const Installation& installation, const ShipRecord& ship) {
-  return installation.GamePath + "ships\\" + ModelOf(ship);
-}
-
 std::string BackupPath(const Installation& installation, const ShipRecord& ship) {
   return installation.GamePath + "ships\\" + BackupOf(ship);
 }

@@ -17,7 +17,7 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr std::uint64_t blockSize = 65536;
+constexpr std::uint64_t learnBlock = 65536;
 
 struct Pair {
   TcacheEntry texture;
@@ -55,8 +55,8 @@ void CountPair(Files& files, int cache, const Pair& pair, Counts& counts) {
   const std::uint64_t size = DataSizeOf(pair.texture).value_or(0);
   Bytes from;
   Bytes to;
-  for (std::uint64_t at = 0; at < size; at += blockSize) {
-    from.resize(static_cast<std::size_t>(std::min(blockSize, size - at)));
+  for (std::uint64_t at = 0; at < size; at += learnBlock) {
+    from.resize(static_cast<std::size_t>(std::min(learnBlock, size - at)));
     to.resize(from.size());
     Get(files, cache, static_cast<std::uint64_t>(pair.texture.dataOffset) + at, from);
     Get(files, cache, static_cast<std::uint64_t>(pair.companion.dataOffset) + at, to);

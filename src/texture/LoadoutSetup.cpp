@@ -14,14 +14,7 @@ namespace oravin {
 
 namespace {
 
-using platform::OpenFor;
-
-constexpr const char* title = "LoadoutSetup";
-
-TcacheBytes ReadTcacheAt(Files& files, const std::string& path) {
-  const OpenedFile cache(files, path, OpenFor::reading);
-  return ReadTcache(files, cache.handle);
-}
+constexpr const char* loadoutTitle = "LoadoutSetup";
 
 /// A name for a work file that no file of the folder bears.
 std::string FreeWorkName(const std::string& folder, std::string name) {
@@ -34,7 +27,7 @@ bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& 
   TcacheEntry entry;
   ReadTcacheEntry(host, cachePath, name, entry);
   if (entry.pixelFormat == 0) {
-    Show(host, "Error - Texture not found", Icon::exclamation, title);
+    Show(host, "Error - Texture not found", Icon::exclamation, loadoutTitle);
     return false;
   }
   if (entry.dataOffset == 0) {
@@ -57,10 +50,10 @@ bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& 
 bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count) {
   AddBackslash(folder);
   if (!FolderExists(folder) || !FileExists(cachePath)) {
-    Show(host, "Error - Path(s) not found", Icon::critical, title);
+    Show(host, "Error - Path(s) not found", Icon::critical, loadoutTitle);
     return false;
   }
-  return Trapped(host, title, false, [&] {
+  return Trapped(host, loadoutTitle, false, [&] {
     for (std::size_t i = 0; i < count && i < ships.size(); ++i) {
       if (!ships[i].Imported) continue;
       for (std::size_t t = 0; t < loadoutTextures; ++t) {
@@ -73,7 +66,7 @@ bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const S
 }
 
 Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships) {
-  const TcacheBytes cache = ReadTcacheAt(files, cachePath);
+  const TcacheBytes cache = ReadTcache(files, cachePath);
   Ships lacking;
   for (const ShipRecord& ship : ships) {
     if (!ship.Imported) continue;
@@ -97,7 +90,7 @@ void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string
   entry = {};
   const std::uint32_t offset = FindStructOffset(host, cachePath, name);
   if (offset == 0) return;
-  const TcacheBytes cache = ReadTcacheAt(host.files, cachePath);
+  const TcacheBytes cache = ReadTcache(host.files, cachePath);
   const int slot = static_cast<int>((offset - tcacheHeaderSize) / tcacheEntrySize);
   if (slot < SlotsIn(cache)) entry = EntryOf(cache, slot);
 }

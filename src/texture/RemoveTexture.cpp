@@ -17,8 +17,8 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr const char* title = "RemoveTexture()";
-constexpr std::uint64_t blockSize = std::uint64_t{1} << 20;
+constexpr const char* removeTitle = "RemoveTexture()";
+constexpr std::uint64_t moveBlock = std::uint64_t{1} << 20;
 
 /// Bytes that are copied in one go, from one offset of the old cache to one of the new cache.
 struct CopiedRun {
@@ -121,7 +121,7 @@ Rebuilt Rebuild(const TcacheBytes& cache, const std::set<std::string>& unwanted)
 
 void CopyRun(Files& files, int from, int to, const CopiedRun& run, Bytes& block) {
   for (std::uint64_t done = 0; done < run.count; done += block.size()) {
-    const std::span piece(block.data(), static_cast<std::size_t>(std::min(blockSize, run.count - done)));
+    const std::span piece(block.data(), static_cast<std::size_t>(std::min(moveBlock, run.count - done)));
     Get(files, from, run.from + done, piece);
     Put(files, to, run.to + done, piece);
   }
@@ -131,13 +131,13 @@ void WriteRebuilt(Files& files, const std::string& cachePath, const std::string&
   const OpenedFile old(files, cachePath, OpenFor::reading);
   const OpenedFile made(files, temp, OpenFor::replacing);
   Put(files, made.handle, 0, rebuilt.head);
-  Bytes block(static_cast<std::size_t>(blockSize));
+  Bytes block(static_cast<std::size_t>(moveBlock));
   for (const CopiedRun& run : rebuilt.runs) CopyRun(files, old.handle, made.handle, run, block);
   Flush(files, made.handle);
 }
 
-bool RefuseCache(Host& host) {
-  Show(host, "Error - not a valid tcache file", Icon::exclamation, title);
+bool RefuseRemoval(Host& host) {
+  Show(host, "Error - not a valid tcache file", Icon::exclamation, removeTitle);
   return false;
 }
 
@@ -149,10 +149,10 @@ bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std
     const OpenedFile file(host.files, cachePath, OpenFor::reading);
     cache = ReadTcache(host.files, file.handle);
   }
-  if (!FactoryPartIsWhole(cache)) return RefuseCache(host);
+  if (!FactoryPartIsWhole(cache)) return RefuseRemoval(host);
   const Rebuilt rebuilt = Rebuild(cache, unwanted);
   // Textures that share their data would make the cache grow.
-  if (rebuilt.dataEnd > cache.length) return RefuseCache(host);
+  if (rebuilt.dataEnd > cache.length) return RefuseRemoval(host);
   const std::string temp = UnfinishedRebuild(cachePath);
   try {
     WriteRebuilt(host.files, cachePath, temp, rebuilt);
@@ -168,12 +168,12 @@ bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std
 
 bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, const Ships& remaining) {
   if (!FileExists(cachePath)) {
-    Show(host, "TCACHE not found!", Icon::exclamation, title);
+    Show(host, "TCACHE not found!", Icon::exclamation, removeTitle);
     return false;
   }
   TcacheTable table;
   if (GetTcacheTable(host, cachePath, table) == 0) return false;
-  return Trapped(host, title, false,
+  return Trapped(host, removeTitle, false,
                  [&] { return RebuildWithout(host, cachePath, NamesToRemove(removed, remaining)); });
 }
 

@@ -17,8 +17,8 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr const char* title = "RestoreTcacheFile";
-constexpr std::uint64_t blockSize = 500000;
+constexpr const char* restoreTitle = "RestoreTcacheFile";
+constexpr std::uint64_t restoreBlock = 500000;
 
 /// Zeroes the entries behind `from` that an editor made: an import that was cut short leaves them there, where the
 /// count does not reach.
@@ -35,9 +35,9 @@ void ZeroLeftOverSlots(Files& files, int source, int from, int handle) {
 /// slot more than the stated count has, but none past the table.
 void WriteFactoryPart(Files& files, int source, const TcacheBytes& cache, int handle) {
   const std::uint64_t end = FactoryDataEnd(cache);
-  Bytes block(static_cast<std::size_t>(std::min(blockSize, end)));
-  for (std::uint64_t at = 0; at < end; at += blockSize) {
-    const std::span piece(block.data(), static_cast<std::size_t>(std::min(blockSize, end - at)));
+  Bytes block(static_cast<std::size_t>(std::min(restoreBlock, end)));
+  for (std::uint64_t at = 0; at < end; at += restoreBlock) {
+    const std::span piece(block.data(), static_cast<std::size_t>(std::min(restoreBlock, end - at)));
     Get(files, source, at, piece);
     Put(files, handle, at, piece);
   }
@@ -63,8 +63,8 @@ bool IsBeginningOf(Files& files, const std::string& path, const std::string& who
   if (length >= LengthOf(files, source.handle)) return false;
   Bytes a;
   Bytes b;
-  for (std::uint64_t at = 0; at < length; at += blockSize) {
-    a.resize(static_cast<std::size_t>(std::min(blockSize, length - at)));
+  for (std::uint64_t at = 0; at < length; at += restoreBlock) {
+    a.resize(static_cast<std::size_t>(std::min(restoreBlock, length - at)));
     b.resize(a.size());
     Get(files, begun.handle, at, a);
     Get(files, source.handle, at, b);
@@ -92,7 +92,7 @@ bool Restore(Host& host, const std::string& cachePath, const std::string& old) {
     if (kept.count == factoryTextures) EraseFile(host.files, old);
     return true;
   }
-  Show(host, there ? "Error - not a valid tcache file" : "Error - Path(s) not found", Icon::exclamation, title);
+  Show(host, there ? "Error - not a valid tcache file" : "Error - Path(s) not found", Icon::exclamation, restoreTitle);
   return false;
 }
 
@@ -101,7 +101,7 @@ bool Restore(Host& host, const std::string& cachePath, const std::string& old) {
 bool RestoreTcacheFile(Host& host, std::string cachePath) {
   TrimInPlace(cachePath);
   const std::string old = ChangeExtension(std::string(cachePath), ".old");
-  return Trapped(host, title, false, [&] { return Restore(host, cachePath, old); });
+  return Trapped(host, restoreTitle, false, [&] { return Restore(host, cachePath, old); });
 }
 
 int TcacheCount(Files& files, const std::string& cachePath) {

@@ -19,7 +19,7 @@ using platform::OpenFor;
 constexpr const char* tableTitle = "GetTcacheTable";
 
 /// Images from here on are too small to count for anything, whatever an entry claims.
-constexpr int mostImages = 64;
+constexpr int mostSizedImages = 64;
 
 /// The bytes of a name that are cleared before a new one is written.
 constexpr std::size_t clearedForName = 30;
@@ -27,11 +27,6 @@ constexpr std::size_t clearedForName = 30;
 constexpr double noFileIsSoLarge = 9223372036854775808.0;
 
 std::uint32_t OffsetOrNone(int slot) { return slot < 0 ? 0 : static_cast<std::uint32_t>(TcacheEntryOffset(slot)); }
-
-TcacheBytes ReadTcacheAt(Files& files, const std::string& path) {
-  const OpenedFile cache(files, path, OpenFor::reading);
-  return ReadTcache(files, cache.handle);
-}
 
 void PutRecord(Bytes& slot, const TcacheEntry& entry) {
   const auto name = slot.begin() + tcacheNameInEntry;
@@ -57,7 +52,7 @@ int GetTcacheTable(Host& host, std::string path, TcacheTable& table) {
     return 0;
   }
   return Trapped(host, tableTitle, 0, [&] {
-    const TcacheBytes cache = ReadTcacheAt(host.files, path);
+    const TcacheBytes cache = ReadTcache(host.files, path);
     if (cache.count < 1 || cache.count > tcacheCapacity || SlotsIn(cache) < cache.count) {
       Show(host, "Error - not a valid tcache file", Icon::exclamation, tableTitle);
       return 0;
@@ -91,7 +86,7 @@ std::uint32_t FindStructOffset(Host& host, std::string path, const std::string& 
     return 0;
   }
   return Trapped(host, "FindStructOffset", std::uint32_t{0},
-                 [&] { return OffsetOrNone(SlotNamed(ReadTcacheAt(host.files, path), name)); });
+                 [&] { return OffsetOrNone(SlotNamed(ReadTcache(host.files, path), name)); });
 }
 
 std::uint32_t FindStructType(Host& host, std::string path, std::int32_t pixelFormat) {
@@ -100,12 +95,12 @@ std::uint32_t FindStructType(Host& host, std::string path, std::int32_t pixelFor
     return 0;
   }
   return Trapped(host, "FindStructType", std::uint32_t{0},
-                 [&] { return OffsetOrNone(SlotOfFormat(ReadTcacheAt(host.files, path), pixelFormat)); });
+                 [&] { return OffsetOrNone(SlotOfFormat(ReadTcache(host.files, path), pixelFormat)); });
 }
 
 double TextureDataSize(double width, double height, int imageCount, int bytesPerPixel) {
   double total = width * height;
-  for (int image = 2; image <= imageCount && image <= mostImages; ++image) {
+  for (int image = 2; image <= imageCount && image <= mostSizedImages; ++image) {
     width /= 2;
     height /= 2;
     total += width * height;

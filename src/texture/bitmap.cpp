@@ -15,11 +15,11 @@ namespace {
 using platform::OpenFor;
 
 constexpr std::size_t headerRead = 32;
-constexpr int mostImages = 64;  // further ones add nothing to a size
+constexpr int mostCountedImages = 64;  // further ones add nothing to a size
 constexpr std::uint32_t pixelsPerMetre = 2835;
 constexpr std::size_t coloursBegin = 54;
 
-std::int32_t Signed(const std::uint8_t* at) { return static_cast<std::int32_t>(LittleEndian32(at)); }
+std::int32_t SignedAt(const std::uint8_t* at) { return static_cast<std::int32_t>(LittleEndian32(at)); }
 
 std::int32_t DepthOf(std::uint32_t bits) {
   return bits == 8 ? 1 : bits == 16 ? 2 : bits == 24 ? 3 : static_cast<std::int32_t>(bits);
@@ -37,13 +37,13 @@ std::uint64_t SizeOf(const BmpInfo& info, int images) {
 std::int32_t CountImages(std::uint64_t fileLength, const BmpInfo& info) {
   const std::int64_t length = PixelBytes(fileLength, info);
   if (length <= 0) return 0;
-  for (int images = 1; images <= mostImages; ++images) {
+  for (int images = 1; images <= mostCountedImages; ++images) {
     if (SizeOf(info, images) == static_cast<std::uint64_t>(length)) return images;
   }
   return 0;
 }
 
-bool IsSide(std::int32_t side) { return side >= 2 && side <= 256 && (side & (side - 1)) == 0; }
+bool IsChainSide(std::int32_t side) { return side >= 2 && side <= 256 && (side & (side - 1)) == 0; }
 
 /// True when a bitmap's own header states the depth that its pixels are used with. One of 1 bit a pixel would pass for
 /// one of 8, since its number of bits is the number of bytes of the other.
@@ -69,8 +69,8 @@ bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
     Get(host.files, file.handle, 0, header);
     BmpInfo read;
     read.pixelOffset = LittleEndian32(&header[bitmapPixelsAt]);
-    read.width = Signed(&header[bitmapWidthAt]);
-    read.height = Signed(&header[bitmapHeightAt]);
+    read.width = SignedAt(&header[bitmapWidthAt]);
+    read.height = SignedAt(&header[bitmapHeightAt]);
     read.depth = DepthOf(LittleEndian32(&header[bitmapBitsAt]));
     read.imageCount = CountImages(LengthOf(host.files, file.handle), read);
     info = read;
@@ -78,7 +78,7 @@ bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
 }
 
 bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
-  if (!IsSide(info.width) || !IsSide(info.height) || !FileExists(std::string(path))) return false;
+  if (!IsChainSide(info.width) || !IsChainSide(info.height) || !FileExists(std::string(path))) return false;
   const OpenedFile file(files, path, OpenFor::reading);
   const std::int64_t length = PixelBytes(LengthOf(files, file.handle), info);
   return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) &&

@@ -18,7 +18,7 @@ namespace {
 
 using platform::OpenFor;
 
-constexpr const char* title = "ConvertFighterText";
+constexpr const char* chainTitle = "ConvertFighterText";
 constexpr int fighterSide = 256;
 constexpr int levels = 8;
 constexpr std::size_t fighterPixels = std::size_t{fighterSide} * fighterSide;
@@ -115,8 +115,8 @@ Bytes JoinLevels(Files& files, const std::string& programPath, std::uint64_t pix
   return chain;
 }
 
-bool RefuseBitmap(Host& host) {
-  Show(host, "Error - not a fighter texture", Icon::exclamation, title);
+bool RefuseFighterBitmap(Host& host) {
+  Show(host, "Error - not a fighter texture", Icon::exclamation, chainTitle);
   return false;
 }
 
@@ -129,7 +129,7 @@ bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& ou
   if (info.depth != 1 || info.width != fighterSide || info.height != fighterSide ||
       info.pixelOffset < colourHeaderSize || info.pixelOffset > largestHeader ||
       FileLength(bitmapPath) < info.pixelOffset + fighterPixels) {
-    return RefuseBitmap(host);
+    return RefuseFighterBitmap(host);
   }
   FighterBitmap source;
   {
@@ -158,7 +158,7 @@ bool ConvertFighterText(Host& host, std::string bitmapPath, std::string outputPa
     return false;
   }
   outputPath = Trim(outputPath);
-  return Trapped(host, title, false, [&] { return BuildChain(host, bitmapPath, outputPath, programPath); });
+  return Trapped(host, chainTitle, false, [&] { return BuildChain(host, bitmapPath, outputPath, programPath); });
 }
 
 }  // namespace oravin

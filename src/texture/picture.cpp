@@ -46,12 +46,12 @@ Picture Decode(const Bytes& pixels, int width, int height, int depth, const Pale
   return FromRows(width, height, bgr);
 }
 
-bool IsSide(std::int32_t side) { return side >= 1 && side <= longestSide; }
+bool IsShownSide(std::int32_t side) { return side >= 1 && side <= longestSide; }
 
 }  // namespace
 
 int VisibleImages(const TcacheEntry& entry) {
-  if (!IsSide(entry.width) || !IsSide(entry.height)) return 0;
+  if (!IsShownSide(entry.width) || !IsShownSide(entry.height)) return 0;
   int images = 1;
   while (images < entry.imageCount && entry.width >> images > 0 && entry.height >> images > 0) ++images;
   return images;

@@ -28,6 +28,11 @@ TcacheBytes ReadTcache(Files& files, int handle) {
   return cache;
 }
 
+TcacheBytes ReadTcache(Files& files, const std::string& path) {
+  const OpenedFile cache(files, path, platform::OpenFor::reading);
+  return ReadTcache(files, cache.handle);
+}
+
 int SlotsIn(const TcacheBytes& cache) { return static_cast<int>(cache.slots.size() / tcacheEntrySize); }
 
 std::span<const std::uint8_t> SlotBytes(const TcacheBytes& cache, int slot) {

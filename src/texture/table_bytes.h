@@ -17,6 +17,7 @@ struct TcacheBytes {
 
 /// Reads header and used slots in one go. A file that is too short for a header counts as one of zeros.
 TcacheBytes ReadTcache(Files& files, int handle);
+TcacheBytes ReadTcache(Files& files, const std::string& path);
 
 /// How many slots have been read.
 int SlotsIn(const TcacheBytes& cache);

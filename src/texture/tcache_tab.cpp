@@ -33,11 +33,6 @@ std::uint64_t SealOf(const TcacheBytes& cache) {
   return Sum(Sum(0xCBF29CE484222325U, head), cache.slots);
 }
 
-TcacheBytes ReadTcacheAt(Files& files, const std::string& path) {
-  const OpenedFile cache(files, path, OpenFor::reading);
-  return ReadTcache(files, cache.handle);
-}
-
 std::string FormatText(std::int32_t pixelFormat) {
   return pixelFormat == paletteFormat ? "8-bit" : pixelFormat == colourFormat ? "16-bit" : "Unsupported";
 }
@@ -119,7 +114,7 @@ void cmdOpenTcache_Click(Host& host, TcacheTab& tab) {
   // Without a table nothing is listed, also when another cache was open before.
   if (GetTcacheTable(host, path, tab.table) == 0) tab.table.clear();
   Trap(host, "Oravin - cmdOpenTcache_Click()", [&] {
-    const TcacheBytes cache = ReadTcacheAt(host.files, path);
+    const TcacheBytes cache = ReadTcache(host.files, path);
     tab.textureCount = cache.count;
     tab.seal = SealOf(cache);
     tab.lblTcacheStructs.caption = std::to_string(cache.count) + " texture(s)";
@@ -163,7 +158,7 @@ void CheckTcacheOnDisk(Host& host, TcacheTab& tab) {
   if (FileExists(std::string(tab.openCache))) {
     // It is only a look: a cache that cannot be read just now is no reason for a box.
     try {
-      changed = SealOf(ReadTcacheAt(host.files, tab.openCache)) != tab.seal;
+      changed = SealOf(ReadTcache(host.files, tab.openCache)) != tab.seal;
     } catch (const RunTimeError&) {
       changed = true;
     }
@@ -223,7 +218,7 @@ void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& in
   own[index].name = newName;
   const bool saved = Trap(host, "lstTcache_AfterLabelEdit()", [&] {
     SaveTcacheEntry(host, cache, own, static_cast<int>(index));
-    if (same) tab.seal = SealOf(ReadTcacheAt(host.files, cache));
+    if (same) tab.seal = SealOf(ReadTcache(host.files, cache));
   });
   if (!saved) return;
   tab.table[index].name = newName;
