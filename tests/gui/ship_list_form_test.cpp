@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
+#include "demo/archive_writer.h"
+#include "demo/bytes.h"
 #include "import_session.h"
 
 /// The ship list that is drafted for a program folder that has none, before there is a window.
@@ -13,11 +16,33 @@ namespace {
 constexpr const char* shipListForm = "ShipList";
 constexpr const char* lines = "ShipList.lstShips";
 
+/// An archive of thousands of models of 16 MB each, which takes no more room than one: all rows of its table name the
+/// same bytes. Reading them all takes many seconds.
+Bytes EndlessArchive() {
+  constexpr std::size_t rows = 8000;
+  constexpr std::uint32_t modelSize = 1U << 24U;
+  std::vector<demo::ArchiveFile> files(rows);
+  for (std::size_t i = 0; i < rows; ++i) files[i].name = "m" + std::to_string(10000 + i) + ".shp";
+  Bytes model;
+  for (const std::uint32_t field : {1U, 32768U, 511U}) demo::PutLittle16(model, field);  // one chunk
+  model.resize(modelSize);
+  files.back().bytes = std::move(model);
+  Bytes archive = demo::BuildArchive(files);
+  const std::size_t row = 8 + files[0].name.size() + 1;
+  const auto last = archive.begin() + static_cast<std::ptrdiff_t>(16 + (rows - 1) * row);
+  for (std::size_t i = 0; i + 1 < rows; ++i) {
+    std::copy_n(last, 8, archive.begin() + static_cast<std::ptrdiff_t>(16 + i * row));
+  }
+  return archive;
+}
+
 /// The program started on a program folder without a ship list.
 struct DraftSession : Session {
-  DraftSession()
+  /// @param archive in the place of the game's; empty for the sample's own
+  explicit DraftSession(const Bytes& archive = {})
       : Session(Beginning::desktop), shipList(sample.program / "shipsData.txt"), before(ReadFileAt(shipList)) {
     std::filesystem::remove(shipList);
+    if (!archive.empty()) WriteFileAt(sample.game / "resource.hog", archive);
     StartProgram(*this, {"--game", sample.game.string(), "--program", sample.program.string()});
   }
 
@@ -90,6 +115,24 @@ TEST(ShipListWindow, CancelEndsInTheRefusal) {
   ASSERT_TRUE(BoxCame(session, "The list was changed."));
   ASSERT_TRUE(AnswerBox(session, "alt+y"));
   ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory"));
+  PressKey(session.desktop, "Return");
+  EXPECT_EQ(ExitStatus(session.program), 0);
+  EXPECT_FALSE(std::filesystem::exists(session.shipList));
+}
+
+TEST(ShipListWindow, EscapeStopsALongDraft) {
+  DraftSession session(EndlessArchive());
+  ASSERT_TRUE(BoxCame(session, "This folder has no ship list (shipsData.txt)"));
+  PressKey(session.desktop, "alt+y");
+  // The box that asked has the program's name, too.
+  ASSERT_TRUE(Eventually([&] {
+    const Json layout = Layout(session);
+    return layout["box"].is_null() && layout["status"].get<std::string>().find("Reading m1") != std::string::npos &&
+           ActiveWindowTitle(session.desktop) == "Oravin";
+  }));
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "ship_list_draft"));
+  PressKey(session.desktop, "Escape");
+  ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory")) << "a draft that came to its end would be shown";
   PressKey(session.desktop, "Return");
   EXPECT_EQ(ExitStatus(session.program), 0);
   EXPECT_FALSE(std::filesystem::exists(session.shipList));

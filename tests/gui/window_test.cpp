@@ -230,6 +230,27 @@ TEST(Window, DoubleClickAndEnterStartTheModelViewer) {
   EXPECT_TRUE(wine.WasCalledWith(command + command));
 }
 
+TEST(Window, DoubleClickAndEnterOnAnImportedShipStartTheModelViewer) {
+  const StandIn wine("wine");
+  const Session session;
+  ASSERT_TRUE(EnableFeatures(session));
+  ASSERT_TRUE(ChooseTab(session, "Import Ships"));
+  const std::string list = "imports.lstImported";
+  // Without a viewer in the game folder nothing happens, and the window goes on.
+  Click(session.desktop, MiddleOf(RowOf(session, list, "Wraithwing")["rectangle"]), 2);
+  ASSERT_TRUE(SelectRow(session, list, "Manta"));
+  EXPECT_FALSE(std::filesystem::exists(wine.log));
+
+  WriteFileAt(session.sample.game / "sltool.exe", "viewer");
+  const std::string game = session.folder.Windows("sample/StarLancer/");
+  const std::string command = game + "sltool.exe " + game + "ships\\wraithwing.shp\n";
+  Click(session.desktop, MiddleOf(RowOf(session, list, "Wraithwing")["rectangle"]), 2);
+  ASSERT_TRUE(wine.WasCalledWith(command));
+  PressKey(session.desktop, "Return");
+  EXPECT_TRUE(wine.WasCalledWith(command + command));
+  EXPECT_EQ(Control(session, list)["rowCount"], 3);
+}
+
 TEST(Window, AskedForTheGameFolderAndLeftAlone) {
   const TemporaryFolder home;
   Desktop desktop(1280, 800);
