@@ -94,6 +94,15 @@ std::string BrowseForFolder(Console& console, const std::string& prompt) {
   return AskPath(console, prompt);
 }
 
+/// The path of a file; says which one where nobody can answer.
+std::string AskFile(Console& console, const FileQuestion& question) {
+  const std::string prompt = question.name.empty() ? question.title : question.title + " " + question.name;
+  if (!console.terminal) {
+    SayError(console, "a file is asked for (\"" + prompt + "\") and nobody is there to answer");
+  }
+  return AskPath(console, prompt);
+}
+
 void ShowProgress(Console& console, const Progress& progress) {
   if (!console.terminal) return;
   ClearProgressLine(console);
@@ -111,7 +120,7 @@ Desk DeskOf(Console& console) {
   Desk desk;
   desk.showBox = [&console](const MessageBox& box) { return ShowBox(console, box); };
   desk.browseForFolder = [&console](const std::string& prompt) { return BrowseForFolder(console, prompt); };
-  desk.openDialog = [&console](const FileQuestion& question) { return AskPath(console, question.title); };
+  desk.openDialog = [&console](const FileQuestion& question) { return AskFile(console, question); };
   desk.showProgress = [&console](const Progress& progress) { ShowProgress(console, progress); };
   return desk;
 }

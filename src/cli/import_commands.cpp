@@ -94,6 +94,15 @@ bool GiveBitmaps(Session& session, const std::vector<std::string>& pairs) {
   return true;
 }
 
+/// Says which of the checked lines are red.
+void TellRedNames(Session& session) {
+  for (const ListRow& row : session.main.Fighter_PACK.lstPack.rows) {
+    if (!row.checked || row.colour != nameTakenColour) continue;
+    SayError(session.console, "the name \"" + Trim(row.texts.front()) +
+                                  "\" is taken; give another one with --rename, or leave the ship out with --only");
+  }
+}
+
 bool WasImported(const Ships& ships, const std::string& name) {
   const int index = FindShip(ships, name);
   return index >= 0 && ships[static_cast<std::size_t>(index)].Imported;
@@ -162,7 +171,10 @@ std::optional<Result> ImportShips(Session& session, const Values& values) {
   }
   const std::vector<CheckedShip> ships = CheckedShips(main.Fighter_PACK);
   Run(main, "Fighter_PACK.cmdImportShips");
-  if (!main.Fighter_PACK.done) return std::nullopt;
+  if (!main.Fighter_PACK.done) {
+    if (AnyCheckedRed(main.Fighter_PACK)) TellRedNames(session);
+    return std::nullopt;
+  }
   return TellImport(session, ships);
 }
 

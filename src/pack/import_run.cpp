@@ -41,6 +41,7 @@ struct Run {
   GivenBitmaps given;
   bool warned = false;  ///< of 24-bit images
   std::vector<PackShip> imported;
+  std::vector<std::string> failed;  ///< the names of the others, as far as the run has come
   bool allImported = true;
 };
 
@@ -107,6 +108,7 @@ void ImportAll(Run& run, const std::vector<CheckedShip>& ships) {
     if (ImportShip(run, ships[i])) {
       run.imported.push_back(ships[i].ship);
     } else {
+      run.failed.push_back(ships[i].ship.shipName);
       run.allImported = false;
     }
   }
@@ -114,7 +116,9 @@ void ImportAll(Run& run, const std::vector<CheckedShip>& ships) {
 
 void Commit(Run& run) {
   if (CommitImport(run.host, run.installation, run.batch)) return;
+  for (const PackShip& ship : run.imported) run.failed.push_back(ship.shipName);
   run.imported.clear();
+  run.batch.notes.clear();  // they tell of ships that were imported
   run.allImported = false;
 }
 
@@ -155,7 +159,9 @@ void OfferSwitches(SwapDesk& desk, SwitcherTab& tab, const Run& run, const std::
 void TellResult(const Run& run) {
   std::string text =
       run.allImported ? "Importing Successfull!" : "Importing Completed - but there where errors on some ships";
-  for (std::size_t i = 0; i < run.batch.notes.size(); ++i) text += (i == 0 ? "\n\n" : "\n") + run.batch.notes[i];
+  // A box is no taller than the screen, however many ships a pack has.
+  if (!run.failed.empty()) text += "\n\nThese ships were not imported:" + Listed(run.failed);
+  if (!run.batch.notes.empty()) text += "\n" + Listed(run.batch.notes);
   if (run.allImported) {
     ShowSuccess(run.host, text, Icon::information);
   } else {
@@ -181,7 +187,8 @@ bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<Checke
     return false;
   }
   if (ships.empty()) {
-    Show(desk.host, "Check the ships to import first.", Icon::exclamation);
+    Show(desk.host, form.ships.empty() ? "This pack lists no ships." : "Check the ships to import first.",
+         Icon::exclamation);
     return false;
   }
   desk.closeOthers();
@@ -193,7 +200,7 @@ bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<Checke
 void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill) {
   const std::vector<CheckedShip> ships = CheckedShips(form);
   if (!CanImport(desk, form, ships)) return;
-  Run run{desk.host, desk.installation, {}, {}, false, {}, true};
+  Run run{desk.host, desk.installation, {}, {}, false, {}, {}, true};
   if (!BeginImport(desk.host, desk.installation, run.batch)) return;
   try {
     ImportAll(run, ships);

@@ -69,7 +69,13 @@ struct Importing : testing::Test {
     });
   }
   void ExpectSuccess(const std::string& notes = "") { session->desk.ExpectSuccess(successful + notes); }
-  void ExpectErrors(const std::string& notes = "") { session->desk.ExpectBox(withErrors + notes); }
+  /// @param failed the names of the ships that were not imported
+  void ExpectErrors(const std::vector<std::string>& failed, const std::string& notes = "") {
+    std::string text = withErrors;
+    if (!failed.empty()) text += "\n\nThese ships were not imported:";
+    for (const std::string& name : failed) text += "\n" + name;
+    session->desk.ExpectBox(text + notes);
+  }
   void Compare(const char* step) const {
     EXPECT_TRUE(SameImage(expected.Image(), ImageOf(installation.folder.native))) << "after " << step;
   }

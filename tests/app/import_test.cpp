@@ -5,6 +5,7 @@
 #include "desk/program_end.h"
 #include "import_stage.h"
 #include "support/fault.h"
+#include "support/file_marks.h"
 
 namespace oravin::test {
 namespace {
@@ -73,7 +74,7 @@ TEST_F(Importing, APackWithAClashAndAMissingTextureIsImportedAfterARenameWithout
     EXPECT_EQ(list.rows[0].colour, 0U);
     session->desk.AnswerFile("");
     session->desk.ExpectBox(notFound);
-    ExpectErrors();
+    ExpectErrors({"Ghost"});
     Import();
   });
   EXPECT_EQ(session->desk.fileQuestions.back().title, "Find texture file");
@@ -123,12 +124,45 @@ TEST_F(Importing, StatisticsComeFromTheTextBesideTheModel) {
   Compare("the import");
 }
 
+TEST_F(Importing, StatisticsComeFromTheAddOnsWhereNoTextIsBesideTheModel) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {});
+  const std::string text = "15,14,13,12,11,10,9,8,7,6,5,4,3,2,1";
+  WriteFileAt(installation.Program("addons/stats/hawk.txt"), text);
+  ExpectSuccess();
+  ImportAll("hawk.shp");
+  expected.Import(hawk, {}, text, {15, 14, 13, 12, 11, 10, 9, 8, 7, 5, 4, 6, 3, 2, 1});
+  Compare("the import");
+}
+
+TEST_F(Importing, WhatCannotBeWrittenRefusesItBeforeTheFirstChange) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {red});
+  for (const std::string name :
+       {"program/ships.dat", "program/shipsData.txt", "game/shipstats.def", "game/tcachehw.dat", "program/", "game/",
+        "game/ships/", "program/addons/ships/", "program/addons/textures/", "program/addons/stats/"}) {
+    SCOPED_TRACE(name);
+    SetReadOnly(installation.folder.Native(name), true);
+    session->desk.ExpectBox(installation.folder.Windows(name) +
+                            " cannot be written: it is read-only.\nTake the read-only mark away and try again. Nothing "
+                            "has been changed.");
+    Open("hawk.shp", [&] {
+      Import();
+      EXPECT_TRUE(session->main.Fighter_PACK.shown) << "the import can be tried again";
+    });
+    SetReadOnly(installation.folder.Native(name), false);
+    Compare("the refusal");
+  }
+  ExpectSuccess();
+  ImportAll("hawk.shp");
+  expected.Import(hawk, {red});
+  Compare("the import");
+}
+
 TEST_F(Importing, StatisticsThatCannotBeReadMakeTheShipFail) {
   Make("Hawk", "hawk.shp", {red});
   WriteFileAt(New("hawk.txt"), "1,2,three");
   session->desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
   ImportAll("hawk.shp");
-  EXPECT_EQ(session->desk.shown.back().text, withErrors);
+  EXPECT_EQ(session->desk.shown.back().text, withErrors + std::string("\n\nThese ships were not imported:\nhawk"));
   Compare("the failure");
 }
 
@@ -217,7 +251,7 @@ TEST_F(Importing, AModelOfMoreThan21TexturesIsRefusedBeforeAnythingIsCopied) {
   for (int i = 0; i < 22; ++i) textures.push_back({"skin" + std::to_string(i), Pattern(16)});
   Make("hawk", "hawk.shp", textures);
   session->desk.ExpectBox("The ship 'hawk' has 22 textures. A ship can have at most 21, so it cannot be imported.");
-  ExpectErrors();
+  ExpectErrors({"hawk"});
   ImportAll("hawk.shp");
   Compare("the refusal");
 }
@@ -255,7 +289,7 @@ TEST_F(Importing, ARefusedBitmapMakesTheShipFailAndTheOthersStay) {
   const SmallShip swift = Make("swift", "swift.shp", {{"grey", Pattern(16, 7)}});
   MakePack("pack\n\\hawk.shp,hawk,\n\\kite.shp,kite,\n\\swift.shp,swift,\n");
   session->desk.ExpectBox("Operation terminated", programTitle, Icon::none);
-  ExpectErrors();
+  ExpectErrors({"kite"});
   ImportAll("ships.pak");
   expected.Import(hawk, {red});
   expected.Import(swift, {{"grey", Pattern(16, 7)}});
@@ -267,9 +301,67 @@ TEST_F(Importing, AMissingModelAndOneThatIsNoneFail) {
   MakePack("pack\n\\none.shp,none,\n\\text.shp,text,\n");
   session->desk.ExpectBox("The model of the ship 'none' was not found:\n" + NewPath("none.shp"));
   session->desk.ExpectBox("This is not a valid SL shp file", "Oravin - TextureList()");
-  ExpectErrors();
+  ExpectErrors({"none", "text"});
   Open("ships.pak", [&] { Import(); });
   Compare("the failures");
+}
+
+TEST_F(Importing, TheLastBoxIsNoTallerThanTheScreen) {
+  Make("Hawk", "hawk.shp", {});
+  std::string pack = "pack\n";
+  std::string failed = "\n\nThese ships were not imported:";
+  std::string renamed = "\n";
+  for (int i = 1; i <= 22; ++i) {
+    const std::string number = std::to_string(i);
+    pack += "\\hawk.shp,Hawk " + number + ",\n\\none.shp,None " + number + ",\n";
+    session->desk.ExpectBox("The model of the ship 'None " + number + "' was not found:\n" + NewPath("none.shp"));
+    if (i <= 20) {
+      failed += "\nNone " + number;
+      renamed += "\nThe model hawk.shp was imported as hawk" + std::to_string(i + 1) + ".shp.";
+    }
+  }
+  MakePack(pack);
+  // The first of the 22 models keeps its name.
+  session->desk.ExpectBox(withErrors + failed + "\nand 2 more" + renamed + "\nand 1 more");
+  ImportAll("ships.pak");
+  EXPECT_EQ(session->main.imports.lstImported.rows.size(), 25U);
+}
+
+TEST_F(Importing, With999TexturesOneMoreFitsAndItsCompanionDoesNot) {
+  const SmallShip deep = Make("deep", "deep.shp", {});
+  Make("hawk", "hawk.shp", {red});
+  Bytes cache = ReadFileAt(installation.Game("tcachehw.dat"));
+  while (LongAt(cache, 4) < 999)
+    cache = After(cache, {"x" + std::to_string(LongAt(cache, 4)), 1, 2, 2, 1, Pattern(4), 4});
+  WriteFileAt(installation.Game("tcachehw.dat"), cache);
+  MakePack("pack\n\\deep.shp,deep,\n\\hawk.shp,hawk,\n");
+  session->desk.ExpectBox("Critical Error - TCACHE is FULL! Use Disable/Restore.", "ERROR!!!", Icon::critical);
+  Open("ships.pak", [&] { EXPECT_THROW(Import(), ProgramEnd); });
+  expected.Import(deep, {});
+  FolderImage wanted = expected.Image();
+  wanted["game/tcachehw.dat"] = cache;
+  EXPECT_TRUE(SameImage(wanted, ImageOf(installation.folder.native)));
+}
+
+TEST_F(Importing, With999TexturesOneOf16BitsIsTheLastThatFits) {
+  SmallShip hawk = Make("hawk", "hawk.shp", {red});
+  const Bytes pixels = Pattern(32);
+  WriteFileAt(New("red.bmp"), Bitmap(4, 4, 16, pixels));
+  Bytes cache = ReadFileAt(installation.Game("tcachehw.dat"));
+  while (LongAt(cache, 4) < 999)
+    cache = After(cache, {"x" + std::to_string(LongAt(cache, 4)), 1, 2, 2, 1, Pattern(4), 4});
+  WriteFileAt(installation.Game("tcachehw.dat"), cache);
+  ExpectSuccess();
+  ImportAll("hawk.shp");
+  const Bytes full = ReadFileAt(installation.Game("tcachehw.dat"));
+  EXPECT_EQ(LongAt(full, 4), 1000U);
+  EXPECT_TRUE(SameBytes(Bytes(full.end() - 32, full.end()), pixels));
+  const FolderImage before = ImageOf(installation.folder.native);
+  // A ship whose textures are there already still can be imported; the next one that needs a slot cannot.
+  session->desk.ExpectBox("Critical Error - TCACHE is FULL! Use Disable/Restore.", "ERROR!!!", Icon::critical);
+  Make("kite", "kite.shp", {blue});
+  Open("kite.shp", [&] { EXPECT_THROW(Import(), ProgramEnd); });
+  EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native)));
 }
 
 TEST_F(Importing, AFullCacheEndsTheProgramAfterTheShipsBeforeWereImported) {
@@ -330,7 +422,7 @@ TEST_F(Importing, AsksForNoSwitchWhenNoImportedShipNamesAStockShip) {
   MakePack("pack\n\\hawk.shp,Hawk,Manta\n\\swift.shp,Swift,Nobody\n\\kite.shp,Kite,Alpha\n");
   session->desk.AnswerFile("");
   session->desk.ExpectBox(notFound);
-  ExpectErrors();
+  ExpectErrors({"Kite"});
   ImportAll("ships.pak");
 }
 
@@ -348,7 +440,7 @@ TEST_F(Importing, BeingStoppedKeepsTheShipsBefore) {
   Make("kite", "kite.shp", {blue});
   MakePack("pack\n\\hawk.shp,hawk,\n\\kite.shp,kite,\n");
   session->desk.StopAfter(1);
-  ExpectErrors("\n\nThe import was stopped before its end.");
+  ExpectErrors({}, "\n\nThe import was stopped before its end.");
   ImportAll("ships.pak");
   expected.Import(hawk, {red});
   Compare("the stop");

@@ -236,8 +236,19 @@ TEST_F(ConsoleTest, AFolderIsCancelledAwayFromATerminalAndTheOptionsAreNamed) {
 TEST_F(ConsoleTest, AFileIsTypedAtTheTerminalAndCancelledElsewhere) {
   in.str("/a/b.txt\n");
   EXPECT_EQ(DeskOf(console).openDialog({"Open", "Z:\\a\\", "", ""}), "");
+  EXPECT_EQ(err.str(), "oravin-cli: a file is asked for (\"Open\") and nobody is there to answer\n");
   console.terminal = true;
   EXPECT_EQ(DeskOf(console).openDialog({"Open", "Z:\\a\\", "", ""}), "Z:\\a\\b.txt");
+}
+
+TEST_F(ConsoleTest, TheFileThatIsAskedForIsNamed) {
+  const FileQuestion wanted{"Find texture file", "Z:\\a\\", "hull.bmp", ""};
+  EXPECT_EQ(DeskOf(console).openDialog(wanted), "");
+  console.terminal = true;
+  EXPECT_EQ(DeskOf(console).openDialog(wanted), "");
+  EXPECT_EQ(err.str(),
+            "oravin-cli: a file is asked for (\"Find texture file hull.bmp\") and nobody is there to answer\n"
+            "Find texture file hull.bmp (an empty line cancels): \n");
 }
 
 }  // namespace

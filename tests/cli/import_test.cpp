@@ -66,14 +66,21 @@ std::string WrongUsage(const std::string& what) {
 TEST_F(ImportRuns, ARedNameRefusesTheWholePack) {
   ExpectRefused({"import", Raiders(), "--yes"},
                 "Oravin: Ships marked in red have the same names as an existing ship in Oravin.\n"
-                "  You must rename or uncheck these ships before importing.\n");
+                "  You must rename or uncheck these ships before importing.\n"
+                "oravin-cli: the name \"PREDATOR\" is taken; give another one with --rename, or leave the ship out "
+                "with --only\n");
 }
 
-TEST_F(ImportRuns, ARedNameInJsonIsTheBoxAlone) {
+TEST_F(ImportRuns, ARedNameInJsonIsTheBoxAndTheName) {
   const Outcome outcome = RunWords({"import", Raiders(), "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.ErrorLines(), (std::vector<Json>{BoxLine("Oravin", redNames, "exclamation", "ok", "ok")}));
+  EXPECT_EQ(
+      outcome.ErrorLines(),
+      (std::vector<Json>{BoxLine("Oravin", redNames, "exclamation", "ok", "ok"),
+                         Json{{"error",
+                               "the name \"PREDATOR\" is taken; give another one with --rename, or leave the ship "
+                               "out with --only"}}}));
 }
 
 TEST_F(ImportRuns, OnlyTheNamedShipsAreImported) {
@@ -144,8 +151,12 @@ TEST_F(ImportRuns, AShipThatLacksATextureFailsAndTheOtherOneIsImported) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.out, "Imported: 1.\n  Sentinel Monitor\nNot imported: 1.\n  Dragonfly\n");
   EXPECT_EQ(outcome.err,
+            "oravin-cli: a file is asked for (\"Find texture file dragon2.bmp\") and nobody is there to answer\n"
             "Oravin: Texture not found - skipping ship!\n"
-            "Oravin: Importing Completed - but there where errors on some ships\n");
+            "Oravin: Importing Completed - but there where errors on some ships\n"
+            "  \n"
+            "  These ships were not imported:\n"
+            "  Dragonfly\n");
   EXPECT_FALSE(std::filesystem::exists(sample.game / "ships" / "dragonfly.shp"));
   EXPECT_FALSE(std::filesystem::exists(sample.game / "ships" / "dragonfly.bak"));
   EXPECT_FALSE(std::filesystem::exists(sample.program / "addons" / "textures" / "dragon1.bmp"));
@@ -171,7 +182,7 @@ TEST_F(ImportRuns, AtATerminalAMissingTextureIsAskedFor) {
   const std::string other = Pack("sentinels/dragon1.bmp").string();
   const Outcome outcome = RunWords({"import", Sentinels(), "--only", "Dragonfly"}, other + "\n", true);
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_NE(outcome.err.find("Find texture file"), std::string::npos);
+  EXPECT_NE(outcome.err.find("Find texture file dragon2.bmp (an empty line cancels): "), std::string::npos);
   EXPECT_TRUE(SameBytes(AddOn("textures/dragon2.bmp"), ReadFileAt(other)));
 }
 
@@ -250,7 +261,7 @@ TEST_F(ImportRuns, AFileThatIsMissingOrNoPackIsTold) {
 
 TEST_F(ImportRuns, APackWithoutShipsImportsNothing) {
   WriteFileAt(folder.Native("empty.pak"), "\"only a header\"\r\n");
-  ExpectRefused({"import", folder.Native("empty.pak").string()}, "Oravin: Check the ships to import first.\n");
+  ExpectRefused({"import", folder.Native("empty.pak").string()}, "Oravin: This pack lists no ships.\n");
 }
 
 TEST_F(ImportRuns, WrongUses) {
