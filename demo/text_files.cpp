@@ -59,18 +59,24 @@ std::string BuildRegistry(const std::filesystem::path& game, const std::filesyst
 }
 
 std::string ProgramReadme() {
-  return "Oravin - sample installation\r\n"
-         "============================\r\n"
-         "\r\n"
-         "This folder and the folder StarLancer beside it are a sample: drawn textures, made-up ships and made-up\r\n"
-         "numbers in the game's own file formats. Nothing here comes from the game, and the game cannot run from "
-         "it.\r\n"
-         "\r\n"
-         "Try everything: enable the editing features, switch ships, change their statistics and weapons, import "
-         "the\r\n"
-         "ship packs in the folder packs, and put it all back with Disable / Restore. If something breaks, write "
-         "the\r\n"
-         "sample again with oravin-demo.\r\n";
+  std::string text =
+      "SAMPLE INSTALLATION\n"
+      "===================\n"
+      "\n"
+      "This folder and the folder StarLancer beside it are a sample installation:\n"
+      "drawn textures, made-up ships and made-up numbers in the game's own file\n"
+      "formats. Nothing here comes from the game, and the game cannot run from it.\n"
+      "\n"
+      "Try everything: enable the editing features, switch ships, change their\n"
+      "statistics and weapons, import the ship packs in the folder packs, and put it\n"
+      "all back with Disable / Restore. If something breaks, write the sample again\n"
+      "with oravin-demo. The manual follows.\n"
+      "\n"
+      "\n";
+  text += Manual();
+  std::string withLineEnds;
+  for (const char c : text) withLineEnds += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  return withLineEnds;
 }
 
 std::string ShipsFolderReadme() {

@@ -28,6 +28,10 @@ std::string BuildRegistry(const std::filesystem::path& game, const std::filesyst
 /// A native absolute path as the game and the program write it: /a/b is Z:\a\b; a path with a drive keeps it.
 std::string WindowsPath(const std::filesystem::path& path);
 
+/// The player's manual (data/readme.txt as it was when the program was built).
+std::string Manual();
+
+/// The readme.txt of the program folder: what the sample is, and the manual.
 std::string ProgramReadme();
 std::string ShipsFolderReadme();
 std::string MarkerText();
