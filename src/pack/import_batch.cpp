@@ -18,18 +18,6 @@ using platform::OpenFor;
 
 constexpr const char* batchTitle = "cmdImportShips_Click()";
 constexpr std::uint64_t longestKept = std::uint64_t{64} << 20;
-constexpr std::uint64_t blockSize = std::uint64_t{1} << 20;
-
-void CopyInto(Files& files, const std::string& from, int to) {
-  const OpenedFile source(files, from, OpenFor::reading);
-  const std::uint64_t length = LengthOf(files, source.handle);
-  Bytes block(static_cast<std::size_t>(std::min(length, blockSize)));
-  for (std::uint64_t at = 0; at < length; at += block.size()) {
-    const std::span piece(block.data(), static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), length - at)));
-    Get(files, source.handle, at, piece);
-    Put(files, to, at, piece);
-  }
-}
 
 /// The files that a commit changes, as they were.
 struct OldFiles {

@@ -41,6 +41,9 @@ std::string LengthNative(NativeFile file, std::uint64_t& length);
 std::string SetLengthNative(NativeFile file, std::uint64_t length);
 /// Waits until the file's bytes are on the disk.
 std::string FlushNative(NativeFile file);
+/// Lets the system begin to bring bytes to the disk that were just written: the flush at the end then has less to wait
+/// for. A hint, which a system that knows none passes over.
+void StartFlushNative(NativeFile file, std::uint64_t offset, std::uint64_t count);
 std::string CloseNative(NativeFile file);
 /// Waits until the bytes of several closed files are on the disk; in one go where the system can do that.
 std::string FlushMany(const std::vector<std::string>& paths);

@@ -18,7 +18,6 @@ namespace {
 using platform::OpenFor;
 
 constexpr const char* removeTitle = "RemoveTexture()";
-constexpr std::uint64_t moveBlock = std::uint64_t{1} << 20;
 
 /// Bytes that are copied in one go, from one offset of the old cache to one of the new cache.
 struct CopiedRun {
@@ -119,20 +118,11 @@ Rebuilt Rebuild(const TcacheBytes& cache, const std::set<std::string>& unwanted)
   return rebuilt;
 }
 
-void CopyRun(Files& files, int from, int to, const CopiedRun& run, Bytes& block) {
-  for (std::uint64_t done = 0; done < run.count; done += block.size()) {
-    const std::span piece(block.data(), static_cast<std::size_t>(std::min(moveBlock, run.count - done)));
-    Get(files, from, run.from + done, piece);
-    Put(files, to, run.to + done, piece);
-  }
-}
-
 void WriteRebuilt(Files& files, const std::string& cachePath, const std::string& temp, const Rebuilt& rebuilt) {
   const OpenedFile old(files, cachePath, OpenFor::reading);
   const OpenedFile made(files, temp, OpenFor::replacing);
   Put(files, made.handle, 0, rebuilt.head);
-  Bytes block(static_cast<std::size_t>(moveBlock));
-  for (const CopiedRun& run : rebuilt.runs) CopyRun(files, old.handle, made.handle, run, block);
+  for (const CopiedRun& run : rebuilt.runs) CopyBytes(files, old.handle, run.from, made.handle, run.to, run.count);
   Flush(files, made.handle);
 }
 

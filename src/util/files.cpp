@@ -134,6 +134,10 @@ void SetLength(Files& files, int handle, std::uint64_t length) {
   file.length = length;
 }
 
+void StartFlush(Files& files, int handle, std::uint64_t offset, std::uint64_t count) {
+  platform::StartFlushNative(FileOf(files, handle).native, offset, count);
+}
+
 void Flush(Files& files, int handle) {
   OpenFile& file = FileOf(files, handle);
   DoOrThrow(files, FileOperation::Kind::flush, file.path, "could not write",

@@ -72,6 +72,9 @@ void Put(Files& files, int handle, std::uint64_t offset, std::span<const std::ui
 /// Cuts the file to a length, or lets it grow by zeros; to the fault hook that is a write.
 void SetLength(Files& files, int handle, std::uint64_t length);
 
+/// Lets the system begin to bring bytes to the disk that were put into the file, so that Flush has less to wait for.
+void StartFlush(Files& files, int handle, std::uint64_t offset, std::uint64_t count);
+
 /// Waits until what was put into the file is on the disk.
 void Flush(Files& files, int handle);
 

@@ -71,17 +71,26 @@ void WriteWhole(Files& files, const std::string& path, std::span<const std::uint
   WriteBeside(files, path, [&](int handle) { Put(files, handle, 0, bytes); });
 }
 
-void CopyWhole(Files& files, const std::string& from, const std::string& to) {
+void CopyBytes(Files& files, int from, std::uint64_t fromOffset, int to, std::uint64_t toOffset, std::uint64_t count) {
+  Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(count, blockSize)));
+  for (std::uint64_t done = 0; done < count; done += block.size()) {
+    const std::span piece(block.data(), static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), count - done)));
+    Get(files, from, fromOffset + done, piece);
+    Put(files, to, toOffset + done, piece);
+    StartFlush(files, to, toOffset + done, piece.size());
+  }
+}
+
+void CopyInto(Files& files, const std::string& from, int to) {
   const OpenedFile source(files, from, OpenFor::reading);
-  const std::uint64_t length = LengthOf(files, source.handle);
-  Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(length, blockSize)));
+  CopyBytes(files, source.handle, 0, to, 0, LengthOf(files, source.handle));
+}
+
+void CopyWhole(Files& files, const std::string& from, const std::string& to) {
+  // The source is opened first: a missing one makes no file beside.
+  const OpenedFile source(files, from, OpenFor::reading);
   WriteBeside(files, to, [&](int handle) {
-    for (std::uint64_t at = 0; at < length; at += block.size()) {
-      const std::size_t count = static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), length - at));
-      const std::span<std::uint8_t> piece(block.data(), count);
-      Get(files, source.handle, at, piece);
-      Put(files, handle, at, piece);
-    }
+    CopyBytes(files, source.handle, 0, handle, 0, LengthOf(files, source.handle));
   });
 }
 

@@ -43,6 +43,13 @@ void CommitWhole(Files& files, WholeFiles& together);
 /// Gives up the files behind the first `keep` ones: what was written beside is deleted.
 void DropWhole(WholeFiles& together, std::size_t keep);
 
+/// Copies bytes from one open file to another, in blocks. The system begins to bring them to the disk while the rest is
+/// being copied.
+void CopyBytes(Files& files, int from, std::uint64_t fromOffset, int to, std::uint64_t toOffset, std::uint64_t count);
+
+/// Puts the content of a whole file into an open one, from its beginning on.
+void CopyInto(Files& files, const std::string& from, int to);
+
 /// Copies a whole file, in blocks.
 void CopyWhole(Files& files, const std::string& from, const std::string& to);
 

@@ -146,6 +146,14 @@ std::string SetLengthNative(NativeFile file, std::uint64_t length) {
 
 std::string FlushNative(NativeFile file) { return Sum(fsync(Descriptor(file)) == 0); }
 
+#ifdef SYNC_FILE_RANGE_WRITE
+void StartFlushNative(NativeFile file, std::uint64_t offset, std::uint64_t count) {
+  sync_file_range(Descriptor(file), static_cast<off64_t>(offset), static_cast<off64_t>(count), SYNC_FILE_RANGE_WRITE);
+}
+#else
+void StartFlushNative(NativeFile, std::uint64_t, std::uint64_t) {}
+#endif
+
 std::string CloseNative(NativeFile file) { return Sum(close(Descriptor(file)) == 0); }
 
 std::string FlushMany(const std::vector<std::string>& paths) {
