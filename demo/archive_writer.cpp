@@ -32,7 +32,7 @@ Bytes HeaderAndTable(const std::vector<ArchiveStream::Row>& rows, std::uint64_t 
   }
   const std::uint64_t end = TableEnd(rows);
   Bytes bytes;
-  bytes.reserve(end);
+  bytes.reserve(static_cast<std::size_t>(end));
   PutText(bytes, "BIGF");
   PutBig32(bytes, static_cast<std::uint32_t>(archiveSize));
   PutBig32(bytes, static_cast<std::uint32_t>(rows.size()));
@@ -58,7 +58,7 @@ std::vector<std::uint8_t> BuildArchive(const std::vector<ArchiveFile>& files) {
     position += row.size;
   }
   Bytes archive = HeaderAndTable(rows, position);
-  archive.reserve(position);
+  archive.reserve(static_cast<std::size_t>(position));
   for (const ArchiveFile& file : files) archive.insert(archive.end(), file.bytes.begin(), file.bytes.end());
   return archive;
 }

@@ -7,6 +7,7 @@ die() { printf '%s\n' "$*" >&2; exit 1; }
 packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev"
 packages_show="xvfb xauth xdotool openbox imagemagick x11-utils fonts-dejavu-core jq"
 packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc $packages_show"
+packages_windows="g++-mingw-w64-i686-posix dpkg-dev googletest"
 
 # install_missing PACKAGE...: installs those that are not there, as root or through sudo.
 install_missing() {
@@ -35,4 +36,36 @@ build() {
   cmake --preset "$preset" "${launcher[@]}" "$@" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; die "CMake could not set up the build."; }
   rm -f "build-$preset.log"
   cmake --build --preset "$preset" -- --quiet
+}
+
+# cache_folder: where things are kept that are made once for all builds, outside the tree.
+cache_folder() { printf '%s\n' "${XDG_CACHE_HOME:-$HOME/.cache}/oravin"; }
+
+# The keys that Debian's packages are signed with, on a Debian machine.
+debian_keyring=/usr/share/keyrings/debian-archive-keyring.gpg
+
+# debian_archive: this machine's source of Debian's main packages, as "URI SUITE".
+debian_archive() {
+  local codename
+  codename=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
+  apt-get indextargets --format '$(REPO_URI)|$(CODENAME)|$(RELEASE)|$(COMPONENT)|$(ORIGIN)' 'Created-By: Packages' |
+    awk -F '|' -v codename="$codename" \
+      '$5 == "Debian" && $4 == "main" && ($3 == codename || $2 == codename && $3 !~ /-/) { print $1, codename; exit }'
+}
+
+# debian_source PACKAGE VERSION FOLDER: unpacks Debian's source of a package as FOLDER/source. The machine's own apt
+# is left as it is: lists of source packages are fetched into FOLDER.
+debian_source() {
+  local package=$1 version=$2 folder=$3 uri suite signed=
+  read -r uri suite <<<"$(debian_archive)"
+  [ -n "$uri" ] || { say "No source of Debian's packages is set up on this machine."; return 1; }
+  [ ! -e $debian_keyring ] || signed="[signed-by=$debian_keyring] "
+  mkdir -p "$folder/apt/lists/partial" "$folder/apt/archives/partial"
+  printf 'deb-src %s%s %s main\n' "$signed" "$uri" "$suite" >"$folder/apt/sources.list"
+  local apt=(apt-get -q -o "Dir::Etc::SourceList=$folder/apt/sources.list" -o Dir::Etc::SourceParts=-
+    -o "Dir::State=$folder/apt" -o Dir::State::status=/var/lib/dpkg/status -o "Dir::Cache=$folder/apt"
+    -o APT::Sandbox::User=)
+  "${apt[@]}" update || return 1
+  (cd "$folder" && "${apt[@]}" source --download-only "$package=$version") || return 1
+  dpkg-source --no-check -x "$folder/${package}_$(sed 's/^[0-9]*://' <<<"$version").dsc" "$folder/source"
 }

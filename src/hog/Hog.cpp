@@ -81,7 +81,7 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
   }
   const std::uint8_t* entry = table.block.data() + table.at;
   const std::uint64_t position = table.blockAt + table.at;
-  const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - entry) - hogNameInEntry;
+  const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - (entry + hogNameInEntry));
   table.at += hogNameInEntry + length + 1;
   if (table.blockAt + table.at > table.end) TooLong(path);
   return {TextOf({entry + hogNameInEntry, length}), BigEndian32(entry + 4), BigEndian32(entry),

@@ -26,7 +26,7 @@ inline constexpr std::uint64_t hogSizeOffset = 4;
 inline constexpr std::uint64_t hogCountOffset = 8;
 inline constexpr std::uint64_t hogTableSizeOffset = 12;
 inline constexpr std::uint64_t hogTableOffset = 16;
-inline constexpr std::uint64_t hogNameInEntry = 8;
+inline constexpr std::size_t hogNameInEntry = 8;
 inline constexpr std::uint64_t smallestHogEntry = 9;
 
 /// What a damaged count of 0 is repaired to: the number of entries of the game's archive.

@@ -33,7 +33,7 @@ void PutRecord(Bytes& slot, const TcacheEntry& entry) {
   std::fill_n(name, clearedForName, std::uint8_t{0});
   const std::string text = Trim(entry.name).substr(0, tcacheNameWidth);
   std::copy(text.begin(), text.end(), name);
-  const auto put = [&](std::uint64_t at, std::int32_t value) {
+  const auto put = [&](std::size_t at, std::int32_t value) {
     PutLittleEndian32(&slot[at], static_cast<std::uint32_t>(value));
   };
   put(tcacheImagesInEntry, entry.imageCount);

@@ -21,7 +21,7 @@ Bytes MakeEntry(const TcacheBytes& cache, const NewTexture& texture) {
   const int lender = SlotOfFormat(cache, texture.format);
   const auto from = lender < 0 ? previous : SlotBytes(cache, lender);
   Bytes entry(from.begin(), from.end());
-  const auto put = [&](std::uint64_t at, std::uint32_t value) { PutLittleEndian32(&entry[at], value); };
+  const auto put = [&](std::size_t at, std::uint32_t value) { PutLittleEndian32(&entry[at], value); };
   put(tcacheFormatInEntry, static_cast<std::uint32_t>(texture.format));
   std::fill_n(entry.begin() + tcacheNameInEntry, tcacheNameWidth, std::uint8_t{0});
   std::copy(texture.name.begin(), texture.name.end(), entry.begin() + tcacheNameInEntry);

@@ -110,8 +110,8 @@ std::optional<TaggedValue> TakeTagged(std::span<const std::uint8_t> bytes, std::
       break;
     case TaggedValue::text:
       if (bytes.size() - end < raw) return std::nullopt;
-      value.characters = TextOf(bytes.subspan(end, raw));
-      end += raw;
+      value.characters = TextOf(bytes.subspan(end, static_cast<std::size_t>(raw)));
+      end += static_cast<std::size_t>(raw);
       break;
     default:
       value.number = static_cast<double>(raw);

@@ -6,4 +6,6 @@ namespace oravin::platform {
 
 bool PersonAtTerminal() { return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1; }
 
+void PrepareStreams() {}
+
 }  // namespace oravin::platform

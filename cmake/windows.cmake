@@ -1,0 +1,36 @@
+# What a build for Windows needs besides the compilers. The oldest system that it runs on is Windows 7.
+add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601 _FILE_OFFSET_BITS=64)
+
+# Debian's packages of headers lie among those of the machine's own C library: the compiler is shown them alone. Each is
+# found by the redirection that CMake keeps for a project that brings a package itself.
+function(oravin_headers_alone package target folder)
+  set(view "${CMAKE_BINARY_DIR}/headers/${package}")
+  file(MAKE_DIRECTORY "${view}")
+  if(NOT EXISTS "/usr/include/${folder}")
+    message(FATAL_ERROR "The headers of ${package} are not installed.")
+  endif()
+  file(CREATE_LINK "/usr/include/${folder}" "${view}/${folder}" SYMBOLIC)
+  file(WRITE "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/${package}Config.cmake"
+    "if(NOT TARGET ${target})
+  add_library(${target} INTERFACE IMPORTED)
+  target_include_directories(${target} INTERFACE \"${view}\")
+endif()
+")
+endfunction()
+oravin_headers_alone(CLI11 CLI11::CLI11 CLI)
+oravin_headers_alone(nlohmann_json nlohmann_json::nlohmann_json nlohmann)
+
+# GoogleTest's sources are a package of Debian's.
+if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)
+  set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+  set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+  add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
+  file(WRITE "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/GTestConfig.cmake" "")
+endif()
+
+# wxWidgets is built once for all builds; this takes some minutes the first time.
+if(ORAVIN_WINDOW)
+  execute_process(COMMAND "${PROJECT_SOURCE_DIR}/tools/windows-wxwidgets.sh"
+    OUTPUT_VARIABLE wxwidgets_folder OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  set(wxWidgets_CONFIG_EXECUTABLE "${wxwidgets_folder}/bin/wx-config" CACHE FILEPATH "" FORCE)
+endif()

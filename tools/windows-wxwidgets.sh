@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# Prints the folder that holds wxWidgets for 32-bit Windows, a static library; builds it there first where it is missing.
+# The source is Debian's own package, in the version whose library the Linux program uses.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. tools/common.sh
+
+host=i686-w64-mingw32
+# Only what the window uses. Nothing of it reads a picture file: pictures are drawings that NanoSVG, which is in the
+# source, turns into pixels. The debug checks would show boxes of their own.
+options=(
+  --host=$host --disable-shared --disable-debug_flag --disable-optimise --disable-precomp-headers --disable-sys-libs
+  --disable-tests --without-subdirs --with-dpi=none --with-nanosvg
+  --with-regex=no --with-zlib=no --with-expat=no --with-libpng=no --with-libjpeg=no --with-libtiff=no --with-opengl=no
+  --without-libiconv --without-liblzma
+)
+left_out=(
+  html htmlhelp aui ribbon propgrid stc richtext xrc webview webviewie mediactrl sockets ipc protocols protocol ftp http
+  fileproto url webrequest fs_inet fs_archive arcstream tarstream zipstream filesystem fsvolume fswatcher dialupman
+  secretstore sound joystick snglinst debugreport dbghelp docview mdi mdidoc help mshtmlhelp printarch postscript
+  ps-in-msw svg graphics_ctx grid dataviewctrl treectrl treelist treebook calendar datepick timepick wizarddlg tipdlg
+  splash animatectrl bannerwindow taskbaricon richtooltip infobar notifmsg prefseditor searchctrl editablebox
+  filectrl rearrangectrl colourpicker fontpicker filepicker dirpicker hyperlink collpane odcombobox bmpcombobox
+  commandlinkbutton addremovectrl actindicator aboutdlg finddlg fontdlg coldlg creddlg progressdlg
+  splitter sash miniframe metafile gif pcx tga iff pnm xpm config iniconf xlocale
+)
+for part in "${left_out[@]}"; do options+=("--disable-$part"); done
+flags="-O2 -ffunction-sections -fdata-sections -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_FILE_OFFSET_BITS=64"
+
+install_missing $packages_build $packages_windows
+version=$(dpkg-query -W -f='${source:Version}' libwxgtk3.2-dev)
+compiler=$($host-g++-posix -dumpfullversion)
+key=$(printf '%s\n' "$compiler" "$flags" "${options[@]}" | sha256sum | cut -c 1-12)
+folder=$(cache_folder)/wxwidgets-$version-$key
+if [ -e "$folder/complete" ]; then
+  printf '%s\n' "$folder"
+  exit 0
+fi
+
+# make_it: unpacks, builds and installs; what it says goes into the log.
+make_it() {
+  local launcher=
+  if command -v ccache >/dev/null; then launcher="ccache "; fi
+  debian_source wxwidgets3.2 "$version" "$folder.work" && mkdir "$folder.work/build" && cd "$folder.work/build" &&
+    ../source/configure --prefix="$folder" "${options[@]}" CC="$launcher$host-gcc-posix" CXX="$launcher$host-g++-posix" \
+      CFLAGS="$flags" CXXFLAGS="$flags" &&
+    make -j"$(nproc)" && make install
+}
+
+mkdir -p "$(cache_folder)"
+exec 9>"$folder.lock"
+flock 9  # somebody else may be building it
+if [ ! -e "$folder/complete" ]; then
+  say "Building wxWidgets $version for Windows, once; the log is $folder.log" >&2
+  rm -rf "$folder" "$folder.work"
+  mkdir -p "$folder.work"
+  (make_it) >"$folder.log" 2>&1 || { tail -n 30 "$folder.log" >&2; die "wxWidgets for Windows could not be built."; }
+  rm -rf "$folder.work"
+  touch "$folder/complete"
+fi
+printf '%s\n' "$folder"
