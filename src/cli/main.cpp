@@ -7,5 +7,6 @@
 
 int main(int argc, char** argv) {
   oravin::platform::PrepareStreams();
-  return oravin::RunCommand(oravin::platform::Arguments(argc, argv), std::cout, std::cerr, std::cin, oravin::platform::PersonAtTerminal());
+  return oravin::RunCommand(oravin::platform::Arguments(argc, argv), std::cout, std::cerr, std::cin,
+                            oravin::platform::PersonAtTerminal());
 }

@@ -6,7 +6,7 @@
 
 #include "desk/program_end.h"
 #include "session.h"
-#include "support/environment.h"
+#include "support/own_machine.h"
 #include "switcher/ship_list.h"
 
 namespace oravin::test {
@@ -18,7 +18,6 @@ constexpr const char* noModels = "No ship models were found in the game's archiv
 struct ShipListOffer : testing::Test {
   ShipListOffer() {
     std::filesystem::remove(List());
-    std::filesystem::create_directories(machine.Native("wine/dosdevices"));
     std::filesystem::current_path(machine.native);
   }
   ~ShipListOffer() override { std::filesystem::current_path("/"); }
@@ -56,8 +55,7 @@ struct ShipListOffer : testing::Test {
 
   SmallInstallation installation;
   TemporaryFolder machine;
-  Environment config{"XDG_CONFIG_HOME", machine.Native("config").string()};
-  Environment prefix{"WINEPREFIX", machine.Native("wine").string()};
+  OwnMachine own{machine};
   Session session{installation, false};
   Main& main = session.main;
   ScriptedDesk& desk = session.desk;

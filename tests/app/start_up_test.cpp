@@ -1,12 +1,12 @@
 // Start-up: where the two folders are found, what is asked, what is stored back and what is loaded.
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "desk/program_end.h"
 #include "platform/current_folder.h"
 #include "platform/registry.h"
 #include "session.h"
+#include "support/own_machine.h"
 
 namespace oravin::test {
 namespace {
@@ -21,14 +21,7 @@ constexpr const char* noProgramFolder = "Can't find Oravin local path in registr
 
 /// A machine of its own for each test: an empty registry, a Wine prefix with a drive C:, and an installation.
 struct StartUp : testing::Test {
-  StartUp() {
-    fs::create_directories(machine.Native("wine/drive_c"));
-    fs::create_directories(machine.Native("wine/dosdevices"));
-    fs::create_directory_symlink("../drive_c", machine.Native("wine/dosdevices/c:"));
-    setenv("XDG_CONFIG_HOME", machine.Native("config").c_str(), 1);
-    setenv("WINEPREFIX", machine.Native("wine").c_str(), 1);
-    fs::current_path(machine.native);
-  }
+  StartUp() { fs::current_path(machine.native); }
   ~StartUp() override { fs::current_path("/"); }
 
   static void Register(const char* key, const char* name, const std::string& text) {
@@ -47,6 +40,7 @@ struct StartUp : testing::Test {
   }
 
   TemporaryFolder machine;
+  OwnMachine own{machine};
   SmallInstallation installation;
   std::unique_ptr<Session> session = std::make_unique<Session>(installation, false);
 };
@@ -113,11 +107,11 @@ TEST_F(StartUp, GoesToAProgramFolderThatHoldsTheArchive) {
 }
 
 TEST_F(StartUp, TakesTheUsualProgramFolderWhenTheRegistryNamesNone) {
-  fs::create_directories(machine.Native("wine/drive_c/Program Files/Oravin"));
+  fs::create_directories(own.DriveC("Program Files/Oravin"));
   Register(gameKey, "EXE Path", installation.gamePath);
   Load();
   EXPECT_EQ(Found().ProgramPath, "C:\\Program Files\\Oravin\\");
-  EXPECT_EQ(fs::current_path(), fs::canonical(machine.Native("wine/drive_c/Program Files/Oravin")));
+  EXPECT_EQ(fs::current_path(), fs::canonical(own.DriveC("Program Files/Oravin")));
 }
 
 TEST_F(StartUp, TakesTheGameFolderFromTheIniFile) {
@@ -211,19 +205,18 @@ TEST_F(StartUp, CancellingTheProgramFolderEndsTheProgramWithoutAnIniFile) {
 }
 
 TEST_F(StartUp, TakesTheUsualProgramFolderAfterAsking) {
-  WriteFileAt(machine.Native("wine/drive_c/Program Files/Oravin/shipsData.txt"), "1\r\n");
+  WriteFileAt(own.DriveC("Program Files/Oravin/shipsData.txt"), "1\r\n");
   session->desk.ExpectBox(notFound);
   session->desk.AnswerFolder(installation.gamePath);
   Load();
   EXPECT_EQ(Found().ProgramPath, "C:\\Program Files\\Oravin\\");
-  EXPECT_TRUE(fs::exists(machine.Native("wine/drive_c/Program Files/Oravin/oravin.ini")));
+  EXPECT_TRUE(fs::exists(own.DriveC("Program Files/Oravin/oravin.ini")));
 }
 
 TEST_F(StartUp, AFailingRegistryWriteIsToldOfAndStartUpGoesOn) {
-  WriteFileAt(machine.Native("config"), "a file where the folder should be");
-  fs::create_directories(machine.Native("wine/drive_c/Program Files/Oravin"));
-  fs::copy_file(installation.Program("shipsData.txt"),
-                machine.Native("wine/drive_c/Program Files/Oravin/shipsData.txt"));
+  own.RefuseRegistry();
+  fs::create_directories(own.DriveC("Program Files/Oravin"));
+  fs::copy_file(installation.Program("shipsData.txt"), own.DriveC("Program Files/Oravin/shipsData.txt"));
   session->desk.ExpectBox(notFound);
   session->desk.AnswerFolder(installation.gamePath);
   session->desk.ExpectBox("Can't Create Registry entry", programTitle, Icon::none);

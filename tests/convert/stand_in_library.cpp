@@ -27,7 +27,7 @@ bool HasCapital(const std::string& text) {
 
 }  // namespace
 
-extern "C" std::int32_t convert3ds2sl(const char* source, const char* option, const char* destination) {
+extern "C" std::int32_t CONVERTER_CALL convert3ds2sl(const char* source, const char* option, const char* destination) {
   if (source == nullptr || option == nullptr || destination == nullptr) return badArgument;
   const std::string from = source;
   const std::string to = destination;

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/file_marks.h"
-#include "support/other_process.h"
+#include "support/held_file.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 #include "util/text.h"
@@ -64,21 +64,6 @@ TEST(WritePlan, NamesAFileThatAnotherProgramHasOpen) {
   WritePlan plan;
   plan.files = {folder.Windows("a")};
   EXPECT_FALSE(ReadyToWrite(at.host, plan));
-}
-
-TEST(WritePlan, NamesAFolderInWhichNoFilesCanBeMade) {
-  const TemporaryFolder folder;
-  test::MakeFolderAt(folder.Native("locked"));
-  test::SetReadOnly(folder.Native("locked"), true);
-  ScriptedHost at;
-  at.desk.ExpectBox(folder.Windows("locked/") +
-                        " cannot be written: it is read-only.\n"
-                        "Take the read-only mark away and try again. Nothing has been changed.",
-                    "Oravin", Icon::exclamation);
-  WritePlan plan;
-  plan.folders = {folder.Windows("locked/")};
-  EXPECT_FALSE(ReadyToWrite(at.host, plan));
-  test::SetReadOnly(folder.Native("locked"), false);
 }
 
 TEST(WritePlan, NamesAFolderThatIsMissing) {

@@ -2,7 +2,7 @@
 
 #include "hog_tab_stage.h"
 #include "support/file_marks.h"
-#include "support/other_process.h"
+#include "support/held_file.h"
 #include "util/Hex_Util.h"
 
 namespace oravin::test {

@@ -7,7 +7,7 @@
 
 #include "support/environment.h"
 #include "support/file_marks.h"
-#include "support/other_process.h"
+#include "support/held_file.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::platform {
@@ -219,18 +219,6 @@ TEST(WhyNotWritable, AMissingFileIsNotWritable) {
   const TemporaryFolder folder;
   EXPECT_EQ(WhyNotWritable(folder.Windows("file")), "it does not exist");
   EXPECT_TRUE(test::ImageOf(folder.native).empty());
-}
-
-TEST(WhyNoNewFiles, TellsOfMissingReadOnlyAndWrongFolders) {
-  const TemporaryFolder folder;
-  WriteFileAt(folder.Native("file"), "x");
-  test::MakeFolderAt(folder.Native("locked"));
-  test::SetReadOnly(folder.Native("locked"), true);
-  EXPECT_EQ(WhyNoNewFiles(folder.windows), "");
-  EXPECT_EQ(WhyNoNewFiles(folder.Windows("locked")), "it is read-only");
-  EXPECT_EQ(WhyNoNewFiles(folder.Windows("missing")), "it does not exist");
-  EXPECT_EQ(WhyNoNewFiles(folder.Windows("file")), "a part of the path is no folder");
-  test::SetReadOnly(folder.Native("locked"), false);
 }
 
 TEST(FreeSpace, IsWhatTheFileSystemHasLeft) {

@@ -19,7 +19,7 @@ TEST(TemporaryFolder, GoesWithAllThatIsInIt) {
     native = folder.native;
     WriteFileAt(folder.Native("a/b.txt"), "x");
     EXPECT_EQ(ReadTextAt(folder.Native("a/b.txt")), "x");
-    EXPECT_TRUE(folder.windows.starts_with("Z:\\"));
+    EXPECT_EQ(folder.windows.substr(1, 2), ":\\");
     EXPECT_TRUE(folder.windows.ends_with("\\"));
     EXPECT_EQ(folder.Windows("a/b.txt"), folder.windows + "a\\b.txt");
   }

@@ -32,7 +32,7 @@ TemporaryFolder::~TemporaryFolder() {
   fs::remove_all(native, failure);
 }
 
-fs::path TemporaryFolder::Native(std::string_view name) const { return native / name; }
+fs::path TemporaryFolder::Native(std::string_view name) const { return (native / name).make_preferred(); }
 
 std::string TemporaryFolder::Windows(std::string_view name) const {
   std::string path = windows + std::string(name);

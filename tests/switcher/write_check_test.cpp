@@ -2,7 +2,7 @@
 
 #include "stage.h"
 #include "support/file_marks.h"
-#include "support/other_process.h"
+#include "support/held_file.h"
 
 namespace oravin::test {
 namespace {

@@ -251,7 +251,8 @@ std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {
                                          nullptr, FIND_FIRST_EX_LARGE_FETCH);
   std::vector<FileFacts> items;
   // The root of an empty disk has not even the dots.
-  if (search == INVALID_HANDLE_VALUE) return GetLastError() == ERROR_FILE_NOT_FOUND ? std::optional(items) : std::nullopt;
+  if (search == INVALID_HANDLE_VALUE)
+    return GetLastError() == ERROR_FILE_NOT_FOUND ? std::optional(items) : std::nullopt;
   do {
     const std::wstring name = static_cast<const wchar_t*>(found.cFileName);
     if (name != L"." && name != L"..") items.push_back(FactsFrom(name, found));
@@ -278,8 +279,8 @@ std::string WhyNotWritable(const std::string& path) {
   std::string reason = OpenNative(path, OpenFor::changing, file);
   if (!reason.empty()) return reason;
   CloseNative(file);
-  // Opened for this program alone, which fails while anybody has it open in whatever way. DELETE is asked for as well: it
-  // is needed to rename another file over this one.
+  // Opened for this program alone, which fails while anybody has it open in whatever way. DELETE is asked for as well:
+  // it is needed to rename another file over this one.
   const std::wstring native = CallPath(path);
   return Patiently(native, [&] {
     const Opened alone(OpenAt(native, GENERIC_READ | GENERIC_WRITE | DELETE, shareNothing, OPEN_EXISTING));

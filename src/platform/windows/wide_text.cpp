@@ -30,8 +30,8 @@ std::string PartFromWide(std::wstring_view part) {
   const int size = static_cast<int>(part.size());
   std::string bytes(part.size(), '\0');
   BOOL lost = FALSE;
-  const int length = WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, part.data(), size, bytes.data(), size, nullptr,
-                                         &lost);
+  const int length =
+      WideCharToMultiByte(codePage, WC_NO_BEST_FIT_CHARS, part.data(), size, bytes.data(), size, nullptr, &lost);
   if (length == size && lost == FALSE && PartToWide(bytes) == part) return bytes;
   return Utf8FromWide(part);
 }

@@ -22,9 +22,9 @@ std::string FromWide(std::wstring_view text);
 /// Windows' text as UTF-8.
 std::string Utf8FromWide(std::wstring_view text);
 
-/// A path of the core as the system's calls take it: whole, and marked by "\\?\" when it is longer than they take plain.
-/// Empty for a path that no file can have: one with a colon behind the drive's (a part of another file), or with a
-/// wildcard.
+/// A path of the core as the system's calls take it: whole, and marked by "\\?\" when it is longer than they take
+/// plain. Empty for a path that no file can have: one with a colon behind the drive's (a part of another file), or with
+/// a wildcard.
 std::wstring CallPath(const std::string& path);
 
 /// Why a call on a path failed, in plain words.

@@ -4,7 +4,7 @@
 
 #include "platform/file_system.h"
 #include "platform/start_program.h"
-#include "support/other_process.h"
+#include "support/posix/forked.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::platform {

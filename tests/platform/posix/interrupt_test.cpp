@@ -6,7 +6,7 @@
 
 #include <csignal>
 
-#include "support/other_process.h"
+#include "support/posix/forked.h"
 
 namespace oravin::test {
 namespace {

@@ -5,7 +5,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include "support/other_process.h"
+#include "support/posix/forked.h"
 
 namespace oravin::platform {
 namespace {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 
 namespace oravin::test {
@@ -20,15 +19,5 @@ struct OtherProcess {
 
   std::intptr_t id = -1;
 };
-
-/// Another process that holds a file open (a native path) for reading, as the running game would.
-struct HeldFile {
-  explicit HeldFile(const std::filesystem::path& path);
-
-  OtherProcess process;
-};
-
-/// True where the system tells whether a file in this folder is held by another program. Some file systems do not.
-bool KnowsHeldFiles(const std::filesystem::path& folder);
 
 }  // namespace oravin::test

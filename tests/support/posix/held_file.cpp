@@ -1,4 +1,4 @@
-#include "support/other_process.h"
+#include "support/held_file.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -8,6 +8,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "support/posix/forked.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
@@ -74,9 +75,9 @@ OtherProcess::~OtherProcess() {
 }
 
 HeldFile::HeldFile(const std::filesystem::path& path)
-    : process([path] {
+    : process(std::make_shared<OtherProcess>([path] {
         if (open(path.c_str(), O_RDONLY) < 0) throw std::runtime_error("cannot open");
-      }) {}
+      })) {}
 
 bool KnowsHeldFiles(const std::filesystem::path& folder) {
 #ifdef F_SETLEASE

@@ -1,0 +1,154 @@
+#!/usr/bin/env bash
+# Runs a command in a small Debian of its own, in which Wine runs 32-bit Windows programs.
+#
+# The Debian is made once by debootstrap and kept in the cache folder; each run works on a copy that is forgotten
+# afterwards, without a network and with processes, mounts and a virtual screen of its own. The command is run as the user
+# "player", who has no special rights, with Wine's prefix already set up.
+set -euo pipefail
+own=$(readlink -f "$0")
+. "$(dirname "$own")/common.sh"
+
+usage() {
+  cat <<'TEXT2'
+Usage: tools/windows-machine.sh [--read FOLDER]... [--write FOLDER]... COMMAND [ARGUMENT]...
+
+  --read FOLDER   a folder of this machine that is seen there too, by the same path
+  --write FOLDER  the same, and what is written into it stays
+
+Exits with the command's status; with 77 where this machine does not permit what is needed.
+TEXT2
+}
+
+not_permitted=77
+packages="wine wine32 xvfb xauth"
+player=1000
+
+skip() {
+  say "No Windows programs can be run here: $*" >&2
+  exit $not_permitted
+}
+
+# prepare FOLDER: makes the Debian, its user and Wine's prefix.
+prepare() {
+  local tree=$1 uri suite
+  read -r uri suite <<<"$(debian_archive)"
+  rm -rf "$tree"
+  debootstrap --arch=i386 --variant=minbase ${debian_keyring:+--keyring="$debian_keyring"} --include="${packages// /,}" "$suite" "$tree" "$uri" || return 1
+  rm -rf "$tree"/var/cache/apt/archives/*.deb "$tree"/var/lib/apt/lists/* || return 1
+  chroot "$tree" useradd --uid $player --create-home player || return 1
+  unshare --mount --net --pid --ipc --fork --kill-child "$own" --inside "$tree" "$tree" -- --setup || return 1
+}
+
+# mount_in ROOT [FOLDER MODE]...: what a running system has, and this machine's folders. Seen by this command alone.
+mount_in() {
+  local root=$1
+  shift
+  mount -t proc proc "$root/proc"
+  mount --rbind /dev "$root/dev"
+  mount -t tmpfs -o mode=1777 tmpfs "$root/dev/shm"
+  mount -t tmpfs -o mode=1777 tmpfs "$root/tmp"
+  while [ $# -gt 0 ]; do
+    mkdir -p "$root$1"
+    mount --bind "$1" "$root$1"
+    [ "$2" = write ] || mount -o remount,bind,ro "$root$1"
+    shift 2
+  done
+}
+
+# in_there ROOT COMMAND...: a command as the player.
+in_there() {
+  local root=$1
+  shift
+  chroot --userspec=$player:$player "$root" /usr/bin/env -i HOME=/home/player USER=player LANG=C.UTF-8 \
+    PATH=/usr/local/bin:/usr/bin:/bin WINEPREFIX=/home/player/wine WINEARCH=win32 WINEDEBUG=-all \
+    WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" "$@"
+}
+
+# inside TREE ROOT [FOLDER MODE]... -- COMMAND...: runs as the first process of its own.
+inside() {
+  local tree=$1 root=$2 binds=() status=0
+  shift 2
+  while [ "$1" != -- ]; do binds+=("$1"); shift; done
+  shift
+  mount --make-rprivate /
+  if [ "$tree" != "$root" ]; then
+    # The Debian below, and what this run changes above it, in memory.
+    mount -t tmpfs tmpfs "$root"
+    mkdir "$root/changes" "$root/work" "$root/all"
+    mount -t overlay overlay -o "lowerdir=$tree,upperdir=$root/changes,workdir=$root/work" "$root/all"
+    root=$root/all
+  fi
+  mount_in "$root" ${binds[@]+"${binds[@]}"}
+  if [ "$1" = --setup ]; then
+    in_there "$root" wineboot --init && in_there "$root" wineserver --wait
+    return
+  fi
+  in_there "$root" sh -c 'Xvfb :0 -screen 0 1280x1024x24 >/dev/null 2>&1 &
+    export DISPLAY=:0
+    for i in $(seq 100); do [ -e /tmp/.X11-unix/X0 ] && break; sleep 0.05; done
+    cd /tmp
+    "$@"
+    status=$?
+    wineserver --kill
+    exit $status' sh "$@" || status=$?
+  return $status
+}
+
+if [ "${1:-}" = --inside ]; then
+  shift
+  inside "$@"
+  exit
+fi
+
+binds=()
+while [ $# -gt 0 ]; do
+  case $1 in
+    --read | --write) binds+=("$(readlink -f "$2")" "${1#--}"); shift 2 ;;
+    --help) usage; exit 0 ;;
+    --*) usage >&2; exit 2 ;;
+    *) break ;;
+  esac
+done
+[ $# -gt 0 ] || { usage >&2; exit 2; }
+
+if [ "$(id -u)" -ne 0 ]; then
+  sudo -n true 2>/dev/null || skip "that takes root, or sudo without a password."
+  words=()
+  for ((i = 0; i < ${#binds[@]}; i += 2)); do words+=("--${binds[i + 1]}" "${binds[i]}"); done
+  exec sudo -n env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "$own" ${words[@]+"${words[@]}"} "$@"
+fi
+(install_missing debootstrap) >&2 || skip "debootstrap cannot be installed."
+unshare --mount --net --pid --ipc --fork --kill-child sh -c 'mount --make-rprivate / && mount -t tmpfs tmpfs /mnt' 2>/dev/null ||
+  skip "mounting is not permitted."
+read -r uri suite <<<"$(debian_archive)"
+[ -n "$uri" ] || skip "no source of Debian's packages is set up."
+[ -e "$debian_keyring" ] || debian_keyring=
+
+key=$(printf "%s\n" "$packages" "set up 1" | sha256sum | cut -c 1-12)
+folder=$(cache_folder)/windows-machine-$suite-$key
+mkdir -p "$(cache_folder)"
+exec 9>"$folder.lock"
+flock 9
+if [ ! -e "$folder/complete" ]; then
+  say "Making a small Debian with Wine, once; the log is $folder.log" >&2
+  mkdir -p "$folder"
+  (prepare "$folder/tree") </dev/null >"$folder.log" 2>&1 || { tail -n 5 "$folder.log" >&2; skip "debootstrap failed."; }
+  touch "$folder/complete"
+fi
+exec 9>&-
+
+# What is written there belongs to the player; afterwards to whom it belonged before.
+given_back() {
+  local i
+  for ((i = 0; i < ${#binds[@]}; i += 2)); do
+    [ "${binds[i + 1]}" = read ] || chown -R "$1" "${binds[i]}"
+  done
+}
+owner=$(stat -c %u:%g "$(dirname "$own")")
+given_back $player:$player
+status=0
+mkdir -p "$folder/run"
+unshare --mount --net --pid --ipc --fork --kill-child "$own" --inside "$folder/tree" "$folder/run" ${binds[@]+"${binds[@]}"} -- "$@" ||
+  status=$?
+given_back "$owner"
+exit $status
