@@ -1,7 +1,8 @@
 #include "desk/write_plan.h"
 
 #include "desk/dialogs.h"
-#include "util/File_Path.h"
+#include "desk/write_help.h"
+#include "platform/virtual_store.h"
 #include "util/text.h"
 
 namespace oravin {
@@ -11,17 +12,8 @@ namespace {
 /// What the file system takes beside the bytes themselves, and what is written in passing.
 constexpr std::uint64_t spareRoom = std::uint64_t{1} << 20;
 
-std::string Help(const std::string& reason) {
-  if (reason == "it is read-only") return "Take the read-only mark away and try again.";
-  if (reason == "another program has it open") {
-    return "Close StarLancer, and whatever else may be using the file, and try again.";
-  }
-  return "Put that right and try again.";
-}
-
 void Refuse(Host& host, const std::string& path, const std::string& reason) {
-  Show(host, path + " cannot be written: " + reason + ".\n" + Help(reason) + " Nothing has been changed.",
-       Icon::exclamation);
+  Show(host, RefusalToWrite(path, reason, platform::VirtualStore()), Icon::exclamation);
 }
 
 void RefuseRoom(Host& host, const std::string& folder, std::uint64_t needed, std::uint64_t free) {
