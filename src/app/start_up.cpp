@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 
+#include "app/program_folder.h"
 #include "app/safekeeping.h"
 #include "app/ship_list_offer.h"
 #include "catalogue/catalogue.h"
@@ -14,6 +15,7 @@
 #include "platform/registry.h"
 #include "util/File_Path.h"
 #include "util/delimited_text.h"
+#include "util/text.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -40,14 +42,18 @@ constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"
 
 bool IsGameFolder(const std::string& folder) { return FileExists(folder + "resource.hog"); }
 
-/// The program folder, first guess: where the registry says that the program is, else the usual folder.
-void GuessProgramFolder(Installation& installation) {
+/// The program folder, first guess: where the registry says that the program is, else the usual folder, else the one
+/// that the program's package names.
+void GuessProgramFolder(Installation& installation, const platform::PackagePlaces& package) {
   const auto executable = platform::RegReadString(platform::localMachine, appPathsKey, "");
   installation.ProgramPath = executable ? ParentFolder(std::string(*executable)) : std::string();
   if (!executable || !FolderExists(installation.ProgramPath)) {
-    if (!FolderExists(std::string(usualProgramFolder))) return;
-    platform::SetCurrentFolder(usualProgramFolder);
-    installation.ProgramPath = usualProgramFolder;
+    if (FolderExists(std::string(usualProgramFolder))) {
+      platform::SetCurrentFolder(usualProgramFolder);
+      installation.ProgramPath = usualProgramFolder;
+    } else if (IsPrintableText(std::string(package.program))) {
+      installation.ProgramPath = package.program;
+    }
   } else if (FileExists(installation.ProgramPath + "resource.hog")) {
     // The archive is looked for here, not the catalogue: meant.
     platform::SetCurrentFolder(installation.ProgramPath);
@@ -108,10 +114,23 @@ void AskGameFolder(Host& host, Installation& installation) {
   }
 }
 
+/// True when the program folder is the one that the program's package names.
+bool IsPackages(const Installation& installation, const GivenFolders& given) {
+  return !given.package.program.empty() && SameName(installation.ProgramPath, given.package.program);
+}
+
 /// Offers to make the ship list, where that is wanted.
 std::function<bool(const std::string& folder)> Offer(Main& main, const std::string& game, const GivenFolders& given) {
   if (!given.offerShipList) return nullptr;
   return [&main, game](const std::string& folder) { return OfferShipList(main, game, folder); };
+}
+
+/// A package brings no ship list, so the folder that it laid out is offered one without having been chosen.
+void OfferListForPackage(Main& main, const GivenFolders& given) {
+  const Installation& installation = main.installation;
+  if (!IsPackages(installation, given) || !given.offerShipList) return;
+  if (FileExists(installation.ProgramPath + "shipsData.txt") || FeaturesEnabled(installation.ProgramPath)) return;
+  OfferShipList(main, installation.GamePath, installation.ProgramPath);
 }
 
 void SettleProgramFolder(Main& main, const GivenFolders& given) {
@@ -138,8 +157,12 @@ void WriteIni(Host& host, Installation& installation) {
 void SearchFolders(Main& main, const GivenFolders& given) {
   Host& host = main.host;
   Installation& installation = main.installation;
-  if (GameFolderFromRegistry(installation) || FoldersFromIni(host, installation)) return;
+  if (GameFolderFromRegistry(installation) || FoldersFromIni(host, installation)) {
+    OfferListForPackage(main, given);
+    return;
+  }
   AskGameFolder(host, installation);
+  OfferListForPackage(main, given);
   SettleProgramFolder(main, given);
   WriteIni(host, installation);
 }
@@ -179,14 +202,20 @@ void TakeGivenFolders(Main& main, const GivenFolders& given) {
 
 void FindFolders(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
-  if (given.program.empty()) GuessProgramFolder(installation);
+  if (given.program.empty()) {
+    GuessProgramFolder(installation, given.package);
+    if (IsPackages(installation, given)) LayOutProgramFolder(main.host, given.package);
+  }
   if (given.game.empty()) {
     // A given program folder is the person's last word; the search must not replace it.
     if (!given.program.empty()) TakeGivenFolders(main, {{}, given.program, given.offerShipList});
     SearchFolders(main, given);
   }
   TakeGivenFolders(main, given);
-  if (!given.game.empty() && given.program.empty()) SettleProgramFolder(main, given);
+  if (!given.game.empty() && given.program.empty()) {
+    OfferListForPackage(main, given);
+    SettleProgramFolder(main, given);
+  }
 }
 
 void LockInstallation(Main& main) {
@@ -226,7 +255,7 @@ void Form_Load(Main& main, const GivenFolders& given) {
 void FindGameFolder(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
   if (given.program.empty()) {
-    GuessProgramFolder(installation);
+    GuessProgramFolder(installation, given.package);
   } else {
     installation.ProgramPath = FolderFrom(given.program);
   }

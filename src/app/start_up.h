@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/main.h"
+#include "platform/package.h"
 
 namespace oravin {
 
@@ -11,6 +12,7 @@ struct GivenFolders {
   std::string game;
   std::string program;
   bool offerShipList = false;  ///< where a chosen program folder has no ship list, OfferShipList before it is refused
+  platform::PackagePlaces package = {};  ///< where the program came as a package: the folder to take when none is found
 };
 
 /// Start-up: settles the game folder and the program folder, shows them, loads the catalogue when the features are
@@ -18,6 +20,10 @@ struct GivenFolders {
 ///
 /// The folders come from the registry, else from the INI file in the program folder, else from the person; what a
 /// person chose is stored back. Folders given by the caller are taken as they are and stored nowhere.
+///
+/// Where neither the registry nor the usual place has a program folder, a program that came as a package takes the one
+/// that its package names and lays it out. It has no ship list at first; where one is to be offered, that is done as
+/// soon as the game folder is known.
 ///
 /// @throws ProgramEnd when the person cancels a choice of folder, or a given folder is not the right one
 void Form_Load(Main& main, const GivenFolders& given = {});

@@ -29,8 +29,10 @@ void Work(Console& console, const CommandLine& line) {
   Main main;
   main.host.desk = DeskOf(console);
   Trap(main.host, "oravin-cli", [&] {
-    if (line.command->worksOn == WorksOn::installation) Form_Load(main, line.folders);
-    if (line.command->worksOn == WorksOn::game) FindGameFolder(main, line.folders);
+    GivenFolders folders = line.folders;
+    folders.package = platform::PlacesOfPackage();
+    if (line.command->worksOn == WorksOn::installation) Form_Load(main, folders);
+    if (line.command->worksOn == WorksOn::game) FindGameFolder(main, folders);
     Session session{main, console};
     if (const auto result = line.command->run(session, line.values)) WriteResult(console, *result);
   });

@@ -11,7 +11,10 @@
 
 namespace oravin::gui {
 
-App::App(Options options) : options_(std::move(options)) { options_.folders.offerShipList = true; }
+App::App(Options options) : options_(std::move(options)) {
+  options_.folders.offerShipList = true;
+  options_.folders.package = platform::PlacesOfPackage();
+}
 
 bool App::OnInit() {
   // The command line has been read already, so nothing of it is left for the toolkit.

@@ -1,0 +1,46 @@
+#include "app/program_folder.h"
+
+#include "catalogue/installation.h"
+#include "desk/error_trap.h"
+#include "util/File_Path.h"
+#include "util/whole_file.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr const char* manual = "readme.txt";
+
+/// Makes a folder with those above it.
+void MakeFolders(Files& files, const std::string& folder) {
+  for (std::size_t at = folder.find('\\'); at != std::string::npos; at = folder.find('\\', at + 1)) {
+    const std::string part = folder.substr(0, at + 1);
+    if (!FolderExists(std::string(part))) MakeFolder(files, part);
+  }
+}
+
+void CopyMissing(Files& files, const std::string& from, const std::string& to) {
+  MakeFolders(files, to);
+  for (const platform::FileFacts& item : platform::ListNative(from).value_or(std::vector<platform::FileFacts>())) {
+    if (item.folder) {
+      CopyMissing(files, from + item.name + "\\", to + item.name + "\\");
+      continue;
+    }
+    const bool there = FileExists(to + item.name);
+    const bool renew = there && item.name == manual && !SameContent(files, from + item.name, to + item.name);
+    if (!there || renew) CopyWhole(files, from + item.name, to + item.name);
+  }
+}
+
+}  // namespace
+
+void LayOutProgramFolder(Host& host, const platform::PackagePlaces& package) {
+  Trap(host, "Form_Load", [&] {
+    if (package.data != package.program) CopyMissing(host.files, package.data, package.program);
+    for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
+      MakeFolders(host.files, package.program + folder);
+    }
+  });
+}
+
+}  // namespace oravin
