@@ -12,6 +12,7 @@ namespace oravin::gui {
 namespace {
 
 constexpr int listPictureSize = 20;
+constexpr int greatestSmallIcon = 24;  ///< up to here the drawing for small sizes is clearer
 
 enum ShipPicture {
   stockFighter,
@@ -53,11 +54,15 @@ int PictureOf(const ListRow& row, ShipsShown shown) {
   }
 }
 
-wxBitmapBundle Emblem(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::emblem, size); }
+wxBitmapBundle Emblem(const wxSize& size) { return wxBitmapBundle::FromSVG(drawings::oravin, size); }
 
 wxIconBundle ProgramIcon() {
   wxIconBundle icons;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) icons.AddIcon(Emblem({size, size}).GetIcon({size, size}));
+  for (const int side : {16, 20, 24, 32, 40, 48, 64, 128, 256}) {
+    const wxSize size(side, side);
+    const char* drawing = side <= greatestSmallIcon ? drawings::oravin_small : drawings::oravin;
+    icons.AddIcon(wxBitmapBundle::FromSVG(drawing, size).GetIcon(size));
+  }
   return icons;
 }
 

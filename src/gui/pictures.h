@@ -6,7 +6,7 @@
 
 #include "desk/controls.h"
 
-/// The window's own drawings.
+/// The window's own drawings, and the program's icon, which packages use as well (`packaging/icons`).
 namespace oravin::gui {
 
 /// Which kind of ships a list of the switcher shows: the picture of a stock ship depends on it.

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Renders the program's icon: FOLDER/oravin-SIZE.png for each size, and the Windows icon FOLDER/oravin.ico of all of them.
+# Needs rsvg-convert; icotool only where the Windows icon is asked for.
+# Usage: packaging/icons/render.sh FOLDER [--ico]
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+folder=$1
+mkdir -p "$folder"
+# What is drawn for 64 pixels and more turns to mud at the smallest sizes, which have a drawing of their own.
+for size in 16 20 24; do rsvg-convert -w $size -h $size "$here/oravin-small.svg" -o "$folder/oravin-$size.png"; done
+for size in 32 40 48 64 128 256; do rsvg-convert -w $size -h $size "$here/oravin.svg" -o "$folder/oravin-$size.png"; done
+[ "${2:-}" = --ico ] || exit 0
+images=()
+for size in 16 20 24 32 40 48 64 128; do images+=("$folder/oravin-$size.png"); done
+icotool --create --output="$folder/oravin.ico" "${images[@]}" --raw="$folder/oravin-256.png"
