@@ -6,8 +6,12 @@ die() { printf '%s\n' "$*" >&2; exit 1; }
 # What each command needs, as Debian's packages.
 packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev"
 packages_show="xvfb xauth xdotool openbox imagemagick x11-utils fonts-dejavu-core jq"
-packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc $packages_show"
-packages_windows="g++-mingw-w64-i686-posix dpkg-dev googletest"
+packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc lintian $packages_show"
+packages_linux="dpkg-dev librsvg2-bin desktop-file-utils appstream shared-mime-info"
+packages_windows="g++-mingw-w64-i686-posix dpkg-dev googletest librsvg2-bin icoutils nsis zip unzip"
+
+# The version as CMakeLists.txt has it.
+project_version() { sed -nE 's/^project\(oravin VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt; }
 
 # install_missing PACKAGE...: installs those that are not there, as root or through sudo.
 install_missing() {
@@ -26,7 +30,8 @@ install_missing() {
   "${become[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# build PRESET [CMAKE-OPTION...]: configures and builds below build/PRESET; compiled files are kept in ccache's folder.
+# [targets="TARGET..."] build PRESET [CMAKE-OPTION...]: configures and builds below build/PRESET, everything or the targets;
+# compiled files are kept in ccache's folder.
 build() {
   local preset=$1 launcher=()
   shift
@@ -35,7 +40,7 @@ build() {
   command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
   cmake --preset "$preset" "${launcher[@]}" "$@" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; die "CMake could not set up the build."; }
   rm -f "build-$preset.log"
-  cmake --build --preset "$preset" -- --quiet
+  cmake --build --preset "$preset" ${targets:+--target $targets} -- --quiet
 }
 
 # cache_folder: where things are kept that are made once for all builds, outside the tree.

@@ -1,0 +1,47 @@
+# oravin_resources(TARGET NAME DESCRIPTION [WINDOW]): gives a program for Windows its icon, its one manifest and its version.
+# NAME is the executable's without its extension. WINDOW: it draws controls, and has the cursors of wxWidgets.
+# Away from Windows this does nothing.
+function(oravin_resources target name description)
+  if(NOT WIN32)
+    return()
+  endif()
+  cmake_parse_arguments(RESOURCES "WINDOW" "" "" ${ARGN})
+  set(sources "${PROJECT_SOURCE_DIR}/packaging/windows")
+  set(icons "${PROJECT_SOURCE_DIR}/packaging/icons")
+  set(folder "${CMAKE_BINARY_DIR}/resources")
+  set(resource_name ${name})
+  set(resource_description ${description})
+  set(resource_controls "")
+  set(resource_toolkit "")
+  if(RESOURCES_WINDOW)
+    file(READ "${sources}/controls.xml" resource_controls)
+    string(STRIP "${resource_controls}" resource_controls)
+    set(resource_controls "  ${resource_controls}")
+    # The toolkit's resources would bring a second manifest.
+    set(resource_toolkit "#define wxUSE_NO_MANIFEST 1\n#include \"wx/msw/wx.rc\"")
+  endif()
+  configure_file("${sources}/oravin.manifest.in" "${folder}/${name}.manifest" @ONLY)
+  configure_file("${sources}/oravin.rc.in" "${folder}/${name}.rc" @ONLY)
+
+  set(drawings "${icons}/oravin.svg" "${icons}/oravin-small.svg" "${icons}/render.sh")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${drawings})
+  set(newest "${folder}/oravin.ico")
+  foreach(drawing IN LISTS drawings)
+    if("${drawing}" IS_NEWER_THAN "${folder}/oravin.ico")
+      set(newest "${drawing}")
+    endif()
+  endforeach()
+  if(NOT newest STREQUAL "${folder}/oravin.ico")
+    execute_process(COMMAND "${icons}/render.sh" "${folder}" --ico COMMAND_ERROR_IS_FATAL ANY)
+  endif()
+
+  # A library of its own, because the resource compiler does not know the C++ compiler's options.
+  add_library(${target}_resources OBJECT "${folder}/${name}.rc")
+  target_include_directories(${target}_resources PRIVATE "${folder}")
+  if(RESOURCES_WINDOW)
+    target_include_directories(${target}_resources PRIVATE ${wxWidgets_INCLUDE_DIRS})
+  endif()
+  set_source_files_properties("${folder}/${name}.rc"
+    PROPERTIES OBJECT_DEPENDS "${folder}/oravin.ico;${folder}/${name}.manifest")
+  target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_resources>)
+endfunction()
