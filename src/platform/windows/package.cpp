@@ -1,0 +1,24 @@
+#include "platform/package.h"
+
+#include "platform/file_system.h"
+#include "platform/windows/wide_text.h"
+
+namespace oravin::platform {
+
+PackagePlaces PlacesOfPackage() {
+  // The call does not tell how much room it needs, and cuts what does not fit.
+  std::wstring executable(MAX_PATH, L'\0');
+  DWORD length = GetModuleFileNameW(nullptr, executable.data(), static_cast<DWORD>(executable.size()));
+  while (length == executable.size()) {
+    executable.resize(2 * executable.size());
+    length = GetModuleFileNameW(nullptr, executable.data(), static_cast<DWORD>(executable.size()));
+  }
+  executable.resize(length);
+  const std::size_t backslash = executable.find_last_of(L'\\');
+  if (backslash == std::wstring::npos) return {};
+  const std::string folder = FromWide(executable.substr(0, backslash + 1));
+  if (!FactsOf(folder + "readme.txt")) return {};
+  return {folder, folder};
+}
+
+}  // namespace oravin::platform
