@@ -42,7 +42,10 @@ metainfo_version() {
 }
 
 desktop_file() { desktop-file-validate packaging/linux/oravin.desktop; }
-metainfo() { appstreamcli validate --no-net packaging/linux/org.oravin.Oravin.metainfo.xml; }
+metainfo() {
+  local told
+  told=$(appstreamcli validate --no-net packaging/linux/org.oravin.Oravin.metainfo.xml 2>&1) || { say "$told"; return 1; }
+}
 
 # The types of ship files are told by their ends, a pack of another program by its beginning.
 mime_types() (
@@ -50,7 +53,7 @@ mime_types() (
   trap 'rm -rf "$work"' EXIT
   mkdir -p "$work/mime/packages"
   cp packaging/linux/oravin.xml "$work/mime/packages"
-  update-mime-database "$work/mime" || exit 1
+  XDG_DATA_HOME=$work update-mime-database "$work/mime" || exit 1
   printf '"Two ships"\r\n"\\reaper.shp","Reaper",""\r\n' >"$work/ours.pak"
   printf 'PACK\14\0\0\0\0\0\0\0' >"$work/theirs.pak"
   printf 'x' >"$work/model.shp"

@@ -19,6 +19,9 @@ lay_out() {
   done
 }
 
+# set_dates ROOT: all files get the one date.
+set_dates() { find "$1" -exec touch --no-dereference -d "@$SOURCE_DATE_EPOCH" {} +; }
+
 # What dpkg-shlibdeps finds out of the executables.
 dependencies() {
   mkdir -p "$work/shlibs/debian"
@@ -47,7 +50,7 @@ Installed-Size: $(du -k -s --apparent-size "$root/usr" | cut -f 1)
 Depends: $(dependencies "$1"), hicolor-icon-theme
 Recommends: xdg-utils
 Suggests: wine
-Section: games
+Section: utils
 Priority: optional
 Description: editor for the installed files of StarLancer
  Oravin edits the installed files of the space-combat game StarLancer, and can
@@ -57,6 +60,7 @@ Description: editor for the installed files of StarLancer
  .
  The game is needed; it may be installed in Wine. Nothing of it is included.
 TEXT
+  set_dates "$root"
   dpkg-deb --root-owner-group -Zxz --build "$root" "$folder/oravin_${version}_$architecture.deb" >/dev/null
 }
 
@@ -65,7 +69,8 @@ make_tarball() {
   name=oravin-$version-linux-$(uname -m)
   cp -a "$1" "$work/$name"
   sed "s/@DEPENDS@/$(dependencies "$1")/" packaging/linux/README.txt >"$work/$name/README.txt"
-  tar --create --directory="$work" --sort=name --mtime="@$SOURCE_DATE_EPOCH" --owner=0 --group=0 --numeric-owner "$name" |
+  set_dates "$work/$name"
+  tar --create --directory="$work" --sort=name --owner=0 --group=0 --numeric-owner "$name" |
     gzip -9n >"$folder/$name.tar.gz"
 }
 
