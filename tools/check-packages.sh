@@ -15,7 +15,7 @@ tarball() { echo "$packages/oravin-$(project_version)-linux-$(uname -m).tar.gz";
 # Every file of data/ is in the package, and so is whatever a desktop needs.
 deb_files() {
   local files file bad=0
-  files=$(dpkg-deb --fsys-tarfile "$(deb)" | tar --list | sed 's,^\./,,' | grep -v '/$' | LC_ALL=C sort)
+  files=$(dpkg-deb --fsys-tarfile "$(deb)" | tar --list | sed 's,^\./,,' | grep -v '/$' | grep . | LC_ALL=C sort)
   {
     printf 'usr/%s\n' bin/oravin bin/oravin-cli share/applications/oravin.desktop share/doc/oravin/changelog.gz \
       share/doc/oravin/copyright share/icons/hicolor/scalable/apps/oravin.svg share/man/man1/oravin.1.gz \
@@ -34,7 +34,7 @@ deb_control() {
 }
 
 # Nothing that lintian calls an error or a warning.
-deb_lintian() { lintian --fail-on error,warning --tag-display-limit 0 "$(deb)"; }
+deb_lintian() { lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$(deb)"; }
 
 metainfo_version() {
   same "the version in the metainfo" \
@@ -71,7 +71,7 @@ tree_starts() (
   tree=$work/oravin-$(project_version)-linux-$(uname -m)
   export HOME=$work/home XDG_CONFIG_HOME=$work/config WINEPREFIX=$work/wine
   unset XDG_DATA_HOME
-  same "the version told" "$("$tree/bin/oravin-cli" --version)" "$(project_version)" &&
+  same "the version told" "$("$tree/bin/oravin-cli" --version)" "oravin-cli $(project_version)" &&
     same "the window's version" "$("$tree/bin/oravin" --version)" "Oravin $(project_version)" || exit 1
   "$tree/bin/oravin-cli" --help | grep -q '^Usage: oravin-cli' || { say "  no help"; exit 1; }
   "$tree/bin/oravin" --help | grep -q -- '--game DIR' || { say "  no help of the window"; exit 1; }
