@@ -56,10 +56,12 @@ mime_types() (
   XDG_DATA_HOME=$work update-mime-database "$work/mime" || exit 1
   printf '"Two ships"\r\n"\\reaper.shp","Reaper",""\r\n' >"$work/ours.pak"
   printf 'PACK\14\0\0\0\0\0\0\0' >"$work/theirs.pak"
+  printf '\5\0\0\0\1' >"$work/others.pak"
   printf 'x' >"$work/model.shp"
   type_of() { XDG_DATA_HOME=$work/ XDG_DATA_DIRS=/usr/share gio info -a standard::content-type "$work/$1" | sed -n 's/.*content-type: //p'; }
   same "the type of a ship pack" "$(type_of ours.pak)" application/x-starlancer-ship-pack &&
     same "the type of another pack" "$(type_of theirs.pak)" application/x-pak &&
+    same "the type of a third one" "$(type_of others.pak)" application/x-pak &&
     same "the type of a model" "$(type_of model.shp)" application/x-starlancer-ship-model
 )
 
