@@ -98,3 +98,96 @@ tree_icons() (
     same "the size of an icon" "$(identify -format '%wx%h' "$work/share/icons/hicolor/${size}x$size/apps/oravin.png")" "${size}x$size" || exit 1
   done
 )
+
+windows_zip() { echo "$packages/oravin-$(project_version)-windows.zip"; }
+windows_setup() { echo "$packages/oravin-$(project_version)-windows-setup.exe"; }
+
+# from_zip COMMAND...: runs it in the unpacked program folder of the portable archive.
+from_zip() (
+  work=$(mktemp -d)
+  trap 'rm -rf "$work"' EXIT
+  version=$(project_version)
+  unzip -q "$(windows_zip)" -d "$work" && cd "$work/oravin-$version-windows" && "$@"
+)
+
+# The portable archive is the program folder, with everything of data/ and the empty folders for add-ons.
+zip_files() {
+  local name
+  name=oravin-$(project_version)-windows
+  {
+    printf "$name/%s\n" '' Oravin.exe oravin-cli.exe license.txt 3D/ addons/ addons/ships/ addons/stats/ addons/textures/
+    git ls-files -co --exclude-standard -- data | sed "s,^data/,$name/,"
+  } | LC_ALL=C sort | diff - <(zipinfo -1 "$(windows_zip)" | LC_ALL=C sort)
+}
+
+# The texts of the archive have the line ends of Windows, and are otherwise those of the tree.
+zip_texts() {
+  local here=$PWD
+  from_zip bash -c "tr -d '\r' <readme.txt | cmp - '$here/data/readme.txt' && tr -d '\r' <license.txt | cmp - '$here/LICENSE' &&
+    ! grep -qv \$'\r\$' readme.txt license.txt"
+}
+
+# is_static_32_bit PROGRAM: nothing has to be installed beside it.
+is_static_32_bit() {
+  local told strange
+  told=$(i686-w64-mingw32-objdump -p "$1") || return 1
+  grep -q 'file format pei-i386$' <<<"$told" || { say "  $1 is no 32-bit program for Windows"; return 1; }
+  # What every Windows since 7 has in its system folder.
+  strange=$(sed -n 's/^\tDLL Name: //p' <<<"$told" | tr A-Z a-z | grep -vxE \
+    '(advapi32|comctl32|comdlg32|gdi32|gdiplus|imm32|kernel32|msimg32|msvcrt|ole32|oleacc|oleaut32|rpcrt4|shell32|shlwapi|user32|uxtheme|version|winmm|ws2_32)\.dll|winspool\.drv') || true
+  [ -z "$strange" ] || { say "  $1 needs $strange"; return 1; }
+  [ "$(stat -c %s "$1")" -le $((8 * 1024 * 1024)) ] || { say "  $1 is larger than 8 MiB"; return 1; }
+}
+
+windows_programs() { from_zip eval 'is_static_32_bit Oravin.exe && is_static_32_bit oravin-cli.exe'; }
+
+# The window's program belongs to the windows, the other one to the console.
+windows_subsystems() {
+  from_zip eval 'i686-w64-mingw32-objdump -p Oravin.exe | grep -q "^Subsystem.*(Windows GUI)" &&
+    i686-w64-mingw32-objdump -p oravin-cli.exe | grep -q "^Subsystem.*(Windows CUI)"'
+}
+
+# has_manifest PROGRAM TEXT...: the program has one manifest, and it holds the texts.
+has_manifest() {
+  local program=$1 manifest text
+  same "the number of manifests" "$(wrestool -l --type=24 "$program" | wc -l)" 1 || return 1
+  manifest=$(wrestool -x --raw --type=24 "$program") || return 1
+  xmllint --noout - <<<"$manifest" || return 1
+  shift
+  for text in "$@"; do grep -qF -- "$text" <<<"$manifest" || { say "  not in the manifest of $program: $text"; return 1; }; done
+}
+
+windows_manifests() {
+  local texts=('level="asInvoker" uiAccess="false"' '>PerMonitorV2, PerMonitor</dpiAwareness>' '>true/pm</dpiAware>'
+    '>true</longPathAware>' '{35138b9a-5d96-4fbd-8e2d-a2440225f93a}' '{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}'
+    "version=\"$(project_version).0\"")
+  from_zip has_manifest Oravin.exe "${texts[@]}" 'name="Microsoft.Windows.Common-Controls" version="6.0.0.0"' &&
+    from_zip has_manifest oravin-cli.exe "${texts[@]}"
+}
+
+# The first group of icons is the one that Explorer shows.
+program_icons() {
+  local first icon sizes
+  icon=$(mktemp)
+  first=$(wrestool -l --type=14 "$1" | head -n 1 | sed -nE "s/.*--name='?([^' ]*)'?.*/\1/p")
+  wrestool -x --type=14 --name="$first" "$1" >"$icon"
+  sizes=$(icotool -l "$icon" | sed -E 's/.*--width=([0-9]+) --height=\1 .*/\1/' | tr '\n' ' ')
+  rm -f "$icon"
+  same "the sizes of the icon of $1" "$sizes" "16 20 24 32 40 48 64 128 256 "
+}
+windows_icons() { from_zip eval 'program_icons Oravin.exe && program_icons oravin-cli.exe'; }
+
+# has_version PROGRAM VERSION: in the numbers, and in the texts that Explorer shows.
+has_version() {
+  local numbers texts
+  numbers=$(wrestool -x --raw --type=16 "$1" | od -A n -t u2 -j 48 -N 8 | awk '{ print $2 "." $1 "." $4 "." $3 }')
+  same "the version's numbers in $1" "$numbers" "$2.0" || return 1
+  texts=$(wrestool -x --raw --type=16 "$1" | iconv -f UTF-16LE -t UTF-8 -c | tr '\0' '\n')
+  same "the file's version in $1" "$(grep -A 2 FileVersion <<<"$texts" | grep -E '^[0-9.]+$')" "$2" &&
+    same "the product's version in $1" "$(grep -A 2 ProductVersion <<<"$texts" | grep -E '^[0-9.]+$')" "$2"
+}
+windows_versions() {
+  local version
+  version=$(project_version)
+  from_zip eval "has_version Oravin.exe $version && has_version oravin-cli.exe $version"
+}
