@@ -6,7 +6,7 @@
 #include "desk/program_end.h"
 #include "platform/registry.h"
 #include "session.h"
-#include "support/environment.h"
+#include "support/own_machine.h"
 
 namespace oravin::test {
 namespace {
@@ -20,9 +20,6 @@ constexpr const char* appPaths = "Software\\Microsoft\\Windows\\CurrentVersion\\
 /// A machine on which a package was installed and nothing was started yet.
 struct Package : testing::Test {
   Package() {
-    fs::create_directories(machine.Native("wine/drive_c"));
-    fs::create_directories(machine.Native("wine/dosdevices"));
-    fs::create_directory_symlink("../drive_c", machine.Native("wine/dosdevices/c:"));
     WriteFileAt(machine.Native("package/readme.txt"), "the manual");
     WriteFileAt(machine.Native("package/3D/cube.bmp"), "a template");
     fs::current_path(machine.native);
@@ -50,8 +47,7 @@ struct Package : testing::Test {
 
   SmallInstallation installation;
   TemporaryFolder machine;
-  Environment config{"XDG_CONFIG_HOME", machine.Native("config").string()};
-  Environment prefix{"WINEPREFIX", machine.Native("wine").string()};
+  OwnMachine own{machine};
   const std::string programPath = machine.Windows("home\\data\\oravin\\");
   Session session{installation, false};
   Main& main = session.main;
@@ -104,7 +100,7 @@ TEST_F(Package, TheRegistrysProgramFolderGoesFirst) {
 
 TEST_F(Package, TheUsualProgramFolderGoesFirst) {
   RegisterGame();
-  fs::create_directories(machine.Native("wine/drive_c/Program Files/Oravin"));
+  fs::create_directories(own.DriveC("Program Files/Oravin"));
   Load(true);
   EXPECT_EQ(main.installation.ProgramPath, "C:\\Program Files\\Oravin\\");
   EXPECT_FALSE(fs::exists(machine.Native("home")));
