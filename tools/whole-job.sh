@@ -48,7 +48,11 @@ step model textures "$(windows "$pack/raiders/raptor.shp")"
 step tcache list --json
 step tcache extract cockpit01 gcockpit01 --to "$(windows "$sample/out")"
 step tcache preview cockpit01 --to "$(windows "$sample/out/preview.bmp")"
+step tcache import "$(windows "$sample/Oravin/addons/textures/manta1.bmp")" newone
+step tcache rename newone other
 step import "$(windows "$pack/raiders/raiders.pak")"
+step import "$(windows "$pack/raiders/raiders.pak")" --rename PREDATOR=Raptor
+step convert "$(windows "$sample/none.3ds")"
 step import "$(windows "$pack/sentinels/sentinels.pak")"
 step imported list --json
 step shiplist draft --to "$(windows "$sample/out/draft.txt")"
@@ -56,7 +60,8 @@ step ships list --json
 step ships unswap-all
 step imported remove --all
 step stats restore-all
-step tcache restore
 step hog restore-fat "$archive"
 step disable
+step tcache import "$(windows "$sample/Oravin/addons/textures/manta1.bmp")" newone
+step tcache restore
 step status --json

@@ -1,0 +1,84 @@
+#!/usr/bin/env bash
+# Runs what was built for Windows: the test programs, and the whole job compared with this system's program, file by file.
+# Prints a line for each and last "COUNTS passed failed skipped"; everything the programs said is kept in build/windows/logs.
+# Usage: tools/windows-tests.sh PROGRAMS-OF-THIS-SYSTEM
+set -euo pipefail
+here_programs=$(readlink -f "$1")
+cd "$(dirname "$0")/.."
+. tools/common.sh
+
+tests="platform_test util_test desk_test hog_test texture_room_test ships_test switcher_test pack_test convert_test app_test"
+root=$PWD
+there=$root/build/windows
+logs=$there/logs
+passed=0
+failed=0
+rm -rf "$logs" "$there/job"
+mkdir -p "$logs" "$there/job"
+
+# The sample at one place for both systems: its paths are in what the programs print.
+sample=$there/job/sample
+prepare_sample() { rm -rf "$sample"; "$here_programs/oravin-demo" "$sample" >/dev/null; }
+prepare_sample
+tools/whole-job.sh "$sample" "$there/job/here" "$here_programs/oravin-cli"
+prepare_sample
+for test in $tests; do [ -e "$there/bin/$test.exe" ] || die "$test was not built for Windows."; done
+
+# One Wine for all of them, two programs at a time; each leaves its log and its status.
+status=0
+tools/windows-machine.sh --read "$root" --write "$logs" --write "$there/job" bash -c '
+  root=$1 there=$2
+  shift 2
+  cd "$root"
+  {
+    printf "%s\n" "$@" | xargs -P 2 -I TEST sh -c '\''
+      status=0
+      timeout 900 wine "$0/bin/TEST.exe" --gtest_color=no --gtest_brief=1 >"$0/logs/TEST.log" 2>&1 </dev/null || status=$?
+      printf "%s\n" $status >"$0/logs/TEST.status"'\'' "$there"
+  }
+  tools/whole-job.sh "$there/job/sample" "$there/job/windows" wine "$there/bin/oravin-cli.exe" >"$there/logs/job.log" 2>&1
+  ' bash "$root" "$there" $tests || status=$?
+
+if [ $status -eq 77 ]; then
+  for test in $tests "the whole job"; do say "skipped $test on Windows"; done
+  say "COUNTS 0 0 $(($(wc -w <<<"$tests") + 1))"
+  exit 0
+fi
+
+# counted LOG WHAT: the number in GoogleTest's line of the tests that passed, failed or were skipped.
+counted() {
+  local number
+  number=$(grep -aoE "^\[  $2 +\] [0-9]+ tests?[.,]" "$1" | grep -oE '[0-9]+' | tail -n 1) || true
+  printf '%s\n' "${number:-0}"
+}
+
+skipped=0
+for test in $tests; do
+  log=$logs/$test.log
+  ended=$(cat "$logs/$test.status" 2>/dev/null || true)
+  good=$(counted "$log" PASSED)
+  bad=$(counted "$log" FAILED)
+  left=$(counted "$log" SKIPPED)
+  # A program that stopped in the middle has no last line, and one that failed otherwise has a status of its own.
+  if [ "${ended:-1}" -ne 0 ] && [ "$bad" -eq 0 ]; then bad=1; fi
+  if [ "$good" -eq 0 ] && [ "$bad" -eq 0 ]; then bad=1; fi
+  passed=$((passed + good))
+  failed=$((failed + bad))
+  skipped=$((skipped + left))
+  if [ "$bad" -eq 0 ]; then
+    say "ok      $test on Windows: $good passed, $left skipped"
+  else
+    say "FAILED  $test on Windows: $good passed, $bad failed, $left skipped; status ${ended:-none}, log $log"
+    grep -aE '^\[  FAILED  \] [A-Z]' "$log" | sort -u | head -n 20 || tail -n 5 "$log"
+  fi
+done
+
+if diff -r "$there/job/here" "$there/job/windows" >"$logs/job.diff" 2>&1 && [ -e "$there/job/windows/01.txt" ]; then
+  passed=$((passed + 1))
+  say "ok      the whole job on Windows: $(ls "$there"/job/here/*.txt | wc -l) steps, the same files and texts"
+else
+  failed=$((failed + 1))
+  say "FAILED  the whole job on Windows: other files or texts, see $logs/job.diff"
+fi
+rm -rf "$sample"
+say "COUNTS $passed $failed $skipped"
