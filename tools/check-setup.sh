@@ -1,130 +1,35 @@
 #!/usr/bin/env bash
-# Installs and uninstalls Oravin in Wine and looks at every file and registry value that comes and goes.
-#
-# Usage: tools/check-setup.sh SETUP TREE SAMPLE VERSION
-#   SETUP   the installer
-#   TREE    the unpacked program folder of the portable archive, to compare with
-#   SAMPLE  a sample installation of the game, which is changed and put back
-#
-# WINE is the command that runs a program in a prefix of its own (without WINE: wine), WINEPREFIX that prefix as this
-# script sees it; it is made anew. Prints a line for each check; the status is 0 when all are right.
-set -uo pipefail
-setup=$1
-tree=$2
-sample=$3
-version=$4
-WINE=${WINE:-wine}
-failed=0
+# Installs and uninstalls the packages of Windows in build/packages under Wine.
+# Prints a line for each check and last "COUNTS passed failed skipped".
+# Usage: tools/check-setup.sh PROGRAMS-OF-THIS-SYSTEM
+set -euo pipefail
+programs=$(readlink -f "$1")
+cd "$(dirname "$0")/.."
+. tools/common.sh
 
-told() { if [ "$2" -eq 0 ]; then echo "ok      $1"; else echo "FAILED  $1"; failed=1; fi; }
-run() { $WINE "$@" 2>/dev/null; }
-windows_path() { printf 'Z:%s' "$(tr / '\\' <<<"$1")"; }
+version=$(project_version)
+packages=$PWD/build/packages
+work=$PWD/build/windows/setup
+rm -rf "$work"
+mkdir -p "$work"
+unzip -q "$packages/oravin-$version-windows.zip" -d "$work"
+"$programs/oravin-demo" "$work/sample" >/dev/null
 
-# value ROOT KEY NAME: a value of the registry, without the line's end; nothing when it is not there. No NAME: the default.
-value() {
-  local of=(/ve)
-  [ -z "${3:-}" ] || of=(/v "$3")
-  run reg query "$1\\$2" "${of[@]}" | tr -d '\r' | sed -nE 's/^ +.*    REG_[A-Z]+ +(.*)$/\1/p'
-}
-has_key() { run reg query "$1\\$2" >/dev/null; }
-
-app_paths='Software\Microsoft\Windows\CurrentVersion\App Paths\Oravin.exe'
-uninstall='Software\Microsoft\Windows\CurrentVersion\Uninstall\Oravin'
-classes='Software\Classes'
-
-# files FOLDER: what is in it, a line for each file with its sum, and for each folder.
-files() { (cd "$1" && { find . -mindepth 1 -type d -printf '%P/\n'; find . -type f -printf '%P\0' | xargs -0r md5sum; } | LC_ALL=C sort); }
-
-# same_files A B [NAME-LEFT-OUT]
-same_files() { diff <(files "$1" | grep -v "  ${3:-//}\$") <(files "$2" | grep -v "  ${3:-//}\$"); }
-
-home() { ls -d "$WINEPREFIX"/drive_c/users/*/AppData/Local | grep -v /Public/ | head -n 1; }
-install() { run "$(windows_path "$setup")" /S; }
-
-# remove [WORD...]: the uninstaller goes on in a copy of itself.
-remove() {
-  run "$folder_in_windows\\uninstall.exe" /S "$@"
-  local i
-  for i in $(seq 100); do [ -e "$folder/uninstall.exe" ] || break; sleep 0.2; done
-}
-
-rm -rf "$WINEPREFIX"
-run wineboot --init
-folder=$(home)/Programs/Oravin
-folder_in_windows="C:${folder#"$WINEPREFIX"/drive_c}"
-folder_in_windows=$(tr / '\\' <<<"$folder_in_windows")
-# Another program opens these files, and goes on doing so.
-run reg add "HKCU\\$classes\\.pak" /ve /d Other.Pack /f >/dev/null
-image=$(mktemp -d)
-trap 'rm -rf "$image"' EXIT
-cp -a "$sample/StarLancer" "$image/game"
-
-install
-told "the installer works without a question" $?
-same_files "$tree" "$folder" uninstall.exe
-told "the installed folder is the portable archive's" $?
-[ -s "$folder/uninstall.exe" ]
-told "there is an uninstaller" $?
-[ -n "$(find "$WINEPREFIX/drive_c" -path '*Start Menu/Programs/Oravin.lnk')" ]
-told "there is an entry in the start menu" $?
-[ "$(value HKLM "$app_paths")" = "$folder_in_windows\\Oravin.exe" ] && [ "$(value HKCU "$app_paths")" = "$folder_in_windows\\Oravin.exe" ]
-told "the App Paths value leads to the program" $?
-[ "$(value HKCU "$uninstall" DisplayVersion)" = "$version" ] && [ "$(value HKCU "$uninstall" InstallLocation)" = "$folder_in_windows" ] &&
-  [ "$(value HKCU "$uninstall" UninstallString)" = "\"$folder_in_windows\\uninstall.exe\"" ]
-told "the list of programs knows it" $?
-[ "$(value HKCU "$classes\\.pak")" = Other.Pack ] && [ -z "$(value HKCU "$classes\\.shp")" ]
-told "no file type is seized" $?
-run reg query "HKCU\\$classes\\.pak\\OpenWithProgids" /v Oravin.ShipPack >/dev/null &&
-  [ "$(value HKCU "$classes\\Oravin.ShipPack\\shell\\open\\command")" = "\"$folder_in_windows\\Oravin.exe\" \"%1\"" ]
-told "ship packs are offered" $?
-[ "$(run "$folder_in_windows\\oravin-cli.exe" --version | tr -d '\r')" = "oravin-cli $version" ]
-told "the installed program runs" $?
-
-# program_folder: where the installed program takes its own folder to be.
-program_folder() {
-  run "$folder_in_windows\\oravin-cli.exe" --json --game "$(windows_path "$sample/StarLancer")" status |
-    sed -nE 's/^ *"programFolder": "(.*)",?\r?$/\1/p' | sed 's/\\\\/\\/g'
-}
-cp "$sample/Oravin/shipsData.txt" "$folder/"
-[ "$(program_folder)" = "$folder_in_windows\\" ]
-told "start-up finds its folder in the registry" $?
-run reg delete "HKLM\\$app_paths" /f >/dev/null
-[ "$(program_folder)" = "$folder_in_windows\\" ]
-told "start-up finds its folder without the registry" $?
-
-printf 'mine' >"$folder/addons/ships/mine.shp"
-printf 'better' >"$folder/3D/cube.bmp"
-printf 'old' >"$folder/readme.txt"
-install
-[ "$(cat "$folder/3D/cube.bmp")" = better ] && [ "$(cat "$folder/addons/ships/mine.shp")" = mine ] && [ -s "$folder/shipsData.txt" ] &&
-  cmp "$tree/readme.txt" "$folder/readme.txt"
-told "a second installation leaves what the player made" $?
-
-run "$folder_in_windows\\oravin-cli.exe" --yes --game "$(windows_path "$sample/StarLancer")" --program "$folder_in_windows" enable >/dev/null &&
-  [ -s "$folder/ships.dat" ]
-told "the installed program enables the features" $?
-run reg add 'HKLM\Software\Microsoft\Microsoft Games\StarLancer\1.0' /v 'EXE Path' /d "$(windows_path "$sample/StarLancer")" /f >/dev/null
-chmod a-w "$sample/StarLancer/resource.hog"
-run "$folder_in_windows\\uninstall.exe" /S /RESTORE "_?=$folder_in_windows"
-[ $? -ne 0 ] && [ -s "$folder/Oravin.exe" ] && [ -s "$folder/ships.dat" ] && has_key HKCU "$uninstall"
-told "a restoration that fails leaves Oravin installed" $?
-chmod u+w "$sample/StarLancer/resource.hog"
-remove /RESTORE
-[ ! -e "$folder/ships.dat" ] && same_files "$image/game" "$sample/StarLancer"
-told "the uninstaller puts the game's files back" $?
-left=$(cd "$folder" && find . -type f | LC_ALL=C sort | tr '\n' ' ')
-[ "$left" = "./3D/cube.bmp ./addons/ships/mine.shp ./backup/resource.fat ./backup/shipstats.def ./shipsData.txt " ]
-told "the uninstaller leaves what the player made, and the kept copies: $left" $?
-[ -z "$(find "$WINEPREFIX/drive_c" -name Oravin.lnk)" ] && ! has_key HKCU "$uninstall" && ! has_key HKLM "$app_paths" &&
-  ! has_key HKCU "$app_paths" && ! has_key HKCU "$classes\\Oravin.ShipPack" && ! has_key HKCU "$classes\\Oravin.ShipModel" &&
-  ! has_key HKCU "$classes\\.shp" && ! has_key HKCU "$classes\\Applications\\Oravin.exe"
-told "nothing of it stays in the registry and the start menu" $?
-[ "$(value HKCU "$classes\\.pak")" = Other.Pack ] && ! has_key HKCU "$classes\\.pak\\OpenWithProgids"
-told "the other program's file type is as it was" $?
-
-rm -rf "$folder"
-install
-remove
-[ ! -e "$folder" ]
-told "an installation that was never used goes without a trace" $?
-exit $failed
+status=0
+tools/windows-machine.sh --read "$PWD/tools" --read "$packages" --read "$work" --write "$work/sample" \
+  "$PWD/tools/check-setup-inside.sh" "$packages/oravin-$version-windows-setup.exe" "$work/oravin-$version-windows" "$work/sample" \
+  "$version" >"$work/log" || status=$?
+if [ $status -eq 77 ]; then
+  say "skipped the installer on Windows"
+  say "COUNTS 0 0 1"
+  exit 0
+fi
+cat "$work/log"
+passed=$(grep -c '^ok ' "$work/log") || true
+failed=$(grep -c '^FAILED ' "$work/log") || true
+# It may have ended before its last check.
+if [ $status -ne 0 ] && [ "$failed" -eq 0 ]; then
+  say "FAILED  the installer's checks ended with status $status"
+  failed=1
+fi
+say "COUNTS $passed $failed 0"
