@@ -19,11 +19,13 @@ class FileDrop : public wxFileDropTarget {
 
  private:
   bool OnDropFiles(wxCoord, wxCoord, const wxArrayString& files) override {
-    if (files.empty()) return false;
-    const std::string path = FromDialogPath(files.front());
-    if (!takes_(path)) return false;
-    window_->CallAfter([dropped = dropped_, path] { dropped(path); });
-    return true;
+    for (const wxString& file : files) {
+      const std::string path = FromDialogPath(file);
+      if (!takes_(path)) continue;
+      window_->CallAfter([dropped = dropped_, path] { dropped(path); });
+      return true;
+    }
+    return false;
   }
 
   wxWindow* window_;

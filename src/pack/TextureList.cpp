@@ -52,7 +52,7 @@ TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string&
   return table;
 }
 
-ListedTexture Listed(const std::string& name, const TcacheTable& table, const std::string& modelPath,
+ListedTexture NewListed(const std::string& name, const TcacheTable& table, const std::string& modelPath,
                      const GivenBitmaps& given) {
   ListedTexture texture;
   texture.name = name;
@@ -115,7 +115,7 @@ bool TextureList(Host& host, std::string modelPath, const std::string& cachePath
     std::vector<ListedTexture> found;
     if (!names.empty()) {
       const TcacheTable table = TableOf(host, cachePath, names.front());
-      for (const std::string& name : names) found.push_back(Listed(name, table, modelPath, given));
+      for (const std::string& name : names) found.push_back(NewListed(name, table, modelPath, given));
     }
     textures = std::move(found);
     listed = true;

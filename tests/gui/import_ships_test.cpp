@@ -142,7 +142,9 @@ TEST(ImportShips, AllAreRemoved) {
 
 TEST(ImportShips, DroppedPackOpensTheImportOnAnyPage) {
   const ImportSession session;
-  const std::string pack = (session.sample.program / "packs" / "sentinels" / "sentinels.pak").string();
+  const std::filesystem::path folder = session.sample.program / "packs" / "sentinels";
+  const std::string picture = (folder / "dragon1.bmp").string();
+  const std::string pack = (folder / "sentinels.pak").string();
   const std::vector<std::pair<const char*, const char*>> places = {{"Import Ships", importedList},
                                                                    {"Import Ships", "imports.txtImportFighter"},
                                                                    {"Switcher", "switcher.swapToList"},
@@ -150,7 +152,7 @@ TEST(ImportShips, DroppedPackOpensTheImportOnAnyPage) {
   for (const auto& [tab, control] : places) {
     SCOPED_TRACE(control);
     ASSERT_TRUE(ChooseTab(session, tab));
-    const Program files({OTHER_PROGRAM, "drag", pack}, session.desktop.variables);
+    const Program files({OTHER_PROGRAM, "drag", picture, pack}, session.desktop.variables);
     ASSERT_TRUE(Eventually([&] { return ActiveWindowTitle(session.desktop) == "Files"; }));
     Drag(session.desktop, {60, 70}, MiddleOf(Control(session, control)["rectangle"]));
     ASSERT_TRUE(Eventually([&] { return Layout(session)["form"] == importForm; }));

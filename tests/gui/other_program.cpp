@@ -5,22 +5,24 @@
 #include <wx/frame.h>
 
 #include <cstdio>
+#include <string>
+#include <vector>
 
 /// Stands for the other programs of a desktop.
 ///
-///   other_program drag FILE       a window from which the file can be dragged
+///   other_program drag FILE...    a window from which the files can be dragged, all at once
 ///   other_program clipboard FILE  writes the clipboard's text into the file
 
 namespace {
 
 constexpr int windowSize = 120;
 
-void OpenDragWindow(const wxString& file) {
+void OpenDragWindow(const std::vector<wxString>& dragged) {
   auto* frame = new wxFrame(nullptr, wxID_ANY, "Files", wxPoint(0, 0), wxSize(windowSize, windowSize));
   auto* pane = new wxWindow(frame, wxID_ANY);
-  pane->Bind(wxEVT_LEFT_DOWN, [pane, file](wxMouseEvent&) {
+  pane->Bind(wxEVT_LEFT_DOWN, [pane, dragged](wxMouseEvent&) {
     wxFileDataObject files;
-    files.AddFile(file);
+    for (const wxString& file : dragged) files.AddFile(file);
     wxDropSource source(files, pane);
     source.DoDragDrop(wxDrag_CopyOnly);
   });
@@ -41,8 +43,12 @@ bool WriteClipboard(const wxString& path) {
 class OtherProgram : public wxApp {
  private:
   bool OnInit() override {
-    if (argc != 3) return false;
-    if (argv[1] == "drag") OpenDragWindow(argv[2]);
+    if (argc < 3) return false;
+    if (argv[1] == "drag") {
+      std::vector<wxString> files;
+      for (int i = 2; i < argc; ++i) files.push_back(argv[i]);
+      OpenDragWindow(files);
+    }
     if (argv[1] == "clipboard") {
       CallAfter([this] {
         status_ = WriteClipboard(argv[2]) ? 0 : 1;
