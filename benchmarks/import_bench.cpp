@@ -164,12 +164,15 @@ void AddRemoval(const fs::path& work) {
         return seconds;
       },
       [=] { return CopySeconds(work, cache, 1, false); });
-  // Some disks take long to free what a large file held; a cp that replaces one pays for that as the removal does.
-  Register("Remove one of 300 imported ships/cp of the cache over an older copy and mv, with sync", [=] {
-    const std::string to = (work / "replaced.dat").string();
-    RunShell("cp " + cache + " '" + to + "' && sync -f '" + to + "'");
-    return Seconds(
-        [&] { RunShell("cp " + cache + " '" + to + "2' && sync '" + to + "2' && mv -f '" + to + "2' '" + to + "'"); });
+  // A removal waits for the disk and frees the old cache, which takes some disks longer the more pieces it lies in. A
+  // cp that replaces the cache of such an installation does both as well.
+  const fs::path replaced = work / "replaced";
+  Register("Remove one of 300 imported ships/cp of the cache over the old one and mv, with sync", [=] {
+    Renew(kept, replaced);
+    const std::string old = (replaced / "StarLancer" / "tcachehw.dat").string();
+    return Seconds([&] {
+      RunShell("cp '" + old + "' '" + old + "2' && sync '" + old + "2' && mv -f '" + old + "2' '" + old + "'");
+    });
   });
   Register("Remove one of 300 imported ships/cp and sync of the cache",
            [=] { return CopySeconds(work, cache, 1, true); });

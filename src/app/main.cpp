@@ -34,16 +34,15 @@ SwapDesk SwapDeskOf(Main& main) {
   return {main.host, main.installation, main.stats, [&main] { CloseOpenFiles(main); }};
 }
 
-void ShowShipsOnTabs(Main& main) {
+void ShowShipsOnTabs(Main& main, const ModelClasses& known) {
   DisplayShipEdit(main.stats, main.installation.ships);
   ShowShipAgain(main.host, main.stats, main.installation);
-  DisplayImported(main.host, main.imports, main.installation);
+  DisplayImported(main.host, main.imports, main.installation, known);
 }
 
 void FillLists(Main& main) {
   main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
-  DisplaySwitcher(main.host, main.switcher, main.installation, false);
-  ShowShipsOnTabs(main);
+  ShowShipsOnTabs(main, DisplaySwitcher(main.host, main.switcher, main.installation, false));
 }
 
 void EmptyLists(Main& main) {

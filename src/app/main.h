@@ -52,7 +52,8 @@ void CloseOpenFiles(Main& main);
 SwapDesk SwapDeskOf(Main& main);
 
 /// Shows the catalogue in the stats tab's list and in the list of imported ships.
-void ShowShipsOnTabs(Main& main);
+/// @param known as for DisplayImported
+void ShowShipsOnTabs(Main& main, const ModelClasses& known = {});
 
 /// Fills the switcher's lists, with the fighters, and the other tabs' lists of ships from the catalogue.
 void FillLists(Main& main);

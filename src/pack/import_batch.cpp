@@ -144,11 +144,18 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
   return ready && BeginTextures(host, installation.GamePath + tcacheName, installation.ProgramPath, batch.textures);
 }
 
+const FolderNames& FilesIn(ImportBatch& batch, const std::string& folder) {
+  const auto known = batch.folders.find(folder);
+  return known != batch.folders.end() ? known->second : batch.folders.emplace(folder, NamesIn(folder)).first->second;
+}
+
 bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
-  if (FileExists(std::string(to))) return platform::IsSameFile(from, to) || SameContent(files, from, to);
+  const std::string folder = ParentFolder(std::string(to));
+  if (FindIn(FilesIn(batch, folder), to.substr(folder.size())) != nullptr)
+    return platform::IsSameFile(from, to) || SameContent(files, from, to);
   const auto pending = batch.copies.find(LowerCase(to));
   if (pending != batch.copies.end()) return pending->second == from || SameContent(files, from, pending->second);
-  AddWhole(files, batch.files, to, [&](int handle) { CopyInto(files, from, handle); });
+  AddNew(files, batch.files, to, [&](int handle) { CopyInto(files, from, handle); });
   batch.copies[LowerCase(to)] = from;
   return true;
 }

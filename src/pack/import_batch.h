@@ -9,6 +9,7 @@
 #include "ships/shipstats.h"
 #include "switcher/ship_list_edit.h"
 #include "texture/texture_batch.h"
+#include "util/folder_names.h"
 #include "util/whole_file.h"
 
 /// The ships of one import run. Everything is written beside and behind what is there; only the commit makes all of it
@@ -23,8 +24,9 @@ struct ReadyShip {
 
 struct ImportBatch {
   TextureBatch textures;
-  WholeFiles files;                           ///< all of them new: none of them replaces a file
-  std::map<std::string, std::string> copies;  ///< of these, what each is a copy of; keys in lower case
+  WholeFiles files;                            ///< all of them new: none of them replaces a file
+  std::map<std::string, std::string> copies;   ///< of these, what each is a copy of; keys in lower case
+  std::map<std::string, FolderNames> folders;  ///< the files of the folders that they go to, as the run began
   std::vector<ReadyShip> ships;
   std::vector<std::string> notes;  ///< what the last box tells beside the result; a sentence each
 };
@@ -32,6 +34,10 @@ struct ImportBatch {
 /// Begins a run over an enabled installation: the folders of the add-ons are made where they are missing. Boxes are
 /// those of BeginTextures and the error trap's.
 bool BeginImport(Host& host, const Installation& installation, ImportBatch& batch);
+
+/// The files of a folder that files are added to, without those of the run.
+/// @param folder ends in a backslash
+const FolderNames& FilesIn(ImportBatch& batch, const std::string& folder);
 
 /// Writes a copy of a file that is to be new at its place. Where a file of that name is there already, or is to be,
 /// nothing is written.

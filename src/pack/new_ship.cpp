@@ -86,24 +86,24 @@ void TakeStats(Host& host, const Installation& installation, const std::string& 
 }
 
 /// True when a model can lie in the game's ships folder under a name: no other ship's does, and no other file is there.
-bool ModelNameIsFree(Host& host, const Installation& installation, const ImportBatch& batch, const std::string& model,
+bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model,
                      const std::string& name) {
   const auto named = [&](const ShipRecord& ship) { return !IsInert(ship) && SameName(ModelOf(ship), name); };
   if (std::any_of(installation.ships.begin(), installation.ships.end(), named)) return false;
   if (std::any_of(batch.ships.begin(), batch.ships.end(), [&](const ReadyShip& ship) { return named(ship.record); })) {
     return false;
   }
-  const std::string loose = installation.GamePath + "ships\\" + name;
-  if (FileExists(ChangeExtension(std::string(loose), ".org"))) return false;
-  for (const std::string& path : {loose, ChangeExtension(std::string(loose), ".bak")}) {
-    if (FileExists(std::string(path)) && !SameContent(host.files, path, model)) return false;
+  const std::string folder = installation.GamePath + "ships\\";
+  const FolderNames& there = FilesIn(batch, folder);
+  if (FindIn(there, ChangeExtension(std::string(name), ".org")) != nullptr) return false;
+  for (const std::string& file : {name, ChangeExtension(std::string(name), ".bak")}) {
+    if (FindIn(there, file) != nullptr && !SameContent(host.files, folder + file, model)) return false;
   }
   return true;
 }
 
 /// The name for a model's file, at most as long as a record holds.
-std::string FreeModelName(Host& host, const Installation& installation, const ImportBatch& batch,
-                          const std::string& model) {
+std::string FreeModelName(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model) {
   const std::string own = FileNameOf(std::string(model));
   const std::string extension =
       ExtensionOf(own).empty() ? ".shp" : own.substr(own.size() - ExtensionOf(own).size() - 1);

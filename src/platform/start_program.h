@@ -4,6 +4,9 @@
 
 namespace oravin::platform {
 
+/// A path or a name as one word of a command line.
+inline std::string AsWord(const std::string& text) { return '"' + text + '"'; }
+
 /// Starts another program by a command line of the core (Windows paths) and does not wait for it.
 ///
 /// Away from Windows "notepad FILE" opens the file in the user's own text viewer, and the paint program `MSPAINT.EXE`

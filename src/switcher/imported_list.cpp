@@ -3,8 +3,6 @@
 #include <set>
 #include <string>
 
-#include "switcher/switcher_tab.h"
-
 namespace oravin {
 
 std::vector<std::size_t> ImportedParts(const Ships& ships, int index) {
@@ -24,7 +22,7 @@ void lstImported_ItemClick(ImportTab& tab) {
   tab.cmdRemoveAll.enabled = !tab.lstImported.rows.empty();
 }
 
-void DisplayImported(Host& host, ImportTab& tab, const Installation& installation) {
+void DisplayImported(Host& host, ImportTab& tab, const Installation& installation, const ModelClasses& known) {
   std::set<std::string> selected;
   for (const ListRow& row : tab.lstImported.rows) {
     if (row.selected) selected.insert(TextAt(tab.lstImported, row, 0));
@@ -34,8 +32,8 @@ void DisplayImported(Host& host, ImportTab& tab, const Installation& installatio
     const ShipRecord& ship = installation.ships[i];
     if (IsInert(ship) || !ship.Imported) continue;
     const std::string name = ship.ShipName.Trimmed();
-    AddRow(tab.lstImported,
-           {"s" + std::to_string(i + 1), {name}, ImportedImage(host, installation, ship), selected.contains(name)});
+    const bool capital = i < known.size() && known[i] ? *known[i] : IsImportedCapital(host, installation, ship);
+    AddRow(tab.lstImported, {"s" + std::to_string(i + 1), {name}, ImageOfImported(capital), selected.contains(name)});
     if (ship.HasSecondPart && installation.ships[i + 1].Imported) ++i;  // a second part is never listed by itself
   }
   lstImported_ItemClick(tab);

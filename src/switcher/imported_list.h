@@ -6,6 +6,7 @@
 #include "catalogue/installation.h"
 #include "desk/host.h"
 #include "switcher/import_tab.h"
+#include "switcher/switcher_tab.h"
 
 namespace oravin {
 
@@ -15,7 +16,8 @@ namespace oravin {
 ///
 /// A missing model is passed over without a box: the switcher's lists, which are filled together with this one, tell of
 /// it.
-void DisplayImported(Host& host, ImportTab& tab, const Installation& installation);
+/// @param known the classes that the switcher's lists have just been filled by: these models are not read once more
+void DisplayImported(Host& host, ImportTab& tab, const Installation& installation, const ModelClasses& known = {});
 
 /// Enables the buttons that can do something with what is selected.
 void lstImported_ItemClick(ImportTab& tab);

@@ -20,8 +20,6 @@ struct Listing {
   int image;
 };
 
-int ImageOfImported(bool capital) { return capital ? importedCapitalImage : importedFighterImage; }
-
 std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalShips) {
   if (capital != capitalShips) return std::nullopt;
   switch (kind) {
@@ -35,9 +33,6 @@ std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalSh
       return std::nullopt;
   }
 }
-
-/// A path as one word of a command line.
-std::string Quoted(const std::string& path) { return path.find(' ') == std::string::npos ? path : '"' + path + '"'; }
 
 bool Capital(Host& host, const Installation& installation, const ShipRecord& ship) {
   return IsCapitalShip(host, installation.GamePath + "ships\\" + ModelOf(ship));
@@ -58,19 +53,23 @@ SwitcherTab NewSwitcherTab() {
   return tab;
 }
 
-int ImportedImage(Host& host, const Installation& installation, const ShipRecord& ship) {
-  const bool there = FileExists(installation.GamePath + "ships\\" + ModelOf(ship));
-  return ImageOfImported(there && Capital(host, installation, ship));
+bool IsImportedCapital(Host& host, const Installation& installation, const ShipRecord& ship) {
+  return FileExists(installation.GamePath + "ships\\" + ModelOf(ship)) && Capital(host, installation, ship);
 }
 
-void DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips) {
+int ImageOfImported(bool capital) { return capital ? importedCapitalImage : importedFighterImage; }
+
+ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips) {
   ClearRows(tab.swapOrgList);
   ClearRows(tab.swapToList);
   const Ships& ships = installation.ships;
+  ModelClasses classes(ships.size());
   for (std::size_t i = 0; i < ships.size(); ++i) {
     const ShipRecord& ship = ships[i];
     if (IsInert(ship)) continue;
-    const auto listing = ListingOf(WholeNumber(ship.ShipKind), Capital(host, installation, ship), capitalShips);
+    const bool capital = Capital(host, installation, ship);
+    classes[i] = capital;
+    const auto listing = ListingOf(WholeNumber(ship.ShipKind), capital, capitalShips);
     const std::string key = "s" + std::to_string(i + 1);
     const std::string name = ship.ShipName.Trimmed();
     const std::string changed = ship.Changed ? changedMark + ship.ChangedToName.Trimmed() : std::string();
@@ -78,6 +77,7 @@ void DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installat
     if (listing) AddRow(tab.swapToList, {key, {name}, listing->image, false});
     if (ship.HasSecondPart) ++i;  // a second part is never listed by itself
   }
+  return classes;
 }
 
 void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installation) {
@@ -101,7 +101,7 @@ void ViewModel(const ListView& list, const Installation& installation) {
   if (!FileExists(std::string(viewer))) return;
   const std::string model =
       installation.GamePath + "ships\\" + ModelOf(installation.ships[static_cast<std::size_t>(index)]);
-  platform::StartProgram(Quoted(viewer) + " " + Quoted(model));
+  platform::StartProgram(platform::AsWord(viewer) + " " + platform::AsWord(model));
 }
 
 }  // namespace oravin

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "catalogue/installation.h"
 #include "desk/controls.h"
 #include "desk/host.h"
@@ -27,12 +30,20 @@ struct SwitcherTab {
 /// The tab as it looks before a catalogue is loaded.
 SwitcherTab NewSwitcherTab();
 
-/// The picture of an imported ship. One whose model is missing counts as a fighter.
-int ImportedImage(Host& host, const Installation& installation, const ShipRecord& ship);
+/// True when an imported ship's model is a capital ship's. One whose model is missing counts as a fighter.
+bool IsImportedCapital(Host& host, const Installation& installation, const ShipRecord& ship);
+
+/// The picture of an imported ship.
+int ImageOfImported(bool capital);
+
+/// What the models of the ships say of their class: whether they are capital ships, by the ships' indices. Nothing for
+/// a ship that was not asked for.
+using ModelClasses = std::vector<std::optional<bool>>;
 
 /// Fills the two lists with the capital ships, or with the fighters. A two-part ship is one item; imported ships are
 /// only listed to change to. An item's key is "s" and the ship's index counted from 1.
-void DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips);
+/// @return the classes that were read, for whoever needs them in the same moment
+ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips);
 
 /// Shows the other kind of ships than the first item's (of the first ship, when nothing is listed), and turns the
 /// caption round.

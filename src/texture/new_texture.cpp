@@ -75,6 +75,7 @@ void AddPixels(Files& files, int handle, TcacheBytes& cache, const NewTexture& t
     throw RunTimeError("could not write", files.open.at(handle).path, "it would become too large");
   }
   Put(files, handle, at, texture.pixels);
+  StartFlush(files, handle, at, texture.pixels.size());
   const Bytes entry = MakeEntry(cache, texture);
   cache.slots.insert(cache.slots.end(), entry.begin(), entry.end());
   cache.length = std::max(cache.length, at + texture.pixels.size());

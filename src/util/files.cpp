@@ -149,6 +149,11 @@ OpenedFile::OpenedFile(Files& owner, const std::string& path, platform::OpenFor 
   OpenBinary(files, handle, path, purpose);
 }
 
+OpenedFile::OpenedFile(Files& owner, const std::string& folder, const std::string& name)
+    : files(owner), handle(FreeFile(owner)) {
+  OpenSpelled(files, handle, folder, name);
+}
+
 OpenedFile::~OpenedFile() { Close(files, handle); }
 
 }  // namespace oravin

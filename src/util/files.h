@@ -81,6 +81,8 @@ void Flush(Files& files, int handle);
 /// A file that is open for as long as this record lives, on a free handle.
 struct OpenedFile {
   OpenedFile(Files& owner, const std::string& path, platform::OpenFor purpose);
+  /// As OpenSpelled.
+  OpenedFile(Files& owner, const std::string& folder, const std::string& name);
   OpenedFile(const OpenedFile&) = delete;
   OpenedFile& operator=(const OpenedFile&) = delete;
   ~OpenedFile();

@@ -52,18 +52,42 @@ void AddWhole(Files& files, WholeFiles& together, const std::string& path,
   together.paths.push_back(path);
 }
 
+void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(int handle)>& write) {
+  const std::string folder = ParentFolder(std::string(path));
+  try {
+    const OpenedFile file(files, folder, path.substr(folder.size()) + besideSuffix);
+    write(file.handle);
+  } catch (const RunTimeError&) {
+    platform::EraseNative(path + besideSuffix);
+    throw;
+  }
+  together.paths.push_back(path);
+  together.spelled.insert(path);
+}
+
 void CommitWhole(Files& files, WholeFiles& together) {
   if (together.paths.empty()) return;
   std::vector<std::string> besides;
   for (const std::string& path : together.paths) besides.push_back(path + besideSuffix);
   DoOrThrow(files, FileOperation::Kind::flush, together.paths.front(), "could not write",
             [&] { return platform::FlushMany(besides); });
-  for (std::size_t i = 0; i < besides.size(); ++i) RenameOver(files, besides[i], together.paths[i]);
-  together.paths.clear();
+  for (std::size_t i = 0; i < besides.size(); ++i) {
+    const std::string& path = together.paths[i];
+    if (together.spelled.contains(path)) {
+      const std::string folder = ParentFolder(std::string(path));
+      RenameSpelled(files, folder, besides[i].substr(folder.size()), path.substr(folder.size()));
+    } else {
+      RenameOver(files, besides[i], path);
+    }
+  }
+  together = {};
 }
 
 void DropWhole(WholeFiles& together, std::size_t keep) {
-  for (std::size_t i = keep; i < together.paths.size(); ++i) platform::EraseNative(together.paths[i] + besideSuffix);
+  for (std::size_t i = keep; i < together.paths.size(); ++i) {
+    platform::EraseNative(together.paths[i] + besideSuffix);
+    together.spelled.erase(together.paths[i]);
+  }
   together.paths.resize(std::min(keep, together.paths.size()));
 }
 
@@ -89,9 +113,8 @@ void CopyInto(Files& files, const std::string& from, int to) {
 void CopyWhole(Files& files, const std::string& from, const std::string& to) {
   // The source is opened first: a missing one makes no file beside.
   const OpenedFile source(files, from, OpenFor::reading);
-  WriteBeside(files, to, [&](int handle) {
-    CopyBytes(files, source.handle, 0, handle, 0, LengthOf(files, source.handle));
-  });
+  WriteBeside(files, to,
+              [&](int handle) { CopyBytes(files, source.handle, 0, handle, 0, LengthOf(files, source.handle)); });
 }
 
 void EraseFile(Files& files, const std::string& path) {

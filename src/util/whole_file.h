@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -31,11 +32,16 @@ void WriteBeside(Files& files, const std::string& path, const std::function<void
 /// Several files that are written whole together: they are flushed in one go and only then take their names.
 struct WholeFiles {
   std::vector<std::string> paths;
+  std::set<std::string> spelled;  ///< of these, the ones that AddNew has added
 };
 
 /// Writes one more of them beside its name.
 void AddWhole(Files& files, WholeFiles& together, const std::string& path,
               const std::function<void(int handle)>& write);
+
+/// The same for a file of which the caller knows that its folder has none of that name, in whatever spelling. Nobody
+/// looks for one, so that it does not matter how full the folder is.
+void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(int handle)>& write);
 
 /// Flushes them and renames each over the old file of its name.
 void CommitWhole(Files& files, WholeFiles& together);

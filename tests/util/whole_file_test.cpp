@@ -127,6 +127,64 @@ TEST(WholeFiles, TakeTheirNamesTogether) {
   CommitWhole(files, together);  // nothing happens
 }
 
+TEST(WholeFiles, NewOnesAreSpelledAsTheyAreGiven) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("Old"), "old");
+  Files files;
+  WholeFiles together;
+  AddNew(files, together, folder.Windows("New.bin"), [&](int handle) { Put(files, handle, 0, BytesOf("new")); });
+  AddWhole(files, together, folder.Windows("OLD"), [&](int handle) { Put(files, handle, 0, BytesOf("newer")); });
+  EXPECT_FALSE(std::filesystem::exists(folder.Native("New.bin")));
+  CommitWhole(files, together);
+  EXPECT_TRUE(together.paths.empty());
+  EXPECT_EQ(ImageOf(folder.native), (FolderImage{{"New.bin", BytesOf("new")}, {"Old", BytesOf("newer")}}));
+}
+
+TEST(WholeFiles, ANewOneWhoseWriterFailsLeavesNothing) {
+  const TemporaryFolder folder;
+  Files files;
+  WholeFiles together;
+  EXPECT_THROW(AddNew(files, together, folder.Windows("New.bin"),
+                      [](int) { throw RunTimeError("could not read", "its source", "it ends too early"); }),
+               RunTimeError);
+  EXPECT_TRUE(together.paths.empty());
+  EXPECT_TRUE(ImageOf(folder.native).empty());
+}
+
+TEST(WholeFiles, DroppedOnesAreDeleted) {
+  const TemporaryFolder folder;
+  Files files;
+  WholeFiles together;
+  for (const char* name : {"a", "b", "c"}) {
+    AddNew(files, together, folder.Windows(name), [&](int handle) { Put(files, handle, 0, BytesOf(name)); });
+  }
+  DropWhole(together, 1);
+  CommitWhole(files, together);
+  EXPECT_EQ(ImageOf(folder.native), (FolderImage{{"a", BytesOf("a")}}));
+}
+
+TEST(CopyBytes, CopiesPiecesLongerThanABlockBetweenAnyOffsets) {
+  const TemporaryFolder folder;
+  Files files;
+  Bytes content((std::size_t{5} << 19U) + 3);
+  for (std::size_t i = 0; i < content.size(); ++i) content[i] = static_cast<std::uint8_t>(i * 7 + i / 256);
+  WriteFileAt(folder.Native("from"), content);
+  const std::uint64_t count = content.size() - 5;
+  {
+    const OpenedFile from(files, folder.Windows("from"), platform::OpenFor::reading);
+    const OpenedFile to(files, folder.Windows("to"), platform::OpenFor::replacing);
+    CopyBytes(files, from.handle, 5, to.handle, 2, count);
+    CopyBytes(files, from.handle, 0, to.handle, 0, 2);
+    CopyBytes(files, from.handle, 1, to.handle, 7, 0);
+    EXPECT_THROW(CopyBytes(files, from.handle, 6, to.handle, 2 + count, count), RunTimeError) << "it ends too early";
+  }
+  Bytes expected(content.begin(), content.begin() + 2);
+  expected.insert(expected.end(), content.begin() + 5, content.end());
+  Bytes copied = test::ReadFileAt(folder.Native("to"));
+  copied.resize(expected.size());
+  EXPECT_TRUE(copied == expected);
+}
+
 TEST(WholeFiles, WhateverFailsOrStopsEachOfThemIsOldOrNew) {
   for (const FaultKind kind : {FaultKind::failure, FaultKind::stop}) {
     const TemporaryFolder folder;
