@@ -1,7 +1,7 @@
 // Renaming and removing imported ships may stop at any file operation, or any operation may fail: whatever comes next,
 // Disable leaves the game folder as it was before the first Enable.
 
-#include "session.h"
+#include "interruption_stage.h"
 #include "support/fault.h"
 #include "switcher/imported_list.h"
 #include "switcher/remove_imported.h"
@@ -9,30 +9,6 @@
 
 namespace oravin::test {
 namespace {
-
-struct Stage {
-  /// The player had a model of Manta's name already.
-  Stage() {
-    WriteFileAt(installation.Game("ships/manta.shp"), "the player's own model");
-    before = GameFolder();
-  }
-
-  /// Every file of the game folder but the defaults of the statistics.
-  [[nodiscard]] FolderImage GameFolder() const {
-    return Without(ImageOf(installation.folder.Native("game")), {"shipstats.def"});
-  }
-  /// A run in which every question is answered with Yes, whatever boxes come.
-  [[nodiscard]] std::unique_ptr<Session> Start() const {
-    auto session = std::make_unique<Session>(installation, false);
-    session->desk.AllowOthers(
-        [](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
-    Form_Load(session->main, {installation.gamePath, installation.programPath});
-    return session;
-  }
-
-  SmallInstallation installation;
-  FolderImage before;
-};
 
 using Action = std::function<void(Session&)>;
 
@@ -49,7 +25,8 @@ void Remove(Session& session) {
 /// and disables.
 void WalkFaults(FaultKind kind, const Action& action, bool enableAgain) {
   const int operations = AtEachOperation(kind, [&](Fault& fault) {
-    const Stage stage;
+    // The player had a model of Manta's name already.
+    const InterruptionStage stage({{"manta.shp", "the player's own model"}});
     {
       const auto session = stage.Start();
       session->Press("switcher.cmdEnable");

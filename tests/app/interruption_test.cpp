@@ -1,7 +1,7 @@
 // An action may stop at any file operation, or any operation may fail: whatever comes next, Disable leaves the game
 // folder as it was before the first Enable, the player's own files included.
 
-#include "session.h"
+#include "interruption_stage.h"
 #include "support/fault.h"
 #include "util/whole_file.h"
 
@@ -11,28 +11,9 @@ namespace {
 constexpr const char* ownModel = "the player's own model";
 constexpr const char* ownAside = "the player's own model, moved aside";
 
-/// An installation whose ships folder holds models of the player's own under the names of catalogue ships.
-struct Stage {
-  Stage() {
-    WriteFileAt(installation.Game("ships/alpha.shp"), ownModel);
-    WriteFileAt(installation.Game("ships/Tiger.org"), ownAside);
-    WriteFileAt(installation.Game("ships/manta.shp"), ownModel);
-    before = GameFolder();
-  }
-
-  /// Every file of the game folder but the defaults of the statistics.
-  [[nodiscard]] FolderImage GameFolder() const {
-    return Without(ImageOf(installation.folder.Native("game")), {"shipstats.def"});
-  }
-
-  /// A run in which every question is answered with Yes, whatever boxes come.
-  [[nodiscard]] std::unique_ptr<Session> Start() const {
-    auto session = std::make_unique<Session>(installation, false);
-    session->desk.AllowOthers(
-        [](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
-    Form_Load(session->main, {installation.gamePath, installation.programPath});
-    return session;
-  }
+/// The ships folder holds models of the player's own under the names of catalogue ships.
+struct Stage : InterruptionStage {
+  Stage() : InterruptionStage({{"alpha.shp", ownModel}, {"Tiger.org", ownAside}, {"manta.shp", ownModel}}) {}
 
   /// The next run disables, and everything is as it was.
   void DisableAndCompare(const std::string& where) const {
@@ -52,9 +33,6 @@ struct Stage {
       }
     }
   }
-
-  SmallInstallation installation;
-  FolderImage before;
 };
 
 using Action = std::function<void(Session&)>;

@@ -1,35 +1,17 @@
 // The game folder's model tool, started at the end of an import. A script stands in for Wine.
 
-#include <sys/wait.h>
-
-#include <cerrno>
-
 #include "../import_stage.h"
-#include "support/environment.h"
+#include "support/stand_in_program.h"
 
 namespace oravin::test {
 namespace {
 
 struct ShipTool : Importing {
-  ShipTool() {
-    const auto script = outside.Native("bin/wine");
-    WriteFileAt(script, "#!/bin/sh\nfor word in \"$@\"; do printf '[%s]\\n' \"$word\"; done > '" +
-                            outside.Native("called").string() + "'\n");
-    permissions(script, std::filesystem::perms::owner_all);
-    WriteFileAt(Tool(), "the tool");
-  }
+  ShipTool() { WriteFileAt(Tool(), "the tool"); }
 
   [[nodiscard]] std::filesystem::path Tool() const { return installation.Game("sltool.exe"); }
-  /// Lets the program that was started end; false when none was.
-  static bool Ended() {
-    pid_t ended = -1;
-    do {
-      ended = waitpid(-1, nullptr, 0);
-    } while (ended < 0 && errno == EINTR);
-    return ended > 0;
-  }
 
-  Environment path{"PATH", outside.Native("bin").string() + ":/usr/bin:/bin"};
+  StandInProgram program{"wine"};
 };
 
 TEST_F(ShipTool, IsGivenTheNamesOfTheImportedShipsEachAsOneWord) {
@@ -42,8 +24,8 @@ TEST_F(ShipTool, IsGivenTheNamesOfTheImportedShipsEachAsOneWord) {
   session->desk.ExpectBox("Texture not found - skipping ship!");
   ExpectErrors({"Kite"});
   ImportAll("ships.pak");
-  ASSERT_TRUE(Ended());
-  EXPECT_EQ(ReadTextAt(outside.Native("called")), "[" + installation.gamePath + "sltool.exe]\n[Big Hawk]\n[Whale]\n");
+  ASSERT_TRUE(program.Ended());
+  EXPECT_EQ(program.Words(), "[" + installation.gamePath + "sltool.exe]\n[Big Hawk]\n[Whale]\n");
 }
 
 TEST_F(ShipTool, IsNotStartedWhereThereIsNone) {
@@ -51,7 +33,7 @@ TEST_F(ShipTool, IsNotStartedWhereThereIsNone) {
   std::filesystem::remove(Tool());
   ExpectSuccess();
   ImportAll("hawk.shp");
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(ShipTool, IsNotStartedWhenNoShipWasImported) {
@@ -61,7 +43,7 @@ TEST_F(ShipTool, IsNotStartedWhenNoShipWasImported) {
   session->desk.ExpectBox("Texture not found - skipping ship!");
   ExpectErrors({"hawk"});
   ImportAll("hawk.shp");
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 }  // namespace

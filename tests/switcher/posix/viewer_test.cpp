@@ -1,21 +1,13 @@
 // The game folder's model viewer, started with the selected ship's model. A script stands in for Wine.
 
-#include <sys/wait.h>
-
-#include <cerrno>
-
 #include "../stage.h"
-#include "support/environment.h"
+#include "support/stand_in_program.h"
 
 namespace oravin::test {
 namespace {
 
 struct Viewer : testing::Test {
   Viewer() {
-    const auto script = folder.Native("bin/wine");
-    WriteFileAt(script, "#!/bin/sh\nfor word in \"$@\"; do printf '[%s]\\n' \"$word\"; done > '" +
-                            folder.Native("called").string() + "'\n");
-    permissions(script, std::filesystem::perms::owner_all);
     installation.GamePath = folder.Windows("my game\\");
     WriteFileAt(folder.Native("my game/sltool.exe"), "the viewer");
     installation.ships.resize(2);
@@ -25,40 +17,31 @@ struct Viewer : testing::Test {
     AddRow(list, {"s2", {"Bravo"}, 0, true});
   }
 
-  /// Lets the program that was started end; false when none was.
-  static bool Ended() {
-    pid_t ended = -1;
-    do {
-      ended = waitpid(-1, nullptr, 0);
-    } while (ended < 0 && errno == EINTR);
-    return ended > 0;
-  }
-
   TemporaryFolder folder;
-  Environment path{"PATH", folder.Native("bin").string() + ":/usr/bin:/bin"};
+  StandInProgram program{"wine"};
   Installation installation;
   ListView list;
 };
 
 TEST_F(Viewer, IsStartedWithTheModelOfTheSelectedShip) {
   ViewModel(list, installation);
-  ASSERT_TRUE(Ended());
-  EXPECT_EQ(ReadTextAt(folder.Native("called")),
+  ASSERT_TRUE(program.Ended());
+  EXPECT_EQ(program.Words(),
             "[" + folder.Windows("my game\\sltool.exe") + "]\n[" + folder.Windows("my game\\ships\\bravo.shp") + "]\n");
 }
 
 TEST_F(Viewer, IsNotStartedWhereTheGameFolderHasNone) {
   std::filesystem::remove(folder.Native("my game/sltool.exe"));
   ViewModel(list, installation);
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(Viewer, IsNotStartedWithoutASelectedShip) {
   SelectOnly(list, std::nullopt);
   ViewModel(list, installation);
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
   ViewModel(ListView(), installation);
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(Viewer, IsNotStartedForAShipThatTheCatalogueDoesNotHave) {
@@ -68,7 +51,7 @@ TEST_F(Viewer, IsNotStartedForAShipThatTheCatalogueDoesNotHave) {
   ViewModel(list, installation);
   list.rows[1].key = "what";
   ViewModel(list, installation);
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 // The paint program, started with an extracted texture. A script stands in for the desktop's own opener.
 
-#include <sys/wait.h>
-
-#include <cerrno>
-
 #include "cache/cache_stage.h"
-#include "support/environment.h"
+#include "support/stand_in_program.h"
 #include "texture/tcache_tab.h"
 
 namespace oravin::test {
@@ -13,9 +9,6 @@ namespace {
 
 struct ThePaintProgram : CacheStage {
   ThePaintProgram() {
-    const auto script = folder.Native("bin/xdg-open");
-    WriteFileAt(script, "#!/bin/sh\nprintf '[%s]' \"$@\" > '" + folder.Native("called").string() + "'\n");
-    permissions(script, std::filesystem::perms::owner_all);
     installation.GamePath = folder.windows;
     installation.ProgramPath = folder.Windows("my program\\");
     WriteFileAt(folder.Native("my program/3D/cube.bmp"), Bitmap(4, 4, 8, Pattern(16)));
@@ -23,16 +16,9 @@ struct ThePaintProgram : CacheStage {
     tab.txtTcacheSource.text = Path();
     cmdOpenTcache_Click(at.host, tab);
   }
-  static bool Ended() {
-    pid_t ended = -1;
-    do {
-      ended = waitpid(-1, nullptr, 0);
-    } while (ended < 0 && errno == EINTR);
-    return ended > 0;
-  }
   [[nodiscard]] Bytes Temporary() const { return ReadFileAt(folder.Native("my program/temp.bmp")); }
 
-  Environment path{"PATH", folder.Native("bin").string() + ":/usr/bin:/bin"};
+  StandInProgram program{"xdg-open"};
   Installation installation;
   TcacheTab tab = NewTcacheTab();
 };
@@ -40,8 +26,8 @@ struct ThePaintProgram : CacheStage {
 TEST_F(ThePaintProgram, IsStartedWithTheSelectedTexture) {
   SelectOnly(tab.lstTcache, 426);
   lstTcache_DblClick(at.host, tab, installation);
-  ASSERT_TRUE(Ended());
-  EXPECT_EQ(ReadTextAt(folder.Native("called")), "[" + folder.Native("my program/temp.bmp").string() + "]");
+  ASSERT_TRUE(program.Ended());
+  EXPECT_EQ(program.Words(), "[" + folder.Native("my program/temp.bmp").string() + "]\n");
   EXPECT_EQ(Temporary().size(), 1078U + 64);
 }
 
@@ -50,7 +36,7 @@ TEST_F(ThePaintProgram, IsStartedByTheEnterKeyAndNoOther) {
   lstTcache_KeyDown(at.host, tab, installation, 32);
   EXPECT_FALSE(std::filesystem::exists(folder.Native("my program/temp.bmp")));
   lstTcache_KeyDown(at.host, tab, installation, 13);
-  ASSERT_TRUE(Ended());
+  ASSERT_TRUE(program.Ended());
   EXPECT_EQ(Temporary().size(), 54U + 192);
 }
 
@@ -58,7 +44,7 @@ TEST_F(ThePaintProgram, IsNotStartedWithoutASelectedTexture) {
   lstTcache_DblClick(at.host, tab, installation);
   cmdCloseTcache_Click(tab);
   lstTcache_DblClick(at.host, tab, installation);
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(ThePaintProgram, IsNotStartedWithoutTheCacheOrTheProgramFolder) {
@@ -69,7 +55,7 @@ TEST_F(ThePaintProgram, IsNotStartedWithoutTheCacheOrTheProgramFolder) {
   std::filesystem::remove(folder.Native("tcachehw.dat"));
   at.desk.ExpectBox("TCACHE path not found", programTitle);
   lstTcache_DblClick(at.host, tab, installation);
-  EXPECT_FALSE(Ended());
+  EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(ThePaintProgram, ThatCannotBeStartedIsTold) {
