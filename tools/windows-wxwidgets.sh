@@ -18,12 +18,13 @@ left_out=(
   html htmlhelp aui ribbon propgrid stc richtext xrc webview webviewie mediactrl sockets ipc protocols protocol ftp http
   fileproto url webrequest fs_inet fs_archive arcstream tarstream zipstream filesystem fsvolume fswatcher dialupman
   secretstore sound joystick snglinst debugreport dbghelp docview mdi mdidoc help mshtmlhelp printarch postscript
-  ps-in-msw svg graphics_ctx grid dataviewctrl treectrl treelist treebook calendar datepick timepick wizarddlg tipdlg
+  ps-in-msw svg graphics_ctx grid dataviewctrl treelist treebook calendar datepick timepick wizarddlg tipdlg
   splash animatectrl bannerwindow taskbaricon richtooltip infobar notifmsg prefseditor searchctrl editablebox
   filectrl rearrangectrl colourpicker fontpicker filepicker dirpicker hyperlink collpane odcombobox bmpcombobox
   commandlinkbutton addremovectrl actindicator aboutdlg finddlg fontdlg coldlg creddlg progressdlg
   splitter sash miniframe metafile gif pcx tga iff pnm xpm config iniconf xlocale
 )
+# The folder browser is compiled only together with the tree control, though Windows has its own.
 for part in "${left_out[@]}"; do options+=("--disable-$part"); done
 flags="-O2 -ffunction-sections -fdata-sections -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_FILE_OFFSET_BITS=64"
 

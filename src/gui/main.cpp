@@ -3,10 +3,11 @@
 #include <array>
 
 #include "gui/app.h"
+#include "platform/arguments.h"
 
 int main(int argc, char** argv) {
   oravin::gui::Options options;
-  if (const auto status = oravin::gui::ReadOptions(argc, argv, options)) return *status;
+  if (const auto status = oravin::gui::ReadOptions(oravin::platform::Arguments(argc, argv), options)) return *status;
   wxApp::SetInstance(new oravin::gui::App(options));  // the toolkit deletes it
   std::array<char*, 2> nameAlone = {*argv, nullptr};
   int one = 1;

@@ -6,7 +6,7 @@
 
 namespace oravin::gui {
 
-std::optional<int> ReadOptions(int argc, const char* const* argv, Options& options) {
+std::optional<int> ReadOptions(const std::vector<std::string>& words, Options& options) {
   CLI::App parser{"Edits the installed files of StarLancer, in a window."};
   parser.name("oravin");
   parser.add_option("--game", options.folders.game, "The game folder; without it, it is searched for")
@@ -28,7 +28,7 @@ std::optional<int> ReadOptions(int argc, const char* const* argv, Options& optio
                   "For measuring: ends as soon as the window was painted once");
   parser.set_version_flag("--version", "Oravin " + PlainVersion(), "Prints the version");
   try {
-    parser.parse(argc, argv);
+    parser.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes the last one first
   } catch (const CLI::ParseError& error) {
     constexpr int wrongUse = 2;
     return parser.exit(error) == 0 ? 0 : wrongUse;

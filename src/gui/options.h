@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/start_up.h"
 
@@ -16,7 +17,8 @@ struct Options {
 };
 
 /// Reads the command line. Prints what --help, --version or a wrong use call for.
+/// @param words what stands behind the program's name
 /// @return the exit status when the program ends here (0, or 2 for wrong use)
-std::optional<int> ReadOptions(int argc, const char* const* argv, Options& options);
+std::optional<int> ReadOptions(const std::vector<std::string>& words, Options& options);
 
 }  // namespace oravin::gui
