@@ -62,6 +62,6 @@ step imported remove --all
 step stats restore-all
 step hog restore-fat "$archive"
 step disable
-step tcache import "$(windows "$sample/Oravin/addons/textures/manta1.bmp")" newone
+step tcache import "$(windows "$pack/raiders/locust1.bmp")" newone
 step tcache restore
 step status --json

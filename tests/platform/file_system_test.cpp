@@ -19,7 +19,7 @@ using test::WriteFileAt;
 TEST(OpenNative, TellsInPlainWordsWhyAFileCannotBeOpened) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("file"), "x");
-  const test::Environment prefix("WINEPREFIX", folder.native);
+  const test::Environment prefix("WINEPREFIX", folder.native.string());
   NativeFile file = 0;
   EXPECT_EQ(OpenNative(folder.Windows("missing"), OpenFor::reading, file), "it does not exist");
   EXPECT_EQ(file, noFile);

@@ -101,7 +101,7 @@ TEST(FileExists, APathWithWildcardsExistsWhenAnythingMatches) {
 
 TEST(FileExists, OnAnUnknownDriveNothingExists) {
   const TemporaryFolder folder;
-  const test::Environment prefix("WINEPREFIX", folder.native);
+  const test::Environment prefix("WINEPREFIX", folder.native.string());
   EXPECT_FALSE(FileExists("Q:\\file.txt"));
   EXPECT_FALSE(FileExists("Q:\\*"));
 }
