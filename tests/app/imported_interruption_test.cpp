@@ -26,7 +26,7 @@ void Remove(Session& session) {
 void WalkFaults(FaultKind kind, const Action& action, bool enableAgain) {
   const int operations = AtEachOperation(kind, [&](Fault& fault) {
     // The player had a model of Manta's name already.
-    const InterruptionStage stage({{"manta.shp", "the player's own model"}});
+    const InterruptionStage stage(PlayersFiles{{"manta.shp", "the player's own model"}});
     {
       const auto session = stage.Start();
       session->Press("switcher.cmdEnable");

@@ -4,11 +4,13 @@
 
 namespace oravin::test {
 
+/// Files of the player's own in the game's ships folder: their texts by their names.
+using PlayersFiles = std::map<std::string, std::string>;
+
 /// An installation for actions that stop or fail half-way: however they end, Disable must leave the game folder as it
 /// was.
 struct InterruptionStage {
-  /// @param own files of the player's own in the game's ships folder, by name
-  explicit InterruptionStage(const std::map<std::string, std::string>& own) {
+  explicit InterruptionStage(const PlayersFiles& own) {
     for (const auto& [name, text] : own) WriteFileAt(installation.Game("ships/" + name), text);
     before = GameFolder();
   }

@@ -13,7 +13,8 @@ constexpr const char* ownAside = "the player's own model, moved aside";
 
 /// The ships folder holds models of the player's own under the names of catalogue ships.
 struct Stage : InterruptionStage {
-  Stage() : InterruptionStage({{"alpha.shp", ownModel}, {"Tiger.org", ownAside}, {"manta.shp", ownModel}}) {}
+  Stage()
+      : InterruptionStage(PlayersFiles{{"alpha.shp", ownModel}, {"Tiger.org", ownAside}, {"manta.shp", ownModel}}) {}
 
   /// The next run disables, and everything is as it was.
   void DisableAndCompare(const std::string& where) const {
