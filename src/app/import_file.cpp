@@ -1,6 +1,7 @@
 #include "app/import_file.h"
 
 #include "desk/dialogs.h"
+#include "pack/import_run.h"
 #include "switcher/switcher_tab.h"
 #include "util/File_Path.h"
 #include "util/text.h"
@@ -12,10 +13,7 @@ void ImportFile(Main& main, const std::string& path) {
   if (chosen.empty()) return;
   if (!FileExists(chosen)) return Show(main.host, "This file was not found:\n" + chosen, Icon::exclamation);
   main.imports.txtImportFighter.text = chosen;
-  if (main.installation.ships.empty()) {
-    Show(main.host, "Press \"Enable\" on the Switcher tab first. Then ships can be imported.", Icon::exclamation);
-    return;
-  }
+  if (!CanBeImportedInto(main.host, main.installation)) return;
   if (!LoadPack(main.host, main.Fighter_PACK, main.installation, chosen)) return;
   main.Fighter_PACK.shown = true;
   ShowForm(main.host, fighterPackForm);
@@ -24,8 +22,7 @@ void ImportFile(Main& main, const std::string& path) {
 void RefillShipLists(Main& main) {
   // The kind of ships that the switcher shows stays.
   const bool capitalShips = main.switcher.cmdToggle.caption != NewSwitcherTab().cmdToggle.caption;
-  DisplaySwitcher(main.host, main.switcher, main.installation, capitalShips);
-  ShowShipsOnTabs(main);
+  ShowShipsOnTabs(main, DisplaySwitcher(main.host, main.switcher, main.installation, capitalShips));
 }
 
 }  // namespace oravin

@@ -6,6 +6,7 @@
 
 #include "desk/dialogs.h"
 #include "ships/SHP_Editing.h"
+#include "switcher/ship_list.h"
 #include "util/File_Path.h"
 #include "util/text.h"
 
@@ -163,22 +164,12 @@ bool LoadPack(Host& host, FighterPack& form, const Installation& installation, c
   form.given.resize(form.ships.size());
   for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(form.ships[i], i + 1));
   ColourPack(form, installation);
-  ShowShip(host, form, installation, 0);
+  if (!form.ships.empty()) SelectOnly(form.lstPack, 0);
+  // Nobody has chosen that ship: what is wrong with its model is told in the form, and in boxes when it is clicked.
+  Host quiet;
+  quiet.desk.showBox = [](const MessageBox&) { return Answer::ok; };
+  ShowShip(quiet, form, installation, 0);
   return true;
-}
-
-std::string WhyNoShipName(const std::string& name) {
-  const std::string trimmed = Trim(name);
-  if (trimmed.empty()) return "A ship must have a name.";
-  if (trimmed.size() > shipNameWidth) {
-    return "A ship's name can have at most " + std::to_string(shipNameWidth) + " characters.";
-  }
-  // A quote would end the name in the ship list, a line break its line.
-  const bool plain = std::none_of(trimmed.begin(), trimmed.end(), [](char c) {
-    const auto code = static_cast<unsigned char>(c);
-    return code < 32 || code == 127 || c == '"';
-  });
-  return plain ? "" : "A ship's name can hold neither double quotes nor control characters.";
 }
 
 void ColourPack(FighterPack& form, const Installation& installation) {

@@ -53,15 +53,12 @@ struct CheckedShip {
 };
 
 /// Fills the form from a pack, or from a single model, whose ship is named as the file without its last 4 characters.
-/// Every ship becomes a checked line with the key "s" and its number from 1; it is red when its name is taken.
+/// Every ship becomes a checked line with the key "s" and its number from 1; it is red when its name is taken. The
+/// first one is selected, and its textures are shown.
 ///
 /// A pack's boxes are those of GetPAK, a missing model's that of IsCapitalShip. A pack that lists no ships is shown.
 /// @return false when a box has said why nothing can be shown; the form is left empty then
 bool LoadPack(Host& host, FighterPack& form, const Installation& installation, const std::string& path);
-
-/// Why a ship of the catalogue cannot bear a name: it is empty, longer than 30 characters, or holds a double quote or a
-/// control character. A sentence; empty when it can.
-std::string WhyNoShipName(const std::string& name);
 
 /// Colours every line anew: red for one whose name is that of a ship of the catalogue, or of a checked line above it,
 /// since two ships of one name cannot both be imported. Sets the import button: it needs a checked line.

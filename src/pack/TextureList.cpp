@@ -52,8 +52,14 @@ TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string&
   return table;
 }
 
+std::string BitmapFor(const std::string& modelPath, const std::string& name, const GivenBitmaps& given, bool& isGiven) {
+  const auto chosen = given.find(BitmapKey(name));
+  isGiven = chosen != given.end() && FileExists(std::string(chosen->second));
+  return isGiven ? chosen->second : BitmapBeside(modelPath, name);
+}
+
 ListedTexture NewListed(const std::string& name, const TcacheTable& table, const std::string& modelPath,
-                     const GivenBitmaps& given) {
+                        const GivenBitmaps& given) {
   ListedTexture texture;
   texture.name = name;
   // The first slot of the name, as FindStructOffset finds it.
@@ -63,9 +69,7 @@ ListedTexture NewListed(const std::string& name, const TcacheTable& table, const
     texture.cachedPalette = TemplateFor(table, entry.name);
     break;
   }
-  const auto chosen = given.find(BitmapKey(name));
-  texture.given = chosen != given.end() && FileExists(std::string(chosen->second));
-  texture.bitmapPath = texture.given ? chosen->second : BitmapBeside(modelPath, name);
+  texture.bitmapPath = BitmapFor(modelPath, name, given, texture.given);
   if (!texture.bitmapPath.empty()) texture.unusable = WhyUnusable(texture.bitmapPath, texture.info);
   return texture;
 }
@@ -79,6 +83,20 @@ std::string BitmapBeside(const std::string& modelPath, const std::string& textur
   if (Trim(texture).empty() || !IsPlainFileName(name)) return "";
   std::string path = ParentFolder(std::string(modelPath)) + name;
   return FileExists(path) ? path : "";
+}
+
+std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, const GivenBitmaps& given) {
+  std::vector<std::string> bitmaps;
+  try {
+    for (const std::string& name : ReadShpTextureNames(files, modelPath)) {
+      bool isGiven = false;
+      std::string bitmap = BitmapFor(modelPath, name, given, isGiven);
+      if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
+    }
+  } catch (const RunTimeError&) {
+    return {};  // whoever imports the model is told
+  }
+  return bitmaps;
 }
 
 std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {

@@ -32,6 +32,10 @@ struct ListedTexture {
 /// The bitmap of a texture's name beside a model; empty when there is none, or the name is none that a file can bear.
 std::string BitmapBeside(const std::string& modelPath, const std::string& texture);
 
+/// The bitmaps that a model's textures can be imported from, the given ones first. Empty when the model cannot be read;
+/// there is no box.
+std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, const GivenBitmaps& given);
+
 /// Why a bitmap cannot become a texture, in plain words; empty when it can.
 /// @param info what it says of itself, as far as it could be read
 std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info);

@@ -1,5 +1,7 @@
 #include "pack/import_run.h"
 
+#include <set>
+
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -122,7 +124,21 @@ void Commit(Run& run) {
   run.allImported = false;
 }
 
-WritePlan PlanImport(const Installation& installation, const std::vector<CheckedShip>& ships) {
+/// Adds the room that the ships' bitmaps take: each once in the add-ons, and in the cache, there perhaps with a
+/// companion of the same size.
+void NeedRoomForBitmaps(Files& files, WritePlan& plan, const Installation& installation,
+                        const std::vector<CheckedShip>& ships) {
+  std::set<std::string> counted;
+  for (const CheckedShip& ship : ships) {
+    for (const std::string& bitmap : BitmapsOf(files, ship.ship.modelPath, ship.given)) {
+      if (!counted.insert(UpperCase(bitmap)).second) continue;
+      NeedRoom(plan, installation.ProgramPath, FileLength(bitmap));
+      NeedRoom(plan, installation.GamePath, 2 * FileLength(bitmap));
+    }
+  }
+}
+
+WritePlan PlanImport(Files& files, const Installation& installation, const std::vector<CheckedShip>& ships) {
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.GamePath + "ships\\", installation.ProgramPath};
   for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
@@ -134,6 +150,7 @@ WritePlan PlanImport(const Installation& installation, const std::vector<Checked
     NeedRoom(plan, installation.GamePath, 2 * FileLength(ship.ship.modelPath));
     NeedRoom(plan, installation.ProgramPath, FileLength(ship.ship.modelPath) + shipRecordSize);
   }
+  NeedRoomForBitmaps(files, plan, installation, ships);
   return plan;
 }
 
@@ -172,16 +189,13 @@ void TellResult(const Run& run) {
 void StartShipTool(const Run& run) {
   const std::string tool = run.installation.GamePath + "sltool.exe";
   if (run.imported.empty() || !FileExists(std::string(tool))) return;
-  std::string command = "\"" + tool + "\"";
-  for (const PackShip& ship : run.imported) command += " \"" + ship.shipName + "\"";
+  std::string command = platform::AsWord(tool);
+  for (const PackShip& ship : run.imported) command += " " + platform::AsWord(ship.shipName);
   platform::StartProgram(command);
 }
 
 bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<CheckedShip>& ships) {
-  if (!FeaturesEnabled(desk.installation.ProgramPath) || desk.installation.ships.empty()) {
-    Show(desk.host, "Press \"Enable\" on the Switcher tab first. Then ships can be imported.", Icon::exclamation);
-    return false;
-  }
+  if (!CanBeImportedInto(desk.host, desk.installation)) return false;
   if (AnyCheckedRed(form)) {
     Show(desk.host, redNames, Icon::exclamation);
     return false;
@@ -192,10 +206,16 @@ bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<Checke
     return false;
   }
   desk.closeOthers();
-  return ReadyToWrite(desk.host, PlanImport(desk.installation, ships));
+  return ReadyToWrite(desk.host, PlanImport(desk.host.files, desk.installation, ships));
 }
 
 }  // namespace
+
+bool CanBeImportedInto(Host& host, const Installation& installation) {
+  if (FeaturesEnabled(installation.ProgramPath) && !installation.ships.empty()) return true;
+  Show(host, "Press \"Enable\" on the Switcher tab first. Then ships can be imported.", Icon::exclamation);
+  return false;
+}
 
 void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill) {
   const std::vector<CheckedShip> ships = CheckedShips(form);

@@ -8,6 +8,9 @@
 
 namespace oravin {
 
+/// True when ships can be imported: the installation is enabled. If not, a box says so.
+bool CanBeImportedInto(Host& host, const Installation& installation);
+
 /// Imports the checked ships of the form into the enabled installation, closes the form, and tells the result.
 ///
 /// Each ship's model goes into the game's ships folder, with a copy beside it (".bak") to restore its weapons from; its

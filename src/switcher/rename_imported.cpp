@@ -47,15 +47,9 @@ bool Taken(const Ships& ships, const Rename& rename) {
 
 /// True when the new name can be given; otherwise a box has told why not.
 bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
-  std::string refusal;
-  if (rename.newName.empty()) {
-    refusal = "A ship needs a name.";
-  } else if (Taken(ships, rename)) {
+  std::string refusal = WhyNoShipName(rename.newName);
+  if (refusal.empty() && Taken(ships, rename)) {
     refusal = "The ship name '" + rename.newName + "' has the same name as an existing ship.";
-  } else if (rename.newName.size() > shipNameWidth) {
-    refusal = "The name is too long: a ship's name has at most " + std::to_string(shipNameWidth) + " characters.";
-  } else if (!CanBeListed(rename.newName)) {
-    refusal = "A ship's name can hold neither double quotes nor control characters.";
   }
   if (!refusal.empty()) Show(host, refusal, Icon::exclamation);
   return refusal.empty();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/ship_record.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
@@ -86,6 +87,15 @@ bool CanBeListed(const std::string& text) {
     const int code = static_cast<std::uint8_t>(c);
     return code < 32 || code == 127 || c == '"';
   });
+}
+
+std::string WhyNoShipName(const std::string& name) {
+  const std::string trimmed = Trim(name);
+  if (trimmed.empty()) return "A ship must have a name.";
+  if (trimmed.size() > shipNameWidth) {
+    return "A ship's name can have at most " + std::to_string(shipNameWidth) + " characters.";
+  }
+  return CanBeListed(trimmed) ? "" : "A ship's name can hold neither double quotes nor control characters.";
 }
 
 std::string ShipListLine(const ListedShip& ship) {

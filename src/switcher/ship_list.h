@@ -70,6 +70,10 @@ ShipListText ParseShipList(std::string path, std::string text, int fewest);
 /// @throws RunTimeError when it is missing, cannot be read or cannot be used
 ShipListText ReadShipListText(Files& files, const std::string& programPath);
 
+/// Why no ship can bear a name, whether in the list or in the catalogue: it is empty, longer than a record's field, or
+/// cannot be listed. A sentence; empty when a ship can. The blanks at its ends do not count.
+std::string WhyNoShipName(const std::string& name);
+
 /// True when a text can stand in the list: it holds no double quote and no control character, line breaks included.
 bool CanBeListed(const std::string& text);
 

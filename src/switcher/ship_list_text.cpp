@@ -29,6 +29,11 @@ std::string WhyUnreadable(const ListedShip& ship) {
   return file.empty() || IsPlainFileName(file) ? "" : "\"" + ship.file + "\" is no file name";
 }
 
+/// A sentence as a part of another one.
+std::string AsClause(const std::string& sentence) {
+  return LowerCase(sentence.substr(0, 1)) + sentence.substr(1, sentence.size() - 2);
+}
+
 std::string WhyNotText(const std::string& what, const std::string& text) {
   if (Trim(text).size() > shipNameWidth) {
     return what + " is longer than " + std::to_string(shipNameWidth) + " characters";
@@ -66,11 +71,11 @@ std::optional<ListFault> WhyUnreadable(std::span<const ListedShip> ships) {
 
 std::string WhyNotListed(const ListedShip& ship) {
   if (ship.kind < 1 || ship.kind > importedKind) return "its kind is not 1, 2 or 3";
-  if (Trim(ship.name).empty()) return "it has no name";
+  if (const std::string why = WhyNoShipName(ship.name); !why.empty()) return AsClause(why);
   if (Trim(ship.file).empty()) return "it has no model";
   for (const auto& [what, text] :
-       {std::pair("its name", &ship.name), std::pair("its model's name", &ship.file),
-        std::pair("its texture's name", &ship.texture0), std::pair("its second texture's name", &ship.texture1)}) {
+       {std::pair("its model's name", &ship.file), std::pair("its texture's name", &ship.texture0),
+        std::pair("its second texture's name", &ship.texture1)}) {
     std::string why = WhyNotText(what, *text);
     if (!why.empty()) return why;
   }

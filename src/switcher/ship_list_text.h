@@ -12,7 +12,7 @@
 namespace oravin {
 
 /// Tells in plain words why a ship should not stand in the list, because it cannot be written there or the catalogue
-/// and the switcher could not work with it: "its name is longer than 30 characters". Empty when it can. The textures'
+/// and the switcher could not work with it: "it has no model". Empty when it can. The textures'
 /// names may be empty.
 std::string WhyNotListed(const ListedShip& ship);
 

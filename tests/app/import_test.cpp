@@ -435,6 +435,15 @@ TEST_F(Importing, WhileTheFeaturesAreDisabledSaysSo) {
   Compare("the box");
 }
 
+TEST_F(Importing, BitmapsThatTheDiskHasNoRoomForLetNothingBeImported) {
+  Make("hawk", "hawk.shp", {red});
+  std::filesystem::resize_file(New("red.bmp"), std::uintmax_t{1} << 40U);  // it takes no room itself
+  session->desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  Open("hawk.shp", [&] { Import(); });
+  EXPECT_NE(session->desk.shown.back().text.find("is too full"), std::string::npos) << session->desk.shown.back().text;
+  Compare("the box");
+}
+
 TEST_F(Importing, BeingStoppedKeepsTheShipsBefore) {
   const SmallShip hawk = Make("hawk", "hawk.shp", {red});
   Make("kite", "kite.shp", {blue});

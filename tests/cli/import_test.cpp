@@ -314,7 +314,7 @@ TEST_F(ImportedRuns, RenamesThatAreRefused) {
                 "Oravin: The ship name 'predator' has the same name as an existing ship.\n");
   ExpectRefused({"imported", "rename", "Manta", "Manta"},
                 "Oravin: The ship name 'Manta' has the same name as an existing ship.\n");
-  ExpectRefused({"imported", "rename", "Manta", "  "}, "Oravin: A ship needs a name.\n");
+  ExpectRefused({"imported", "rename", "Manta", "  "}, "Oravin: A ship must have a name.\n");
   ExpectRefused({"imported", "rename", "Predator", "Other"},
                 "oravin-cli: there is no imported ship \"Predator\"; \"imported list\" shows them\n");
   ExpectRefused({"imported", "rename", "Manta"}, WrongUsage("NEW is required"), 2);

@@ -57,9 +57,7 @@ TEST(FighterPackForm, ShipsAreCheckedByMouseAndKeyboard) {
 TEST(FighterPackForm, TexturesOfTheSelectedShipAreShown) {
   const ImportSession session;
   ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
-  EXPECT_TRUE(Control(session, picture)["picture"].is_null());
-  EXPECT_EQ(Control(session, "Fighter_PACK.cmdFindBitmap")["enabled"], false);
-  ASSERT_TRUE(SelectRow(session, packList, "Locust"));
+  EXPECT_TRUE(RowBecomes(session, packList, "Locust", "selected", true)) << "the first ship";
   ASSERT_TRUE(RowsBecome(session, textureList, {"locust1", "locust2"}));
   EXPECT_EQ(RowOf(session, textureList, "locust2")["texts"], Json({"locust2", "no", "found", "256 x 256", "8 bit"}));
   EXPECT_TRUE(Eventually([&] { return !Control(session, picture)["picture"].is_null(); }));

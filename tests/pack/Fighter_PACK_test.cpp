@@ -289,13 +289,12 @@ TEST_F(TheImportForm, ARenameOfALineThatIsNotThereDoesNothing) {
   EXPECT_EQ(Names(), Texts{"One"});
 }
 
-TEST_F(TheImportForm, AClickOnAShipListsItsTexturesAndShowsTheFirst) {
+TEST_F(TheImportForm, TheFirstShipIsSelectedAndItsTexturesAreListedAndTheFirstShown) {
   Model("pack/a.shp", {"wing", "hull", "tail", "bad"});
   Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("pack/bad.bmp", Bitmap(5, 5, 8, Pattern(25)));
   ASSERT_TRUE(LoadNamed({"One"}));
-  EXPECT_TRUE(form.lstTextures.rows.empty());
-  Click(0);
+  EXPECT_EQ(SelectedRow(form.lstPack), std::size_t{0});
   ASSERT_EQ(form.lstTextures.rows.size(), 4U);
   EXPECT_EQ(form.lstTextures.rows[0].texts, (Texts{"wing", "no", "found", "16 x 8", "24 bit"}));
   EXPECT_EQ(form.lstTextures.rows[1].texts, (Texts{"hull", "yes", "not found", "", ""}));
@@ -351,6 +350,13 @@ TEST_F(TheImportForm, AClickOnAShipWhoseFileIsNoModelGivesTheBox) {
   at.desk.ExpectBox("This is not a valid SL shp file", "Oravin - TextureList()");
   Click(0);
   EXPECT_TRUE(form.lstTextures.rows.empty());
+  EXPECT_EQ(form.preview.lblPreview.caption, "This model's textures cannot be listed.");
+}
+
+TEST_F(TheImportForm, AFirstShipWhoseFileIsNoModelGivesNoBoxBeforeItIsClicked) {
+  Write("pack/a.shp", BytesOf("this is no ship at all"));
+  ASSERT_TRUE(LoadNamed({"One"}));
+  EXPECT_TRUE(at.desk.shown.empty());
   EXPECT_EQ(form.preview.lblPreview.caption, "This model's textures cannot be listed.");
 }
 
@@ -420,6 +426,7 @@ TEST_F(TheImportForm, ABitmapThatCannotBecomeATextureIsNotTaken) {
 TEST_F(TheImportForm, CancellingTheDialogChangesNothing) {
   Model("pack/a.shp", {"wing"});
   ASSERT_TRUE(LoadNamed({"One"}));
+  SelectOnly(form.lstTextures, std::nullopt);
   cmdFindBitmap_Click(at.host, form, installation);  // no texture is selected: no dialog comes
   EXPECT_TRUE(at.desk.fileQuestions.empty());
   Click(0);
@@ -456,7 +463,7 @@ TEST_F(TheImportForm, AnotherPackBeginsAnew) {
   const unsigned before = form.lstPack.revision;
   ASSERT_TRUE(LoadNamed({"Three"}));
   EXPECT_EQ(Names(), Texts{"Three"});
-  EXPECT_TRUE(form.lstTextures.rows.empty());
+  EXPECT_EQ(form.lstTextures.rows.at(0).texts.at(2), "not found");
   EXPECT_FALSE(form.preview.picture.has_value());
   EXPECT_TRUE(CheckedShips(form).at(0).given.empty());
   EXPECT_FALSE(form.done);

@@ -121,12 +121,12 @@ TEST_F(Renaming, ItsOwnNameIsRefusedButMaySpellItsCaseAnew) {
 }
 
 TEST_F(Renaming, AnEmptyNameIsRefused) {
-  ExpectRefused(manta, "", "A ship needs a name.");
-  ExpectRefused(manta, "   ", "A ship needs a name.");
+  ExpectRefused(manta, "", "A ship must have a name.");
+  ExpectRefused(manta, "   ", "A ship must have a name.");
 }
 
 TEST_F(Renaming, ThirtyCharactersAreRightAndThirtyOneTooMany) {
-  ExpectRefused(manta, std::string(31, 'x'), "The name is too long: a ship's name has at most 30 characters.");
+  ExpectRefused(manta, std::string(31, 'x'), "A ship's name can have at most 30 characters.");
   const std::string longest(30, 'x');
   const FolderImage expected = Renamed(stage.Image(), longest, longest);
   EXPECT_TRUE(Rename(manta, " " + longest + " "));

@@ -143,10 +143,10 @@ TEST_F(SavedShipList, AShipThatTheCatalogueCouldNotHoldIsNotListed) {
   EXPECT_EQ(WhyNotListed(bravo), "");
   EXPECT_EQ(with([](auto& ship) { ship.kind = 0; }), "its kind is not 1, 2 or 3");
   EXPECT_EQ(with([](auto& ship) { ship.kind = 4; }), "its kind is not 1, 2 or 3");
-  EXPECT_EQ(with([](auto& ship) { ship.name = "  "; }), "it has no name");
+  EXPECT_EQ(with([](auto& ship) { ship.name = "  "; }), "a ship must have a name");
   EXPECT_EQ(with([](auto& ship) { ship.file = " "; }), "it has no model");
   EXPECT_EQ(with([](auto& ship) { ship.name = std::string(30, 'n'); }), "");
-  EXPECT_EQ(with([](auto& ship) { ship.name = std::string(31, 'n'); }), "its name is longer than 30 characters");
+  EXPECT_EQ(with([](auto& ship) { ship.name = std::string(31, 'n'); }), "a ship's name can have at most 30 characters");
   EXPECT_EQ(with([](auto& ship) { ship.file = std::string(26, 'f') + ".shp"; }), "");
   EXPECT_EQ(with([](auto& ship) { ship.file = std::string(27, 'f') + ".shp"; }),
             "its model's name is longer than 30 characters");
