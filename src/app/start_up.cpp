@@ -154,17 +154,21 @@ void WriteIni(Host& host, Installation& installation) {
   });
 }
 
-void SearchFolders(Main& main, const GivenFolders& given) {
-  Host& host = main.host;
+/// The game folder, from wherever it is noted, else from the person.
+/// @return whether the person was asked
+bool SearchGameFolder(Main& main) {
   Installation& installation = main.installation;
-  if (GameFolderFromRegistry(installation) || FoldersFromIni(host, installation)) {
-    OfferListForPackage(main, given);
-    return;
-  }
-  AskGameFolder(host, installation);
+  if (GameFolderFromRegistry(installation) || FoldersFromIni(main.host, installation)) return false;
+  AskGameFolder(main.host, installation);
+  return true;
+}
+
+void SearchFolders(Main& main, const GivenFolders& given) {
+  const bool asked = SearchGameFolder(main);
   OfferListForPackage(main, given);
+  if (!asked) return;
   SettleProgramFolder(main, given);
-  WriteIni(host, installation);
+  WriteIni(main.host, main.installation);
 }
 
 [[noreturn]] void RefuseGiven(Host& host, const std::string& folder, const char* refusal) {
@@ -187,35 +191,51 @@ void TakeGivenGame(Host& host, Installation& installation, const std::string& gi
   }
 }
 
-void TakeGivenFolders(Main& main, const GivenFolders& given) {
-  Host& host = main.host;
+/// Takes a given program folder, which must have a ship list. Where one may be drafted, which takes the game's files,
+/// the game folder is found first.
+/// @return whether the game folder is known now
+bool TakeGivenProgram(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
-  if (!given.program.empty()) {
-    installation.ProgramPath = FolderFrom(given.program);
-    const auto offer = Offer(main, given.game.empty() ? installation.GamePath : FolderFrom(given.game), given);
-    if (!FileExists(installation.ProgramPath + "shipsData.txt") && !(offer && offer(installation.ProgramPath))) {
-      RefuseGiven(host, installation.ProgramPath, "This is not an Oravin directory");
+  const std::string program = FolderFrom(given.program);
+  installation.ProgramPath = program;
+  if (FileExists(program + "shipsData.txt")) return false;
+  if (given.offerShipList && FolderExists(std::string(program))) {
+    bool asked = false;
+    if (given.game.empty()) {
+      asked = SearchGameFolder(main);
+    } else {
+      installation.GamePath = FolderFrom(given.game);
+    }
+    AddBackslash(installation.GamePath);
+    installation.ProgramPath = program;  // the search may have named another one
+    if (OfferShipList(main, installation.GamePath, program)) {
+      if (asked) WriteIni(main.host, installation);
+      return true;
     }
   }
-  if (!given.game.empty()) TakeGivenGame(host, installation, given.game);
+  RefuseGiven(main.host, program, "This is not an Oravin directory");
 }
 
 void FindFolders(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
+  bool gameKnown = false;
   if (given.program.empty()) {
     GuessProgramFolder(installation, given.package);
     if (IsPackages(installation, given)) LayOutProgramFolder(main.host, given.package);
+  } else {
+    gameKnown = TakeGivenProgram(main, given);
   }
-  if (given.game.empty()) {
-    // A given program folder is the person's last word; the search must not replace it.
-    if (!given.program.empty()) TakeGivenFolders(main, {{}, given.program, given.offerShipList});
-    SearchFolders(main, given);
+  if (!given.game.empty()) {
+    TakeGivenGame(main.host, installation, given.game);
+    if (given.program.empty()) {
+      OfferListForPackage(main, given);
+      SettleProgramFolder(main, given);
+    }
+    return;
   }
-  TakeGivenFolders(main, given);
-  if (!given.game.empty() && given.program.empty()) {
-    OfferListForPackage(main, given);
-    SettleProgramFolder(main, given);
-  }
+  if (!gameKnown) SearchFolders(main, given);
+  // A given program folder is the person's last word; the search does not replace it.
+  if (!given.program.empty()) installation.ProgramPath = FolderFrom(given.program);
 }
 
 void LockInstallation(Main& main) {

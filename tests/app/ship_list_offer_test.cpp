@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "desk/program_end.h"
+#include "platform/registry.h"
 #include "session.h"
 #include "support/own_machine.h"
 #include "switcher/ship_list.h"
@@ -47,6 +48,11 @@ struct ShipListOffer : testing::Test {
       ships.push_back(line.ship);
     }
     return ships;
+  }
+  void RegisterGame() const {
+    ASSERT_TRUE(platform::RegWriteString(platform::localMachine,
+                                         "Software\\Microsoft\\Microsoft Games\\StarLancer\\1.0\\", "EXE Path",
+                                         installation.gamePath));
   }
   void ExpectFound() const {
     EXPECT_EQ(main.installation.GamePath, installation.gamePath);
@@ -160,6 +166,35 @@ TEST_F(ShipListOffer, AFolderThatHasAListIsNotAskedAbout) {
   installation.WriteShipList();
   Form_Load(main, {installation.gamePath, installation.programPath, true});
   ExpectFound();
+}
+
+TEST_F(ShipListOffer, AGivenProgramFolderAloneIsOfferedOneFromTheGameThatIsFound) {
+  RegisterGame();
+  DraftAnd("cmdSave");
+  Form_Load(main, {"", installation.programPath, true});
+  ExpectFound();
+}
+
+TEST_F(ShipListOffer, AGivenProgramFolderAloneIsOfferedOneFromTheGameThatIsChosen) {
+  desk.ExpectBox("Registy entries for StarLancer not found!");
+  desk.AnswerFolder(installation.gamePath);
+  DraftAnd("cmdSave");
+  Form_Load(main, {"", installation.programPath, true});
+  ExpectFound();
+  EXPECT_EQ(ReadTextAt(installation.Program("oravin.ini")),
+            "\"" + installation.gamePath + "\"\r\n\"" + installation.programPath + "\"\r\n");
+}
+
+TEST_F(ShipListOffer, AGivenProgramFolderAloneIsRefusedAfterNo) {
+  RegisterGame();
+  ExpectOffer(Answer::no);
+  desk.ExpectBox(installation.programPath + "\nThis is not an Oravin directory");
+  EXPECT_THROW(Form_Load(main, {"", installation.programPath, true}), ProgramEnd);
+}
+
+TEST_F(ShipListOffer, AGivenProgramFolderThatIsNotThereIsRefusedWithoutASearch) {
+  desk.ExpectBox(machine.Windows("none\\") + "\nThis is not an Oravin directory");
+  EXPECT_THROW(Form_Load(main, {"", machine.Windows("none"), true}), ProgramEnd);
 }
 
 TEST_F(ShipListOffer, AListThatIsSavedLetsAChosenFolderBeUsed) {
