@@ -26,12 +26,35 @@ ListRow RowOf(std::size_t index, const DraftedShip& drafted) {
   return row;
 }
 
+/// Puts the fields of the selected line into the boxes.
+void ShowFields(ShipListForm& form) {
+  const auto row = SelectedRow(form.lstShips);
+  const bool any = row && *row < form.ships.size();
+  form.line = any ? row : std::nullopt;
+  const ListedShip ship = any ? form.ships[*row].ship : ListedShip();
+  form.txtName.text = ship.name;
+  form.txtFile.text = ship.file;
+  form.txtKind.text = any ? std::to_string(ship.kind) : "";
+  form.txtStats.text = any ? std::to_string(ship.statsIndex) : "";
+  form.txtTexture0.text = ship.texture0;
+  form.txtTexture1.text = ship.texture1;
+  for (TextBox* box :
+       {&form.txtName, &form.txtFile, &form.txtKind, &form.txtStats, &form.txtTexture0, &form.txtTexture1}) {
+    box->enabled = any;
+  }
+  form.cmdApply.enabled = any;
+  form.cmdRemoveLine.enabled = any;
+  form.cmdMoveUp.enabled = any && *row > 0;
+  form.cmdMoveDown.enabled = any && *row + 1 < form.ships.size();
+  form.cmdSave.enabled = !form.ships.empty();
+}
+
 /// Fills the list anew and selects a line, if there is one of that index.
 void ShowLines(ShipListForm& form, std::size_t selected) {
   ClearRows(form.lstShips);
   for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstShips, RowOf(i, form.ships[i]));
   SelectOnly(form.lstShips, selected < form.ships.size() ? std::optional(selected) : std::nullopt);
-  lstShips_ItemClick(form);
+  ShowFields(form);
 }
 
 /// A whole number as it was typed; nothing when it is none or does not lie between these.
@@ -58,16 +81,6 @@ std::string PurposeOf(const ShipListDraft& draft) {
   return text;
 }
 
-void Move(ShipListForm& form, bool up) {
-  const auto row = SelectedRow(form.lstShips);
-  if (!row || *row >= form.ships.size()) return;
-  const std::size_t other = up ? *row - 1 : *row + 1;
-  if (other >= form.ships.size()) return;  // the first line has none above it
-  std::swap(form.ships[*row], form.ships[other]);
-  form.changed = true;
-  ShowLines(form, other);
-}
-
 /// The boxes as a ship. A box says why they are none.
 std::optional<ListedShip> ShipInBoxes(Host& host, const ShipListForm& form) {
   const auto kind = WholeIn(form.txtKind.text, 1, importedKind);
@@ -89,27 +102,43 @@ std::optional<ListedShip> ShipInBoxes(Host& host, const ShipListForm& form) {
   return std::nullopt;
 }
 
-/// Takes the boxes into the selected line.
+/// The line that the boxes belong to; null when there is none.
+DraftedShip* LineInBoxes(ShipListForm& form) {
+  return form.line && *form.line < form.ships.size() ? &form.ships[*form.line] : nullptr;
+}
+
+/// Takes the boxes into their line, which is selected then.
 /// @return false when a box has said why not
 bool Apply(Host& host, ShipListForm& form) {
-  const auto row = SelectedRow(form.lstShips);
-  if (!row || *row >= form.ships.size()) return true;
+  DraftedShip* line = LineInBoxes(form);
+  if (line == nullptr) return true;
   const auto ship = ShipInBoxes(host, form);
   if (!ship) return false;
-  form.ships[*row].ship = *ship;
+  line->ship = *ship;
   form.changed = true;
-  ShowLines(form, *row);
+  ShowLines(form, *form.line);
   return true;
 }
 
-/// True when something was typed that is not in the selected line yet.
-bool TypedOn(const ShipListForm& form) {
-  const auto row = SelectedRow(form.lstShips);
-  if (!row || *row >= form.ships.size()) return false;
-  const ListedShip& ship = form.ships[*row].ship;
+/// True when something was typed that is not in its line yet.
+bool TypedOn(ShipListForm& form) {
+  const DraftedShip* line = LineInBoxes(form);
+  if (line == nullptr) return false;
+  const ListedShip& ship = line->ship;
   return form.txtName.text != ship.name || form.txtFile.text != ship.file ||
          form.txtKind.text != std::to_string(ship.kind) || form.txtStats.text != std::to_string(ship.statsIndex) ||
          form.txtTexture0.text != ship.texture0 || form.txtTexture1.text != ship.texture1;
+}
+
+void Move(Host& host, ShipListForm& form, bool up) {
+  const auto row = SelectedRow(form.lstShips);
+  if (!row || *row >= form.ships.size()) return;
+  const std::size_t other = up ? *row - 1 : *row + 1;
+  if (other >= form.ships.size()) return;  // the first line has none above it
+  if (TypedOn(form) && !Apply(host, form)) return;
+  std::swap(form.ships[*row], form.ships[other]);
+  form.changed = true;
+  ShowLines(form, other);
 }
 
 }  // namespace
@@ -151,25 +180,13 @@ bool EditShipList(Host& host, ShipListForm& form, const ShipListDraft& draft, co
   return form.saved;
 }
 
-void lstShips_ItemClick(ShipListForm& form) {
-  const auto row = SelectedRow(form.lstShips);
-  const bool any = row && *row < form.ships.size();
-  const ListedShip ship = any ? form.ships[*row].ship : ListedShip();
-  form.txtName.text = ship.name;
-  form.txtFile.text = ship.file;
-  form.txtKind.text = any ? std::to_string(ship.kind) : "";
-  form.txtStats.text = any ? std::to_string(ship.statsIndex) : "";
-  form.txtTexture0.text = ship.texture0;
-  form.txtTexture1.text = ship.texture1;
-  for (TextBox* box :
-       {&form.txtName, &form.txtFile, &form.txtKind, &form.txtStats, &form.txtTexture0, &form.txtTexture1}) {
-    box->enabled = any;
+void lstShips_ItemClick(Host& host, ShipListForm& form) {
+  const auto chosen = SelectedRow(form.lstShips);
+  if (chosen != form.line && TypedOn(form)) {
+    if (!Apply(host, form)) return SelectOnly(form.lstShips, form.line);
+    SelectOnly(form.lstShips, chosen);
   }
-  form.cmdApply.enabled = any;
-  form.cmdRemoveLine.enabled = any;
-  form.cmdMoveUp.enabled = any && *row > 0;
-  form.cmdMoveDown.enabled = any && *row + 1 < form.ships.size();
-  form.cmdSave.enabled = !form.ships.empty();
+  ShowFields(form);
 }
 
 void cmdApply_Click(Host& host, ShipListForm& form) { Apply(host, form); }
@@ -183,9 +200,9 @@ void cmdRemoveLine_Click(ShipListForm& form) {
   ShowLines(form, std::min(*row, last));
 }
 
-void cmdMoveUp_Click(ShipListForm& form) { Move(form, true); }
+void cmdMoveUp_Click(Host& host, ShipListForm& form) { Move(host, form, true); }
 
-void cmdMoveDown_Click(ShipListForm& form) { Move(form, false); }
+void cmdMoveDown_Click(Host& host, ShipListForm& form) { Move(host, form, false); }
 
 void cmdSave_Click(Host& host, ShipListForm& form) {
   if (TypedOn(form) && !Apply(host, form)) return;
@@ -193,7 +210,7 @@ void cmdSave_Click(Host& host, ShipListForm& form) {
   if (const auto fault = WhyNotSaved(ships)) {
     if (fault->line) {
       SelectOnly(form.lstShips, fault->line);
-      lstShips_ItemClick(form);
+      ShowFields(form);
     }
     Refuse(host, fault->text + "\nThe ship list was not saved.");
     return;

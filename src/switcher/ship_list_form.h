@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,10 +36,11 @@ struct ShipListForm {
   Button cmdSave;
   Button cmdCancel;
 
-  std::vector<DraftedShip> ships;  ///< the lines
-  int blocks = 0;                  ///< how many statistics blocks there are; 0 when that is not known
-  std::string path;                ///< the file that Save writes
-  bool changed = false;            ///< a line was changed, moved or removed
+  std::vector<DraftedShip> ships;   ///< the lines
+  std::optional<std::size_t> line;  ///< the one whose fields are in the boxes
+  int blocks = 0;                   ///< how many statistics blocks there are; 0 when that is not known
+  std::string path;                 ///< the file that Save writes
+  bool changed = false;             ///< a line was changed, moved or removed
   bool saved = false;
   bool shown = false;  ///< false closes the form
 };
@@ -53,8 +55,9 @@ ShipListForm NewShipListForm();
 /// @return whether the list was saved
 bool EditShipList(Host& host, ShipListForm& form, const ShipListDraft& draft, const std::string& path);
 
-/// Puts the fields of the selected line into the boxes.
-void lstShips_ItemClick(ShipListForm& form);
+/// Puts the fields of the selected line into the boxes. What was typed for another line is taken into that one first;
+/// where it cannot be, a box of cmdApply_Click says why, and that line is selected again.
+void lstShips_ItemClick(Host& host, ShipListForm& form);
 
 /// Takes the boxes into the selected line. Boxes titled "Ship list", after which the line stays as it was: a kind or a
 /// statistics block that is no such number, a block that the statistics do not have, and whatever WhyNotListed says.
@@ -63,9 +66,10 @@ void cmdApply_Click(Host& host, ShipListForm& form);
 /// Takes the selected line out of the list; the next one is selected.
 void cmdRemoveLine_Click(ShipListForm& form);
 
-/// Moves the selected line up or down by one. A second part stands directly behind its ship.
-void cmdMoveUp_Click(ShipListForm& form);
-void cmdMoveDown_Click(ShipListForm& form);
+/// Moves the selected line up or down by one, with what was typed; where that cannot be taken a box says why, and the
+/// line stays. A second part stands directly behind its ship.
+void cmdMoveUp_Click(Host& host, ShipListForm& form);
+void cmdMoveDown_Click(Host& host, ShipListForm& form);
 
 /// Saves the list (SaveShipList, with the old one kept) and closes the form; what was typed and not applied yet is
 /// applied first. A box titled "Ship list" says why it cannot be saved as it is (WhyNotSaved); then its line is

@@ -30,7 +30,7 @@ struct TheShipListForm : testing::Test {
   }
   void Select(std::size_t row) {
     SelectOnly(form.lstShips, row);
-    lstShips_ItemClick(form);
+    lstShips_ItemClick(here.host, form);
   }
   void Save() { cmdSave_Click(here.host, form); }
   void Cancel() { cmdCancel_Click(here.host, form); }
@@ -107,6 +107,49 @@ TEST_F(TheShipListForm, WhatWasTypedAndNotAppliedIsSavedToo) {
   EXPECT_NE(SavedText().find("\"alpha.shp\",0,\"typed\""), std::string::npos);
 }
 
+TEST_F(TheShipListForm, WhatWasTypedIsKeptWhenAnotherLineIsChosen) {
+  EXPECT_TRUE(Edit([&] {
+    form.txtName.text = "Alpha One";
+    Select(2);
+    EXPECT_EQ(SelectedRow(form.lstShips), 2U);
+    EXPECT_EQ(form.txtName.text, "Bravo");
+    EXPECT_EQ(form.lstShips.rows[0].texts[0], "Alpha One");
+    form.txtStats.text = "3";
+    SelectOnly(form.lstShips, std::nullopt);
+    lstShips_ItemClick(here.host, form);
+    EXPECT_FALSE(SelectedRow(form.lstShips).has_value());
+    EXPECT_EQ(form.lstShips.rows[2].texts[3], "3");
+    Select(1);
+    form.txtName.text = "Alpha One";
+    cmdMoveUp_Click(here.host, form);
+    EXPECT_EQ(form.lstShips.rows[0].texts[0], "Alpha One");
+    EXPECT_EQ(Models(), (std::vector<std::string>{"t_alpha.shp", "alpha.shp", "bravo.shp"}));
+    Save();
+  }));
+  EXPECT_NE(SavedText().find("1,\"Alpha One\",\"t_alpha.shp\",0"), std::string::npos);
+  EXPECT_NE(SavedText().find("1,\"Bravo\",\"bravo.shp\",3"), std::string::npos);
+}
+
+TEST_F(TheShipListForm, WhatCannotBeTakenKeepsItsLineSelected) {
+  const std::string why = "The line cannot be changed like this: a ship must have a name.";
+  Edit([&] {
+    form.txtName.text = " ";
+    ExpectRefused(why);
+    Select(2);
+    EXPECT_EQ(SelectedRow(form.lstShips), 0U);
+    EXPECT_EQ(form.txtName.text, " ") << "what was typed is still there to be put right";
+    ExpectRefused(why);
+    cmdMoveDown_Click(here.host, form);
+    EXPECT_EQ(Models(), (std::vector<std::string>{"alpha.shp", "t_alpha.shp", "bravo.shp"}));
+    form.txtName.text = "Alpha";
+    Select(2);
+    EXPECT_EQ(SelectedRow(form.lstShips), 2U);
+    EXPECT_FALSE(form.changed);
+    Cancel();
+  });
+  EXPECT_TRUE(here.desk.Done());
+}
+
 TEST_F(TheShipListForm, WrongFieldsAreRefusedAndTheLineStays) {
   EXPECT_FALSE(Edit([&] {
     Select(2);
@@ -128,9 +171,9 @@ TEST_F(TheShipListForm, WrongFieldsAreRefusedAndTheLineStays) {
       refuses(form.txtStats, block, "The statistics must be a whole number from 0 to 4.");
     }
     const std::string no = "The line cannot be changed like this: ";
-    refuses(form.txtName, "  ", no + "it has no name.");
-    refuses(form.txtName, std::string(31, 'n'), no + "its name is longer than 30 characters.");
-    refuses(form.txtName, "a\"b", no + "its name has a quote or a line end in it.");
+    refuses(form.txtName, "  ", no + "a ship must have a name.");
+    refuses(form.txtName, std::string(31, 'n'), no + "a ship's name can have at most 30 characters.");
+    refuses(form.txtName, "a\"b", no + "a ship's name can hold neither double quotes nor control characters.");
     refuses(form.txtFile, "", no + "it has no model.");
     refuses(form.txtFile, "..\\alpha.shp", no + "\"..\\alpha.shp\" is no file name.");
     refuses(form.txtFile, "alpha.bmp", no + "its model's name does not end in .shp.");
@@ -178,8 +221,8 @@ TEST_F(TheShipListForm, AnEmptyListCannotBeSaved) {
     EXPECT_FALSE(form.txtName.enabled);
     EXPECT_EQ(form.txtName.text, "");
     cmdApply_Click(here.host, form);
-    cmdMoveUp_Click(form);
-    cmdMoveDown_Click(form);
+    cmdMoveUp_Click(here.host, form);
+    cmdMoveDown_Click(here.host, form);
     ExpectRefused("There are no ships in the list.\nThe ship list was not saved.");
     Save();
     EXPECT_TRUE(form.shown);
@@ -191,16 +234,16 @@ TEST_F(TheShipListForm, AnEmptyListCannotBeSaved) {
 
 TEST_F(TheShipListForm, LinesMoveUpAndDownAndStaySelected) {
   Edit([&] {
-    cmdMoveUp_Click(form);
+    cmdMoveUp_Click(here.host, form);
     EXPECT_EQ(Models(), (std::vector<std::string>{"alpha.shp", "t_alpha.shp", "bravo.shp"})) << "it is the first";
     EXPECT_FALSE(form.changed);
-    cmdMoveDown_Click(form);
-    cmdMoveDown_Click(form);
-    cmdMoveDown_Click(form);
+    cmdMoveDown_Click(here.host, form);
+    cmdMoveDown_Click(here.host, form);
+    cmdMoveDown_Click(here.host, form);
     EXPECT_EQ(Models(), (std::vector<std::string>{"t_alpha.shp", "bravo.shp", "alpha.shp"}));
     EXPECT_EQ(SelectedRow(form.lstShips), 2U);
     EXPECT_FALSE(form.cmdMoveDown.enabled);
-    cmdMoveUp_Click(form);
+    cmdMoveUp_Click(here.host, form);
     EXPECT_EQ(Models(), (std::vector<std::string>{"t_alpha.shp", "alpha.shp", "bravo.shp"}));
     EXPECT_EQ(form.lstShips.rows[1].key, "s2");
     here.desk.ExpectQuestion(question, Answer::yes, "Ship list");
@@ -211,7 +254,7 @@ TEST_F(TheShipListForm, LinesMoveUpAndDownAndStaySelected) {
 TEST_F(TheShipListForm, AListThatIsWrongAsAWholeIsRefusedAndItsLineSelected) {
   EXPECT_FALSE(Edit([&] {
     Select(1);
-    cmdMoveDown_Click(form);
+    cmdMoveDown_Click(here.host, form);
     Select(0);
     ExpectRefused(
         "Line 3, \"Alpha\": line 1 has the same name, which only a ship and its second part directly behind it have.\n"
