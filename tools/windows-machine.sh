@@ -55,13 +55,13 @@ mount_in() {
   done
 }
 
-# in_there ROOT COMMAND...: a command as the player.
+# in_there ROOT COMMAND...: a command as the player, who is told of a folder that others alone may write to.
 in_there() {
   local root=$1
   shift
   chroot --userspec=$player:$player "$root" /usr/bin/env -i HOME=/home/player USER=player LANG=C.UTF-8 \
     PATH=/usr/local/bin:/usr/bin:/bin WINEPREFIX=/home/player/wine WINEARCH=win32 WINEDEBUG=-all \
-    WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" "$@"
+    WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" ORAVIN_LOCKED_FOLDER='Z:\usr\' "$@"
 }
 
 # inside TREE ROOT [FOLDER MODE]... -- COMMAND...: runs as the first process of its own.

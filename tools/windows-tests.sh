@@ -33,7 +33,7 @@ tools/windows-machine.sh --read "$root" --write "$logs" --write "$there/job" bas
   {
     printf "%s\n" "$@" | xargs -P 2 -I TEST sh -c '\''
       status=0
-      timeout 900 wine "$0/bin/TEST.exe" --gtest_color=no --gtest_brief=1 >"$0/logs/TEST.log" 2>&1 </dev/null || status=$?
+      timeout 900 wine "$0/bin/TEST.exe" --gtest_color=no >"$0/logs/TEST.log" 2>&1 </dev/null || status=$?
       printf "%s\n" $status >"$0/logs/TEST.status"'\'' "$there"
   }
   tools/whole-job.sh "$there/job/sample" "$there/job/windows" wine "$there/bin/oravin-cli.exe" >"$there/logs/job.log" 2>&1
@@ -45,7 +45,7 @@ if [ $status -eq 77 ]; then
   exit 0
 fi
 
-# counted LOG WHAT: the number in GoogleTest's line of the tests that passed, failed or were skipped.
+# counted LOG WHAT: the number in GoogleTest's line of the tests that passed or were skipped.
 counted() {
   local number
   number=$(grep -aoE "^\[  $2 +\] [0-9]+ tests?[.,]" "$1" | grep -oE '[0-9]+' | tail -n 1) || true
@@ -55,11 +55,13 @@ counted() {
 skipped=0
 for test in $tests; do
   log=$logs/$test.log
+  [ ! -e "$log" ] || sed -i 's/\r$//' "$log"
   ended=$(cat "$logs/$test.status" 2>/dev/null || true)
   good=$(counted "$log" PASSED)
-  bad=$(counted "$log" FAILED)
+  bad=$(grep -acE '^\[  FAILED  \] [A-Za-z_0-9/]+\.[^ ]+ \([0-9]+ ms\)$' "$log") || true
   left=$(counted "$log" SKIPPED)
   # A program that stopped in the middle has no last line, and one that failed otherwise has a status of its own.
+  bad=${bad:-0}
   if [ "${ended:-1}" -ne 0 ] && [ "$bad" -eq 0 ]; then bad=1; fi
   if [ "$good" -eq 0 ] && [ "$bad" -eq 0 ]; then bad=1; fi
   passed=$((passed + good))

@@ -11,7 +11,7 @@ inline constexpr unsigned systemMark = 4;
 /// @return false when the file system cannot keep them
 bool SetDosAttributes(const std::filesystem::path& path, unsigned attributes);
 
-/// Sets the read-only mark of a file or folder, or takes it away.
+/// Sets the read-only mark of a file or folder, or takes it away. On Windows that of a folder says nothing.
 void SetReadOnly(const std::filesystem::path& path, bool readOnly);
 
 }  // namespace oravin::test

@@ -54,12 +54,6 @@ TEST(FileExists, APathWithACharacterAbove127DoesNotExist) {
   EXPECT_FALSE(FileExists(folder.Windows("J\xC3\xA4ger.shp")));
 }
 
-TEST(FileExists, APathWithAControlCharacterDoesNotExist) {
-  const TemporaryFolder folder;
-  WriteFileAt(folder.Native("a\tb"), "x");
-  EXPECT_FALSE(FileExists(folder.Windows("a\tb")));
-}
-
 TEST(FileExists, CharacterCode127IsAccepted) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("a\x7F"), "x");

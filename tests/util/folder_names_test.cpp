@@ -29,16 +29,6 @@ TEST(FolderNames, AFileThatIsNotThereIsNotFound) {
   EXPECT_EQ(LengthIn(names, "b"), 0U);
 }
 
-TEST(FolderNames, OfSeveralSpellingsTheFirstInByteOrderIsTaken) {
-  const test::TemporaryFolder folder;
-  // More than a listing would happen to give in the right order.
-  for (const char* name : {"model.shp", "Model.shp", "MODEL.shp", "mODEL.shp", "moDEL.shp", "MODEL.SHP", "modeL.shp"}) {
-    test::WriteFileAt(folder.Native(name), name);
-  }
-  ASSERT_NE(FindIn(NamesIn(folder.windows), "model.shp"), nullptr);
-  EXPECT_EQ(FindIn(NamesIn(folder.windows), "model.shp")->spelling, "MODEL.SHP");
-}
-
 TEST(FolderNames, FoldersDoNotCount) {
   const test::TemporaryFolder folder;
   test::MakeFolderAt(folder.Native("sub"));

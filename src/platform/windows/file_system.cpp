@@ -61,7 +61,10 @@ std::string OpenAs(const std::wstring& path, OpenFor purpose, NativeFile& file) 
   const DWORD access = purpose == OpenFor::reading ? GENERIC_READ : GENERIC_READ | GENERIC_WRITE;
   const bool makes = purpose == OpenFor::creating || purpose == OpenFor::replacing;
   const HANDLE handle = OpenAt(path, access, shareAll, makes ? OPEN_ALWAYS : OPEN_EXISTING);
-  if (handle == INVALID_HANDLE_VALUE) return Reason(GetLastError(), path);
+  if (handle == INVALID_HANDLE_VALUE) {
+    const DWORD error = GetLastError();
+    return error == ERROR_INVALID_HANDLE ? noSuchName : Reason(error, path);  // "con" without a console
+  }
   file = reinterpret_cast<NativeFile>(handle);
   std::string reason;
   // "con", "nul" and their like open a device wherever they stand.
