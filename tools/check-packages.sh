@@ -75,8 +75,9 @@ tree_starts() (
   unset XDG_DATA_HOME
   same "the version told" "$("$tree/bin/oravin-cli" --version)" "oravin-cli $(project_version)" &&
     same "the window's version" "$("$tree/bin/oravin" --version)" "Oravin $(project_version)" || exit 1
-  "$tree/bin/oravin-cli" --help | grep -q '^Usage: oravin-cli' || { say "  no help"; exit 1; }
-  "$tree/bin/oravin" --help | grep -q -- '--game DIR' || { say "  no help of the window"; exit 1; }
+  # Whole texts: a grep that ends at its first line would leave the program writing into nothing.
+  help=$("$tree/bin/oravin-cli" --help) && grep -q '^Usage: oravin-cli' <<<"$help" || { say "  no help"; exit 1; }
+  help=$("$tree/bin/oravin" --help) && grep -q -- '--game DIR' <<<"$help" || { say "  no help of the window"; exit 1; }
   mandoc -T utf8 "$tree/share/man/man1/oravin.1" >/dev/null && mandoc -T utf8 "$tree/share/man/man1/oravin-cli.1" >/dev/null || exit 1
   build/release/bin/oravin-demo "$work/sample" >/dev/null
   # Without a list of ships the installation is told of; Enable then needs the list.
@@ -143,8 +144,8 @@ windows_programs() { from_zip eval 'is_static_32_bit Oravin.exe && is_static_32_
 
 # The window's program belongs to the windows, the other one to the console.
 windows_subsystems() {
-  from_zip eval 'i686-w64-mingw32-objdump -p Oravin.exe | grep -q "^Subsystem.*(Windows GUI)" &&
-    i686-w64-mingw32-objdump -p oravin-cli.exe | grep -q "^Subsystem.*(Windows CUI)"'
+  from_zip eval 'i686-w64-mingw32-objdump -p Oravin.exe | grep "^Subsystem.*(Windows GUI)" >/dev/null &&
+    i686-w64-mingw32-objdump -p oravin-cli.exe | grep "^Subsystem.*(Windows CUI)" >/dev/null'
 }
 
 # has_manifest PROGRAM TEXT...: the program has one manifest, and it holds the texts.

@@ -30,7 +30,7 @@ void WriteLargePack(const ImportSession& session, int ships) {
 TEST(FighterPackForm, ShipsAreCheckedByMouseAndKeyboard) {
   const ImportSession session;
   ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
-  EXPECT_EQ(Layout(session)["focus"], packList);
+  EXPECT_TRUE(FocusIs(session, packList));
   Click(session.desktop, BoxOf(session, packList, "Locust"));
   ASSERT_TRUE(RowBecomes(session, packList, "Locust", "checked", false));
   Click(session.desktop, BoxOf(session, packList, "Locust"));

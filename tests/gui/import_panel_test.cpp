@@ -135,15 +135,14 @@ TEST(ImportPanel, MissingNameIsAskedForWhereItIsTyped) {
   ClickOn(session, "imports.cmdImportTexture");
   ASSERT_TRUE(BoxCame(session, "Enter name for texture"));
   ASSERT_TRUE(AnswerBox(session, "Return"));
-  ASSERT_TRUE(Eventually([&] { return Layout(session)["focus"] == "imports.txtImportTextureName"; }));
+  ASSERT_TRUE(FocusIs(session, "imports.txtImportTextureName"));
   TypeText(session.desktop, "mine");
   PressKey(session.desktop, "Tab");
-  ASSERT_TRUE(Eventually([&] { return Layout(session)["focus"] == "imports.txtImportTexturePath"; }));
+  ASSERT_TRUE(FocusIs(session, "imports.txtImportTexturePath"));
   ClickOn(session, "imports.cmdImportTexture");
   ASSERT_TRUE(BoxCame(session, "Textured imported successfully!"));
   ASSERT_TRUE(AnswerBox(session, "Return"));
-  EXPECT_TRUE(Eventually([&] { return Layout(session)["focus"] == "imports.cmdImportTexture"; }))
-      << "the name's box takes the keyboard once";
+  EXPECT_TRUE(FocusIs(session, "imports.cmdImportTexture")) << "the name's box takes the keyboard once";
   EXPECT_EQ(session.Textures(), factoryTextures + 1);
 }
 

@@ -108,9 +108,9 @@ TEST(WindowLayout, AccessKeys) {
   ASSERT_TRUE(AnswerBox(session, "alt+n"));
   ASSERT_TRUE(ChooseTab(session, "About"));
   PressKey(session.desktop, "alt+p");
-  EXPECT_TRUE(Eventually([&] { return Layout(session)["focus"] == "about.txtProgramPath"; }));
+  EXPECT_TRUE(FocusIs(session, "about.txtProgramPath"));
   PressKey(session.desktop, "alt+g");
-  EXPECT_TRUE(Eventually([&] { return Layout(session)["focus"] == "about.txtSLPath"; }));
+  EXPECT_TRUE(FocusIs(session, "about.txtSLPath"));
 }
 
 TEST(WindowLayout, TabKeyWalksTheSwitcherFromLeftToRight) {
@@ -118,11 +118,10 @@ TEST(WindowLayout, TabKeyWalksTheSwitcherFromLeftToRight) {
   constexpr std::array<const char*, 8> order = {"switcher.swapOrgList",  "switcher.cmdSwap",   "switcher.cmdUnswap",
                                                 "switcher.cmdUnswapAll", "switcher.cmdToggle", "switcher.swapToList",
                                                 "switcher.cmdEnable",    "switcher.cmdDisable"};
-  ASSERT_TRUE(Eventually([&] { return Layout(session)["focus"] == order[0]; }));
+  ASSERT_TRUE(FocusIs(session, order[0]));
   for (std::size_t i = 1; i < order.size(); ++i) {
     PressKey(session.desktop, "Tab");
-    ASSERT_TRUE(Eventually([&] { return Layout(session)["focus"] == order.at(i); }))
-        << order.at(i) << " but " << Layout(session)["focus"];
+    ASSERT_TRUE(FocusIs(session, order.at(i))) << order.at(i) << " but " << Layout(session)["focus"];
   }
 }
 

@@ -153,6 +153,12 @@ testing::AssertionResult TypeInto(const Session& session, const std::string& con
   return Becomes(session, control, "text", text);
 }
 
+testing::AssertionResult FocusIs(const Session& session, const std::string& control) {
+  Json focus;
+  if (Eventually([&] { return (focus = Layout(session)["focus"]) == control; })) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "the keyboard is in " << focus.dump();
+}
+
 testing::AssertionResult FormIs(const Session& session, const std::string& name) {
   Json now;
   const bool is = Eventually([&] {

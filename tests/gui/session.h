@@ -78,6 +78,9 @@ testing::AssertionResult CaptionHolds(const Session& session, const std::string&
 /// @return whether the text box has it then
 testing::AssertionResult TypeInto(const Session& session, const std::string& control, const std::string& text);
 
+/// Waits until a control has the keyboard.
+testing::AssertionResult FocusIs(const Session& session, const std::string& control);
+
 /// Waits until a form is open and has the keyboard; an empty name for none, when the window has it.
 testing::AssertionResult FormIs(const Session& session, const std::string& name);
 

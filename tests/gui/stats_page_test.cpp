@@ -194,7 +194,7 @@ TEST(StatsPage, ValueIsEditedInItsPlace) {
   EXPECT_EQ(StatOf(session, "Shield Recharge")["bold"], true);
   EXPECT_EQ(StatOf(session, "Shield Strength")["bold"], false);
   EXPECT_EQ(Control(session, chart)["rows"][9]["selected"], 12.5);
-  EXPECT_TRUE(Eventually([&] { return Layout(session)["focus"] == values; }));
+  EXPECT_TRUE(FocusIs(session, values));
 
   MoveTo(session.desktop, MiddleOf(StatOf(session, "Shield Strength")["rectangle"]));
   MoveTo(session.desktop, MiddleOf(StatOf(session, "Shield Recharge")["rectangle"]));

@@ -127,7 +127,7 @@ TEST(TcachePage, ButtonsFollowWhetherACacheIsOpen) {
   for (const char* control : needOpen) EXPECT_EQ(Control(session, control)["enabled"], false) << control;
   EXPECT_EQ(Control(session, "tcache.lblTcacheStructs")["caption"], "");
   PressKey(session.desktop, "alt+f");
-  ASSERT_TRUE(Eventually([&] { return Layout(session)["focus"] == "tcache.txtTcacheSource"; }));
+  ASSERT_TRUE(FocusIs(session, "tcache.txtTcacheSource"));
   PressKey(session.desktop, "Return");
   EXPECT_TRUE(Becomes(session, list, "rowCount", 426)) << "Enter in the path's box opens the cache";
 }
@@ -229,7 +229,7 @@ TEST(TcachePage, NameIsEditedInItsPlace) {
   ASSERT_TRUE(Becomes(session, list, "rowCount", 426));
   EXPECT_EQ(NameInSlot(session.Now(), 1), "another");
   EXPECT_EQ(RowOf(session, list, "another")["selected"], true);
-  EXPECT_TRUE(Eventually([&] { return Layout(session)["focus"] == list; }));
+  EXPECT_TRUE(FocusIs(session, list));
 }
 
 TEST(TcachePage, NameThatIsTakenGoesBack) {
@@ -372,7 +372,7 @@ TEST(TcachePage, ThumbnailsAreWalkedByKeyboard) {
   PressKey(session.desktop, "Tab");
   PressKey(session.desktop, "Tab");
   PressKey(session.desktop, "Tab");
-  ASSERT_TRUE(Eventually([&] { return Layout(session)["focus"] == thumbnails; })) << Layout(session)["focus"];
+  ASSERT_TRUE(FocusIs(session, thumbnails)) << Layout(session)["focus"];
   PressKey(session.desktop, "Right");
   ASSERT_TRUE(SelectedBecome(session, thumbnails, {"gcockpit01"}));
   PressKey(session.desktop, "shift+Right");
