@@ -59,9 +59,7 @@ fs::path WriteArchive(const fs::path& path, const std::vector<Bytes>& entries, s
 /// An archive in its tab, with all of it selected and every question answered with Yes.
 struct OpenedHog {
   explicit OpenedHog(const fs::path& path) {
-    main.host.desk.showBox = [](const MessageBox& box) {
-      return box.buttons == Buttons::ok ? Answer::ok : Answer::yes;
-    };
+    main.host.desk.showBox = [](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; };
     main.hog.txtHogPath.text = platform::ToWindowsPath(path.string());
     Run(main, "hog.cmdOpen");
     Run(main, "hog.cmdSelectAll");

@@ -78,7 +78,7 @@ fs::path WritePack(const fs::path& folder, const PackShape& shape) {
 /// The program over an installation. There is no person: every question is answered with Yes.
 struct Desktop {
   explicit Desktop(const fs::path& sample) {
-    main.host.desk.showBox = [](const MessageBox& box) {
+    main.host.desk.showBox = [](const Message& box) {
       const bool failure = !box.success && (box.icon == Icon::exclamation || box.icon == Icon::critical);
       if (failure) throw std::runtime_error(box.text);
       return box.buttons == Buttons::ok ? Answer::ok : Answer::yes;

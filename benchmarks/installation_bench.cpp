@@ -18,9 +18,7 @@ namespace fs = std::filesystem;
 /// A run of the program over a sample, answering every question with Yes.
 struct Run {
   explicit Run(const demo::Sample& sample) {
-    main.host.desk.showBox = [](const MessageBox& box) {
-      return box.buttons == Buttons::ok ? Answer::ok : Answer::yes;
-    };
+    main.host.desk.showBox = [](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; };
     Form_Load(main, {sample.game.string(), sample.program.string()});
   }
   Main main;

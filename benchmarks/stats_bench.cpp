@@ -84,7 +84,7 @@ void PrintStatsTab(const fs::path& work) {
   const demo::Sample sample = demo::WriteSample(work / "stats-sample");
   Main main;
   int failures = 0;
-  main.host.desk.showBox = [&](const MessageBox& box) {
+  main.host.desk.showBox = [&](const Message& box) {
     failures += box.icon == Icon::exclamation && !box.success ? 1 : 0;
     return box.buttons == Buttons::ok ? Answer::ok : Answer::yes;
   };

@@ -49,7 +49,7 @@ void WriteFile(const fs::path& path, const Bytes& bytes) {
 
 /// There is no person: every question is answered with Yes, and a critical box ends the bench.
 void Silence(Host& host) {
-  host.desk.showBox = [](const MessageBox& box) {
+  host.desk.showBox = [](const Message& box) {
     if (box.icon == Icon::critical) throw std::runtime_error(box.text);
     return box.buttons == Buttons::ok ? Answer::ok : Answer::yes;
   };

@@ -32,5 +32,6 @@ endif()
 if(ORAVIN_WINDOW)
   execute_process(COMMAND "${PROJECT_SOURCE_DIR}/tools/windows-wxwidgets.sh"
     OUTPUT_VARIABLE wxwidgets_folder OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  list(APPEND CMAKE_FIND_ROOT_PATH "${wxwidgets_folder}")
   set(wxWidgets_CONFIG_EXECUTABLE "${wxwidgets_folder}/bin/wx-config" CACHE FILEPATH "" FORCE)
 endif()

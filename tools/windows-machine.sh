@@ -10,10 +10,11 @@ own=$(readlink -f "$0")
 
 usage() {
   cat <<'TEXT2'
-Usage: tools/windows-machine.sh [--read FOLDER]... [--write FOLDER]... COMMAND [ARGUMENT]...
+Usage: tools/windows-machine.sh [--read FOLDER]... [--write FOLDER]... [--display NUMBER] COMMAND [ARGUMENT]...
 
-  --read FOLDER   a folder of this machine that is seen there too, by the same path
-  --write FOLDER  the same, and what is written into it stays
+  --read FOLDER     a folder of this machine that is seen there too, by the same path
+  --write FOLDER    the same, and what is written into it stays
+  --display NUMBER  a display of this machine that lets everybody in, instead of a virtual screen in there
 
 Exits with the command's status; with 77 where this machine does not permit what is needed.
 TEXT2
@@ -36,7 +37,7 @@ prepare() {
   debootstrap --arch=i386 --variant=minbase ${debian_keyring:+--keyring="$debian_keyring"} --include="${packages// /,}" "$suite" "$tree" "$uri" || return 1
   rm -rf "$tree"/var/cache/apt/archives/*.deb "$tree"/var/lib/apt/lists/* || return 1
   chroot "$tree" useradd --uid $player --create-home player || return 1
-  unshare --mount --net --pid --ipc --fork --kill-child "$own" --inside "$tree" "$tree" -- --setup || return 1
+  unshare --mount --net --pid --ipc --fork --kill-child "$own" --inside "$tree" "$tree" "" -- --setup || return 1
 }
 
 # mount_in ROOT [FOLDER MODE]...: what a running system has, and this machine's folders. Seen by this command alone.
@@ -64,10 +65,10 @@ in_there() {
     WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" ORAVIN_LOCKED_FOLDER='Z:\usr\' "$@"
 }
 
-# inside TREE ROOT [FOLDER MODE]... -- COMMAND...: runs as the first process of its own.
+# inside TREE ROOT DISPLAY [FOLDER MODE]... -- COMMAND...: runs as the first process of its own. No DISPLAY: a virtual one.
 inside() {
-  local tree=$1 root=$2 binds=() status=0
-  shift 2
+  local tree=$1 root=$2 display=$3 binds=() status=0
+  shift 3
   while [ "$1" != -- ]; do binds+=("$1"); shift; done
   shift
   mount --make-rprivate /
@@ -83,14 +84,16 @@ inside() {
     in_there "$root" wineboot --init && in_there "$root" wineserver --wait
     return
   fi
-  in_there "$root" sh -c 'Xvfb :0 -screen 0 1280x1024x24 >/dev/null 2>&1 &
-    export DISPLAY=:0
-    for i in $(seq 100); do [ -e /tmp/.X11-unix/X0 ] && break; sleep 0.05; done
+  in_there "$root" sh -c '
+    if [ -z "$1" ]; then Xvfb :0 -screen 0 1280x1024x24 >/dev/null 2>&1 & fi
+    export DISPLAY=:${1:-0}
+    shift
+    for i in $(seq 100); do [ -e "/tmp/.X11-unix/X${DISPLAY#:}" ] && break; sleep 0.05; done
     cd /tmp
     "$@"
     status=$?
     wineserver --kill
-    exit $status' sh "$@" || status=$?
+    exit $status' sh "$display" "$@" || status=$?
   return $status
 }
 
@@ -101,8 +104,10 @@ if [ "${1:-}" = --inside ]; then
 fi
 
 binds=()
+display=
 while [ $# -gt 0 ]; do
   case $1 in
+    --display) display=$2; binds+=(/tmp/.X11-unix read); shift 2 ;;
     --read | --write) binds+=("$(readlink -f "$2")" "${1#--}"); shift 2 ;;
     --help) usage; exit 0 ;;
     --*) usage >&2; exit 2 ;;
@@ -113,7 +118,7 @@ done
 
 if [ "$(id -u)" -ne 0 ]; then
   sudo -n true 2>/dev/null || skip "that takes root, or sudo without a password."
-  words=()
+  words=(${display:+--display "$display"})
   for ((i = 0; i < ${#binds[@]}; i += 2)); do words+=("--${binds[i + 1]}" "${binds[i]}"); done
   exec sudo -n env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "$own" ${words[@]+"${words[@]}"} "$@"
 fi
@@ -148,7 +153,9 @@ owner=$(stat -c %u:%g "$(dirname "$own")")
 given_back $player:$player
 status=0
 mkdir -p "$folder/run"
-unshare --mount --net --pid --ipc --fork --kill-child "$own" --inside "$folder/tree" "$folder/run" ${binds[@]+"${binds[@]}"} -- "$@" ||
+# What runs in there ends with this script, also when that is killed.
+setpriv --pdeathsig KILL unshare --mount --net --pid --ipc --fork --kill-child \
+  "$own" --inside "$folder/tree" "$folder/run" "$display" ${binds[@]+"${binds[@]}"} -- "$@" ||
   status=$?
 given_back "$owner"
 exit $status

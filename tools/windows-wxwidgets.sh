@@ -19,7 +19,7 @@ left_out=(
   fileproto url webrequest fs_inet fs_archive arcstream tarstream zipstream filesystem fsvolume fswatcher dialupman
   secretstore sound joystick snglinst debugreport dbghelp docview mdi mdidoc help mshtmlhelp printarch postscript
   ps-in-msw svg graphics_ctx grid dataviewctrl treelist treebook calendar datepick timepick wizarddlg tipdlg
-  splash animatectrl bannerwindow taskbaricon richtooltip infobar notifmsg prefseditor searchctrl editablebox
+  splash animatectrl bannerwindow taskbaricon richmsgdlg richtooltip infobar notifmsg prefseditor searchctrl editablebox
   filectrl rearrangectrl colourpicker fontpicker filepicker dirpicker hyperlink collpane odcombobox bmpcombobox
   commandlinkbutton addremovectrl actindicator aboutdlg finddlg fontdlg coldlg creddlg progressdlg
   splitter sash miniframe metafile gif pcx tga iff pnm xpm config iniconf xlocale
@@ -28,7 +28,7 @@ left_out=(
 for part in "${left_out[@]}"; do options+=("--disable-$part"); done
 flags="-O2 -ffunction-sections -fdata-sections -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_FILE_OFFSET_BITS=64"
 
-install_missing $packages_build $packages_windows
+install_missing $packages_build $packages_windows >&2
 version=$(dpkg-query -W -f='${source:Version}' libwxgtk3.2-dev)
 compiler=$($host-g++-posix -dumpfullversion)
 key=$(printf '%s\n' "$compiler" "$flags" "${options[@]}" | sha256sum | cut -c 1-12)

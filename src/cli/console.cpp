@@ -21,7 +21,7 @@ std::optional<std::string> ReadLine(Console& console) {
 }
 
 /// The box's text behind its title, each further line indented below it.
-void WritePlainBox(Console& console, const MessageBox& box) {
+void WritePlainBox(Console& console, const Message& box) {
   std::string text = ToUtf8(box.title) + ": ";
   for (const char c : ToUtf8(box.text)) {
     if (c == '\r') continue;
@@ -39,7 +39,7 @@ void WriteChoices(Console& console, Buttons buttons) {
 }
 
 /// Asks until the answer is one of the box's own; the end of the input is the safe answer.
-Answer AskPerson(Console& console, const MessageBox& box) {
+Answer AskPerson(Console& console, const Message& box) {
   WritePlainBox(console, box);
   for (;;) {
     WriteChoices(console, box.buttons);
@@ -53,7 +53,7 @@ Answer AskPerson(Console& console, const MessageBox& box) {
   }
 }
 
-Answer ShowBox(Console& console, const MessageBox& box) {
+Answer ShowBox(Console& console, const Message& box) {
   ClearProgressLine(console);
   const bool grave = box.icon == Icon::exclamation || box.icon == Icon::critical;
   if (box.success) {
@@ -118,7 +118,7 @@ void ShowProgress(Console& console, const Progress& progress) {
 
 Desk DeskOf(Console& console) {
   Desk desk;
-  desk.showBox = [&console](const MessageBox& box) { return ShowBox(console, box); };
+  desk.showBox = [&console](const Message& box) { return ShowBox(console, box); };
   desk.browseForFolder = [&console](const std::string& prompt) { return BrowseForFolder(console, prompt); };
   desk.openDialog = [&console](const FileQuestion& question) { return AskFile(console, question); };
   desk.showProgress = [&console](const Progress& progress) { ShowProgress(console, progress); };

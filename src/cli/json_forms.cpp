@@ -41,7 +41,7 @@ std::string Shown(const ShipText& text) { return ToUtf8(text.Trimmed()); }
 
 }  // namespace
 
-Json JsonOf(const MessageBox& box, Answer answer) {
+Json JsonOf(const Message& box, Answer answer) {
   return {{"box",
            {{"title", ToUtf8(box.title)},
             {"text", ToUtf8(box.text)},

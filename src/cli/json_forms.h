@@ -14,7 +14,7 @@ namespace oravin {
 using Json = nlohmann::ordered_json;
 
 /// {"box":{"title":..,"text":..,"icon":..,"buttons":..,"answer":..}}
-Json JsonOf(const MessageBox& box, Answer answer);
+Json JsonOf(const Message& box, Answer answer);
 
 /// Every field of a record of the catalogue, and its index, from 0.
 Json JsonOf(const ShipRecord& ship, std::size_t index);

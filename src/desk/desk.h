@@ -24,7 +24,7 @@ struct Progress {
 
 /// What is asked of the person: each front end fills in its own ways, and leaves empty what it has no way of doing.
 struct Desk {
-  std::function<Answer(const MessageBox&)> showBox;
+  std::function<Answer(const Message&)> showBox;
   std::function<std::string(const std::string& prompt)> browseForFolder;  ///< a folder; empty for Cancel
   std::function<std::string(const FileQuestion&)> openDialog;             ///< a file; empty for Cancel
   std::function<void(const Progress&)> showProgress;

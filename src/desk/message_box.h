@@ -12,14 +12,14 @@ enum class Answer { ok, cancel, yes, no };
 inline constexpr const char* programTitle = "Oravin";
 
 /// A modal message to the person at the desk.
-struct MessageBox {
+struct Message {
   std::string text;  ///< lines are joined by "\n"
   std::string title = programTitle;
   Icon icon = Icon::none;
   Buttons buttons = Buttons::ok;
   bool success = false;  ///< the message tells of a success, whatever its icon
 
-  bool operator==(const MessageBox&) const = default;
+  bool operator==(const Message&) const = default;
 };
 
 }  // namespace oravin

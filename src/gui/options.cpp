@@ -1,8 +1,10 @@
 #include "gui/options.h"
 
 #include <CLI/CLI.hpp>
+#include <sstream>
 
 #include "app/about_tab.h"
+#include "gui/native_dialogs.h"
 
 namespace oravin::gui {
 
@@ -31,7 +33,10 @@ std::optional<int> ReadOptions(const std::vector<std::string>& words, Options& o
     parser.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes the last one first
   } catch (const CLI::ParseError& error) {
     constexpr int wrongUse = 2;
-    return parser.exit(error) == 0 ? 0 : wrongUse;
+    std::ostringstream said;
+    const bool wrong = parser.exit(error, said, said) != 0;
+    TellStarter(said.str(), wrong);
+    return wrong ? wrongUse : 0;
   }
   return std::nullopt;
 }

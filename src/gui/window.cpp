@@ -2,7 +2,6 @@
 
 #include <wx/app.h>
 #include <wx/display.h>
-#include <wx/msgdlg.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -16,6 +15,7 @@
 #include "gui/fighter_pack_form.h"
 #include "gui/file_drop.h"
 #include "gui/layout_file.h"
+#include "gui/native_dialogs.h"
 #include "gui/pages.h"
 #include "gui/pictures.h"
 #include "gui/ship_list_window.h"
@@ -131,7 +131,7 @@ bool RunToItsEnd(Window& window, Main& main, std::string_view action) {
     return false;
   } catch (const std::exception& failure) {
     // Nothing below the handler table lets anything else out; a full memory is the one that remains.
-    wxMessageDialog(OnTop(window), wxString::FromUTF8(failure.what()), programTitle, wxOK | wxICON_ERROR).ShowModal();
+    ShowMessage(OnTop(window), {.text = failure.what(), .icon = Icon::critical});
   }
   return true;
 }
@@ -204,12 +204,14 @@ void PrepareWindow(Window& window, Main& main, const Options& options) {
 
 void OpenWindow(Window& window, Main& main, const Options& options) {
   window.frame = NewFrame();
-  window.notebook = new wxNotebook(window.frame, wxID_ANY);
+  auto* ground = new wxPanel(window.frame);  // a frame by itself has the colour of an empty desk on Windows
+  // Pages of one colour: pictures and shortened texts take over no theme's.
+  window.notebook = new wxNotebook(ground, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxNB_NOPAGETHEME);
   AddPages(window, main);
   AddStatusLine(window);
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(window.notebook, wxSizerFlags(1).Expand().Border(wxALL, window.frame->FromDIP(gap / 2)));
-  window.frame->SetSizer(whole);
+  ground->SetSizer(whole);
   BindEvents(window, options);
   OnFileDropped(window.frame, IsShipFile,
                 [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });

@@ -58,7 +58,7 @@ struct Window {
   std::function<void()> whenPainted;  ///< called then, once; may be empty
   std::string layoutFile;             ///< empty for none
   std::string layoutText;             ///< its contents
-  const MessageBox* box = nullptr;    ///< the message box that is open
+  const Message* box = nullptr;       ///< the message box that is open
   unsigned boxesShown = 0;
 };
 

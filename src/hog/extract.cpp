@@ -82,8 +82,8 @@ void Say(Extraction& extraction, const std::string& text, std::size_t done, std:
 
 /// What is answered about an entry that is not compressed.
 Answer AskAboutStored(Extraction& extraction, const HogEntry& entry) {
-  const MessageBox box{"Error unpacking " + Presentable(entry.Name) + " file not compressed. Do you want to extract?",
-                       programTitle, Icon::question, Buttons::yesNoCancel};
+  const Message box{"Error unpacking " + Presentable(entry.Name) + " file not compressed. Do you want to extract?",
+                    programTitle, Icon::question, Buttons::yesNoCancel};
   return extraction.host.desk.showBox(box);
 }
 

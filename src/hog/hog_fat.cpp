@@ -83,7 +83,7 @@ void cmdRestoreFAT_Click(Host& host, HogTab& tab) {
     Show(host, "Restore file can't be found. Restore aborted.", Icon::critical, "Error");
     return;
   }
-  const MessageBox warning{
+  const Message warning{
       "Restoring the FAT table will overwrite any changes made to the table in this"
       " hog file from the hog editor. It can't restore damage done to the hog from"
       " other apps. and it can CAUSE INTERFERENCE with the ship switcher if enabled.",

@@ -167,7 +167,7 @@ bool LoadPack(Host& host, FighterPack& form, const Installation& installation, c
   if (!form.ships.empty()) SelectOnly(form.lstPack, 0);
   // Nobody has chosen that ship: what is wrong with its model is told in the form, and in boxes when it is clicked.
   Host quiet;
-  quiet.desk.showBox = [](const MessageBox&) { return Answer::ok; };
+  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
   ShowShip(quiet, form, installation, 0);
   return true;
 }

@@ -102,7 +102,7 @@ std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, c
 std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
   // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
   Host quiet;
-  quiet.desk.showBox = [](const MessageBox&) { return Answer::ok; };
+  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
   if (!GetBMPInfo(quiet, bitmapPath, info)) return "it is no bitmap that can be read";
   try {
     if (BitmapFits(quiet.files, bitmapPath, info)) return "";

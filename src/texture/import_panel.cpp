@@ -69,7 +69,7 @@ void txtImportTexturePath_LostFocus(ImportTexturePanel& panel) {
   if (!FileExists(panel.txtImportTexturePath.text)) return;
   // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
   Host quiet;
-  quiet.desk.showBox = [](const MessageBox&) { return Answer::ok; };
+  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
   BmpInfo info;
   if (ShowInfo(quiet, panel, panel.txtImportTexturePath.text, info)) {
     ShowBitmap(quiet, panel.preview, panel.txtImportTexturePath.text, info);

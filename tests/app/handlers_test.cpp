@@ -19,7 +19,7 @@ TEST(HandlerTable, WithoutACatalogueAndWithEveryQuestionRefusedNoActionChangesAn
   const SmallInstallation installation;
   Session session(installation);
   const FolderImage before = ImageOf(installation.folder.native);
-  session.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::no; });
+  session.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::no; });
   for (int dialogs = 0; dialogs < 5; ++dialogs) session.desk.AnswerFile("");
   for (int dialogs = 0; dialogs < 2; ++dialogs) session.desk.AnswerFolder("");
   for (const Handler& handler : Handlers()) {

@@ -160,7 +160,7 @@ TEST_F(Importing, WhatCannotBeWrittenRefusesItBeforeTheFirstChange) {
 TEST_F(Importing, StatisticsThatCannotBeReadMakeTheShipFail) {
   Make("Hawk", "hawk.shp", {red});
   WriteFileAt(New("hawk.txt"), "1,2,three");
-  session->desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  session->desk.AllowOthers([](const Message&) { return Answer::ok; });
   ImportAll("hawk.shp");
   EXPECT_EQ(session->desk.shown.back().text, withErrors + std::string("\n\nThese ships were not imported:\nhawk"));
   Compare("the failure");
@@ -438,7 +438,7 @@ TEST_F(Importing, WhileTheFeaturesAreDisabledSaysSo) {
 TEST_F(Importing, BitmapsThatTheDiskHasNoRoomForLetNothingBeImported) {
   Make("hawk", "hawk.shp", {red});
   std::filesystem::resize_file(New("red.bmp"), std::uintmax_t{1} << 40U);  // it takes no room itself
-  session->desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  session->desk.AllowOthers([](const Message&) { return Answer::ok; });
   Open("hawk.shp", [&] { Import(); });
   EXPECT_NE(session->desk.shown.back().text.find("is too full"), std::string::npos) << session->desk.shown.back().text;
   Compare("the box");
@@ -459,7 +459,7 @@ TEST_F(Importing, AShipListThatCannotBeReadLetsNothingBeImported) {
   Make("hawk", "hawk.shp", {red});
   WriteFileAt(installation.Program("shipsData.txt"), "nonsense");
   expected.list = "nonsense";
-  session->desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  session->desk.AllowOthers([](const Message&) { return Answer::ok; });
   Open("hawk.shp", [&] { Import(); });
   EXPECT_EQ(session->desk.shown.back().title, "cmdImportShips_Click()");
   Compare("the box");
@@ -507,8 +507,7 @@ struct FaultyImport {
     session->Enable();
     expected.StartUp();
     expected.Enable();
-    session->desk.AllowOthers(
-        [](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+    session->desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
     session->desk.OnForm([&](const std::string&) {
       Watch(session->main.host.files, fault);
       Stopped([&] { session->Press("Fighter_PACK.cmdImportShips"); });
@@ -557,7 +556,7 @@ TEST(StoppedImport, IsUndoneByDisable) {
     FaultyImport import(fault);
     import.session = nullptr;
     Session next(import.installation, false);
-    next.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+    next.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
     Form_Load(next.main, {import.installation.gamePath, import.installation.programPath});
     next.Press("switcher.cmdDisable");
     FolderImage before;

@@ -23,8 +23,7 @@ struct InterruptionStage {
   /// A run in which every question is answered with Yes, whatever boxes come.
   [[nodiscard]] std::unique_ptr<Session> Start() const {
     auto session = std::make_unique<Session>(installation, false);
-    session->desk.AllowOthers(
-        [](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+    session->desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
     Form_Load(session->main, {installation.gamePath, installation.programPath});
     return session;
   }

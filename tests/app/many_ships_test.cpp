@@ -71,8 +71,7 @@ TEST_F(ManyShips, RemovingOneOf300LeavesTheOthersAsTheyAre) {
 
   SelectOnly(list, 3 + gone);
   ASSERT_EQ(list.rows[3 + gone].texts[0], Name(gone));
-  session->desk.AllowOthers(
-      [](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+  session->desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
   session->Press("imports.cmdRemoveShips");
   EXPECT_EQ(session->desk.shown.back().text, "Removal Complete");
   EXPECT_EQ(list.rows.size(), 299U);

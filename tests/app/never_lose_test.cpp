@@ -323,7 +323,7 @@ TEST_F(NeverLose, ThePatchedArchiveOfAnEnabledInstallationIsNotDamaged) {
     return Archive();
   }();
   session->desk.AllowOthers(
-      [](const MessageBox& box) { return box.buttons == Buttons::yesNo ? Answer::yes : Answer::ok; });
+      [](const Message& box) { return box.buttons == Buttons::yesNo ? Answer::yes : Answer::ok; });
   session->Press("switcher.cmdDisable");
   EXPECT_TRUE(SameBytes(fresh, Archive()));
 }

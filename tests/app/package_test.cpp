@@ -134,7 +134,7 @@ TEST_F(Package, AFolderWithLettersBeyondPlainEnglishIsNotTaken) {
 TEST_F(Package, AFolderThatCannotBeMadeIsToldOf) {
   RegisterGame();
   WriteFileAt(machine.Native("home"), "a file where the folder should be");
-  desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  desk.AllowOthers([](const Message&) { return Answer::ok; });
   Load();
   ASSERT_FALSE(desk.shown.empty());
   EXPECT_EQ(desk.shown.front().title, "Form_Load");
@@ -165,7 +165,7 @@ TEST_F(Package, TheNextStartAsksNothing) {
     Session first(installation, false);
     first.desk.ExpectBox(notFound);
     first.desk.AnswerFolder(installation.gamePath);
-    first.desk.AllowOthers([](const MessageBox&) { return Answer::yes; });
+    first.desk.AllowOthers([](const Message&) { return Answer::yes; });
     first.desk.OnForm([&first](const std::string&) { first.Press("ShipList.cmdSave"); });
     Form_Load(first.main, Places(true));
   }
@@ -189,7 +189,7 @@ TEST_F(Package, NothingIsOfferedWhileTheFeaturesAreEnabled) {
   session.Enable();
   fs::remove(User("shipsData.txt"));
   Session next(installation, false);
-  next.desk.AllowOthers([](const MessageBox& box) {
+  next.desk.AllowOthers([](const Message& box) {
     EXPECT_NE(box.buttons, Buttons::yesNo) << box.text;
     return Answer::ok;
   });

@@ -328,7 +328,7 @@ TEST_F(StartUp, ASecondCopyThatLooksMakesNoCopyOfTheStatistics) {
   Load({installation.gamePath, installation.programPath});
   fs::remove(installation.Game("shipstats.def"));
   Session second(installation, false);
-  second.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  second.desk.AllowOthers([](const Message&) { return Answer::ok; });
   Form_Load(second.main, {installation.gamePath, installation.programPath});
   EXPECT_FALSE(fs::exists(installation.Game("shipstats.def")));
 }

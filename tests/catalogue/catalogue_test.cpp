@@ -129,7 +129,7 @@ TEST_F(Catalogue, WhateverFailsGivesOneBoxAndNoShips) {
   WriteFileAt(Native(), FileOf({Ship("A", "a.shp"), Ship("B", "b.shp")}));
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     Ships loaded(7);
     const int count = LoadCatalogue(failing.host, Path(), loaded);

@@ -10,7 +10,7 @@ namespace oravin {
 namespace {
 
 struct ConsoleTest : testing::Test {
-  Answer Show(const MessageBox& box) { return DeskOf(console).showBox(box); }
+  Answer Show(const Message& box) { return DeskOf(console).showBox(box); }
 
   std::ostringstream out;
   std::ostringstream err;
@@ -18,8 +18,8 @@ struct ConsoleTest : testing::Test {
   Console console{out, err, in};
 };
 
-const MessageBox message{"It went wrong.", "Somewhere", Icon::exclamation, Buttons::ok, false};
-const MessageBox question{"Two lines.\nGo on?", "Oravin", Icon::question, Buttons::yesNo, false};
+const Message message{"It went wrong.", "Somewhere", Icon::exclamation, Buttons::ok, false};
+const Message question{"Two lines.\nGo on?", "Oravin", Icon::question, Buttons::yesNo, false};
 
 TEST_F(ConsoleTest, AMessageIsItsTitleAndText) {
   EXPECT_EQ(Show(message), Answer::ok);

@@ -145,11 +145,11 @@ TEST_F(MeshConverter, ALibraryWithoutTheFunctionIsSaidAndTheDestinationStays) {
 TEST_F(MeshConverter, AFileThatIsNoLibraryIsSaidAndTheDestinationStays) {
   WriteMesh("mesh.3ds", 0, true);
   WriteFileAt(Game("mesh.shp"), "an older model");
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   for (const std::string& content : {std::string(), std::string("no library"), std::string(100000, 'x')}) {
     WriteFileAt(Library(), content);
     EXPECT_EQ(Convert(GamePath("mesh.3ds"), "", GamePath("mesh.shp")), std::nullopt);
-    const MessageBox& box = here.desk.shown.back();
+    const Message& box = here.desk.shown.back();
     EXPECT_EQ(box.title, "Oravin - 3DS2SL Mesh Converter");
     EXPECT_EQ(box.icon, Icon::exclamation);
     EXPECT_NE(box.text.find("this machine cannot load it as a library ("), std::string::npos) << box.text;
@@ -185,7 +185,7 @@ TEST_F(MeshConverter, ADestinationThatCannotBeDeletedIsSaidAndTheLibraryNotCalle
 TEST_F(MeshConverter, ADestinationWithWildcardsDeletesNothing) {
   WriteMesh("mesh.3ds", 0, true);
   WriteFileAt(Game("mesh.shp"), "an older model");
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   Convert(GamePath("mesh.3ds"), "", GamePath("*.shp"));
   EXPECT_EQ(ReadTextAt(Game("mesh.shp")), "an older model");
 }

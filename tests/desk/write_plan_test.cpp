@@ -85,7 +85,7 @@ TEST(WritePlan, OneBoxIsEnough) {
     test::SetReadOnly(folder.Native(name), true);
   }
   ScriptedHost at;
-  at.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  at.desk.AllowOthers([](const Message&) { return Answer::ok; });
   WritePlan plan;
   plan.files = {folder.Windows("a"), folder.Windows("b")};
   EXPECT_FALSE(ReadyToWrite(at.host, plan));
@@ -104,12 +104,12 @@ std::string Between(const std::string& text, const std::string& begin, const std
 /// that nobody can say it beforehand.
 std::uint64_t FreeAsTold(const WritePlan& plan, const std::string& folder, std::uint64_t needed) {
   ScriptedHost at;
-  at.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  at.desk.AllowOthers([](const Message&) { return Answer::ok; });
   EXPECT_FALSE(ReadyToWrite(at.host, plan));
   EXPECT_EQ(at.desk.shown.size(), 1U);
   if (at.desk.shown.empty()) return 0;
-  const MessageBox& box = at.desk.shown.front();
-  EXPECT_EQ(box, (MessageBox{box.text, "Oravin", Icon::exclamation, Buttons::ok, false}));
+  const Message& box = at.desk.shown.front();
+  EXPECT_EQ(box, (Message{box.text, "Oravin", Icon::exclamation, Buttons::ok, false}));
   std::string digits =
       Between(box.text, "The disk of " + folder + " is too full: " + Grouped(needed) + " bytes are needed there and ",
               " are free.\nMake room and try again. Nothing has been changed.");

@@ -15,6 +15,8 @@
 #include <thread>
 #include <utility>
 
+#include "program_under_test.h"
+
 namespace oravin::test {
 
 namespace {
@@ -132,8 +134,9 @@ Desktop::Desktop(int width, int height) {
   RequirePrograms();
   Pipe pipe;
   const std::string screen = std::to_string(width) + "x" + std::to_string(height) + "x24";
-  // The display picks a free number and prints it when it is ready; it complains about those that are taken.
-  const std::string command = "exec Xvfb -displayfd 1 -screen 0 " + screen + " -nolisten tcp 2>/dev/null";
+  // Everybody is let in: a Windows machine has a user of its own. The display picks a free number and prints it when it
+  // is ready; it complains about those that are taken.
+  const std::string command = "exec Xvfb -displayfd 1 -screen 0 " + screen + " -ac -nolisten tcp 2>/dev/null";
   display = Program({"sh", "-c", command}, {}, pipe.ends[1]);
   pipe.CloseWriting();
   const std::string number = ReadLine(pipe.ends[0]);
@@ -203,7 +206,8 @@ void ResizeWindow(const Desktop& desktop, const std::string& window, int width, 
 }
 
 bool SaveScreenshot(const Desktop& desktop, const std::string& name) {
-  const std::filesystem::path folder = SCREENSHOT_FOLDER;
+  std::filesystem::path folder = SCREENSHOT_FOLDER;
+  if (WindowsPrograms()) folder /= "windows";
   std::filesystem::create_directories(folder);
   const std::filesystem::path file = folder / (name + ".png");
   std::filesystem::remove(file);

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <thread>
 
+#include "program_under_test.h"
+
 namespace oravin::test {
 
 namespace {
@@ -48,8 +50,16 @@ Session::Session(Beginning beginning)
 }
 
 void StartProgram(Session& session, const std::vector<std::string>& arguments) {
-  std::vector<std::string> command = {ORAVIN_PROGRAM, "--layout", session.layoutFile};
-  command.insert(command.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> words = {"--layout", session.layoutFile};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> command = {ORAVIN_PROGRAM};
+  if (WindowsPrograms()) {
+    const std::string registry = (session.sample.config / "oravin" / "registry.reg").string();
+    command =
+        CommandOf(session.desktop, "Oravin.exe", {session.folder.native.string(), registry, session.before, words});
+  } else {
+    command.insert(command.end(), words.begin(), words.end());
+  }
   session.program = Program(command, session.desktop.variables);
 }
 

@@ -29,6 +29,7 @@ struct Session {
   demo::Sample sample;
   Desktop desktop;
   std::string layoutFile;
+  std::string before;  ///< what the shell of a Windows machine does before the program starts
   Program program;
   std::string frame;  ///< the window's number
 };

@@ -339,7 +339,7 @@ TEST_F(Extracting, WhereverAnOperationFailsEveryFileIsOldOrNewAsAWhole) {
     Out("a", "the old a");
     Open({Stored("a", "new a"), Stored("sub\\b", "new b")});
     cmdSelectAll_Click(tab);
-    stage.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(stage.host.files, fault);
     Extract();
     stage.host.files.before = nullptr;
@@ -360,7 +360,7 @@ TEST_F(Extracting, WhereverTheProcessStopsNoFileOfTheDestinationIsHalfWritten) {
     Out("a", "the old a");
     Open({Stored("a", "new a"), Stored("b", "new b")});
     cmdSelectAll_Click(tab);
-    stage.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(stage.host.files, fault);
     Stopped([&] { Extract(); });
     stage.host.files.before = nullptr;

@@ -69,7 +69,7 @@ TEST_F(TheFatBackup, WhereverItFailsTheOldBackupOrTheNewOneIsWhole) {
   AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     Open(archive);
     WriteFileAt(stage.Game("resource.FAT"), std::string_view("the old one"));
-    stage.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+    stage.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
     Watch(stage.host.files, fault);
     Backup();
     stage.host.files.before = nullptr;

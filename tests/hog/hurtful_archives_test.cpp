@@ -66,7 +66,7 @@ struct HurtfulArchives : HogTabStage, testing::WithParamInterface<unsigned> {};
 TEST_P(HurtfulArchives, NeverReachBeyondTheDestination) {
   constexpr int archives = 500;
   Dice dice(GetParam());
-  stage.desk.AllowOthers([&](const MessageBox& box) {
+  stage.desk.AllowOthers([&](const Message& box) {
     EXPECT_LT(box.text.size(), 6000U) << "a box that fits a screen";
     return box.buttons == Buttons::yesNoCancel ? dice.OneOf({Answer::yes, Answer::yes, Answer::no}) : Answer::ok;
   });

@@ -233,7 +233,7 @@ TEST_F(HogTableReading, AHundredThousandEntries) {
 
 TEST_F(HogTableReading, AFailureOfAnyOperationGivesNoEntriesAndOneBox) {
   stage.Write(HeaderAnd(1, TableRow(1, 2, "first")));
-  stage.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     stage.desk.shown.clear();
     Watch(stage.host.files, fault);

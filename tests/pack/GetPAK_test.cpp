@@ -253,7 +253,7 @@ TEST_F(ThePack, NothingIsEverWritten) {
 }
 
 TEST_F(ThePack, AFailureOfReadingThePackGivesOneBoxAndNoShips) {
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     here.desk.shown.clear();
     ships.clear();

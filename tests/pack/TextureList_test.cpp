@@ -206,7 +206,7 @@ TEST_F(TheTextureList, MoreNamesThanAModelMayHaveGiveOneBox) {
 }
 
 TEST_F(TheTextureList, AFailureOfAnyOperationGivesOneBoxAndNoTextures) {
-  at.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  at.desk.AllowOthers([](const Message&) { return Answer::ok; });
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     at.desk.shown.clear();
     textures.clear();

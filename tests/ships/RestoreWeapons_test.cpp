@@ -251,7 +251,7 @@ TEST_F(RestoredWeapons, TheTemporaryModelIsGoneAfterAnyFailure) {
     Put("game/ships/twin.shp", modifiedModel);
     Put("game/ships/t_twin.shp", modifiedModel);
     ScriptedHost here;
-    here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(here.host.files, fault);
     const bool restored = Restore(here.host, twin);
     EXPECT_TRUE(restored || fault.happened);

@@ -327,7 +327,7 @@ TEST_F(Attachments, AFailureBetweenTwoElementsLeavesEachOldOrNewAndASecondTryMen
       Write(model);
       {
         test::ScriptedHost here;
-        here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+        here.desk.AllowOthers([](const Message&) { return Answer::ok; });
         test::Watch(here.host.files, fault);
         bool put = false;
         const bool stopped = test::Stopped([&] { put = PutAttachments(here.host, path, changed); });

@@ -103,7 +103,7 @@ TEST_F(RestoredStats, WhateverFailsAnotherRestoreFinishesIt) {
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     SetUp();
     ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     RestoreShipStats(failing.host, current, defaults, ships);
     EXPECT_EQ(failing.desk.shown.size(), fault.happened ? 1U : 0U);

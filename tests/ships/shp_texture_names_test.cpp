@@ -200,7 +200,7 @@ TEST_F(TextureNames, AFailingDiskIsToldAndLeavesTheArrayAsItWas) {
   test::WriteFileAt(folder.Native("model.shp"), model);
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     test::ScriptedHost here;
-    here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(here.host.files, fault);
     Names read = {"before"};
     const int count = GetShpTextureNames(here.host, path, read);
@@ -258,7 +258,7 @@ TEST_F(TextureNames, OfHostileModelsAreThoseOfThePlainestReader) {
     const auto expected = PlainNames(model);
     test::WriteFileAt(folder.Native("model.shp"), model);
     test::ScriptedHost here;
-    here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Names read;
     const int count = GetShpTextureNames(here.host, path, read);
     ASSERT_EQ(here.desk.shown.size(), expected ? 0U : 1U);

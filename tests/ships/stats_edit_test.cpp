@@ -354,7 +354,7 @@ TEST_F(StatsEditing, AFailureAnywhereLeavesEveryBlockOldOrNew) {
     AtEachOperation(kind, [&](Fault& fault) {
       WriteFileAt(Game("shipstats.bin"), before.at("game/shipstats.bin"));
       ScriptedHost here;
-      here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+      here.desk.AllowOthers([](const Message&) { return Answer::ok; });
       Watch(here.host.files, fault);
       tab.shipStatsList.edited = {0, "77"};
       Stopped([&] { shipStatsList_AfterLabelEdit(here.host, tab, installation); });
@@ -373,7 +373,7 @@ TEST_F(StatsEditing, AFailureWhileAllAreRestoredIsToldInTheOneBox) {
   const FolderImage before = Image();
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     ScriptedHost here;
-    here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(here.host.files, fault);
     cmdRestoreAllStats_Click(here.host, tab, installation);
     ASSERT_EQ(here.desk.shown.size(), 1U);

@@ -224,7 +224,7 @@ TEST_F(WeaponEditing, AFailureAnywhereLeavesEveryAttachmentOldOrNewAndCanBeMende
       tab.clickedType = 7;
       {
         ScriptedHost here;
-        here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+        here.desk.AllowOthers([](const Message&) { return Answer::ok; });
         Watch(here.host.files, fault);
         Stopped([&] { pldGunType_Click(here.host, tab, installation); });
       }

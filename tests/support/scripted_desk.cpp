@@ -34,7 +34,7 @@ bool Fits(Buttons buttons, Answer answer) {
   }
 }
 
-Answer ShowScripted(ScriptedDesk& desk, const MessageBox& box) {
+Answer ShowScripted(ScriptedDesk& desk, const Message& box) {
   desk.shown.push_back(box);
   if (!desk.expected.empty() && desk.expected.front().first == box) {
     const Answer answer = desk.expected.front().second;
@@ -65,7 +65,7 @@ std::string Next(std::deque<std::string>& answers, const std::string& what) {
 }  // namespace
 
 ScriptedDesk::ScriptedDesk(Host& owner) : host(owner) {
-  host.desk.showBox = [this](const MessageBox& box) { return ShowScripted(*this, box); };
+  host.desk.showBox = [this](const Message& box) { return ShowScripted(*this, box); };
   host.desk.browseForFolder = [this](const std::string& prompt) {
     prompts.push_back(prompt);
     return Next(folders, "a folder browser (" + prompt + ")");
@@ -93,7 +93,7 @@ ScriptedDesk::~ScriptedDesk() {
   host.desk = {};
 }
 
-void ScriptedDesk::Expect(const MessageBox& box, Answer answer) {
+void ScriptedDesk::Expect(const Message& box, Answer answer) {
   if (!Fits(box.buttons, answer)) ADD_FAILURE() << "no such button can be pressed on this box:\n" << InWords(box);
   expected.emplace_back(box, answer);
 }
@@ -118,7 +118,7 @@ void ScriptedDesk::OnForm(std::function<void(const std::string& form)> act) { fo
 
 void ScriptedDesk::StopAfter(int questions) { stopAfter = questions; }
 
-void ScriptedDesk::AllowOthers(std::function<Answer(const MessageBox&)> answer) { others = std::move(answer); }
+void ScriptedDesk::AllowOthers(std::function<Answer(const Message&)> answer) { others = std::move(answer); }
 
 bool ScriptedDesk::Done() {
   const bool all = expected.empty() && folders.empty() && files.empty() && forms.empty();
@@ -133,7 +133,7 @@ bool ScriptedDesk::Done() {
   return all;
 }
 
-std::string InWords(const MessageBox& box) {
+std::string InWords(const Message& box) {
   static constexpr std::array<const char*, 5> icons = {"none", "exclamation", "critical", "question", "information"};
   static constexpr std::array<const char*, 4> buttons = {"OK", "OK/Cancel", "Yes/No", "Yes/No/Cancel"};
   return "  text:    " + box.text + "\n  title:   " + box.title +
@@ -146,6 +146,6 @@ std::string InWords(const MessageBox& box) {
 
 namespace oravin {
 
-void PrintTo(const MessageBox& box, std::ostream* out) { *out << "\n" << test::InWords(box); }
+void PrintTo(const Message& box, std::ostream* out) { *out << "\n" << test::InWords(box); }
 
 }  // namespace oravin

@@ -26,7 +26,7 @@ struct ScriptedDesk {
   ~ScriptedDesk();
 
   /// The next box, compared part by part, and the answer that it is given.
-  void Expect(const MessageBox& box, Answer answer = Answer::ok);
+  void Expect(const Message& box, Answer answer = Answer::ok);
   /// A message with the OK button alone.
   void ExpectBox(const std::string& text, const std::string& title = programTitle, Icon icon = Icon::exclamation);
   /// The same for a message of success.
@@ -46,24 +46,24 @@ struct ScriptedDesk {
 
   /// From here on boxes that are not expected do not fail the test: `answer` is asked instead, and they are recorded
   /// like all others. For walks over failures, where the box depends on where the failure comes.
-  void AllowOthers(std::function<Answer(const MessageBox&)> answer);
+  void AllowOthers(std::function<Answer(const Message&)> answer);
 
   /// Fails the test for every expected box or dialog that has not come, and forgets them. Called at the end of life.
   /// @return whether all of them had come
   bool Done();
 
-  std::vector<MessageBox> shown;            ///< every box that came, expected or not
+  std::vector<Message> shown;               ///< every box that came, expected or not
   std::vector<std::string> prompts;         ///< the folder browser's
   std::vector<FileQuestion> fileQuestions;  ///< the open dialog's
   std::vector<Progress> progress;           ///< every step that was shown
   std::vector<std::string> clipboard;       ///< every text that was put there
 
   Host& host;
-  std::deque<std::pair<MessageBox, Answer>> expected;
+  std::deque<std::pair<Message, Answer>> expected;
   std::deque<std::string> folders;
   std::deque<std::string> files;
   std::deque<std::function<void(const std::string& form)>> forms;
-  std::function<Answer(const MessageBox&)> others;
+  std::function<Answer(const Message&)> others;
   std::optional<int> stopAfter;
 };
 
@@ -74,13 +74,13 @@ struct ScriptedHost {
 };
 
 /// A box in words, for failure messages.
-std::string InWords(const MessageBox& box);
+std::string InWords(const Message& box);
 
 }  // namespace oravin::test
 
 namespace oravin {
 
 /// GoogleTest prints boxes with this.
-void PrintTo(const MessageBox& box, std::ostream* out);
+void PrintTo(const Message& box, std::ostream* out);
 
 }  // namespace oravin

@@ -303,7 +303,7 @@ TEST_F(CatalogueBuild, StoppedOrFailingAtAnyOperationTheCatalogueIsWholeOldOrNew
   ASSERT_TRUE(stage.Build());
   const Bytes fresh = ReadFileAt(stage.files.Program("ships.dat"));
   const Bytes old(2 * shipRecordSize, 0x20);
-  stage.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
   for (const FaultKind kind : {FaultKind::stop, FaultKind::failure}) {
     int stayedOld = 0;
     const int operations = AtEachOperation(kind, [&](Fault& fault) {

@@ -30,7 +30,7 @@ void WalkRemoval(FaultKind kind, bool swapped) {
     Move(expected, "program/addons/textures/skin.bmp", "program/addons/removed/Manta/skin.bmp");
     stage.AddUserTexture("skin");
     if (swapped) SwapShip(stage.swapDesk, "ALPHA", "MANTA");
-    stage.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+    stage.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
     const auto remove = [&] {
       stage.SelectImported({manta});
       return cmdRemoveShips_Click(stage.swapDesk, stage.imports, [] {});

@@ -55,7 +55,7 @@ TEST_F(Removing, TheListsAreFilledBeforeTheLastBox) {
   stage.SelectImported({manta});
   AnswerBoth(false);
   int refillsAtTheBox = -1;
-  stage.desk.AllowOthers([&](const MessageBox& box) {
+  stage.desk.AllowOthers([&](const Message& box) {
     EXPECT_EQ(box.text, "Removal Complete");
     refillsAtTheBox = stage.refills;
     return Answer::ok;
@@ -167,7 +167,7 @@ TEST_F(Removing, AnImportedShipThatIsTakenForAStockShipsSecondPartIsPutBackWithI
   stage.Refill();
   ASSERT_TRUE(stage.Record(twinVariant).HasSecondPart);
   // Its block is none of shipstats.bin, of which boxes tell.
-  stage.desk.AllowOthers([](const MessageBox& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
+  stage.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
   SwapShip(stage.swapDesk, "TWIN", "WRAITH");
   ASSERT_TRUE(stage.Record(manta).Changed);
   stage.SelectImported({manta});

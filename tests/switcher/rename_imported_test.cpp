@@ -273,7 +273,7 @@ void WalkRename(FaultKind kind) {
     SwapShip(stage.swapDesk, "ALPHA", "MANTA");
     SwapShip(stage.swapDesk, "TIGER", "MANTA");
     const FolderImage expected = Renamed(stage.Image(), "Ray", "Ray");
-    stage.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(stage.host.files, fault);
     bool done = false;
     Stopped([&] { done = RenameImported(stage.host, stage.installation, manta, "Ray"); });

@@ -314,7 +314,7 @@ TEST_F(ListDraft, WithoutTheStatisticsEveryShipStandsAtBlock0AndARemarkSaysWhy) 
 TEST_F(ListDraft, WithoutTheArchiveThereIsNone) {
   MakeFolderAt(folder.Native("game"));
   here.desk.ExpectBox("Error - hog not found", "GetHogData");
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   const ShipListDraft draft = DraftShipList(here.host, installation);
   EXPECT_TRUE(draft.ships.empty());
   EXPECT_EQ(here.desk.shown.size(), 2U) << "and the error trap's box";
@@ -324,7 +324,7 @@ TEST_F(ListDraft, OfADamagedTableThereIsNone) {
   Model("alpha.shp");
   Write();
   PatchFileAt(folder.Native("game/resource.hog"), 8, {0x7F, 0xFF, 0xFF, 0xFF});
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   EXPECT_TRUE(DraftShipList(here.host, installation).ships.empty());
   EXPECT_EQ(here.desk.shown.size(), 1U);
   EXPECT_EQ(here.desk.shown[0].title, "GetHogData");
@@ -334,7 +334,7 @@ TEST_F(ListDraft, AnArchiveCutShortAnywhereEndsInADraftOrABox) {
   Model("alpha.shp", 0, {"one", "two"});
   Stored("bravo.shp", ModelOf(1, {"three"}));
   const Bytes whole = demo::BuildArchive(entries);
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   WriteFileAt(folder.Native("game/shipstats.bin"), Bytes(352));
   for (std::size_t length = 12; length < whole.size(); length += length < 80 ? 1 : 37) {
     WriteFileAt(folder.Native("game/resource.hog"), Bytes(whole.begin(), whole.begin() + static_cast<long>(length)));

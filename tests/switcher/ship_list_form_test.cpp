@@ -299,7 +299,7 @@ TEST_F(TheShipListForm, ADiskThatFailsLeavesTheFormAndTheOldList) {
     Fault fault;
     fault.at = 1;
     Watch(here.host.files, fault);
-    here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Save();
     EXPECT_TRUE(form.shown);
     ASSERT_EQ(here.desk.shown.size(), 1U);

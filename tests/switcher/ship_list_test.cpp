@@ -212,7 +212,7 @@ TEST_F(ShipList, TheListIsNeverWritten) {
 }
 
 TEST_F(ShipList, AFailureOfAnyOperationGivesOneBoxAndNoShips) {
-  here.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     here.desk.shown.clear();
     Watch(here.host.files, fault);

@@ -105,7 +105,7 @@ TEST_F(SavedShipList, NoFailureAndNoStopLosesTheOldList) {
       TemporaryFolder place;
       WriteFileAt(place.Native("shipsData.txt"), "the old list");
       ScriptedHost host;
-      host.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+      host.desk.AllowOthers([](const Message&) { return Answer::ok; });
       Watch(host.host.files, fault);
       bool saved = false;
       const bool stopped =

@@ -182,7 +182,7 @@ TEST_F(Swapping, ASourceThatIsNowhereWithoutABackupEndsInTheFailingCopy) {
 TEST_F(Swapping, FailingAtAnyOperationTheOnlyBackupIsKept) {
   LoseEntry(alpha);
   const Ships unchanged = stage.installation.ships;
-  stage.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
   for (const FaultKind kind : {FaultKind::failure, FaultKind::stop}) {
     const int operations = AtEachOperation(kind, [&](Fault& fault) {
       stage.installation.ships = unchanged;

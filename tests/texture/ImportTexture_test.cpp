@@ -42,7 +42,7 @@ struct TheImport : test::CacheStage {
   bool ImportWithCompanion(const std::string& name) {
     return ImportTexture(at.host, Path(), name, bitmap, folder.windows);
   }
-  void ExpectRefused(const Bytes& cache, const std::string& name, const MessageBox& box) {
+  void ExpectRefused(const Bytes& cache, const std::string& name, const Message& box) {
     Make(cache);
     at.desk.Expect(box);
     EXPECT_FALSE(Import(name));
@@ -182,7 +182,7 @@ TEST_F(TheImport, WorksInCachesOf1And425Textures) {
 }
 
 TEST_F(TheImport, OfABitmapThatDoesNotFitIsTerminated) {
-  const MessageBox box{"Operation terminated", programTitle, Icon::none, Buttons::ok, false};
+  const Message box{"Operation terminated", programTitle, Icon::none, Buttons::ok, false};
   for (const Bytes& file : {Bitmap(300, 300, 8, Pattern(90000)), Bitmap(8, 8, 32, Pattern(256)),
                             Bitmap(8, 8, 8, Pattern(63)), Bitmap(8, 8, 8, Pattern(65)), Bitmap(8, -8, 8, Pattern(64)),
                             Bitmap(8, 8, 1, Pattern(32)), Bitmap(8, 8, 4, Pattern(32))}) {
@@ -209,7 +209,7 @@ TEST_F(TheImport, ThatFailsAnywhereLeavesEveryTextureAndTheCount) {
     test::AtEachOperation(kind, [&](test::Fault& fault) {
       Make(before);
       test::ScriptedHost failing;
-      failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+      failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
       test::Watch(failing.host.files, fault);
       bool imported = false;
       test::Stopped([&] { imported = ImportTexture(failing.host, Path(), bitmap, "new", BmpInfo{1078, 4, 4, 1, 1}); });
@@ -331,7 +331,7 @@ TEST_F(TheImportWithItsCompanion, ThatFailsAnywhereAddsBothOrNone) {
     test::AtEachOperation(kind, [&](test::Fault& fault) {
       Make(before);
       test::ScriptedHost failing;
-      failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+      failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
       test::Watch(failing.host.files, fault);
       test::Stopped([&] { ImportTexture(failing.host, Path(), "x", bitmap, folder.windows); });
       Bytes now = Now();

@@ -207,7 +207,7 @@ TEST_F(TheRemoval, ThatFailsAnywhereLeavesTheOldCacheAndNothingElse) {
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     Make(before);
     test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     const bool removed = RemoveTexture(failing.host, Path(), {Ship({"two"})}, {});
     EXPECT_NE(removed, fault.happened);

@@ -214,7 +214,7 @@ TEST_F(RestoredCache, WhateverFailsTheOldFileIsThereUntilTheCacheIs) {
       std::filesystem::remove(Native());
       WriteFileAt(folder.Native("tcachehw.old"), Cache(426));
       ScriptedHost failing;
-      failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+      failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
       test::Watch(failing.host.files, fault);
       test::Stopped([&] { RestoreTcacheFile(failing.host, Path()); });
       const test::FolderImage after = ImageOf(folder.native);
@@ -299,7 +299,7 @@ TEST_F(RestoredCache, WhateverFailsTheCacheIsOldOrNew) {
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     Make(old);
     ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     RestoreTcacheFile(failing.host, Path());
     EXPECT_EQ(failing.desk.shown.size(), fault.happened ? 1U : 0U);

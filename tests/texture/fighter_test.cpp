@@ -166,7 +166,7 @@ TEST_F(TheFightersChain, ThatFailsAnywhereLeavesNoFilesBehind) {
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     std::filesystem::remove(folder.Native("program/import"));
     test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     const bool made = ConvertFighterText(failing.host, folder.Windows("a.bmp"), folder.Windows("program/import"),
                                          folder.Windows("program\\"));
@@ -303,7 +303,7 @@ TEST_F(ThePanel, OfAFighterThatFailsAnywhereAddsBothOrNoneAndTidiesUp) {
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     SetCache(Cache(426));
     test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     cmdImportTexture_Click(failing.host, panel, installation);
     EXPECT_EQ(failing.desk.shown.size(), 1U);

@@ -120,7 +120,7 @@ TEST_F(TheLoadout, ThatFailsAnywhereLeavesNoFilesAndAWholeCache) {
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     Make(before);
     test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     LoadoutSetup(failing.host, Path(), folder.Windows("program"), {Imported({"b"})}, 1);
     EXPECT_EQ(failing.desk.shown.empty(), !fault.happened);

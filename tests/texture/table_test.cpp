@@ -98,7 +98,7 @@ TEST_F(TheTable, AFailureIsToldOnceAndLeavesItAsItWas) {
   Make(Cache(3));
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
     test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     TcacheTable read;
     const int count = GetTcacheTable(failing.host, Path(), read);

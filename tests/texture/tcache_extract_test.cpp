@@ -202,7 +202,7 @@ TEST_F(TheExtraction, WithoutATemplateEndsWithItsBoxAndKeepsOldFiles) {
   Write("out/flat.bmp", Pattern(9));
   std::filesystem::remove(folder.Native("program/3D/cube.bmp"));
   Select({"flat"});
-  at.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+  at.desk.AllowOthers([](const Message&) { return Answer::ok; });
   Extract();
   ASSERT_EQ(at.desk.shown.size(), 1U);
   EXPECT_EQ(at.desk.shown[0].title, "cmdExtractTcache_Click()");

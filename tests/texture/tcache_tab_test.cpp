@@ -241,7 +241,7 @@ TEST_F(TheRename, ThatFailsAnywhereLeavesTheOldOrTheNewName) {
     cmdCloseTcache_Click(tab);
     cmdOpenTcache_Click(at.host, tab);
     test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
     lstTcache_AfterLabelEdit(failing.host, tab, installation, 3, "newname");
     const bool renamed = CacheNow() == after;

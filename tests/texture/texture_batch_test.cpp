@@ -240,7 +240,7 @@ TEST_F(TheBatch, AFailedWriteTakesTheTextureBack) {
       if (operation.kind != FileOperation::Kind::write) return;
       if (++writes == failing) throw RunTimeError("could not write", operation.path, "the disk is full");
     };
-    at.desk.AllowOthers([](const MessageBox&) { return Answer::ok; });
+    at.desk.AllowOthers([](const Message&) { return Answer::ok; });
     EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::refused);
     at.host.files.before = nullptr;
     EXPECT_TRUE(SameBytes(before, Now())) << failing;
