@@ -52,7 +52,7 @@ void AddFolder(wxPanel* page, wxSizer* grid, const wxString& caption, const Surr
 
 wxWindow* NewAboutPage(wxWindow* parent, const Surroundings& surroundings) {
   AboutTab& tab = surroundings.main.about;
-  auto* page = new wxPanel(parent);
+  auto* page = NewPanel(parent);
   const int space = page->FromDIP(gap);
 
   auto* block = new wxBoxSizer(wxVERTICAL);

@@ -82,7 +82,7 @@ void ShowFighterPack(Window& window, Main& main) {
   Form form{fighterPackForm, &dialog, {}, [&record] { return record.shown; }};
   const Surroundings surroundings{main, form.mirror,
                                   [&](const std::string& action) { Press(window, main, action, &form); }};
-  auto* content = new wxPanel(&dialog);
+  auto* content = NewPanel(&dialog);
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(NewShips(content, surroundings), wxSizerFlags(5).Expand());
   whole->Add(NewTextures(content, surroundings), wxSizerFlags(6).Expand().Border(wxTOP, dialog.FromDIP(pageMargin)));

@@ -12,7 +12,7 @@ void LayOutForm(Form& form, const Surroundings& surroundings, wxWindow* content,
                 const FormButton& cancels) {
   wxDialog& dialog = *form.dialog;
   const int space = dialog.FromDIP(gap);
-  auto* last = new wxPanel(&dialog);
+  auto* last = NewPanel(&dialog);
   wxButton* affirm = NewButton(last, surroundings, affirms.name, affirms.record);
   wxButton* cancel = NewButton(last, surroundings, cancels.name, cancels.record);
   EqualWidths({affirm, cancel});

@@ -57,7 +57,7 @@ HogParts NewHogParts(wxWindow* parent, const Surroundings& surroundings) {
   HogTab& tab = surroundings.main.hog;
   Mirror& mirror = surroundings.mirror;
   HogParts parts;
-  parts.page = new wxPanel(parent);
+  parts.page = NewPanel(parent);
   wxWindow* page = parts.page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
   parts.lblHogPath = NewLabel(page, mirror, "hog.lblHogPath", tab.lblHogPath);

@@ -102,7 +102,7 @@ wxSizer* NewConvertFrame(wxWindow* page, const Surroundings& surroundings) {
 }  // namespace
 
 wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings) {
-  auto* page = new wxPanel(parent);
+  auto* page = NewPanel(parent);
   const int margin = page->FromDIP(pageMargin);
   auto* upper = new wxBoxSizer(wxHORIZONTAL);
   wxSizer* ships = NewShipsFrame(page, surroundings);

@@ -2,6 +2,9 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
 
 #include <algorithm>
 
@@ -11,6 +14,20 @@
 namespace oravin::gui {
 
 namespace {
+
+#ifdef __WXMSW__
+/// Leaves access keys to the window around it: Windows looks for them only in the panel that it is asked about, and
+/// takes the key from all others.
+class Panel : public wxPanel {
+ public:
+  using wxPanel::wxPanel;
+  bool MSWProcessMessage(WXMSG* message) override {
+    return message->message != WM_SYSCHAR && wxPanel::MSWProcessMessage(message);
+  }
+};
+#else
+using Panel = wxPanel;
+#endif
 
 /// GTK's own box wants the room that its contents have now, so that nothing around it could ever shrink; what they
 /// really need is their sizer's to say.
@@ -42,9 +59,11 @@ wxCheckBox* NewCheckBox(wxWindow* parent, Mirror& mirror, const std::string& nam
   return box;
 }
 
+wxPanel* NewPanel(wxWindow* parent) { return new Panel(parent); }
+
 wxWindow* NewEdge(wxWindow* parent) {
-  // Large enough from the start for a scroll bar to find its room.
-  auto* edge = new wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(220, 200)));
+  wxPanel* edge = NewPanel(parent);
+  edge->SetSize(parent->FromDIP(wxSize(220, 200)));  // large enough from the start for a scroll bar to find its room
   edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW));
   return edge;
 }

@@ -36,6 +36,9 @@ wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const st
 wxCheckBox* NewCheckBox(wxWindow* parent, Mirror& mirror, const std::string& name, CheckBox& record,
                         const std::function<void()>& changed);
 
+/// A panel that leaves access keys to the window around it.
+wxPanel* NewPanel(wxWindow* parent);
+
 /// A panel for a list or a picture, which draws its edge: made before that, as its parent, and laid out by Enframe.
 wxWindow* NewEdge(wxWindow* parent);
 

@@ -124,7 +124,9 @@ wxGauge* NewGauge(wxWindow* parent) {
 }
 
 wxWindow* NewKeys(wxWindow* parent) {
-  return new wxWindow(parent, wxID_ANY, wxPoint(0, 0), wxSize(1, 1), wxWANTS_CHARS);
+  auto* keys = new wxWindow(parent, wxID_ANY, wxPoint(0, 0), wxSize(1, 1), wxWANTS_CHARS);
+  keys->DisableFocusFromKeyboard();  // the Tab key passes it by
+  return keys;
 }
 
 wxSizer* NewProgressLine(wxWindow* parent, ProgressPlace& place, const std::vector<wxWindow*>& controls) {

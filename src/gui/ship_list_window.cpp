@@ -82,7 +82,7 @@ void ShowShipList(Window& window, Main& main) {
   Form form{shipListForm, &dialog, {}, [&record] { return record.shown; }};
   const Surroundings surroundings{main, form.mirror,
                                   [&](const std::string& action) { Press(window, main, action, &form); }};
-  auto* content = new wxPanel(&dialog);
+  auto* content = NewPanel(&dialog);
   const int space = dialog.FromDIP(gap);
   wxStaticText* purpose = NewLabel(content, form.mirror, "ShipList.lblPurpose", record.lblPurpose);
   purpose->Wrap(dialog.FromDIP(purposeWidth));

@@ -105,7 +105,7 @@ StatsParts NewStatsParts(wxWindow* parent, const Surroundings& surroundings) {
   StatsTab& tab = surroundings.main.stats;
   Mirror& mirror = surroundings.mirror;
   StatsParts parts;
-  parts.page = new wxPanel(parent);
+  parts.page = NewPanel(parent);
   wxWindow* page = parts.page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
   parts.lblShips = NewLabel(page, mirror, "stats.lblShips", tab.lblShips);

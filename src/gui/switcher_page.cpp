@@ -60,7 +60,7 @@ wxSizer* NewLegend(wxWindow* page, Mirror& mirror) {
 wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings) {
   SwitcherTab& tab = surroundings.main.switcher;
   Mirror& mirror = surroundings.mirror;
-  auto* page = new wxPanel(parent);
+  auto* page = NewPanel(parent);
 
   // Made in the order in which the Tab key walks them.
   wxWindow* left = NewEdge(page);

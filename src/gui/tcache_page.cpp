@@ -73,7 +73,7 @@ void AddLists(TcacheParts& parts, const Surroundings& surroundings) {
 /// The line that says when the cache has changed on disk, with the button that opens it again.
 wxWindow* NewStatus(wxWindow* page, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
-  auto* status = new wxPanel(page);
+  auto* status = NewPanel(page);
   status->SetBackgroundColour(statusGround);
   wxStaticText* label = NewLabel(status, surroundings.mirror, "tcache.lblTcacheStatus", tab.lblTcacheStatus);
   label->SetForegroundColour(statusText);
@@ -97,7 +97,7 @@ TcacheParts NewTcacheParts(wxWindow* parent, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   Mirror& mirror = surroundings.mirror;
   TcacheParts parts;
-  parts.page = new wxPanel(parent);
+  parts.page = NewPanel(parent);
   wxWindow* page = parts.page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
   parts.cacheLabel = NewLabel(page, mirror, "tcache.lblTCACHE[1]", tab.lblTCACHE[1]);

@@ -50,7 +50,9 @@ void AddStatusLine(Window& window) {
   window.progressPlace = {gauge,
                           [status = window.status](const wxString& text) { status->SetStatusText(text); },
                           {window.notebook},
-                          NewKeys(window.status)};
+                          // Windows tries a page's access keys from the tab strip only where the strip has a neighbour
+                          // that can have the keyboard.
+                          NewKeys(window.notebook->GetParent())};
   window.status->Bind(wxEVT_SIZE, [status = window.status, gauge](wxSizeEvent& event) {
     event.Skip();
     wxRect field;
@@ -212,9 +214,13 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(window.notebook, wxSizerFlags(1).Expand().Border(wxALL, window.frame->FromDIP(gap / 2)));
   ground->SetSizer(whole);
+  auto* all = new wxBoxSizer(wxVERTICAL);
+  all->Add(ground, wxSizerFlags(1).Expand());
+  window.frame->SetSizer(all);
   BindEvents(window, options);
   OnFileDropped(window.frame, IsShipFile,
                 [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
+  window.notebook->GetCurrentPage()->SetFocus();
   window.frame->Show();
 }
 

@@ -4,6 +4,7 @@
 
 #include "desk/program_end.h"
 #include "platform/current_folder.h"
+#include "platform/native_path.h"
 #include "platform/registry.h"
 #include "session.h"
 #include "support/own_machine.h"
@@ -289,7 +290,7 @@ TEST_F(StartUp, AGivenFolderWithLettersBeyondPlainEnglishIsRefusedWithTheReason)
   const std::string folder = machine.Windows("caf\xC3\xA9\\");
   WriteFileAt(machine.Native("caf\xC3\xA9/resource.hog"), "an archive");
   session->desk.ExpectBox(
-      folder +
+      platform::ToWindowsPath(folder) +
       "\nThis is not a StarLancer game directory\nIts path holds letters beyond plain English ones; "
       "Oravin cannot work in such a folder.");
   EXPECT_THROW(Load({folder, installation.programPath}), ProgramEnd);

@@ -39,7 +39,7 @@ extern "C" std::int32_t CONVERTER_CALL convert3ds2sl(const char* source, const c
   std::int32_t result = 0;
   if (!(mesh >> word >> result)) return cannotOpen;
   if (mesh >> word) {
-    std::ofstream model(to);
+    std::ofstream model(to, std::ios::binary);
     model << "source " << from << "\noption " << option << "\ndestination " << to << "\nfolder "
           << std::filesystem::current_path().string() << "\n";
   }

@@ -205,11 +205,15 @@ void ResizeWindow(const Desktop& desktop, const std::string& window, int width, 
   DoWithX(desktop, {"windowsize", window, std::to_string(width), std::to_string(height)});
 }
 
-bool SaveScreenshot(const Desktop& desktop, const std::string& name) {
+std::string ScreenshotPath(const std::string& name) {
   std::filesystem::path folder = SCREENSHOT_FOLDER;
   if (WindowsPrograms()) folder /= "windows";
-  std::filesystem::create_directories(folder);
-  const std::filesystem::path file = folder / (name + ".png");
+  return (folder / (name + ".png")).string();
+}
+
+bool SaveScreenshot(const Desktop& desktop, const std::string& name) {
+  const std::filesystem::path file = ScreenshotPath(name);
+  std::filesystem::create_directories(file.parent_path());
   std::filesystem::remove(file);
   Program program({"import", "-window", "root", file.string()}, desktop.variables);
   return ExitStatus(program) == 0 && std::filesystem::exists(file) && std::filesystem::file_size(file) > 0;

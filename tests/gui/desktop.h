@@ -77,7 +77,10 @@ std::string ActiveWindowTitle(const Desktop& desktop);
 
 void ResizeWindow(const Desktop& desktop, const std::string& window, int width, int height);
 
-/// Saves a picture of the whole desktop as a PNG file below the build folder's screenshots/.
+/// Where a picture of that name lies: below the build folder's screenshots/.
+std::string ScreenshotPath(const std::string& name);
+
+/// Saves a picture of the whole desktop as a PNG file.
 /// @return whether there is a picture now
 bool SaveScreenshot(const Desktop& desktop, const std::string& name);
 

@@ -99,7 +99,7 @@ Point ThumbnailOf(const Session& session, const std::string& name) {
 std::string DifferentPixels(const TcacheSession& session, const std::string& screenshot, const std::string& bitmap) {
   const Json place = Control(session, picture)["picture"];
   const auto number = [&](const char* name) { return std::to_string(place[name].get<int>()); };
-  const std::string shot = std::string(SCREENSHOT_FOLDER) + "/" + screenshot + ".png";
+  const std::string shot = ScreenshotPath(screenshot);
   const std::string cut = session.folder.Native("cut.png").string();
   const std::string crop = number("width") + "x" + number("height") + "+" + number("x") + "+" + number("y");
   return PrintedBy({"sh", "-c",

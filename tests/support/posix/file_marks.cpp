@@ -6,6 +6,8 @@
 
 namespace oravin::test {
 
+const bool readOnlyFoldersTakeFiles = false;
+
 bool SetDosAttributes(const std::filesystem::path& path, unsigned attributes) {
   const std::string text = "0x" + std::to_string(attributes);
   return setxattr(path.c_str(), "user.DOSATTRIB", text.data(), text.size(), 0) == 0;

@@ -6,6 +6,8 @@
 
 namespace oravin::test {
 
+const bool readOnlyFoldersTakeFiles = true;
+
 bool SetDosAttributes(const std::filesystem::path& path, unsigned attributes) {
   SetFileAttributesW(path.c_str(), attributes);
   return (GetFileAttributesW(path.c_str()) & attributes) == attributes;
