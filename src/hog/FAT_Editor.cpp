@@ -41,7 +41,7 @@ HogEntry ReadBack(Files& files, const HogEntry& known) {
   entry.Offset = ReadLongBE(files, entry.FatPos, hogHandle);
   entry.Size = ReadLongBE(files, std::uint64_t{entry.FatPos} + 4, hogHandle);
   Bytes name(known.Name.size() + 1);
-  Get(files, hogHandle, entry.FatPos + hogNameInEntry, name);
+  Get(files, hogHandle, std::uint64_t{entry.FatPos} + hogNameInEntry, name);
   entry.Name = TextOf(name);
   entry.Name.resize(std::min(entry.Name.find('\0'), known.Name.size()));
   return entry;

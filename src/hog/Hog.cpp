@@ -19,6 +19,9 @@ using platform::OpenFor;
 constexpr std::size_t firstBlock = 65536;
 constexpr std::size_t largestReserve = 65536;
 
+/// The file offset that no entry may reach behind.
+constexpr std::uint64_t tableLimit = hogTableOffset + longestHogTable;
+
 /// From this length on a name's end is looked for before its characters are kept: a name without an end must not take
 /// memory for all the rest of the file.
 constexpr std::size_t longName = std::size_t{1} << 20;
@@ -29,8 +32,7 @@ struct TableBlocks {
   int handle;
   std::uint64_t blockAt = hogTableOffset;  ///< the file offset of the block's first byte
   Bytes block = {};
-  std::size_t at = 0;              ///< the next byte in the block that has not been taken
-  std::uint64_t end = UINT32_MAX;  ///< the file offset that no entry may reach behind
+  std::size_t at = 0;  ///< the next byte in the block that has not been taken
 };
 
 /// Drops what has been taken and reads on behind the rest. False at the file's end.
@@ -74,7 +76,7 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
     const std::size_t left = table.block.size() - table.at;
     if (left > searched) zero = std::memchr(table.block.data() + table.at + searched, 0, left - searched);
     if (zero != nullptr) break;
-    if (table.blockAt + table.at + left > table.end) TooLong(path);
+    if (table.blockAt + table.at + left > tableLimit) TooLong(path);
     if (searched < longName && left >= longName && !ZeroAhead(table)) EndsEarly(path);
     searched = left;
     if (!ReadOn(table)) EndsEarly(path);
@@ -83,7 +85,7 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
   const std::uint64_t position = table.blockAt + table.at;
   const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - (entry + hogNameInEntry));
   table.at += hogNameInEntry + length + 1;
-  if (table.blockAt + table.at > table.end) TooLong(path);
+  if (table.blockAt + table.at > tableLimit) TooLong(path);
   return {TextOf({entry + hogNameInEntry, length}), BigEndian32(entry + 4), BigEndian32(entry),
           static_cast<std::uint32_t>(position)};
 }
@@ -108,8 +110,7 @@ std::vector<HogEntry> ReadTable(Host& host, const std::string& path, bool& repai
 
 }  // namespace
 
-std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count,
-                                   std::uint64_t longest) {
+std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count) {
   if (hogTableOffset + count * smallestHogEntry > LengthOf(files, handle)) {
     throw RunTimeError("could not read", path,
                        "it says that it holds " + Grouped(count) + " files, more than it has room for");
@@ -117,7 +118,6 @@ std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& 
   std::vector<HogEntry> entries;
   entries.reserve(std::min<std::size_t>(count, largestReserve));
   TableBlocks table{files, handle};
-  table.end = std::min<std::uint64_t>(hogTableOffset + longest, UINT32_MAX);
   for (std::uint32_t i = 0; i < count; ++i) entries.push_back(TakeEntry(table, path));
   return entries;
 }
@@ -158,6 +158,8 @@ const std::vector<int>& EntriesNamed(const HogNames& names, const std::string& n
   return found == names.end() ? none : found->second;
 }
 
-std::uint64_t EndOf(const HogEntry& entry) { return entry.FatPos + hogNameInEntry + entry.Name.size() + 1; }
+std::uint64_t EndOf(const HogEntry& entry) {
+  return std::uint64_t{entry.FatPos} + hogNameInEntry + entry.Name.size() + 1;
+}
 
 }  // namespace oravin

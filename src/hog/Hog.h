@@ -29,6 +29,10 @@ inline constexpr std::uint64_t hogTableOffset = 16;
 inline constexpr std::size_t hogNameInEntry = 8;
 inline constexpr std::uint64_t smallestHogEntry = 9;
 
+/// No table is that long: a hundred thousand names of some hundred characters each. A damaged count must not take the
+/// archive's data for entries until the memory is full.
+inline constexpr std::uint64_t longestHogTable = std::uint64_t{1} << 25;
+
 /// What a damaged count of 0 is repaired to: the number of entries of the game's archive.
 inline constexpr std::uint32_t repairedHogCount = 967;
 
@@ -51,16 +55,15 @@ struct HogEntry {
 ///
 /// @param hogPath trimmed in place. A missing file gives the box "Error - hog not found" before the error trap's own
 /// @param repaired set to whether the count was repaired in this read; may be left out
-/// @return the number of entries; 0, and no entries, when the table cannot be read whole
+/// @return the number of entries; 0, and no entries, when the table cannot be read whole or is longer than
+///   longestHogTable
 int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries, bool* repaired = nullptr);
 
 /// Reads so many entries of the table of an archive that is open.
 /// @param path the archive's, for the error
-/// @param longest the greatest length in bytes of the table that is still read
 /// @throws RunTimeError when the file has no room for that many entries, ends in the middle of one, or their table is
-///   longer than that
-std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count,
-                                   std::uint64_t longest = UINT32_MAX);
+///   longer than longestHogTable
+std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count);
 
 /// True when the file on handle 1 begins with "BIGF", in capitals.
 bool IsBIGF(Files& files);

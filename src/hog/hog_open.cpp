@@ -16,9 +16,6 @@ using platform::OpenFor;
 
 constexpr std::uint32_t mostEntries = 100000;
 
-/// No table is that long: a hundred thousand names of some hundred characters each.
-constexpr std::uint64_t longestTable = std::uint64_t{1} << 25;
-
 /// What the header of an archive, or of its table's backup, says.
 struct Header {
   std::uint32_t size = 0;
@@ -116,7 +113,7 @@ bool ReadArchive(Host& host, HogTab& tab) {
   const bool whole = Trap(host, "cmdOpen_Click()", [&] {
     header = ReadHeader(host, archive.path);
     if (!header) return;
-    archive.entries = ReadHogTable(host.files, hogHandle, archive.path, header->count, longestTable);
+    archive.entries = ReadHogTable(host.files, hogHandle, archive.path, header->count);
   });
   if (!whole || !header) {
     Forget(host, tab);

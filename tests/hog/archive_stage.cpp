@@ -12,6 +12,11 @@ void ArchiveStage::Write(const std::vector<demo::ArchiveFile>& files) const { Wr
 
 void ArchiveStage::Write(const Bytes& archive) const { WriteFileAt(Game("resource.hog"), archive); }
 
+void ArchiveStage::LengthenTo(std::uint64_t length) {
+  const OpenedFile archive(host.files, hogPath, platform::OpenFor::changing);
+  SetLength(host.files, archive.handle, length);
+}
+
 Bytes ArchiveStage::Archive() const { return ReadFileAt(Game("resource.hog")); }
 
 HogTable ArchiveStage::Table() {

@@ -21,6 +21,8 @@ struct ArchiveStage {
 
   void Write(const std::vector<demo::ArchiveFile>& files) const;
   void Write(const Bytes& archive) const;
+  /// Lets the archive grow by zeros, which take no room where the file system can leave them out.
+  void LengthenTo(std::uint64_t length);
   [[nodiscard]] Bytes Archive() const;
   /// The archive's table, read by the program; it must be readable without a box.
   [[nodiscard]] HogTable Table();

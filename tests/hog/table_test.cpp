@@ -188,6 +188,15 @@ TEST_F(HogTableReading, ACountOneTooHighReadsTheDataBehindTheTableAsAnEntry) {
   EXPECT_EQ(entries[1], (HogEntry{"none", 0x04050607, 0x00010203, 30}));
 }
 
+TEST_F(HogTableReading, ACountThatRunsFarThroughTheDataIsRefused) {
+  // Zeros are entries without a name: of these the file has room for more than the count says.
+  stage.Write(HeaderAnd(4'000'000, TableRow(1, 2, "first")));
+  stage.LengthenTo(40'000'000);
+  ExpectRefused("its table is damaged: it is too long");
+  EXPECT_EQ(Read(), 0);
+  EXPECT_TRUE(entries.empty());
+}
+
 TEST_F(HogTableReading, ANameWithoutAnEndIsRefused) {
   Bytes archive = HeaderAnd(2, TableRow(1, 2, "first"));
   archive.insert(archive.end(), 3'000'000, 'n');
