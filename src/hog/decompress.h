@@ -30,6 +30,13 @@ inline constexpr std::uint32_t compressedSignature = 0x10FB;
 /// this margin no command needs to look for the output's end.
 inline constexpr std::size_t unpackMargin = 50000;
 
+/// The most bytes of a compressed entry that can count, its header with them. However large the table says it is, no
+/// stream can be longer than its unpacked data and a quarter more; the rest is ample room for the header and the end.
+/// @param unpacked U
+constexpr std::uint64_t LongestStream(std::uint64_t unpacked) {
+  return unpacked + unpacked / 4 + (std::uint64_t{1} << 20);
+}
+
 /// Unpacked data. The memory is kept for the next use.
 struct Unpacked {
   std::unique_ptr<std::uint8_t[]> bytes;

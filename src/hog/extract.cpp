@@ -38,15 +38,13 @@ void StopIfAsked(Host& host) {
   if (StopAsked(host)) throw Stopped();
 }
 
-/// Reads the stored bytes of a compressed entry. However large the table says it is, no stream can be longer than its
-/// unpacked data and a quarter more, but for its header.
+/// Reads the stored bytes of a compressed entry, as far as they can count.
 void ReadCompressed(Extraction& extraction, const HogEntry& entry) {
   Files& files = extraction.host.files;
   constexpr std::uint64_t header = 5;
   if (entry.Size < header) throw RunTimeError("could not unpack", Presentable(entry.Name), "it is too short");
   const std::uint64_t size = Read24BE(files, std::uint64_t{entry.Offset} + 2, hogHandle);
-  const std::uint64_t longest = size + size / 4 + extractBlock;
-  extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(entry.Size, longest)));
+  extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(entry.Size, LongestStream(size))));
   Get(files, hogHandle, entry.Offset, extraction.block);
 }
 

@@ -1,6 +1,7 @@
 #include "hog/unpack.h"
 
 #include <algorithm>
+#include <array>
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -23,20 +24,44 @@ using platform::OpenFor;
 constexpr std::uint64_t unpackBlock = 1U << 20U;
 constexpr const char* archiveName = "resource.hog";
 
-/// The entry's bytes and up to unpackMargin more; zeros stand in for what lies past the archive's end.
-Bytes ReadStored(Files& files, int hog, std::uint32_t size, std::uint32_t offset) {
-  Bytes stored(size + storedExcess);
+/// A compressed entry's bytes and storedExcess more, as far as they can count; zeros stand in for what lies past the
+/// archive's end.
+Bytes ReadCompressed(Files& files, int hog, std::uint32_t size, std::uint32_t offset) {
+  std::array<std::uint8_t, 5> header{};
+  GetSome(files, hog, offset, header);
+  const std::uint64_t unpacked = BigEndian32(&header[1]) & 0xFFFFFFU;
+  Bytes stored(static_cast<std::size_t>(std::min(size + storedExcess, LongestStream(unpacked))));
   GetSome(files, hog, offset, stored);
   return stored;
+}
+
+/// The next bytes of a stored entry; zeros stand in for what lies past the archive's end.
+/// @param at how many of its `length` bytes came before
+Bytes StoredBlock(Files& files, int hog, std::uint32_t offset, std::uint64_t at, std::uint64_t length) {
+  Bytes block(static_cast<std::size_t>(std::min(unpackBlock, length - at)));
+  GetSome(files, hog, offset + at, block);
+  return block;
 }
 
 void WriteStored(Files& files, int hog, int handle, std::uint32_t size, std::uint32_t offset) {
   const std::uint64_t length = size + storedExcess;
   for (std::uint64_t at = 0; at < length; at += unpackBlock) {
-    Bytes block(static_cast<std::size_t>(std::min(unpackBlock, length - at)));
-    GetSome(files, hog, offset + at, block);
-    Put(files, handle, at, block);
+    Put(files, handle, at, StoredBlock(files, hog, offset, at, length));
   }
+}
+
+/// True when a file holds what WriteStored would write.
+bool SameAsStored(Files& files, int hog, const std::string& path, std::uint32_t size, std::uint32_t offset) {
+  const std::uint64_t length = size + storedExcess;
+  const OpenedFile loose(files, path, OpenFor::reading);
+  Bytes block;
+  for (std::uint64_t at = 0; at < length; at += unpackBlock) {
+    const Bytes stored = StoredBlock(files, hog, offset, at, length);
+    block.resize(stored.size());
+    Get(files, loose.handle, at, block);
+    if (block != stored) return false;
+  }
+  return true;
 }
 
 /// Writes one more file beside its name. Two ships may share a model: a destination that was written before takes its
@@ -131,7 +156,7 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
     return signature;
   }
   Unpacked unpacked;
-  Decompress(ReadStored(files, hog.handle, size, offset), unpacked, destination);
+  Decompress(ReadCompressed(files, hog.handle, size, offset), unpacked, destination);
   AddOnce(files, together, destination, [&](int handle) { Put(files, handle, 0, unpacked.Span()); });
   return signature;
 }
@@ -141,15 +166,13 @@ Bytes ContentOf(Files& files, int hog, const HogEntry& entry, std::uint64_t most
     throw RunTimeError("could not unpack", entry.Name, "its place lies past the archive's end");
   }
   if (entry.Size > most) throw RunTimeError("could not unpack", entry.Name, "it is too large to be right");
-  Bytes stored = ReadStored(files, hog, entry.Size, entry.Offset);
-  const bool compressed =
-      entry.Size >= 2 && stored[0] == compressedSignature >> 8U && stored[1] == (compressedSignature & 255U);
-  if (!compressed) {
-    stored.resize(entry.Size);
+  if (entry.Size < 2 || ReadWordBE(files, entry.Offset, hog) != compressedSignature) {
+    Bytes stored(entry.Size);
+    Get(files, hog, entry.Offset, stored);
     return stored;
   }
   Unpacked unpacked;
-  Decompress(stored, unpacked, entry.Name);
+  Decompress(ReadCompressed(files, hog, entry.Size, entry.Offset), unpacked, entry.Name);
   return {unpacked.Span().begin(), unpacked.Span().end()};
 }
 
@@ -158,11 +181,12 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
   const OpenedFile hog(files, hogPath, OpenFor::reading);
   const std::uint64_t length = UnpackedSize(files, hog.handle, size, offset);
   if (std::uint64_t{offset} + size > LengthOf(files, hog.handle) || FileLength(path) != length) return false;
-  const Bytes stored = ReadStored(files, hog.handle, size, offset);
+  if (ReadWordBE(files, offset, hog.handle) != compressedSignature) {
+    return SameAsStored(files, hog.handle, path, size, offset);
+  }
   const Bytes loose = ReadWhole(files, path, length);
-  if (ReadWordBE(files, offset, hog.handle) != compressedSignature) return loose == stored;
   Unpacked unpacked;
-  Decompress(stored, unpacked, path);
+  Decompress(ReadCompressed(files, hog.handle, size, offset), unpacked, path);
   return std::equal(loose.begin(), loose.end(), unpacked.Span().begin(), unpacked.Span().end());
 }
 

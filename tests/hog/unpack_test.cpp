@@ -229,6 +229,16 @@ TEST_F(Unpacking, TwoEntriesForOneDestinationTakeItsNameOnce) {
   EXPECT_TRUE(SameBytes(content, ships.begin()->second));
 }
 
+TEST_F(Unpacking, ACompressedEntryOfFourGigabytesIsReadAsFarAsItCanCount) {
+  // With the bytes that follow it the entry is so long that 32 bits would hold no more than 4.
+  const std::uint32_t size = 0xFFFFFFFFU - 50000 + 5;
+  const TableEntry packed = Entry("packed");
+  stage.LengthenTo(std::uint64_t{packed.offset} + size);
+  EXPECT_EQ(UnpackTo("out.shp", {"packed", packed.offset, size, packed.position}), 4347U);
+  EXPECT_TRUE(SameBytes(content, Loose("out.shp")));
+  EXPECT_TRUE(SameAsUnpacked(stage.host.files, stage.hogPath, stage.shipsFolder + "out.shp", size, packed.offset));
+}
+
 TEST_F(Unpacking, TheSizeThatWillBeWrittenIsKnownBefore) {
   const OpenedFile hog(stage.host.files, stage.hogPath, platform::OpenFor::reading);
   const auto size = [&](const TableEntry& entry) {
