@@ -78,6 +78,8 @@ bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
 }
 
 bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
+  // Pixels of other depths are nothing that could be shown or added, whether there is a header to look at or not.
+  if (info.depth < 1 || info.depth > 3) return false;
   if (!IsChainSide(info.width) || !IsChainSide(info.height) || !FileExists(std::string(path))) return false;
   const OpenedFile file(files, path, OpenFor::reading);
   const std::int64_t length = PixelBytes(LengthOf(files, file.handle), info);

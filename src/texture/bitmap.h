@@ -29,6 +29,7 @@ inline constexpr std::uint64_t bitmapHeightAt = 22;
 inline constexpr std::uint64_t bitmapBitsAt = 28;
 inline constexpr std::size_t colourHeaderSize = 54;     ///< of a bitmap without a palette
 inline constexpr std::size_t paletteHeaderSize = 1078;  ///< with one of 256 colours
+inline constexpr std::uint32_t largestHeader = 65536;   ///< far beyond every header with a palette
 
 /// What is known of a bitmap that is to become a texture.
 struct BmpInfo {
@@ -49,9 +50,9 @@ struct BmpInfo {
 /// @return whether it was read
 bool GetBMPInfo(Host& host, std::string path, BmpInfo& info);
 
-/// True when a bitmap can become a texture: its pixels are exactly as long as the images take, and both sides are one
-/// of 2, 4, 8, ... 256. A bitmap with a header must have 8, 16 or 24 bits a pixel and no compression, because its
-/// pixels are taken as they stand.
+/// True when a bitmap can become a texture: its pixels have 1, 2 or 3 bytes and are exactly as long as the images take,
+/// and both sides are one of 2, 4, 8, ... 256. A bitmap with a header must have 8, 16 or 24 bits a pixel and no
+/// compression, because its pixels are taken as they stand.
 /// @param path of the bitmap; a missing one does not fit
 /// @throws RunTimeError when it cannot be read
 bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info);

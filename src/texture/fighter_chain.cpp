@@ -22,7 +22,6 @@ constexpr const char* chainTitle = "ConvertFighterText";
 constexpr int fighterSide = 256;
 constexpr int levels = 8;
 constexpr std::size_t fighterPixels = std::size_t{fighterSide} * fighterSide;
-constexpr std::uint64_t largestHeader = 65536;  // far beyond every header with a palette
 
 /// The source in parts.
 struct FighterBitmap {
@@ -128,7 +127,7 @@ bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& ou
   // What follows the first image, as in a bitmap that holds a chain already, is not looked at.
   if (info.depth != 1 || info.width != fighterSide || info.height != fighterSide ||
       info.pixelOffset < colourHeaderSize || info.pixelOffset > largestHeader ||
-      FileLength(bitmapPath) < info.pixelOffset + fighterPixels) {
+      FileLength(bitmapPath) < std::uint64_t{info.pixelOffset} + fighterPixels) {
     return RefuseFighterBitmap(host);
   }
   FighterBitmap source;

@@ -109,7 +109,7 @@ Palette TemplatePalette(Files& files, const std::string& templatePath) {
 std::optional<Picture> BitmapPicture(Files& files, const std::string& path, const BmpInfo& info) {
   if (!BitmapFits(files, path, info)) return std::nullopt;
   const OpenedFile file(files, path, OpenFor::reading);
-  Bytes header(info.pixelOffset);
+  Bytes header(std::min(info.pixelOffset, largestHeader));
   Get(files, file.handle, 0, header);
   Bytes pixels(static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height) *
                static_cast<std::size_t>(info.depth));

@@ -129,6 +129,17 @@ TEST_F(TheBitmap, WhosePixelsBeginBehindItsEndDoesNotFit) {
   }
 }
 
+TEST_F(TheBitmap, OfAnotherDepthDoesNotFitWhereverItsPixelsBegin) {
+  for (const std::uint32_t depth : {4U, 5U, 32U}) {
+    Bytes file(std::size_t{8} * 8 * depth);
+    SetLong(file, 18, 8);
+    SetLong(file, 22, 8);
+    SetLong(file, 28, depth);
+    EXPECT_EQ(InfoOf(file), (BmpInfo{0, 8, 8, static_cast<std::int32_t>(depth), 1}));
+    EXPECT_FALSE(BitmapFits(at.host.files, folder.Windows("a.bmp"), info));
+  }
+}
+
 TEST_F(TheBitmap, OfPixelsAloneFitsByItsLength) {
   Write("raw", Pattern(87380));
   EXPECT_TRUE(BitmapFits(at.host.files, folder.Windows("raw"), {0, 256, 256, 1, 8}));

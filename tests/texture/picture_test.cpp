@@ -164,6 +164,33 @@ TEST_F(ThePicture, OfABitmapThatIsToBeImported) {
   EXPECT_FALSE(BitmapPicture(at.host.files, folder.Windows("a.bmp"), info));
 }
 
+TEST_F(ThePicture, OfABitmapOfAnotherDepthIsNoneWhereverItsPixelsBegin) {
+  Bytes file(std::size_t{8} * 8 * 4);
+  SetLong(file, 18, 8);
+  SetLong(file, 22, 8);
+  SetLong(file, 28, 4);
+  Write("a.bmp", file);
+  BmpInfo info;
+  EXPECT_TRUE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
+  EXPECT_FALSE(BitmapPicture(at.host.files, folder.Windows("a.bmp"), info));
+}
+
+TEST_F(ThePicture, OfABitmapWhosePixelsBeginFarBehindItsHeader) {
+  constexpr std::uint32_t pixelsAt = 0xFFFF0000;
+  Bytes file = Bitmap(4, 4, 8, {});
+  SetLong(file, 10, pixelsAt);
+  Write("a.bmp", file);
+  {
+    const OpenedFile bitmap(at.host.files, folder.Windows("a.bmp"), platform::OpenFor::changing);
+    Put(at.host.files, bitmap.handle, pixelsAt, Pattern(16));
+  }
+  BmpInfo info;
+  EXPECT_TRUE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
+  const auto picture = BitmapPicture(at.host.files, folder.Windows("a.bmp"), info);
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture->rgb[0], Pattern(16)[12]);
+}
+
 TEST_F(ThePicture, WithoutATemplateIsInShadesOfGrey) {
   const Palette palette = TemplatePalette(at.host.files, folder.Windows("none.bmp"));
   EXPECT_EQ(palette[200], (Rgb{200, 200, 200}));
