@@ -85,6 +85,11 @@ std::string BackupOf(const ShipRecord& ship) { return ChangeExtension(ModelOf(sh
 
 bool IsInert(const ShipRecord& ship) { return !IsPlainFileName(ModelOf(ship)); }
 
+int IndexIn(const TaggedValue& field) {
+  const std::int64_t index = WholeNumber(field);
+  return index < 0 || index > highestIndex ? -1 : static_cast<int>(index);
+}
+
 bool IsStock(const ShipRecord& ship) { return !IsInert(ship) && !ship.Imported; }
 
 int PartsOf(const ShipRecord& ship) { return ship.HasSecondPart ? 2 : 1; }

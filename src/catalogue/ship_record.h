@@ -18,6 +18,9 @@ inline constexpr std::size_t texturesPerShip = 21;
 /// The slot of one record in `ships.dat`, in bytes. The fields fill its beginning; the rest is zero and never read.
 inline constexpr std::size_t shipRecordSize = 868;
 
+/// The highest index of a ship or of a block of statistics: a record's index is a signed number of 16 bits.
+inline constexpr int highestIndex = 32767;
+
 /// The kinds of ships that the ship list sets.
 inline constexpr int importedKind = 3;
 
@@ -68,6 +71,9 @@ std::string BackupOf(const ShipRecord& ship);
 /// True for a record that no loop works on: its ShipFile is blank (the record that loading adds at the end), or is no
 /// plain file name, which only a damaged catalogue holds.
 bool IsInert(const ShipRecord& ship);
+
+/// The index that a record's field names; -1 when its number is none, as in a damaged catalogue.
+int IndexIn(const TaggedValue& field);
 
 /// True for a ship whose model lies in the game's archive.
 bool IsStock(const ShipRecord& ship);

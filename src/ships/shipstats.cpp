@@ -93,11 +93,6 @@ bool BothThere(Host& host, std::string& current, std::string& defaults) {
   return both;
 }
 
-int IndexOf(const TaggedValue& value) {
-  const std::int64_t index = WholeNumber(value);
-  return index < 0 || index > highestIndex ? -1 : static_cast<int>(index);
-}
-
 /// Copies one block's statistics from the defaults. False when a file failed although the block is there: then the
 /// defaults are still needed.
 bool RestoreBlock(Host& host, std::string& current, std::string& defaults, int index) {
@@ -174,7 +169,7 @@ void RestoreShipStats(Host& host, std::string currentPath, std::string defaultsP
   if (!BothThere(host, currentPath, defaultsPath)) return;
   bool kept = false;
   for (const ShipRecord& ship : ships) {
-    if (IsStock(ship)) kept = !RestoreBlock(host, currentPath, defaultsPath, IndexOf(ship.StatsIndex)) || kept;
+    if (IsStock(ship)) kept = !RestoreBlock(host, currentPath, defaultsPath, IndexIn(ship.StatsIndex)) || kept;
   }
   if (!kept) EraseDefaults(host, defaultsPath);
 }
@@ -195,8 +190,8 @@ void SetUpShipStats(Host& host, std::string currentPath, std::string defaultsPat
     const std::int64_t partner = WholeNumber(ships[i].ChangedToIndex);
     if (IsInert(ships[i]) || !ships[i].Changed || partner < 0 || static_cast<std::int64_t>(i) <= partner) continue;
     ShipStats stats;
-    if (!GetShipsStats(host, defaultsPath, IndexOf(ships[i].StatsIndex), stats)) continue;
-    PutShipsStats(host, currentPath, IndexOf(ships[static_cast<std::size_t>(partner)].StatsIndex), stats);
+    if (!GetShipsStats(host, defaultsPath, IndexIn(ships[i].StatsIndex), stats)) continue;
+    PutShipsStats(host, currentPath, IndexIn(ships[static_cast<std::size_t>(partner)].StatsIndex), stats);
   }
 }
 

@@ -16,8 +16,6 @@ namespace oravin {
 
 inline constexpr std::uint64_t statsBlockSize = 352;
 
-/// The highest number of a block: a record's index is a signed number of 16 bits.
-inline constexpr int highestIndex = 32767;
 inline constexpr std::uint64_t statsNameWidth = 64;
 inline constexpr std::uint64_t statsOffset = 64;
 inline constexpr std::size_t statsCount = 15;

@@ -7,10 +7,7 @@ namespace oravin {
 
 namespace {
 
-int IndexOf(const ShipRecord& ship) {
-  const std::int64_t index = WholeNumber(ship.StatsIndex);
-  return index < 0 || index > highestIndex ? -1 : static_cast<int>(index);  // -1 is no block of any file
-}
+int IndexOf(const ShipRecord& ship) { return IndexIn(ship.StatsIndex); }  // -1 is no block of any file
 
 }  // namespace
 

@@ -53,7 +53,7 @@ struct Removal {
   std::optional<ShipListText> list;  ///< without their lines; nothing where it stays as it is
 };
 
-bool IsRemoved(const Removal& removal, std::int64_t index) {
+bool IsRemoved(const Removal& removal, int index) {
   return index >= 0 &&
          std::binary_search(removal.indices.begin(), removal.indices.end(), static_cast<std::size_t>(index));
 }
@@ -79,7 +79,7 @@ std::vector<int> TargetsOf(const Removal& removal, const Ships& ships) {
   for (std::size_t i = 0; i < ships.size(); ++i) {
     if (IsInert(ships[i]) || !ships[i].Changed) continue;
     const bool concerned =
-        IsRemoved(removal, WholeNumber(ships[i].ChangedToIndex)) || IsRemoved(removal, static_cast<std::int64_t>(i));
+        IsRemoved(removal, IndexIn(ships[i].ChangedToIndex)) || IsRemoved(removal, static_cast<int>(i));
     if (!concerned) continue;
     const bool second = i > 0 && ships[i - 1].HasSecondPart && ships[i - 1].Changed;
     const int target = static_cast<int>(second ? i - 1 : i);
@@ -258,12 +258,12 @@ Ships RestOf(const Removal& removal, const Ships& ships) {
   Ships rest;
   rest.reserve(ships.size() - removal.indices.size());
   for (std::size_t i = 0; i < ships.size(); ++i) {
-    if (IsRemoved(removal, static_cast<std::int64_t>(i))) continue;
+    if (IsRemoved(removal, static_cast<int>(i))) continue;
     rest.push_back(ships[i]);
-    const std::int64_t by = WholeNumber(ships[i].ChangedToIndex);
+    const int by = IndexIn(ships[i].ChangedToIndex);
     if (!ships[i].Changed || by < 0) continue;
     const std::size_t moved = RemovedBefore(removal, static_cast<std::size_t>(by));
-    if (moved > 0) rest.back().ChangedToIndex = Int16Value(static_cast<int>(by) - static_cast<int>(moved));
+    if (moved > 0) rest.back().ChangedToIndex = Int16Value(by - static_cast<int>(moved));
   }
   MarkSecondParts(rest);
   return rest;

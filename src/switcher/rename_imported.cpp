@@ -104,7 +104,7 @@ void RenameRecords(Files& files, Installation& installation, const Rename& renam
     installation.ships[index] = renamed[index];
   };
   for (std::size_t i = 0; i < renamed.size(); ++i) {
-    const std::int64_t by = WholeNumber(renamed[i].ChangedToIndex);
+    const int by = IndexIn(renamed[i].ChangedToIndex);
     if (IsInert(renamed[i]) || !renamed[i].Changed || by < 0 || !IsPart(rename, static_cast<std::size_t>(by))) continue;
     renamed[i].ChangedToName.Set(rename.newName);
     put(i);

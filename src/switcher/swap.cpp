@@ -106,7 +106,7 @@ void ReplaceModel(Host& host, const Installation& installation, const ShipRecord
 bool SourceStats(Host& host, const Installation& installation, const ShipRecord& source, ShipStats& stats) {
   const bool fromDefaults = source.Imported || source.Changed;
   std::string path = installation.GamePath + (fromDefaults ? "shipstats.def" : "shipstats.bin");
-  if (!GetShipsStats(host, path, static_cast<int>(WholeNumber(source.StatsIndex)), stats)) return false;
+  if (!GetShipsStats(host, path, IndexIn(source.StatsIndex), stats)) return false;
   if (!source.Imported && WholeNumber(source.ShipKind) == strongGunKind) {
     stats.values[gunEnergyField] += 50.0F;
     stats.values[gunRechargeField] = 6.0F;
@@ -119,7 +119,7 @@ void CopyStats(SwapDesk& desk, int target, const ShipRecord& source) {
   if (!SourceStats(desk.host, desk.installation, source, stats)) return;
   std::string current = desk.installation.GamePath + "shipstats.bin";
   for (const std::size_t part : PartIndices(desk.installation, target)) {
-    PutShipsStats(desk.host, current, static_cast<int>(WholeNumber(desk.installation.ships[part].StatsIndex)), stats);
+    PutShipsStats(desk.host, current, IndexIn(desk.installation.ships[part].StatsIndex), stats);
   }
 }
 
@@ -127,7 +127,7 @@ void RestoreStats(SwapDesk& desk, int target) {
   std::string current = desk.installation.GamePath + "shipstats.bin";
   std::string defaults = desk.installation.GamePath + "shipstats.def";
   for (const std::size_t part : PartIndices(desk.installation, target)) {
-    const int index = static_cast<int>(WholeNumber(desk.installation.ships[part].StatsIndex));
+    const int index = IndexIn(desk.installation.ships[part].StatsIndex);
     ShipStats stats;
     if (GetShipsStats(desk.host, defaults, index, stats)) PutShipsStats(desk.host, current, index, stats);
   }

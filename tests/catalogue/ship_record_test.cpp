@@ -219,6 +219,16 @@ TEST(ShipRecord, AModelOutsideOfItsFolderMakesItInert) {
   }
 }
 
+TEST(ShipRecord, AnIndexIsFrom0To32767) {
+  EXPECT_EQ(IndexIn(Int16Value(0)), 0);
+  EXPECT_EQ(IndexIn(BooleanValue(false)), 0);
+  EXPECT_EQ(IndexIn(Int16Value(32767)), 32767);
+  EXPECT_EQ(IndexIn(Int32Value(32768)), -1);
+  EXPECT_EQ(IndexIn(Int16Value(-2)), -1);
+  EXPECT_EQ(IndexIn({TaggedValue::real, 4294967296.0, {}}), -1);
+  EXPECT_EQ(IndexIn({TaggedValue::text, 0, "4294967299"}), -1);
+}
+
 TEST(ShipRecord, AnImportedShipIsNoStockShip) {
   ShipRecord ship = Tiger();
   ship.Imported = true;

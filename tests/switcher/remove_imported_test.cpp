@@ -115,6 +115,20 @@ TEST_F(Removing, ShipsThatFlyAsAnotherOneKeepDoingSo) {
   EXPECT_TRUE(SameBytes(before.at("game/shipstats.bin"), ReadFileAt(stage.files.Game("shipstats.bin"))));
 }
 
+TEST_F(Removing, ARecordWhoseIndexIsOnlyInItsLowerBitsTheShipsIsLeftAlone) {
+  const TaggedValue index = ChangeBravoToLowerBitsOf(manta);
+  Remove({manta});
+  EXPECT_TRUE(stage.RecordOnDisk(bravo).Changed);
+  EXPECT_EQ(stage.RecordOnDisk(bravo).ChangedToIndex, index);
+}
+
+TEST_F(Removing, ARecordWhoseIndexIsOnlyInItsLowerBitsALaterShipsIsLeftAlone) {
+  const TaggedValue index = ChangeBravoToLowerBitsOf(colossus);
+  Remove({wraith});
+  EXPECT_TRUE(stage.RecordOnDisk(bravo).Changed);
+  EXPECT_EQ(stage.RecordOnDisk(bravo).ChangedToIndex, index);
+}
+
 TEST_F(Removing, SeveralAndAllAtOnce) {
   Remove({manta, colossus});
   EXPECT_EQ(stage.installation.ships.size(), 13U);

@@ -43,6 +43,14 @@ struct Removing : testing::Test {
     EXPECT_TRUE(SameImage(before, stage.Image()));
     EXPECT_EQ(stage.installation.ships, ships);
   }
+  /// Lets Bravo's record say that it is changed to a ship whose index is only in its lower 32 bits that of this one.
+  TaggedValue ChangeBravoToLowerBitsOf(int ship) {
+    ShipRecord& record = stage.Record(bravo);
+    record.Changed = true;
+    record.ChangedToIndex = {TaggedValue::real, 4294967296.0 + static_cast<double>(ship), {}};
+    PutShipRecord(stage.host.files, stage.files.programPath, stage.installation.ships, bravo);
+    return record.ChangedToIndex;
+  }
   [[nodiscard]] std::filesystem::path AddOn(const std::string& name) const {
     return stage.files.Program("addons/" + name);
   }

@@ -81,6 +81,15 @@ TEST_F(Renaming, ARecordThatIsNotChangedIsLeftAloneWhateverItsIndexSays) {
   EXPECT_EQ(stage.Record(bravo).ChangedToName.Trimmed(), "");
 }
 
+TEST_F(Renaming, ARecordWhoseIndexIsOnlyInItsLowerBitsTheShipsIsLeftAlone) {
+  stage.Record(bravo).Changed = true;
+  stage.Record(bravo).ChangedToIndex = {TaggedValue::real, 4294967296.0 + static_cast<double>(manta), {}};
+  PutShipRecord(stage.host.files, stage.files.programPath, stage.installation.ships, bravo);
+  EXPECT_TRUE(Rename(manta, "Ray"));
+  EXPECT_EQ(stage.Record(bravo).ChangedToName.Trimmed(), "");
+  EXPECT_EQ(stage.RecordOnDisk(bravo).ChangedToName.Trimmed(), "");
+}
+
 TEST_F(Renaming, AnUnswapAfterItPutsEverythingBack) {
   const FolderImage before = stage.Image();
   SwapShip(stage.swapDesk, "ALPHA", "MANTA");

@@ -224,6 +224,14 @@ TEST_F(Swapping, AStatisticsBlockThatTheFileDoesNotHaveSaysSo) {
   EXPECT_TRUE(SameBytes(before, Stats()));
 }
 
+TEST_F(Swapping, AStatisticsBlockOfMoreThan32BitsIsNoneOfTheFile) {
+  stage.Record(bravo).StatsIndex = {TaggedValue::real, 4294967296.0, {}};
+  const Bytes before = Stats();
+  stage.desk.ExpectBox("Error - invalid ship", "PutShipsStats");
+  ByName("ALPHA", "BRAVO");
+  EXPECT_TRUE(SameBytes(before, Stats()));
+}
+
 TEST_F(Swapping, NamesAreFoundTrimmedAndWithoutRegardToCase) {
   ByName("  aLPHA ", " manta");
   EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToName.Trimmed(), "Manta");
