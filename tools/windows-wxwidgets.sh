@@ -38,14 +38,23 @@ if [ -e "$folder/complete" ]; then
   exit 0
 fi
 
+# precompile OBJECT NAME: has the header that every file begins with compiled once, as this object's library uses it. That
+# more than halves the time, and wxWidgets does so itself for other compilers only.
+precompile() {
+  local command
+  command=$(make -n "$1" | grep -m 1 -- "-c -o $1 ") || return 1
+  command=${command##*bk-deps }
+  command=${command/-c -o $1 / }
+  mkdir -p ../source/include/wx/wxprec.h.gch
+  eval "${command% *} -x c++-header ../source/include/wx/wxprec.h -o ../source/include/wx/wxprec.h.gch/$2"
+}
+
 # make_it: unpacks, builds and installs; what it says goes into the log.
 make_it() {
-  local launcher=
-  if command -v ccache >/dev/null; then launcher="ccache "; fi
   debian_source wxwidgets3.2 "$version" "$folder.work" && mkdir "$folder.work/build" && cd "$folder.work/build" &&
-    ../source/configure --prefix="$folder" "${options[@]}" CC="$launcher$host-gcc-posix" CXX="$launcher$host-g++-posix" \
-      CFLAGS="$flags" CXXFLAGS="$flags" &&
-    make -j"$(nproc)" && make install
+    ../source/configure --prefix="$folder" "${options[@]}" CC="$host-gcc-posix" CXX="$host-g++-posix" \
+      CFLAGS="$flags" CXXFLAGS="$flags -DWX_PRECOMP" &&
+    precompile baselib_any.o base && precompile corelib_event.o core && make -j"$(nproc)" && make install
 }
 
 mkdir -p "$(cache_folder)"
