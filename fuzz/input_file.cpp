@@ -48,7 +48,7 @@ std::vector<std::uint8_t> ReadInput(const std::string& name) {
 }
 
 CountingHost::CountingHost() {
-  host.desk.showBox = [this](const MessageBox&) {
+  host.desk.showBox = [this](const Message&) {
     ++boxes;
     return Answer::ok;
   };

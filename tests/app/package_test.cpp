@@ -13,9 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* notFound = "Registy entries for StarLancer not found!";
-constexpr const char* gameKey = "Software\\Microsoft\\Microsoft Games\\StarLancer\\1.0\\";
-constexpr const char* appPaths = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Oravin.exe\\";
+constexpr const char* gameNotFound = "Registy entries for StarLancer not found!";
+constexpr const char* gamesKey = "Software\\Microsoft\\Microsoft Games\\StarLancer\\1.0\\";
+constexpr const char* programsKey = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\Oravin.exe\\";
 
 /// A machine on which a package was installed and nothing was started yet.
 struct Package : testing::Test {
@@ -27,7 +27,7 @@ struct Package : testing::Test {
   ~Package() override { fs::current_path("/"); }
 
   void RegisterGame() const {
-    ASSERT_TRUE(platform::RegWriteString(platform::localMachine, gameKey, "EXE Path", installation.gamePath));
+    ASSERT_TRUE(platform::RegWriteString(platform::localMachine, gamesKey, "EXE Path", installation.gamePath));
   }
   [[nodiscard]] fs::path User(const char* name) const { return machine.Native("home/data/oravin") / name; }
   [[nodiscard]] GivenFolders Places(bool offer = false) const {
@@ -92,7 +92,8 @@ TEST_F(Package, AFolderThatThePackageLaidOutItselfOnlyGetsWhatIsMissing) {
 
 TEST_F(Package, TheRegistrysProgramFolderGoesFirst) {
   RegisterGame();
-  ASSERT_TRUE(platform::RegWriteString(platform::localMachine, appPaths, "", installation.programPath + "Oravin.exe"));
+  ASSERT_TRUE(
+      platform::RegWriteString(platform::localMachine, programsKey, "", installation.programPath + "Oravin.exe"));
   Load(true);
   EXPECT_EQ(main.installation.ProgramPath, installation.programPath);
   EXPECT_FALSE(fs::exists(machine.Native("home")));
@@ -117,7 +118,7 @@ TEST_F(Package, AGivenProgramFolderGoesFirst) {
 
 TEST_F(Package, StandsInForARegisteredFolderThatIsGone) {
   RegisterGame();
-  ASSERT_TRUE(platform::RegWriteString(platform::localMachine, appPaths, "", machine.Windows("gone\\Oravin.exe")));
+  ASSERT_TRUE(platform::RegWriteString(platform::localMachine, programsKey, "", machine.Windows("gone\\Oravin.exe")));
   Load();
   EXPECT_EQ(main.installation.ProgramPath, programPath);
 }
@@ -151,7 +152,7 @@ TEST_F(Package, TheWindowOffersAShipListWhenTheGameWasFound) {
 }
 
 TEST_F(Package, TheWindowOffersAShipListAfterAskingForTheGame) {
-  desk.ExpectBox(notFound);
+  desk.ExpectBox(gameNotFound);
   desk.AnswerFolder(installation.gamePath);
   SaveTheDraft();
   Load(true);
@@ -163,7 +164,7 @@ TEST_F(Package, TheWindowOffersAShipListAfterAskingForTheGame) {
 TEST_F(Package, TheNextStartAsksNothing) {
   {
     Session first(installation, false);
-    first.desk.ExpectBox(notFound);
+    first.desk.ExpectBox(gameNotFound);
     first.desk.AnswerFolder(installation.gamePath);
     first.desk.AllowOthers([](const Message&) { return Answer::yes; });
     first.desk.OnForm([&first](const std::string&) { first.Press("ShipList.cmdSave"); });

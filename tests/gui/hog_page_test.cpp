@@ -14,7 +14,7 @@ namespace oravin::test {
 
 namespace {
 
-constexpr const char* list = "hog.hogList";
+constexpr const char* archiveList = "hog.hogList";
 constexpr const char* form = "FAT_Editor";
 constexpr std::size_t tableAt = 16;
 constexpr std::size_t nameInEntry = 8;
@@ -58,13 +58,13 @@ testing::AssertionResult MenuOpened(const Session& session) {
 }
 
 testing::AssertionResult Selected(const Session& session, const std::string& name) {
-  if (SelectRow(session, list, name)) return CaptionHolds(session, "hog.lblShown", " 1 selected");
+  if (SelectRow(session, archiveList, name)) return CaptionHolds(session, "hog.lblShown", " 1 selected");
   return testing::AssertionFailure() << "no row " << name;
 }
 
 /// Double-clicks on a row and waits for the form.
 testing::AssertionResult FormOpened(const Session& session, const std::string& name) {
-  const Json row = RowOf(session, list, name);
+  const Json row = RowOf(session, archiveList, name);
   if (row.is_null()) return testing::AssertionFailure() << "no row " << name;
   Click(session.desktop, MiddleOf(row["rectangle"]), 2);
   return FormIs(session, form);
@@ -97,7 +97,7 @@ TEST(HogPage, ButtonsFollowWhetherAnArchiveIsOpen) {
   ASSERT_TRUE(Becomes(session, "hog.cmdRestoreFAT", "enabled", true));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "hog_open"));
   ClickOn(session, "hog.cmdCloseHog");
-  ASSERT_TRUE(Becomes(session, list, "rowCount", 0));
+  ASSERT_TRUE(Becomes(session, archiveList, "rowCount", 0));
   for (const char* control : needOpen) EXPECT_EQ(Control(session, control)["enabled"], false) << control;
   EXPECT_EQ(Control(session, "hog.cmdRestoreFAT")["enabled"], false);
 }
@@ -132,9 +132,9 @@ TEST(HogPage, EntryIsRenamedInPlace) {
   PressKey(session.desktop, "Return");
   ASSERT_TRUE(FormIs(session, ""));
   EXPECT_TRUE(SameBytes(WithName(session.archive, tableAt, "FIRST.bak"), session.OnDisk()));
-  EXPECT_EQ(RowOf(session, list, "FIRST.bak")["texts"][3], "bak");
-  EXPECT_EQ(RowOf(session, list, "FIRST.bak")["selected"], true);
-  EXPECT_TRUE(FocusIs(session, list));
+  EXPECT_EQ(RowOf(session, archiveList, "FIRST.bak")["texts"][3], "bak");
+  EXPECT_EQ(RowOf(session, archiveList, "FIRST.bak")["selected"], true);
+  EXPECT_TRUE(FocusIs(session, archiveList));
 }
 
 TEST(HogPage, EscapeAndCancelWriteNothing) {
@@ -156,7 +156,7 @@ TEST(HogPage, MenuCopiesPastesAndShowsProperties) {
   const PageSession session;
   ASSERT_TRUE(SmallOpened(session));
   ASSERT_TRUE(Selected(session, "second.bin"));
-  const Json source = RowOf(session, list, "second.bin")["texts"];
+  const Json source = RowOf(session, archiveList, "second.bin")["texts"];
   ASSERT_TRUE(MenuOpened(session));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "hog_menu"));
   PressKey(session.desktop, "c");
@@ -169,8 +169,8 @@ TEST(HogPage, MenuCopiesPastesAndShowsProperties) {
   PressKey(session.desktop, "p");
   ASSERT_TRUE(BoxCame(session, "Do you want second.bin\nto stand in for first.txt?"));
   ASSERT_TRUE(AnswerBox(session, "alt+y"));
-  ASSERT_TRUE(Eventually([&] { return RowOf(session, list, "first.txt")["texts"][1] == source[1]; }));
-  EXPECT_EQ(RowOf(session, list, "first.txt")["texts"][2], source[2]);
+  ASSERT_TRUE(Eventually([&] { return RowOf(session, archiveList, "first.txt")["texts"][1] == source[1]; }));
+  EXPECT_EQ(RowOf(session, archiveList, "first.txt")["texts"][2], source[2]);
 
   ASSERT_TRUE(Selected(session, "sub\\third.wav"));
   ASSERT_TRUE(MenuOpened(session));
@@ -199,12 +199,12 @@ TEST(HogPage, RightClickSelectsTheRowAndBringsUpTheMenu) {
   const PageSession session;
   ASSERT_TRUE(SmallOpened(session));
   const int before = WindowsInSight(session.desktop, "Oravin");
-  RightClick(session.desktop, MiddleOf(RowOf(session, list, "second.bin")["rectangle"]));
+  RightClick(session.desktop, MiddleOf(RowOf(session, archiveList, "second.bin")["rectangle"]));
   ASSERT_TRUE(Eventually([&] { return WindowsInSight(session.desktop, "Oravin") > before; }));
   PressKey(session.desktop, "c");
   EXPECT_TRUE(CaptionHolds(session, "hog.lblFilePath", "Copied: the place of second.bin"));
   EXPECT_TRUE(Eventually([&] { return WindowsInSight(session.desktop, "Oravin") == before; })) << "one menu alone";
-  EXPECT_TRUE(FocusIs(session, list));
+  EXPECT_TRUE(FocusIs(session, archiveList));
 }
 
 TEST(HogPage, BackupAndRestoreByClick) {
@@ -220,7 +220,7 @@ TEST(HogPage, BackupAndRestoreByClick) {
   ClickOn(session, "hog.cmdRestoreFAT");
   ASSERT_TRUE(BoxCame(session, "Restoring the FAT table will overwrite any changes"));
   ASSERT_TRUE(AnswerBox(session, "Return"));
-  ASSERT_TRUE(Eventually([&] { return !RowOf(session, list, "first.txt").is_null(); }));
+  ASSERT_TRUE(Eventually([&] { return !RowOf(session, archiveList, "first.txt").is_null(); }));
   EXPECT_TRUE(SameBytes(session.archive, session.OnDisk()));
 }
 
@@ -256,11 +256,11 @@ TEST(HogPage, FirstBytesAreShownAndFoldedAway) {
   ASSERT_TRUE(Selected(session, "first.txt"));
   const std::string text = Control(session, "hog.txtFirstBytes")["text"];
   EXPECT_EQ(text.rfind("first.txt, stored\n0000   61 61 61", 0), 0U) << text;
-  const int height = Control(session, list)["rectangle"]["height"];
+  const int height = Control(session, archiveList)["rectangle"]["height"];
   PressKey(session.desktop, "alt+y");
   ASSERT_TRUE(Becomes(session, "hog.txtFirstBytes", "shown", false));
   ASSERT_TRUE(CaptionHolds(session, "hog.cmdFirstBytes", "Show first"));
-  EXPECT_TRUE(Eventually([&] { return Control(session, list)["rectangle"]["height"] > height; }));
+  EXPECT_TRUE(Eventually([&] { return Control(session, archiveList)["rectangle"]["height"] > height; }));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "hog_folded"));
   PressKey(session.desktop, "alt+y");
   ASSERT_TRUE(Becomes(session, "hog.txtFirstBytes", "shown", true));
@@ -271,9 +271,9 @@ TEST(HogPage, DroppedArchiveIsOpened) {
   const PageSession session;
   const Program files({OTHER_PROGRAM, "drag", session.hog.string()}, session.desktop.variables);
   ASSERT_TRUE(Eventually([&] { return ActiveWindowTitle(session.desktop) == "Files"; }));
-  Drag(session.desktop, {60, 70}, MiddleOf(Control(session, list)["rectangle"]));
+  Drag(session.desktop, {60, 70}, MiddleOf(Control(session, archiveList)["rectangle"]));
   EXPECT_TRUE(Becomes(session, "hog.txtHogPath", "text", session.folder.Windows("small.hog")));
-  EXPECT_TRUE(Becomes(session, list, "rowCount", 3));
+  EXPECT_TRUE(Becomes(session, archiveList, "rowCount", 3));
 }
 
 TEST(HogPage, LongTextsDoNotWidenTheWindow) {
@@ -285,7 +285,7 @@ TEST(HogPage, LongTextsDoNotWidenTheWindow) {
   ASSERT_TRUE(Opened(session, session.folder.Windows("wide.hog"), "1"));
   PressKey(session.desktop, "alt+s");
   ASSERT_TRUE(CaptionHolds(session, "hog.lblShown", " 1 selected"));
-  Click(session.desktop, MiddleOf(RowOf(session, list, name)["rectangle"]));
+  Click(session.desktop, MiddleOf(RowOf(session, archiveList, name)["rectangle"]));
   PressKey(session.desktop, "ctrl+c");
   ASSERT_TRUE(CaptionHolds(session, "hog.lblFilePath", "Copied: the place of nnn"));
   const Json layout = Layout(session);

@@ -14,7 +14,7 @@ namespace oravin::test {
 namespace {
 
 constexpr std::uint32_t factoryTextures = 426;
-constexpr const char* picture = "imports.preview.picture";
+constexpr const char* panelPicture = "imports.preview.picture";
 
 /// Bytes that make a picture which differs from row to row.
 Bytes Pixels(std::size_t count) {
@@ -116,16 +116,16 @@ TEST(ImportPanel, FighterIsImportedWithItsCompanion) {
 
 TEST(ImportPanel, BitmapIsShownOnceItsPathIsTyped) {
   const PanelSession session;
-  EXPECT_TRUE(Control(session, picture)["picture"].is_null());
+  EXPECT_TRUE(Control(session, panelPicture)["picture"].is_null());
   ASSERT_TRUE(Named(session, "colour.bmp", "mine"));
   ASSERT_TRUE(InfoIs(session, {"x Dim: 64", "y Dim: 32", "Depth: 3 bit", "Blocks: 1"}));
-  const Json place = Control(session, picture)["picture"];
+  const Json place = Control(session, panelPicture)["picture"];
   ASSERT_FALSE(place.is_null());
   EXPECT_NEAR(place["width"].get<int>(), 2 * place["height"].get<int>(), 1);
   ClickOn(session, "imports.preview.chkFitted");
-  EXPECT_TRUE(Eventually([&] { return Control(session, picture)["picture"]["width"] == 64; }));
+  EXPECT_TRUE(Eventually([&] { return Control(session, panelPicture)["picture"]["width"] == 64; }));
   ASSERT_TRUE(Named(session, "none.bmp", "mine"));
-  EXPECT_TRUE(Becomes(session, picture, "picture", nullptr));
+  EXPECT_TRUE(Becomes(session, panelPicture, "picture", nullptr));
   EXPECT_EQ(Layout(session)["boxes"], 0);
 }
 
@@ -166,7 +166,7 @@ TEST(ImportPanel, SmallWindowHasRoomForIt) {
   ASSERT_TRUE(Named(session, "palette.bmp", "mine"));
   ASSERT_TRUE(InfoIs(session, {"x Dim: 64", "y Dim: 64", "Depth: 1 bit", "Blocks: 1"}));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "import_small"));
-  EXPECT_GT(Control(session, picture)["picture"]["height"], 150);
+  EXPECT_GT(Control(session, panelPicture)["picture"]["height"], 150);
 }
 
 }  // namespace oravin::test

@@ -15,12 +15,12 @@ namespace oravin::test {
 
 namespace {
 
-constexpr const char* list = "tcache.lstTcache";
+constexpr const char* textures = "tcache.lstTcache";
 constexpr const char* thumbnails = "tcache.thumbnails";
-constexpr const char* picture = "tcache.preview.picture";
+constexpr const char* preview = "tcache.preview.picture";
 constexpr const char* what = "tcache.preview.lblPreview";
 
-enum Column : std::size_t { nameColumn, sizeColumn, depthColumn, imagesColumn };
+enum TcacheColumn : std::size_t { tcacheNameColumn, tcacheSizeColumn, tcacheDepthColumn, tcacheImagesColumn };
 
 struct TcacheSession : Session {
   TcacheSession() : cache(sample.game / "tcachehw.dat"), before(ReadFileAt(cache)) {
@@ -97,7 +97,7 @@ Point ThumbnailOf(const Session& session, const std::string& name) {
 
 /// How many pixels of the preview differ from those that an image program shows of a bitmap.
 std::string DifferentPixels(const TcacheSession& session, const std::string& screenshot, const std::string& bitmap) {
-  const Json place = Control(session, picture)["picture"];
+  const Json place = Control(session, preview)["picture"];
   const auto number = [&](const char* name) { return std::to_string(place[name].get<int>()); };
   const std::string shot = ScreenshotPath(screenshot);
   const std::string cut = session.folder.Native("cut.png").string();
@@ -116,26 +116,26 @@ TEST(TcachePage, ButtonsFollowWhetherACacheIsOpen) {
                                                "tcache.cmdSelectAllTcache", "tcache.cmdSelectNoneTcache"};
   for (const char* control : needOpen) EXPECT_EQ(Control(session, control)["enabled"], true) << control;
   EXPECT_EQ(Control(session, "tcache.cmdOpenTcache")["enabled"], false);
-  EXPECT_EQ(Control(session, list)["rowCount"], 426);
-  const Json first = Control(session, list)["rows"][0]["texts"];
+  EXPECT_EQ(Control(session, textures)["rowCount"], 426);
+  const Json first = Control(session, textures)["rows"][0]["texts"];
   EXPECT_EQ(first, Json({"cockpit01", "128 x 128", "8-bit", "7 images"}));
   EXPECT_TRUE(CaptionHolds(session, "tcache.lblTcacheSize", " byte(s)"));
   EXPECT_TRUE(CaptionHolds(session, "tcache.lblTcachePath", "\\StarLancer\\tcachehw.dat"));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "tcache_open"));
   ClickOn(session, "tcache.cmdCloseTcache");
-  ASSERT_TRUE(Becomes(session, list, "rowCount", 0));
+  ASSERT_TRUE(Becomes(session, textures, "rowCount", 0));
   for (const char* control : needOpen) EXPECT_EQ(Control(session, control)["enabled"], false) << control;
   EXPECT_EQ(Control(session, "tcache.lblTcacheStructs")["caption"], "");
   PressKey(session.desktop, "alt+f");
   ASSERT_TRUE(FocusIs(session, "tcache.txtTcacheSource"));
   PressKey(session.desktop, "Return");
-  EXPECT_TRUE(Becomes(session, list, "rowCount", 426)) << "Enter in the path's box opens the cache";
+  EXPECT_TRUE(Becomes(session, textures, "rowCount", 426)) << "Enter in the path's box opens the cache";
 }
 
 TEST(TcachePage, PreviewStepsThroughTheImages) {
   const TcacheSession session;
-  EXPECT_TRUE(Control(session, picture)["picture"].is_null());
-  ASSERT_TRUE(SelectRow(session, list, "gcockpit02"));
+  EXPECT_TRUE(Control(session, preview)["picture"].is_null());
+  ASSERT_TRUE(SelectRow(session, textures, "gcockpit02"));
   ASSERT_TRUE(CaptionHolds(session, what, "gcockpit02, image 1 of 7: 128 x 128"));
   EXPECT_EQ(Control(session, "tcache.preview.cmdLargerImage")["enabled"], false);
   ClickOn(session, "tcache.preview.cmdSmallerImage");
@@ -145,28 +145,28 @@ TEST(TcachePage, PreviewStepsThroughTheImages) {
   EXPECT_TRUE(SaveScreenshot(session.desktop, "tcache_smaller"));
   ClickOn(session, "tcache.preview.cmdLargerImage");
   ASSERT_TRUE(CaptionHolds(session, what, "image 2 of 7: 64 x 64"));
-  ASSERT_TRUE(SelectRow(session, list, "squad01"));
+  ASSERT_TRUE(SelectRow(session, textures, "squad01"));
   EXPECT_TRUE(CaptionHolds(session, what, "squad01, image 1 of 1: 64 x 64"));
   EXPECT_EQ(Control(session, "tcache.preview.cmdSmallerImage")["enabled"], false);
 }
 
 TEST(TcachePage, PreviewIsFittedOrPixelByPixel) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   ASSERT_TRUE(CaptionHolds(session, what, "cockpit01"));
-  const Json pane = Control(session, picture)["rectangle"];
-  const Json fitted = Control(session, picture)["picture"];
+  const Json pane = Control(session, preview)["rectangle"];
+  const Json fitted = Control(session, preview)["picture"];
   EXPECT_EQ(fitted["width"], std::min(pane["width"], pane["height"]));
   EXPECT_EQ(fitted["width"], fitted["height"]);
   ClickOn(session, "tcache.preview.chkFitted");
-  ASSERT_TRUE(Eventually([&] { return Control(session, picture)["picture"]["width"] == 128; }));
-  EXPECT_EQ(Control(session, picture)["picture"]["height"], 128);
+  ASSERT_TRUE(Eventually([&] { return Control(session, preview)["picture"]["width"] == 128; }));
+  EXPECT_EQ(Control(session, preview)["picture"]["height"], 128);
   ResizeWindow(session.desktop, session.frame, 1200, 900);
-  ASSERT_TRUE(Eventually([&] { return Control(session, picture)["rectangle"] != pane; }));
-  EXPECT_EQ(Control(session, picture)["picture"]["width"], 128);
+  ASSERT_TRUE(Eventually([&] { return Control(session, preview)["rectangle"] != pane; }));
+  EXPECT_EQ(Control(session, preview)["picture"]["width"], 128);
   ClickOn(session, "tcache.preview.chkFitted");
   EXPECT_TRUE(Eventually([&] {
-    const Json control = Control(session, picture);
+    const Json control = Control(session, preview);
     return control["picture"]["width"] == std::min(control["rectangle"]["width"], control["rectangle"]["height"]);
   }));
 }
@@ -175,16 +175,16 @@ TEST(TcachePage, PreviewShowsWhatAnImageProgramShowsOfTheExtractedBitmap) {
   const TcacheSession session;
   ClickOn(session, "tcache.preview.chkFitted");
   for (const char* name : {"cockpit03", "gcockpit03"}) {
-    ASSERT_TRUE(SelectRow(session, list, name));
+    ASSERT_TRUE(SelectRow(session, textures, name));
     ASSERT_TRUE(CaptionHolds(session, what, std::string(name) + ", "));
     ASSERT_TRUE(Extracted(session));
     ASSERT_TRUE(SaveScreenshot(session.desktop, "tcache_one_to_one"));
     EXPECT_EQ(DifferentPixels(session, "tcache_one_to_one", std::string(name) + ".bmp"), "0") << name;
   }
-  ClickHeading(session, list, depthColumn);
-  ASSERT_TRUE(Eventually([&] { return Control(session, list)["rows"][0]["texts"][2] == "16-bit"; }));
-  const std::string name = Control(session, list)["rows"][0]["texts"][0];
-  ASSERT_TRUE(SelectRow(session, list, name));
+  ClickHeading(session, textures, tcacheDepthColumn);
+  ASSERT_TRUE(Eventually([&] { return Control(session, textures)["rows"][0]["texts"][2] == "16-bit"; }));
+  const std::string name = Control(session, textures)["rows"][0]["texts"][0];
+  ASSERT_TRUE(SelectRow(session, textures, name));
   ASSERT_TRUE(CaptionHolds(session, what, name + ", "));
   ASSERT_TRUE(Extracted(session));
   ASSERT_TRUE(SaveScreenshot(session.desktop, "tcache_one_to_one_16"));
@@ -193,12 +193,12 @@ TEST(TcachePage, PreviewShowsWhatAnImageProgramShowsOfTheExtractedBitmap) {
 
 TEST(TcachePage, HeadingsSortAndTheRowsKeepTheirTextures) {
   const TcacheSession session;
-  ClickHeading(session, list, imagesColumn);
-  ASSERT_TRUE(Becomes(session, list, "sorted", {{"column", 3}, {"descending", false}}));
-  const Json rows = Control(session, list)["rows"];
+  ClickHeading(session, textures, tcacheImagesColumn);
+  ASSERT_TRUE(Becomes(session, textures, "sorted", {{"column", 3}, {"descending", false}}));
+  const Json rows = Control(session, textures)["rows"];
   ASSERT_EQ(rows[0]["texts"][3], "1 images");
   const std::string first = rows[0]["texts"][0];
-  ASSERT_TRUE(SelectRow(session, list, first));
+  ASSERT_TRUE(SelectRow(session, textures, first));
   ASSERT_TRUE(Extracted(session));
   EXPECT_TRUE(std::filesystem::exists(session.folder.Native("out/" + first + ".bmp")));
   EXPECT_EQ(ImageOf(session.folder.Native("out")).size(), 1U);
@@ -206,9 +206,9 @@ TEST(TcachePage, HeadingsSortAndTheRowsKeepTheirTextures) {
 
 TEST(TcachePage, TwoSelectedTexturesAreExtracted) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
-  ClickHolding(session.desktop, MiddleOf(RowOf(session, list, "cockpit02")["rectangle"]), "ctrl");
-  ASSERT_TRUE(SelectedBecome(session, list, {"cockpit01", "cockpit02"}));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
+  ClickHolding(session.desktop, MiddleOf(RowOf(session, textures, "cockpit02")["rectangle"]), "ctrl");
+  ASSERT_TRUE(SelectedBecome(session, textures, {"cockpit01", "cockpit02"}));
   ASSERT_TRUE(Extracted(session));
   const auto files = ImageOf(session.folder.Native("out"));
   EXPECT_EQ(files.size(), 2U);
@@ -220,34 +220,34 @@ TEST(TcachePage, TwoSelectedTexturesAreExtracted) {
 
 TEST(TcachePage, NameIsEditedInItsPlace) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "gcockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "gcockpit01"));
   PressKey(session.desktop, "F2");
   ASSERT_TRUE(NameIsOpen(session));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "tcache_rename"));
   WriteName(session, "another", "Return");
-  ASSERT_TRUE(Eventually([&] { return !RowOf(session, list, "another").is_null(); }));
-  ASSERT_TRUE(Becomes(session, list, "rowCount", 426));
+  ASSERT_TRUE(Eventually([&] { return !RowOf(session, textures, "another").is_null(); }));
+  ASSERT_TRUE(Becomes(session, textures, "rowCount", 426));
   EXPECT_EQ(NameInSlot(session.Now(), 1), "another");
-  EXPECT_EQ(RowOf(session, list, "another")["selected"], true);
-  EXPECT_TRUE(FocusIs(session, list));
+  EXPECT_EQ(RowOf(session, textures, "another")["selected"], true);
+  EXPECT_TRUE(FocusIs(session, textures));
 }
 
 TEST(TcachePage, NameThatIsTakenGoesBack) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   PressKey(session.desktop, "F2");
   ASSERT_TRUE(NameIsOpen(session));
   WriteName(session, "SQUAD01", "Return");
   ASSERT_TRUE(BoxCame(session, "Name already exists"));
   ASSERT_TRUE(AnswerBox(session, "Return"));
-  EXPECT_FALSE(RowOf(session, list, "cockpit01").is_null());
-  EXPECT_TRUE(RowOf(session, list, "SQUAD01").is_null());
+  EXPECT_FALSE(RowOf(session, textures, "cockpit01").is_null());
+  EXPECT_TRUE(RowOf(session, textures, "SQUAD01").is_null());
   EXPECT_TRUE(session.Now() == session.before);
 }
 
 TEST(TcachePage, EscapeAndAnUnchangedNameWriteNothing) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   PressKey(session.desktop, "F2");
   ASSERT_TRUE(NameIsOpen(session));
   WriteName(session, "other", "Escape");
@@ -255,35 +255,36 @@ TEST(TcachePage, EscapeAndAnUnchangedNameWriteNothing) {
   ASSERT_TRUE(NameIsOpen(session));
   PressKey(session.desktop, "Return");
   PressKey(session.desktop, "Down");
-  ASSERT_TRUE(SelectedBecome(session, list, {"gcockpit01"}));
+  ASSERT_TRUE(SelectedBecome(session, textures, {"gcockpit01"}));
   EXPECT_EQ(Layout(session)["boxes"], 0);
-  EXPECT_FALSE(RowOf(session, list, "cockpit01").is_null());
+  EXPECT_FALSE(RowOf(session, textures, "cockpit01").is_null());
   EXPECT_TRUE(session.Now() == session.before);
 }
 
 TEST(TcachePage, SecondClickOnANameEditsIt) {
   const TcacheSession session;
-  const Json row = RowOf(session, list, "cockpit02")["rectangle"];
+  const Json row = RowOf(session, textures, "cockpit02")["rectangle"];
   const Point name{row["x"].get<int>() + 20, MiddleOf(row).y};
   Click(session.desktop, name);
-  ASSERT_TRUE(SelectedBecome(session, list, {"cockpit02"}));
+  ASSERT_TRUE(SelectedBecome(session, textures, {"cockpit02"}));
   ASSERT_TRUE(CaptionHolds(session, what, "cockpit02"));
   std::this_thread::sleep_for(std::chrono::seconds(1));  // two quick clicks are a double click
   Click(session.desktop, name);
   ASSERT_TRUE(NameIsOpen(session));
   WriteName(session, "clicked", "Return");
-  ASSERT_TRUE(Eventually([&] { return !RowOf(session, list, "clicked").is_null(); }));
+  ASSERT_TRUE(Eventually([&] { return !RowOf(session, textures, "clicked").is_null(); }));
   EXPECT_EQ(NameInSlot(session.Now(), 2), "clicked");
 }
 
 TEST(TcachePage, AllAreSelectedByKey) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   PressKey(session.desktop, "ctrl+a");
-  ASSERT_TRUE(Eventually([&] { return SelectedNames(session, list).size() == Control(session, list)["rows"].size(); }));
+  ASSERT_TRUE(
+      Eventually([&] { return SelectedNames(session, textures).size() == Control(session, textures)["rows"].size(); }));
   ClickOn(session, "tcache.cmdSelectNoneTcache");
-  ASSERT_TRUE(SelectedBecome(session, list, {}));
-  EXPECT_TRUE(Becomes(session, picture, "picture", nullptr));
+  ASSERT_TRUE(SelectedBecome(session, textures, {}));
+  EXPECT_TRUE(Becomes(session, preview, "picture", nullptr));
 }
 
 TEST(TcachePage, EnterAndDoubleClickOpenTheTextureInThePaintProgram) {
@@ -294,11 +295,11 @@ TEST(TcachePage, EnterAndDoubleClickOpenTheTextureInThePaintProgram) {
   WriteFileAt(paint, "#!/bin/sh\nprintf '[%s]' \"$@\" >> '" + called.string() + "'\n");
   permissions(paint, std::filesystem::perms::owner_all);
   const std::string call = "[" + bitmap.string() + "]";
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   PressKey(session.desktop, "Return");
   ASSERT_TRUE(Eventually([&] { return std::filesystem::exists(called) && ReadTextAt(called) == call; }));
   const Bytes first = ReadFileAt(bitmap);
-  Click(session.desktop, MiddleOf(RowOf(session, list, "cockpit02")["rectangle"]), 2);
+  Click(session.desktop, MiddleOf(RowOf(session, textures, "cockpit02")["rectangle"]), 2);
   ASSERT_TRUE(Eventually([&] { return ReadTextAt(called) == call + call; }));
   const Bytes second = ReadFileAt(bitmap);
   EXPECT_FALSE(first == second);
@@ -313,11 +314,11 @@ TEST(TcachePage, EnterAndDoubleClickOpenTheTextureInThePaintProgram) {
 
 TEST(TcachePage, RestoreAsksFirst) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   PressKey(session.desktop, "F2");
   ASSERT_TRUE(NameIsOpen(session));
   WriteName(session, "renamed", "Return");
-  ASSERT_TRUE(Eventually([&] { return !RowOf(session, list, "renamed").is_null(); }));
+  ASSERT_TRUE(Eventually([&] { return !RowOf(session, textures, "renamed").is_null(); }));
   const Bytes renamed = session.Now();
   ClickOn(session, "tcache.cmdRestoreTCACHE");
   ASSERT_TRUE(BoxCame(session, "Are you sure that you want to do this?"));
@@ -342,13 +343,13 @@ TEST(TcachePage, ChangedCacheIsToldAndOpenedAgain) {
   EXPECT_TRUE(SaveScreenshot(session.desktop, "tcache_changed"));
   ClickOn(session, "tcache.cmdReopenTcache");
   ASSERT_TRUE(Becomes(session, "tcache.lblTcacheStatus", "shown", false));
-  EXPECT_FALSE(RowOf(session, list, "patchit01").is_null());
+  EXPECT_FALSE(RowOf(session, textures, "patchit01").is_null());
 }
 
 TEST(TcachePage, ThumbnailsAreShownAndSelectedByMouse) {
   const TcacheSession session;
   ASSERT_TRUE(ThumbnailsShown(session));
-  EXPECT_EQ(Control(session, list)["shown"], false);
+  EXPECT_EQ(Control(session, textures)["shown"], false);
   Click(session.desktop, ThumbnailOf(session, "gcockpit01"));
   ASSERT_TRUE(SelectedBecome(session, thumbnails, {"gcockpit01"}));
   EXPECT_TRUE(CaptionHolds(session, what, "gcockpit01, image 1 of 7"));
@@ -358,15 +359,15 @@ TEST(TcachePage, ThumbnailsAreShownAndSelectedByMouse) {
   ASSERT_TRUE(SelectedBecome(session, thumbnails, {"gcockpit01", "gcockpit02"}));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "tcache_thumbnails"));
   ClickOn(session, "tcache.chkThumbnails");
-  ASSERT_TRUE(Becomes(session, list, "shown", true));
-  EXPECT_TRUE(SelectedBecome(session, list, {"gcockpit01", "gcockpit02"}));
+  ASSERT_TRUE(Becomes(session, textures, "shown", true));
+  EXPECT_TRUE(SelectedBecome(session, textures, {"gcockpit01", "gcockpit02"}));
   ASSERT_TRUE(Extracted(session));
   EXPECT_EQ(ImageOf(session.folder.Native("out")).size(), 2U);
 }
 
 TEST(TcachePage, ThumbnailsAreWalkedByKeyboard) {
   const TcacheSession session;
-  ASSERT_TRUE(SelectRow(session, list, "cockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
   ASSERT_TRUE(ThumbnailsShown(session));
   EXPECT_TRUE(SelectedBecome(session, thumbnails, {"cockpit01"}));
   PressKey(session.desktop, "Tab");
@@ -398,9 +399,9 @@ TEST(TcachePage, ThumbnailsAreWalkedByKeyboard) {
 
 TEST(TcachePage, ThumbnailsFollowTheOrderAndTheCache) {
   const TcacheSession session;
-  ClickHeading(session, list, nameColumn);
-  ASSERT_TRUE(Becomes(session, list, "sorted", {{"column", 0}, {"descending", false}}));
-  const std::string first = Control(session, list)["rows"][0]["texts"][0];
+  ClickHeading(session, textures, tcacheNameColumn);
+  ASSERT_TRUE(Becomes(session, textures, "sorted", {{"column", 0}, {"descending", false}}));
+  const std::string first = Control(session, textures)["rows"][0]["texts"][0];
   ASSERT_TRUE(ThumbnailsShown(session));
   EXPECT_EQ(Control(session, thumbnails)["rows"][0]["texts"][0], first);
   ClickOn(session, "tcache.cmdCloseTcache");
@@ -412,7 +413,7 @@ TEST(TcachePage, SmallWindowKeepsEverythingInPlace) {
   const TcacheSession session;
   ResizeWindow(session.desktop, session.frame, 900, 560);
   ASSERT_TRUE(Eventually([&] { return Layout(session)["client"]["width"] == 900; }));
-  ASSERT_TRUE(SelectRow(session, list, "gcockpit01"));
+  ASSERT_TRUE(SelectRow(session, textures, "gcockpit01"));
   ASSERT_TRUE(CaptionHolds(session, what, "gcockpit01"));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "tcache_small"));
   ASSERT_TRUE(ThumbnailsShown(session));

@@ -26,7 +26,7 @@ struct Extracting : HogTabStage {
   const std::string text = "a text that repeats, repeats, repeats, repeats itself";
 };
 
-FolderImage Files(const std::vector<std::pair<std::string, std::string>>& files) {
+FolderImage FilesOf(const std::vector<std::pair<std::string, std::string>>& files) {
   FolderImage image;
   for (const auto& [name, content] : files) {
     for (std::size_t slash = name.find('/'); slash != std::string::npos; slash = name.find('/', slash + 1)) {
@@ -43,7 +43,7 @@ TEST_F(Extracting, WritesTheSelectedEntriesAsTheyAreStored) {
   Select({0, 1, 3});
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a.txt", "stored"}, {"b.txt", TextOf(packed.bytes)}, {"empty", ""}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a.txt", "stored"}, {"b.txt", TextOf(packed.bytes)}, {"empty", ""}}), Extracted()));
   EXPECT_EQ(tab.lblHogFiles.caption, "3 file(s)");
   EXPECT_EQ(tab.filesExtracted, 3U);
 }
@@ -76,7 +76,7 @@ TEST_F(Extracting, TheDestinationGetsItsBackslash) {
   ExpectComplete();
   Extract();
   EXPECT_EQ(tab.txtHogDest.text, destination);
-  EXPECT_TRUE(SameImage(Files({{"a.txt", "x"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a.txt", "x"}}), Extracted()));
 }
 
 TEST_F(Extracting, ProgressNamesEachFile) {
@@ -99,7 +99,7 @@ TEST_F(Extracting, UnpacksCompressedEntriesToExactlyTheirSize) {
   cmdSelectAll_Click(tab);
   ExpectUnpackComplete();
   Unpack();
-  EXPECT_TRUE(SameImage(Files({{"a.txt", text}, {"empty.txt", ""}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a.txt", text}, {"empty.txt", ""}}), Extracted()));
   EXPECT_EQ(tab.lblHogFiles.caption, "2 file(s)");
 }
 
@@ -109,7 +109,7 @@ TEST_F(Extracting, AStoredEntryIsAskedAboutAndYesWritesItsExactBytes) {
   ExpectQuestionAbout("a.txt", Answer::yes);
   ExpectUnpackComplete();
   Unpack();
-  EXPECT_TRUE(SameImage(Files({{"a.txt", "stored"}, {"b.txt", text}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a.txt", "stored"}, {"b.txt", text}}), Extracted()));
 }
 
 TEST_F(Extracting, UnpackingAStoredEntryAndAnsweringNoLeavesNoDestinationFile) {
@@ -118,7 +118,7 @@ TEST_F(Extracting, UnpackingAStoredEntryAndAnsweringNoLeavesNoDestinationFile) {
   ExpectQuestionAbout("sub\\a.txt", Answer::no);
   ExpectUnpackComplete();
   Unpack();
-  EXPECT_TRUE(SameImage(Files({{"b.txt", text}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"b.txt", text}}), Extracted()));
   EXPECT_EQ(tab.lblHogFiles.caption, "1 file(s)");
 }
 
@@ -128,7 +128,7 @@ TEST_F(Extracting, CancelEndsTheUnpacking) {
   ExpectQuestionAbout("b.txt", Answer::cancel);
   stage.desk.ExpectBox("Exiting unpack / extract function", programTitle, Icon::none);
   Unpack();
-  EXPECT_TRUE(SameImage(Files({{"a.txt", text}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a.txt", text}}), Extracted()));
 }
 
 TEST_F(Extracting, AnEntryOfOneByteIsStored) {
@@ -138,7 +138,7 @@ TEST_F(Extracting, AnEntryOfOneByteIsStored) {
   ExpectQuestionAbout("b", Answer::yes);
   ExpectUnpackComplete();
   Unpack();
-  EXPECT_TRUE(SameImage(Files({{"a", "\x10"}, {"b", "\xFB"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", "\x10"}, {"b", "\xFB"}}), Extracted()));
 }
 
 TEST_F(Extracting, FilesComeInTheListsOrder) {
@@ -150,7 +150,7 @@ TEST_F(Extracting, FilesComeInTheListsOrder) {
   ExpectNotWritten("a.txt: another file of the same name was extracted before it");
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"A.TXT", "3"}, {"b.txt", "2"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"A.TXT", "3"}, {"b.txt", "2"}}), Extracted()));
 }
 
 TEST_F(Extracting, FoldersAreKeptAndMadeWhereTheyAreMissing) {
@@ -160,7 +160,7 @@ TEST_F(Extracting, FoldersAreKeptAndMadeWhereTheyAreMissing) {
   ExpectComplete();
   Extract();
   EXPECT_TRUE(
-      SameImage(Files({{"Ships/new/a.shp", "1"}, {"Ships/new/b.shp", "2"}, {"Ships/c.shp", "3"}}), Extracted()));
+      SameImage(FilesOf({{"Ships/new/a.shp", "1"}, {"Ships/new/b.shp", "2"}, {"Ships/c.shp", "3"}}), Extracted()));
 }
 
 TEST_F(Extracting, AFileThatIsThereIsReplacedUnderItsSpelling) {
@@ -169,7 +169,7 @@ TEST_F(Extracting, AFileThatIsThereIsReplacedUnderItsSpelling) {
   cmdSelectAll_Click(tab);
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"README.TXT", "new"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"README.TXT", "new"}}), Extracted()));
 }
 
 TEST_F(Extracting, NamesThatDifferOnlyInCaseAreReported) {
@@ -180,7 +180,7 @@ TEST_F(Extracting, NamesThatDifferOnlyInCaseAreReported) {
       "a.txt: another file of the same name was extracted before it");
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a.txt", "1"}, {"b.txt", "4"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a.txt", "1"}, {"b.txt", "4"}}), Extracted()));
 }
 
 TEST_F(Extracting, ANameThatIsAFolderOfAnotherIsReported) {
@@ -189,7 +189,7 @@ TEST_F(Extracting, ANameThatIsAFolderOfAnotherIsReported) {
   ExpectNotWritten("A\\b: a file that was extracted before bears its folder's name\nC: a folder bears its name");
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a", "1"}, {"c/d", "3"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", "1"}, {"c/d", "3"}}), Extracted()));
 }
 
 TEST_F(Extracting, WhatLiesInTheDestinationAlreadyIsNotMistaken) {
@@ -200,7 +200,7 @@ TEST_F(Extracting, WhatLiesInTheDestinationAlreadyIsNotMistaken) {
   ExpectNotWritten("ships\\a: a file bears its folder's name\nREADME: a folder bears its name");
   ExpectComplete();
   Extract();
-  FolderImage expected = Files({{"b", "3"}, {"ships", "a file"}});
+  FolderImage expected = FilesOf({{"b", "3"}, {"ships", "a file"}});
   expected["readme/"] = {};
   EXPECT_TRUE(SameImage(expected, Extracted()));
 }
@@ -213,7 +213,7 @@ TEST_F(Extracting, AReadOnlyFileIsLeftAndReported) {
   ExpectNotWritten("a: there is a file of its name, and it is read-only");
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a", "old"}, {"b", "2"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", "old"}, {"b", "2"}}), Extracted()));
 }
 
 TEST_F(Extracting, NamesThatWouldLeaveTheDestinationAreListedAndTheOthersExtracted) {
@@ -228,7 +228,7 @@ TEST_F(Extracting, NamesThatWouldLeaveTheDestinationAreListedAndTheOthersExtract
       "sub\\..\\..\\evil: it would leave the destination");
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a", "2"}, {"b", "10"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", "2"}, {"b", "10"}}), Extracted()));
   EXPECT_TRUE(SameImage(Without(before, {"out/"}), Without(stage.Image(), {"out/"})));
   EXPECT_EQ(tab.lblHogFiles.caption, "2 file(s)");
 }
@@ -262,7 +262,7 @@ TEST_F(Extracting, AnEntryThatLiesPastTheArchivesEndEndsItAndWhatWasWrittenStays
   stage.desk.ExpectBox("Error - could not extract b: its place in the archive lies past that file's end",
                        "cmdExtract_Click()");
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a", "1"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", "1"}}), Extracted()));
   EXPECT_EQ(tab.filesExtracted, 1U);
 }
 
@@ -273,7 +273,7 @@ TEST_F(Extracting, AStreamThatEndsEarlyEndsItWithoutAHalfWrittenFile) {
   Out("b", "an older one");
   stage.desk.ExpectBox("Error - could not unpack b: its compressed data end too early", "cmdUnpackExtract_Click()");
   Unpack();
-  EXPECT_TRUE(SameImage(Files({{"a", text}, {"b", "an older one"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", text}, {"b", "an older one"}}), Extracted()));
 }
 
 TEST_F(Extracting, ASignatureAloneIsTooShort) {
@@ -292,7 +292,7 @@ TEST_F(Extracting, OverlappingEntriesAreEachWrittenWhole) {
   cmdSelectAll_Click(tab);
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"a", "0123456789"}, {"b", "3456"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"a", "0123456789"}, {"b", "3456"}}), Extracted()));
 }
 
 TEST_F(Extracting, ALongNameIsShownShortened) {
@@ -302,7 +302,7 @@ TEST_F(Extracting, ALongNameIsShownShortened) {
   ExpectNotWritten(std::string(58, 'n') + "..." + std::string(58, 'n') + ": its name is too long");
   ExpectComplete();
   Extract();
-  EXPECT_TRUE(SameImage(Files({{"b", "2"}}), Extracted()));
+  EXPECT_TRUE(SameImage(FilesOf({{"b", "2"}}), Extracted()));
 }
 
 TEST_F(Extracting, AStopLeavesWhatIsWholeAndNoHalfWrittenFile) {
@@ -373,7 +373,7 @@ TEST_F(Extracting, WhereverTheProcessStopsNoFileOfTheDestinationIsHalfWritten) {
     Open({Stored("a", "new a"), Stored("b", "new b")});
     cmdSelectAll_Click(tab);
     Extract();
-    EXPECT_TRUE(SameImage(Files({{"a", "new a"}, {"b", "new b"}}), Extracted())) << fault.what;
+    EXPECT_TRUE(SameImage(FilesOf({{"a", "new a"}, {"b", "new b"}}), Extracted())) << fault.what;
   });
 }
 

@@ -10,7 +10,7 @@
 namespace oravin::test {
 namespace {
 
-constexpr const char* trapTitle = "lstImported_AfterLabelEdit()";
+constexpr const char* renameTrap = "lstImported_AfterLabelEdit()";
 
 struct Renaming : testing::Test {
   bool Rename(int ship, const std::string& name) { return RenameImported(stage.host, stage.installation, ship, name); }
@@ -196,13 +196,13 @@ TEST_F(Renaming, ADamagedListRefusesIt) {
   ExpectRefused(
       manta, "Ray",
       "Error - could not read " + stage.files.programPath + "shipsData.txt: \"nonsense\" is no number (line 2)",
-      trapTitle);
+      renameTrap);
 }
 
 TEST_F(Renaming, WithoutTheCatalogueItSaysSoAndTouchesNothing) {
   std::filesystem::remove(stage.files.Program("ships.dat"));
   const FolderImage before = stage.Image();
-  stage.desk.ExpectBox("Error - ships.dat not found - Reinstall", trapTitle);
+  stage.desk.ExpectBox("Error - ships.dat not found - Reinstall", renameTrap);
   EXPECT_FALSE(Rename(manta, "Ray"));
   EXPECT_TRUE(SameImage(before, stage.Image()));
 }

@@ -17,7 +17,7 @@ using test::Mapped;
 using test::Pattern;
 using test::SameBytes;
 
-std::string Taken(const std::string& name) {
+std::string IsTaken(const std::string& name) {
   return "A texture with the name of '" + name + "' already exists.\nUnable to import.";
 }
 
@@ -103,7 +103,7 @@ TEST_F(TheBatch, ShowsTheNameMessageForAnotherPictureInAUserSlot) {
   const Bytes before = Now();
   ASSERT_TRUE(Begin());
   for (const char* file : {"other.bmp", "16.bmp", "24.bmp"}) {
-    at.desk.ExpectBox(Taken("Hull"));
+    at.desk.ExpectBox(IsTaken("Hull"));
     EXPECT_EQ(Add("Hull", file), AddedTexture::nameTaken) << file;
   }
   CommitTextures(at.host.files, batch);
@@ -114,7 +114,7 @@ TEST_F(TheBatch, TellsImagesOfOtherSizesApartThatHaveTheSameBytes) {
   Make(After8(Cache(426), "hull"));
   Write("turned.bmp", Bitmap(4, 8, 8, Pattern(32)));
   ASSERT_TRUE(Begin());
-  at.desk.ExpectBox(Taken("hull"));
+  at.desk.ExpectBox(IsTaken("hull"));
   EXPECT_EQ(Add("hull", "turned.bmp"), AddedTexture::nameTaken);
 }
 
@@ -131,7 +131,7 @@ TEST_F(TheBatch, ShowsTheNameMessageForAFactoryTextureUnderBothRules) {
   Make(before);
   ASSERT_TRUE(Begin());
   for (const AlreadyThere rule : {AlreadyThere::byName, AlreadyThere::byPixels}) {
-    at.desk.ExpectBox(Taken("hull"));
+    at.desk.ExpectBox(IsTaken("hull"));
     EXPECT_EQ(Add("hull", "8.bmp", rule), AddedTexture::nameTaken);
   }
   EXPECT_TRUE(SameBytes(before, Now()));
