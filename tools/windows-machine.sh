@@ -90,6 +90,7 @@ inside() {
     shift
     for i in $(seq 100); do [ -e "/tmp/.X11-unix/X${DISPLAY#:}" ] && break; sleep 0.05; done
     cd /tmp
+    wineserver --persistent  # or it ends with each program, while the next one may be speaking to it
     "$@"
     status=$?
     wineserver --kill

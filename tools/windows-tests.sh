@@ -15,6 +15,12 @@ tests="app_test hog_test switcher_test texture_room_test ships_test pack_test co
 too_long=Interruption.*:ImportedInterruption.*:RemovalInterrupted.*:RenamingInterrupted.*:ManyShips.*:Removing.OneOfThreeHundred
 too_long+=:ImportedList.ShowsThreeHundred:Attachments.OfHostileModels*:TextureNames.OfHostileModels*
 too_long+=$(printf ':Seeds/HurtfulArchives.*/%s' {1..19})
+# Of the window's tests, those whose clicks and keys mean the same on Windows: a few of each page.
+clicks=WindowLayout.EveryTab*:WindowLayout.AccessKeys:WindowLayout.TabKey*:WindowLayout.FoldersAreShown:WindowLayout.Columns*
+clicks+=:Window.*ByClick*:Window.NoChangesNothing:Window.Capital*:Window.Exit*
+clicks+=:StatsPage.Chosen*:StatsPage.Click*:StatsPage.Cloak*:StatsPage.External*:StatsPage.Buttons*:StatsPage.ValueOutOfRange*
+clicks+=:HogPage.Buttons*:TcachePage.NameIs*:TcachePage.Preview*F*:TcachePage.RestoreAsks*:TcachePage.Thumbnails*ByKeyboard
+clicks+=:ImportPanel.Bitmap*:ImportPanel.FighterIsImported*:ImportShips.Converted*
 root=$PWD
 there=$root/build/windows
 logs=$there/logs
@@ -48,8 +54,8 @@ tools/windows-machine.sh --read "$root" --write "$logs" --write "$there/job" bas
   ' bash "$root" "$there" "$too_long" $tests || status=$?
 
 if [ $status -eq 77 ]; then
-  for test in $tests "the whole job"; do say "skipped $test on Windows"; done
-  say "COUNTS 0 0 $(($(wc -w <<<"$tests") + 1))"
+  for test in $tests "the window" "the whole job"; do say "skipped $test on Windows"; done
+  say "COUNTS 0 0 $(($(wc -w <<<"$tests") + 2))"
   exit 0
 fi
 
@@ -60,8 +66,22 @@ counted() {
   printf '%s\n' "${number:-0}"
 }
 
+# The window by clicks, three programs at a time, each on displays and machines of its own.
+export ORAVIN_WINDOWS_PROGRAMS=$there/bin
+click() {
+  local log=$1 program=$2 state=0
+  shift 2
+  env TMPDIR=/dev/shm "$@" timeout 1500 "$here_programs/$program" --gtest_color=no >"$logs/$log.log" 2>&1 </dev/null || state=$?
+  printf '%s\n' $state >"$logs/$log.status"
+}
+click windows_window_test windows_window_test &
+for shard in 0 1; do
+  click "window_test_$shard" window_test GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$shard GTEST_FILTER="$clicks" &
+done
+wait
+
 skipped=0
-for test in $tests; do
+for test in $tests windows_window_test window_test_0 window_test_1; do
   log=$logs/$test.log
   [ ! -e "$log" ] || sed -i 's/\r$//' "$log"
   ended=$(cat "$logs/$test.status" 2>/dev/null || true)

@@ -194,9 +194,16 @@ void AddForm(Json& layout, const wxDialog& dialog) {
   layout["formClient"] = RectangleOf(dialog, {wxPoint(0, 0), dialog.GetClientSize()});
 }
 
-std::string LayoutOf(const Window& window) {
+/// The name of what has the keyboard; Windows' own text box of an edited label has none.
+std::string FocusName() {
   const wxWindow* focus = wxWindow::FindFocus();
-  Json layout = {{"focus", focus == nullptr ? std::string() : focus->GetName().utf8_string()},
+  if (focus == nullptr) return {};
+  if (focus->GetName().empty() && dynamic_cast<const wxTextCtrl*>(focus) != nullptr) return wxTextCtrlNameStr;
+  return focus->GetName().utf8_string();
+}
+
+std::string LayoutOf(const Window& window) {
+  Json layout = {{"focus", FocusName()},
                  {"running", window.running},
                  {"progressPaintings", window.progressPaintings},
                  {"status", window.progressText.utf8_string()},

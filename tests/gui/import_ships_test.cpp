@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "import_session.h"
+#include "program_under_test.h"
 
 /// Ships imported, renamed and removed on the page "Import Ships", and meshes converted there.
 namespace oravin::test {
@@ -196,7 +197,12 @@ TEST(ImportShips, ConverterAsksForWhatIsMissing) {
 
 TEST(ImportShips, ConvertedModelGoesOnToTheImport) {
   const ImportSession session;
-  std::filesystem::copy_file(STAND_IN_LIBRARY, session.sample.program / "3ds2sl.so");
+  if (WindowsPrograms()) {
+    std::filesystem::copy_file(*WindowsPrograms() + "/../tests/convert/libstand_in_converter.dll",
+                               session.sample.program / "3ds2sl.dll");
+  } else {
+    std::filesystem::copy_file(STAND_IN_LIBRARY, session.sample.program / "3ds2sl.so");
+  }
   WriteFileAt(session.folder.Native("mesh.3ds"), "result 0\nwrites\n");
   ASSERT_TRUE(TypeInto(session, "convert.txt3DSource", session.folder.Windows("mesh.3ds") + "  "));
   ASSERT_TRUE(TypeInto(session, "convert.txt3DDest", session.folder.Windows("mesh.shp")));

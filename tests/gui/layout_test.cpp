@@ -106,6 +106,10 @@ TEST(WindowLayout, AccessKeys) {
   PressKey(session.desktop, "alt+d");
   ASSERT_TRUE(BoxCame(session, "This will restore all files"));
   ASSERT_TRUE(AnswerBox(session, "alt+n"));
+}
+
+TEST(WindowLayout, AccessKeysOfLabelsLeadToTheirFields) {
+  const Session session;
   ASSERT_TRUE(ChooseTab(session, "About"));
   PressKey(session.desktop, "alt+p");
   EXPECT_TRUE(FocusIs(session, "about.txtProgramPath"));

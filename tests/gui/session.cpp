@@ -127,8 +127,9 @@ bool SelectRow(const Session& session, const std::string& list, const std::strin
 
 void ClickHeading(const Session& session, const std::string& list, std::size_t column) {
   const Json control = Control(session, list);
-  constexpr int intoHeading = 8;
-  Point point{control["rectangle"]["x"].get<int>() + intoHeading, control["rectangle"]["y"].get<int>() + intoHeading};
+  constexpr Point intoHeading = {20, 8};  // beside the line that is dragged to widen a column
+  Point point{control["rectangle"]["x"].get<int>() + intoHeading.x,
+              control["rectangle"]["y"].get<int>() + intoHeading.y};
   for (std::size_t i = 0; i < column; ++i) point.x += control["columns"][i]["width"].get<int>();
   Click(session.desktop, point);
 }
