@@ -13,6 +13,7 @@ tests="app_test hog_test switcher_test texture_room_test ships_test pack_test co
 # Not run there: tests that stop an action at each of its hundreds of file operations, or walk many made-up files. What they
 # look at is the same on every system, and in Wine they would take half an hour.
 too_long=Interruption.*:ImportedInterruption.*:RemovalInterrupted.*:RenamingInterrupted.*:ManyShips.*:Removing.OneOfThreeHundred
+too_long+=:StoppedImport.*:FailingImport.*:Failure.OfEachOperationOfEnable:Failure.OfEachOperationOfDisable
 too_long+=:ImportedList.ShowsThreeHundred:Attachments.OfHostileModels*:TextureNames.OfHostileModels*
 too_long+=$(printf ':Seeds/HurtfulArchives.*/%s' {1..19})
 # Of the window's tests, those whose clicks and keys mean the same on Windows: a few of each page.

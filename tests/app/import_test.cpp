@@ -438,7 +438,11 @@ TEST_F(Importing, WhileTheFeaturesAreDisabledSaysSo) {
 
 TEST_F(Importing, BitmapsThatTheDiskHasNoRoomForLetNothingBeImported) {
   Make("hawk", "hawk.shp", {red});
-  std::filesystem::resize_file(New("red.bmp"), std::uintmax_t{1} << 40U);  // it takes no room itself
+  {
+    Files files;
+    const OpenedFile file(files, outside.Windows("red.bmp"), platform::OpenFor::changing);
+    SetLength(files, file.handle, std::uint64_t{1} << 40U);  // it takes no room itself
+  }
   session->desk.AllowOthers([](const Message&) { return Answer::ok; });
   Open("hawk.shp", [&] { Import(); });
   EXPECT_NE(session->desk.shown.back().text.find("is too full"), std::string::npos) << session->desk.shown.back().text;
