@@ -50,9 +50,8 @@ void AddFolder(wxPanel* page, wxSizer* grid, const wxString& caption, const Surr
 
 }  // namespace
 
-wxWindow* NewAboutPage(wxWindow* parent, const Surroundings& surroundings) {
+void FillAboutPage(wxPanel* page, const Surroundings& surroundings) {
   AboutTab& tab = surroundings.main.about;
-  auto* page = NewPanel(parent);
   const int space = page->FromDIP(gap);
 
   auto* block = new wxBoxSizer(wxVERTICAL);
@@ -75,7 +74,6 @@ wxWindow* NewAboutPage(wxWindow* parent, const Surroundings& surroundings) {
   whole->Add(block, wxSizerFlags().CentreHorizontal().Border(wxALL, page->FromDIP(pageMargin)));
   whole->AddStretchSpacer(3);
   page->SetSizer(whole);
-  return page;
 }
 
 }  // namespace oravin::gui

@@ -53,12 +53,11 @@ wxTextCtrl* NewFirstBytes(wxWindow* page, Mirror& mirror, TextBox& record) {
 }
 
 /// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
-HogParts NewHogParts(wxWindow* parent, const Surroundings& surroundings) {
+HogParts NewHogParts(wxWindow* page, const Surroundings& surroundings) {
   HogTab& tab = surroundings.main.hog;
   Mirror& mirror = surroundings.mirror;
   HogParts parts;
-  parts.page = NewPanel(parent);
-  wxWindow* page = parts.page;
+  parts.page = page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
   parts.lblHogPath = NewLabel(page, mirror, "hog.lblHogPath", tab.lblHogPath);
   parts.txtHogPath = NewText(page, mirror, "hog.txtHogPath", tab.txtHogPath, wxTE_PROCESS_ENTER);
@@ -190,14 +189,13 @@ void AcceptDrops(const HogParts& parts, const Surroundings& surroundings) {
 
 }  // namespace
 
-wxWindow* NewHogPage(wxWindow* parent, const Surroundings& surroundings) {
-  const HogParts parts = NewHogParts(parent, surroundings);
+void FillHogPage(wxPanel* page, const Surroundings& surroundings) {
+  const HogParts parts = NewHogParts(page, surroundings);
   parts.hogList->SetShares({0.55, 0.16, 0.16, 0.13});
   LayOut(parts);
   BindList(*parts.hogList, surroundings.main.hog, surroundings.press);
   BindTexts(parts, surroundings.press);
   AcceptDrops(parts, surroundings);
-  return parts.page;
 }
 
 }  // namespace oravin::gui

@@ -101,8 +101,7 @@ wxSizer* NewConvertFrame(wxWindow* page, const Surroundings& surroundings) {
 
 }  // namespace
 
-wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings) {
-  auto* page = NewPanel(parent);
+void FillImportPage(wxPanel* page, const Surroundings& surroundings) {
   const int margin = page->FromDIP(pageMargin);
   auto* upper = new wxBoxSizer(wxHORIZONTAL);
   wxSizer* ships = NewShipsFrame(page, surroundings);
@@ -116,7 +115,6 @@ wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings) {
   auto* framed = new wxBoxSizer(wxVERTICAL);
   framed->Add(whole, wxSizerFlags(1).Expand().Border(wxALL, margin));
   page->SetSizer(framed);
-  return page;
 }
 
 }  // namespace oravin::gui

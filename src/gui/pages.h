@@ -79,11 +79,12 @@ void Monospace(wxTextCtrl* text);
 /// Shows a label's text larger.
 void Enlarge(wxStaticText* label, float factor, bool bold = false);
 
-wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings);
-wxWindow* NewStatsPage(wxWindow* parent, const Surroundings& surroundings);
-wxWindow* NewImportPage(wxWindow* parent, const Surroundings& surroundings);
-wxWindow* NewHogPage(wxWindow* parent, const Surroundings& surroundings);
-wxWindow* NewTcachePage(wxWindow* parent, const Surroundings& surroundings);
-wxWindow* NewAboutPage(wxWindow* parent, const Surroundings& surroundings);
+/// Each makes what its page holds. The page is on its notebook already.
+void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings);
+void FillStatsPage(wxPanel* page, const Surroundings& surroundings);
+void FillImportPage(wxPanel* page, const Surroundings& surroundings);
+void FillHogPage(wxPanel* page, const Surroundings& surroundings);
+void FillTcachePage(wxPanel* page, const Surroundings& surroundings);
+void FillAboutPage(wxPanel* page, const Surroundings& surroundings);
 
 }  // namespace oravin::gui

@@ -101,12 +101,11 @@ void AddWeapons(StatsParts& parts, const Surroundings& surroundings) {
 }
 
 /// Makes the controls, in the order in which the Tab key walks them.
-StatsParts NewStatsParts(wxWindow* parent, const Surroundings& surroundings) {
+StatsParts NewStatsParts(wxWindow* page, const Surroundings& surroundings) {
   StatsTab& tab = surroundings.main.stats;
   Mirror& mirror = surroundings.mirror;
   StatsParts parts;
-  parts.page = NewPanel(parent);
-  wxWindow* page = parts.page;
+  parts.page = page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
   parts.lblShips = NewLabel(page, mirror, "stats.lblShips", tab.lblShips);
   parts.shipsEdge = NewEdge(page);
@@ -213,11 +212,10 @@ void BindLists(const StatsParts& parts, StatsTab& tab, const Action& press) {
 
 }  // namespace
 
-wxWindow* NewStatsPage(wxWindow* parent, const Surroundings& surroundings) {
-  const StatsParts parts = NewStatsParts(parent, surroundings);
+void FillStatsPage(wxPanel* page, const Surroundings& surroundings) {
+  const StatsParts parts = NewStatsParts(page, surroundings);
   LayOut(parts);
   BindLists(parts, surroundings.main.stats, surroundings.press);
-  return parts.page;
 }
 
 }  // namespace oravin::gui

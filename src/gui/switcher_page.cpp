@@ -57,10 +57,9 @@ wxSizer* NewLegend(wxWindow* page, Mirror& mirror) {
 
 }  // namespace
 
-wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings) {
+void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings) {
   SwitcherTab& tab = surroundings.main.switcher;
   Mirror& mirror = surroundings.mirror;
-  auto* page = NewPanel(parent);
 
   // Made in the order in which the Tab key walks them.
   wxWindow* left = NewEdge(page);
@@ -99,7 +98,6 @@ wxWindow* NewSwitcherPage(wxWindow* parent, const Surroundings& surroundings) {
   lists->Add(right, wxSizerFlags(3).Expand());
 
   LayOutPage(page, lists, legend, enable, disable);
-  return page;
 }
 
 }  // namespace oravin::gui

@@ -93,12 +93,11 @@ wxWindow* NewStatus(wxWindow* page, const Surroundings& surroundings) {
 }
 
 /// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
-TcacheParts NewTcacheParts(wxWindow* parent, const Surroundings& surroundings) {
+TcacheParts NewTcacheParts(wxWindow* page, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   Mirror& mirror = surroundings.mirror;
   TcacheParts parts;
-  parts.page = NewPanel(parent);
-  wxWindow* page = parts.page;
+  parts.page = page;
   const auto button = [&](const char* name, Button& record) { return NewButton(page, surroundings, name, record); };
   parts.cacheLabel = NewLabel(page, mirror, "tcache.lblTCACHE[1]", tab.lblTCACHE[1]);
   parts.txtTcacheSource = NewText(page, mirror, "tcache.txtTcacheSource", tab.txtTcacheSource, wxTE_PROCESS_ENTER);
@@ -216,9 +215,9 @@ void BindArrival(wxWindow* page, const Action& press) {
 
 }  // namespace
 
-wxWindow* NewTcachePage(wxWindow* parent, const Surroundings& surroundings) {
+void FillTcachePage(wxPanel* page, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
-  const TcacheParts parts = NewTcacheParts(parent, surroundings);
+  const TcacheParts parts = NewTcacheParts(page, surroundings);
   LayOut(parts);
   BindLists(parts, tab, surroundings.press);
   parts.chkThumbnails->Bind(wxEVT_CHECKBOX, [parts](wxCommandEvent& event) {
@@ -229,7 +228,6 @@ wxWindow* NewTcachePage(wxWindow* parent, const Surroundings& surroundings) {
     if (tab.cmdOpenTcache.enabled) press("tcache.cmdOpenTcache");
   });
   BindArrival(parts.page, surroundings.press);
-  return parts.page;
 }
 
 }  // namespace oravin::gui

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <utility>
 
 #include "app/handlers.h"
 #include "desk/dialogs.h"
@@ -27,17 +28,49 @@ namespace {
 
 constexpr int importPlace = 3;  // the tab's, counted from 1
 
+/// Makes what a page holds, where that has not been done.
+void Fill(Window& window, std::size_t page) {
+  if (page >= window.unfilled.size() || !window.unfilled[page]) return;
+  const std::function<void()> fill = std::exchange(window.unfilled[page], nullptr);
+  fill();
+}
+
+/// Returns whether something was left to do.
+bool FillNext(Window& window) {
+  const auto next =
+      std::find_if(window.unfilled.begin(), window.unfilled.end(), [](const auto& fill) { return !!fill; });
+  if (next == window.unfilled.end()) return false;
+  Fill(window, static_cast<std::size_t>(next - window.unfilled.begin()));
+  return true;
+}
+
+void FillAll(Window& window) {
+  while (FillNext(window)) {
+  }
+}
+
+/// The pages come empty: the one in sight is filled at once, the others when the window has been painted.
 void AddPages(Window& window, Main& main) {
   const Surroundings surroundings{main, window.mirror,
                                   [&window, &main](const std::string& action) { Press(window, main, action); },
                                   [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); }};
-  using NewPage = wxWindow* (*)(wxWindow*, const Surroundings&);
-  constexpr std::array<NewPage, 6> pages = {NewSwitcherPage, NewStatsPage,  NewImportPage,
-                                            NewHogPage,      NewTcachePage, NewAboutPage};
-  for (std::size_t i = 0; i < pages.size() && i < main.TabStrip1.captions.size(); ++i) {
-    window.notebook->AddPage(pages.at(i)(window.notebook, surroundings), ToScreen(main.TabStrip1.captions[i]));
+  using FillPage = void (*)(wxPanel*, const Surroundings&);
+  constexpr std::array<FillPage, 6> fills = {FillSwitcherPage, FillStatsPage,  FillImportPage,
+                                             FillHogPage,      FillTcachePage, FillAboutPage};
+  for (std::size_t i = 0; i < fills.size() && i < main.TabStrip1.captions.size(); ++i) {
+    wxPanel* page = NewPanel(window.notebook);
+    window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
+    window.unfilled.push_back([page, surroundings, fill = fills.at(i)] {
+      fill(page, surroundings);
+      page->Layout();
+    });
   }
   Reflect(window.mirror, "main.TabStrip1", window.notebook, main.TabStrip1);
+  Fill(window, static_cast<std::size_t>(window.notebook->GetSelection()));
+  window.notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [&window](wxBookCtrlEvent& event) {
+    event.Skip();
+    Fill(window, static_cast<std::size_t>(event.GetSelection()));
+  });
 }
 
 /// The status line: what a long action is doing, and a bar that tells how far it has come.
@@ -84,10 +117,10 @@ void OnKey(Window& window, wxKeyEvent& event) {
 void FirstPainted(Window& window, const Options& options) {
   if (window.painted) return;
   window.painted = true;
-  KeepLayout(window);
   if (options.exitWhenPainted) {
     window.frame->Close(true);
   } else if (window.whenPainted) {
+    FillAll(window);
     window.whenPainted();
   }
 }
@@ -106,10 +139,14 @@ void BindEvents(Window& window, const Options& options) {
     event.Skip();
     if (!window.painted) window.frame->CallAfter([&window, options] { FirstPainted(window, options); });
   });
-  if (window.layoutFile.empty()) return;
   window.frame->Bind(wxEVT_IDLE, [&window](wxIdleEvent& event) {
     event.Skip();
-    if (window.painted) KeepLayout(window);
+    if (!window.painted) return;
+    if (FillNext(window)) {
+      event.RequestMore();
+    } else {
+      KeepLayout(window);
+    }
   });
 }
 
@@ -146,6 +183,7 @@ wxWindow* OnTop(const Window& window) {
 
 void Press(Window& window, Main& main, std::string_view action, Form* from) {
   if (window.running || from != window.form) return;
+  FillAll(window);
   window.running = true;
   window.stoppable = false;
   window.stop = false;
@@ -164,6 +202,7 @@ void Press(Window& window, Main& main, std::string_view action, Form* from) {
 
 void ImportIntoWindow(Window& window, Main& main, const std::string& path) {
   if (window.running || window.form != nullptr) return;
+  FillAll(window);
   TakeAll(window.mirror);
   main.TabStrip1.chosen = importPlace;
   main.imports.txtImportFighter.text = path;

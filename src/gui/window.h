@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/main.h"
 #include "desk/message_box.h"
@@ -36,6 +37,8 @@ struct Window {
   wxNotebook* notebook = nullptr;
   wxStatusBar* status = nullptr;
   Mirror mirror;
+  std::vector<std::function<void()>>
+      unfilled;  ///< makes what is still to come onto a page, by the page's number; empty ones
 
   std::map<std::string, std::function<void()>> forms;  ///< shows a form, by its name, until it is closed
   Form* form = nullptr;                                ///< the form that is open
