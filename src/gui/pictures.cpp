@@ -1,5 +1,7 @@
 #include "gui/pictures.h"
 
+#include <wx/settings.h>
+
 #include <wx/icon.h>
 
 #include <array>
@@ -58,7 +60,14 @@ wxBitmapBundle Emblem(const wxSize& size) { return wxBitmapBundle::FromSVG(drawi
 
 wxIconBundle ProgramIcon() {
   wxIconBundle icons;
-  for (const int side : {16, 20, 24, 32, 40, 48, 64, 128, 256}) {
+#ifdef __WXMSW__
+  // Windows takes two from the window, and the larger ones from the executable.
+  const std::array<int, 2> sides = {wxSystemSettings::GetMetric(wxSYS_SMALLICON_X),
+                                    wxSystemSettings::GetMetric(wxSYS_ICON_X)};
+#else
+  constexpr std::array<int, 9> sides = {16, 20, 24, 32, 40, 48, 64, 128, 256};
+#endif
+  for (const int side : sides) {
     const wxSize size(side, side);
     const char* drawing = side <= greatestSmallIcon ? drawings::oravin_small : drawings::oravin;
     icons.AddIcon(wxBitmapBundle::FromSVG(drawing, size).GetIcon(size));

@@ -257,8 +257,10 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   all->Add(ground, wxSizerFlags(1).Expand());
   window.frame->SetSizer(all);
   BindEvents(window, options);
-  OnFileDropped(window.frame, IsShipFile,
-                [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
+  window.unfilled.push_back([&window, &main] {
+    OnFileDropped(window.frame, IsShipFile,
+                  [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
+  });
   window.notebook->GetCurrentPage()->SetFocus();
   window.frame->Show();
 }

@@ -37,8 +37,10 @@ struct Window {
   wxNotebook* notebook = nullptr;
   wxStatusBar* status = nullptr;
   Mirror mirror;
-  std::vector<std::function<void()>>
-      unfilled;  ///< makes what is still to come onto a page, by the page's number; empty ones
+
+  /// Makes what the window needs only after it has been painted: what a page holds, by the page's number, and more
+  /// behind those. Empty ones have been called.
+  std::vector<std::function<void()>> unfilled;
 
   std::map<std::string, std::function<void()>> forms;  ///< shows a form, by its name, until it is closed
   Form* form = nullptr;                                ///< the form that is open
