@@ -59,11 +59,13 @@ void AddPages(Window& window, Main& main) {
                                              FillHogPage,      FillTcachePage, FillAboutPage};
   for (std::size_t i = 0; i < fills.size() && i < main.TabStrip1.captions.size(); ++i) {
     wxPanel* page = NewPanel(window.notebook);
-    window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
-    window.unfilled.push_back([page, surroundings, fill = fills.at(i)] {
+    window.unfilled.emplace_back([page, surroundings, fill = fills.at(i)] {
       fill(page, surroundings);
       page->Layout();
     });
+    // Before it is on the notebook: GTK gives an empty page itself the keyboard.
+    if (static_cast<int>(i) + 1 == main.TabStrip1.chosen) Fill(window, i);
+    window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
   }
   Reflect(window.mirror, "main.TabStrip1", window.notebook, main.TabStrip1);
   Fill(window, static_cast<std::size_t>(window.notebook->GetSelection()));
@@ -261,7 +263,9 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
     OnFileDropped(window.frame, IsShipFile,
                   [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
   });
-  window.notebook->GetCurrentPage()->SetFocus();
+#ifdef __WXMSW__
+  window.notebook->GetCurrentPage()->SetFocus();  // GTK goes to the first control by itself
+#endif
   window.frame->Show();
 }
 
