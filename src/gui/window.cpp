@@ -26,6 +26,12 @@ namespace oravin::gui {
 
 namespace {
 
+#ifdef __WXMSW__
+constexpr bool fillsAtOnce = false;
+#else
+constexpr bool fillsAtOnce = true;
+#endif
+
 constexpr int importPlace = 3;  // the tab's, counted from 1
 
 /// Makes what a page holds, where that has not been done.
@@ -49,7 +55,8 @@ void FillAll(Window& window) {
   }
 }
 
-/// The pages come empty: the one in sight is filled at once, the others when the window has been painted.
+/// On Windows the pages come empty: the one in sight is filled at once, the others when the window has been painted.
+/// GTK is quick at it, gives an empty page itself the keyboard, and measures what comes later in another way.
 void AddPages(Window& window, Main& main) {
   const Surroundings surroundings{main, window.mirror,
                                   [&window, &main](const std::string& action) { Press(window, main, action); },
@@ -63,8 +70,7 @@ void AddPages(Window& window, Main& main) {
       fill(page, surroundings);
       page->Layout();
     });
-    // Before it is on the notebook: GTK gives an empty page itself the keyboard.
-    if (static_cast<int>(i) + 1 == main.TabStrip1.chosen) Fill(window, i);
+    if (fillsAtOnce || static_cast<int>(i) + 1 == main.TabStrip1.chosen) Fill(window, i);
     window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
   }
   Reflect(window.mirror, "main.TabStrip1", window.notebook, main.TabStrip1);
