@@ -79,7 +79,7 @@ void Monospace(wxTextCtrl* text);
 /// Shows a label's text larger.
 void Enlarge(wxStaticText* label, float factor, bool bold = false);
 
-/// Each makes what its page holds. The page is on its notebook already.
+/// Each makes what its page holds. The page is a child of the notebook, though perhaps not one of its tabs yet.
 void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings);
 void FillStatsPage(wxPanel* page, const Surroundings& surroundings);
 void FillImportPage(wxPanel* page, const Surroundings& surroundings);
