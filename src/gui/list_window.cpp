@@ -97,8 +97,13 @@ void ListWindow::BindParts() {
         Touch();
       });
     }
+    part->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+      event.Skip();
+      boxPressed_ = IsOnBox(event);
+    });
     part->Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
       event.Skip();
+      boxPressed_ = false;
       Touch();
     });
     part->Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent& event) {
@@ -121,13 +126,14 @@ void ListWindow::BindParts() {
   }
 }
 
+bool ListWindow::IsOnBox(const wxMouseEvent& event) { return record_.checkBoxes && event.GetX() < BoxWidth(*this); }
+
 /// Two quick clicks on a heading or a check box are two clicks; the toolkit would drop the second. On a row they are a
 /// double click.
 void ListWindow::TakeDoubleClick(wxWindow* part, wxMouseEvent& event) {
   // Which part it is shows only once they have their places.
   const bool onHeading = part == Heading();
-  const bool onBox = record_.checkBoxes && event.GetX() < BoxWidth(*this);
-  if (part == nullptr || (!onHeading && !onBox)) return event.Skip();
+  if (part == nullptr || (!onHeading && !IsOnBox(event))) return event.Skip();
   wxMouseEvent again(event);
   again.SetEventType(wxEVT_LEFT_DOWN);
   part->GetEventHandler()->ProcessEvent(again);
@@ -383,13 +389,17 @@ void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void(
       event.Skip();
     }
   });
-  // The toolkit does not know that a check box stands before the text.
-  if (record.checkBoxes) {
-    list.Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, [&list](wxListEvent& event) {
-      event.Skip();
-      list.CallAfter([&list] { KeepOffBox(list); });
-    });
-  }
+  list.Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, [&list, &record](wxListEvent& event) {
+    if (list.BoxPressed()) return event.Veto();
+#ifndef __WXMSW__
+    // A second click's edit begins a moment later, and may find that of F2 open: it would begin anew over what was
+    // typed.
+    if (list.GetEditControl() != nullptr) return event.Veto();
+#endif
+    event.Skip();
+    // The toolkit does not know that a check box stands before the text.
+    if (record.checkBoxes) list.CallAfter([&list] { KeepOffBox(list); });
+  });
   list.Bind(wxEVT_LIST_END_LABEL_EDIT, [&list, &record, edited](wxListEvent& event) {
     event.Veto();  // the list has no text of its own to change
     const auto row = static_cast<std::size_t>(event.GetIndex());

@@ -48,6 +48,10 @@ class ListWindow : public wxListCtrl {
   /// selects. What the record itself changed is not told.
   std::function<void()> selectionChanged;
 
+  /// Whether what the toolkit makes of the person's last act comes from a click on a check box: it takes a second click
+  /// there for one on the text.
+  [[nodiscard]] bool BoxPressed() const { return boxPressed_; }
+
  private:
   wxSize DoGetBestClientSize() const override;
   wxString OnGetItemText(long row, long column) const override;
@@ -68,6 +72,7 @@ class ListWindow : public wxListCtrl {
   void AskForMenu();
   void AskForScrolled(wxEvent& event);
   void ShowTooltipOfRow();
+  [[nodiscard]] bool IsOnBox(const wxMouseEvent& event);
   void TakeDoubleClick(wxWindow* part, wxMouseEvent& event);
   void ShowChosenRow();
 
@@ -80,6 +85,7 @@ class ListWindow : public wxListCtrl {
   bool lookIsDue_ = false;
   mutable wxItemAttr marked_;  ///< of the row that was asked for last, where its text is bold or has a colour
   bool menuByKeyboard_ = false;
+  bool boxPressed_ = false;   ///< the mouse went down on a check box, and no key since
   bool menuIsDue_ = false;    ///< when the right button is let go
   bool menuIsAsked_ = false;  ///< it comes up as soon as all else is done
   bool selecting_ = false;    ///< an event comes for each row, for which its texts need not be made

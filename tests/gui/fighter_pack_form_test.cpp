@@ -15,6 +15,7 @@ namespace {
 constexpr const char* picture = "Fighter_PACK.preview.picture";
 /// Longer than the time in which two clicks are a double click.
 constexpr std::chrono::milliseconds notTwoOfOne(700);
+constexpr int onName = 40;  // pixels behind the check box
 constexpr const char* skipped = "Importing Completed - but there where errors on some ships";
 
 /// A pack of many ships that share a model.
@@ -57,6 +58,40 @@ TEST(FighterPackForm, ShipsAreCheckedByMouseAndKeyboard) {
   PressKey(session.desktop, "Escape");
   EXPECT_TRUE(FormIs(session, ""));
   EXPECT_EQ(Layout(session)["boxes"], 2) << "those of Enable";
+}
+
+TEST(FighterPackForm, AClickOnTheBoxOfTheSelectedShipDoesNotEditItsName) {
+  const ImportSession session;
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
+  ASSERT_TRUE(RowBecomes(session, packList, "Locust", "selected", true)) << "the first ship";
+  Click(session.desktop, BoxOf(session, packList, "Locust"));
+  ASSERT_TRUE(RowBecomes(session, packList, "Locust", "checked", false));
+  std::this_thread::sleep_for(notTwoOfOne);
+  EXPECT_EQ(Layout(session)["focus"], packList);
+  PressKey(session.desktop, "F2");
+  EXPECT_TRUE(FocusIs(session, "text")) << "by the key it is edited";
+  PressKey(session.desktop, "Escape");
+  EXPECT_TRUE(FocusIs(session, packList));
+  PressKey(session.desktop, "Escape");
+  EXPECT_TRUE(FormIs(session, ""));
+}
+
+TEST(FighterPackForm, ANameThatIsClickedAndThenEditedByF2KeepsWhatIsTyped) {
+  const ImportSession session;
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/raiders.pak")));
+  ASSERT_TRUE(SelectRow(session, packList, "PREDATOR"));
+  ASSERT_TRUE(SelectRow(session, packList, "Locust"));
+  std::this_thread::sleep_for(notTwoOfOne);
+  const Point box = BoxOf(session, packList, "Locust");
+  Click(session.desktop, {box.x + onName, box.y});
+  PressKey(session.desktop, "F2");
+  ASSERT_TRUE(FocusIs(session, "text"));
+  PressKey(session.desktop, "ctrl+a");
+  TypeText(session.desktop, "Was");
+  std::this_thread::sleep_for(notTwoOfOne);  // the second click on the name would have it edited now
+  TypeText(session.desktop, "p");
+  PressKey(session.desktop, "Return");
+  EXPECT_TRUE(RowBecomes(session, packList, "Wasp", "selected", true));
 }
 
 TEST(FighterPackForm, TexturesOfTheSelectedShipAreShown) {
