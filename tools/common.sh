@@ -8,7 +8,7 @@ packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohma
 packages_show="xvfb xauth xdotool openbox imagemagick x11-utils fonts-dejavu-core jq"
 packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc lintian libglib2.0-bin $packages_show"
 packages_linux="dpkg-dev librsvg2-bin desktop-file-utils appstream shared-mime-info"
-packages_windows="g++-mingw-w64-i686-posix dpkg-dev googletest librsvg2-bin icoutils nsis zip unzip libxml2-utils"
+packages_windows="debootstrap g++-mingw-w64-i686-posix dpkg-dev googletest librsvg2-bin icoutils nsis zip unzip libxml2-utils"
 
 # The version as CMakeLists.txt has it.
 project_version() { sed -nE 's/^project\(oravin VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt; }

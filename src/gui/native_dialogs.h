@@ -19,6 +19,13 @@ Answer ShowMessage(wxWindow* owner, const Message& box);
 /// @return its path as Windows spells it; empty when the person chose none
 std::string AskForFolder(wxWindow* owner, const std::string& prompt);
 
+/// The part of the main screen that no bar of the desktop takes, in the window's own pixels.
+wxRect RoomOnScreen();
+
+/// Has a window that has come up paint itself with all that it holds, now and not by the way of its messages, where
+/// that is quicker.
+void PaintAtOnce(wxWindow* window);
+
 /// Tells somebody who started the program with words: on the standard output or, where Windows gives the program none,
 /// in a message box.
 /// @param text UTF-8, whole lines

@@ -1,11 +1,10 @@
 #include <wx/panel.h>
 #include <wx/sizer.h>
-#include <wx/statbmp.h>
 
 #include <string>
-#include <vector>
 
 #include "gui/pages.h"
+#include "gui/ship_legend.h"
 
 namespace oravin::gui {
 
@@ -23,36 +22,6 @@ ListWindow* NewShipList(wxWindow* parent, const SwitcherTab& tab, const ListView
   list->SetSmallImages(ShipPictures());
   list->SetMinSize(parent->FromDIP(wxSize(220, 200)));
   return list;
-}
-
-/// What the pictures mean: each kind of ship with its pictures.
-wxSizer* NewLegend(wxWindow* page, Mirror& mirror) {
-  struct Entry {
-    std::vector<ListRow> rows;
-    ShipsShown shown;
-    const char* meaning;
-  };
-  const auto row = [](int image) { return ListRow{{}, {}, image, false}; };
-  const std::vector<Entry> entries = {
-      {{row(stockImage), row(otherStockImage)}, ShipsShown::fighters, "Stock fighter"},
-      {{row(stockImage), row(otherStockImage)}, ShipsShown::capitalShips, "Stock capital ship"},
-      {{row(importedFighterImage)}, ShipsShown::fighters, "Imported fighter"},
-      {{row(importedCapitalImage)}, ShipsShown::capitalShips, "Imported capital ship"}};
-
-  const wxVector<wxBitmapBundle> pictures = ShipPictures();
-  auto* legend = new wxBoxSizer(wxHORIZONTAL);
-  for (const Entry& entry : entries) {
-    if (&entry != &entries.front()) legend->AddSpacer(page->FromDIP(2 * gap));
-    for (const ListRow& drawn : entry.rows) {
-      const auto picture = static_cast<std::size_t>(PictureOf(drawn, entry.shown));
-      legend->Add(new wxStaticBitmap(page, wxID_ANY, pictures[picture]), wxSizerFlags().CentreVertical());
-      legend->AddSpacer(page->FromDIP(gap / 2));
-    }
-    auto* meaning = new wxStaticText(page, wxID_ANY, entry.meaning);
-    Name(mirror, std::string("switcher.legend.") + entry.meaning, meaning);
-    legend->Add(meaning, wxSizerFlags().CentreVertical());
-  }
-  return legend;
 }
 
 }  // namespace
@@ -75,7 +44,8 @@ void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings) {
   ListWindow* sources = NewShipList(right, tab, tab.swapToList);
   Enframe(right, sources);
   Reflect(mirror, "switcher.swapToList", sources, tab.swapToList);
-  wxSizer* legend = NewLegend(page, mirror);
+  auto* legend = new ShipLegend(page);
+  Name(mirror, "switcher.legend", legend);
   wxButton* enable = NewButton(page, surroundings, "switcher.cmdEnable", tab.cmdEnable);
   wxButton* disable = NewButton(page, surroundings, "switcher.cmdDisable", tab.cmdDisable);
 
@@ -97,7 +67,9 @@ void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings) {
   lists->Add(between, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, page->FromDIP(pageMargin)));
   lists->Add(right, wxSizerFlags(3).Expand());
 
-  LayOutPage(page, lists, legend, enable, disable);
+  auto* belowLeft = new wxBoxSizer(wxHORIZONTAL);
+  belowLeft->Add(legend);
+  LayOutPage(page, lists, belowLeft, enable, disable);
 }
 
 }  // namespace oravin::gui

@@ -1,7 +1,6 @@
 #include "gui/window.h"
 
 #include <wx/app.h>
-#include <wx/display.h>
 #include <wx/sizer.h>
 
 #include <algorithm>
@@ -55,8 +54,9 @@ void FillAll(Window& window) {
   }
 }
 
-/// On Windows the pages come empty: the one in sight is filled at once, the others when the window has been painted.
-/// GTK is quick at it, gives an empty page itself the keyboard, and measures what comes later in another way.
+/// On Windows the pages come empty: the one in sight is filled when it has its size, the others when the window has
+/// been painted. GTK is quick at it, gives an empty page itself the keyboard, and measures what comes later in another
+/// way.
 void AddPages(Window& window, Main& main) {
   const Surroundings surroundings{main, window.mirror,
                                   [&window, &main](const std::string& action) { Press(window, main, action); },
@@ -70,11 +70,10 @@ void AddPages(Window& window, Main& main) {
       fill(page, surroundings);
       page->Layout();
     });
-    if (fillsAtOnce || static_cast<int>(i) + 1 == main.TabStrip1.chosen) Fill(window, i);
+    if (fillsAtOnce) Fill(window, i);
     window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
   }
   Reflect(window.mirror, "main.TabStrip1", window.notebook, main.TabStrip1);
-  Fill(window, static_cast<std::size_t>(window.notebook->GetSelection()));
   window.notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [&window](wxBookCtrlEvent& event) {
     event.Skip();
     Fill(window, static_cast<std::size_t>(event.GetSelection()));
@@ -86,6 +85,15 @@ void AddStatusLine(Window& window) {
   window.status = window.frame->CreateStatusBar(2);
   const std::array<int, 2> widths = {-1, window.frame->FromDIP(240)};
   window.status->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
+}
+
+void PlaceGauge(const wxStatusBar& status, wxGauge* gauge) {
+  wxRect field;
+  if (status.GetFieldRect(1, field)) gauge->SetSize(field.Deflate(status.FromDIP(2)));
+}
+
+/// What the status line shows with the first long action.
+void AddProgress(Window& window) {
   wxGauge* gauge = NewGauge(window.status);
   gauge->Hide();
   window.progressPlace = {gauge,
@@ -96,9 +104,9 @@ void AddStatusLine(Window& window) {
                           NewKeys(window.notebook->GetParent())};
   window.status->Bind(wxEVT_SIZE, [status = window.status, gauge](wxSizeEvent& event) {
     event.Skip();
-    wxRect field;
-    if (status->GetFieldRect(1, field)) gauge->SetSize(field.Deflate(status->FromDIP(2)));
+    PlaceGauge(*status, gauge);
   });
+  PlaceGauge(*window.status, gauge);
 }
 
 void AddForms(Window& window, Main& main) {
@@ -160,7 +168,7 @@ void BindEvents(Window& window, const Options& options) {
 
 /// A frame in the middle of the screen.
 wxFrame* NewFrame() {
-  const wxRect screen = wxDisplay(0U).GetClientArea();
+  const wxRect screen = RoomOnScreen();
   const wxSize wanted = wxWindow::FromDIP(wxSize(1120, 720), nullptr);
   const wxSize size(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
   auto* frame = new wxFrame(nullptr, wxID_ANY, programTitle, wxRect(size).CentreIn(screen).GetPosition(), size);
@@ -258,14 +266,22 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   window.notebook = new wxNotebook(ground, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxNB_NOPAGETHEME);
   AddPages(window, main);
   AddStatusLine(window);
+  if (fillsAtOnce) AddProgress(window);
   auto* whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(window.notebook, wxSizerFlags(1).Expand().Border(wxALL, window.frame->FromDIP(gap / 2)));
   ground->SetSizer(whole);
   auto* all = new wxBoxSizer(wxVERTICAL);
   all->Add(ground, wxSizerFlags(1).Expand());
   window.frame->SetSizer(all);
+  if (!fillsAtOnce) {
+    // What has its place before it is in sight is drawn once.
+    window.frame->Layout();
+    ground->Layout();
+    Fill(window, static_cast<std::size_t>(window.notebook->GetSelection()));
+  }
   BindEvents(window, options);
   window.unfilled.push_back([&window, &main] {
+    if (!fillsAtOnce) AddProgress(window);
     OnFileDropped(window.frame, IsShipFile,
                   [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
   });
@@ -273,6 +289,7 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   window.notebook->GetCurrentPage()->SetFocus();  // GTK goes to the first control by itself
 #endif
   window.frame->Show();
+  PaintAtOnce(window.frame);
 }
 
 }  // namespace oravin::gui

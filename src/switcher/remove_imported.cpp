@@ -230,12 +230,6 @@ std::string FreeFolder(const std::string& below, const std::string& name) {
   }
 }
 
-/// A file's name as it is spelled on disk: it is kept when the file is moved.
-std::string SpellingOf(const std::string& path) {
-  const auto facts = platform::FactsOf(path);
-  return facts ? facts->name : FileNameOf(std::string(path));
-}
-
 void MoveKeptFiles(Files& files, const Removal& removal, const Installation& installation) {
   if (removal.kept.empty()) return;
   const std::string below = installation.ProgramPath + addOnRemovedFolder;
@@ -243,7 +237,7 @@ void MoveKeptFiles(Files& files, const Removal& removal, const Installation& ins
   for (const KeptFiles& kept : removal.kept) {
     const std::string folder = FreeFolder(below, kept.folder);
     MakeFolder(files, folder);
-    for (const std::string& path : kept.paths) RenameOver(files, path, folder + SpellingOf(path));
+    for (const std::string& path : kept.paths) RenameOver(files, path, folder + platform::SpellingOf(path));
   }
 }
 

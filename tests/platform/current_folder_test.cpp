@@ -28,8 +28,8 @@ TEST(CurrentFolder, RelativePathsLieInIt) {
   ASSERT_TRUE(SetCurrentFolder(folder.windows));
   const auto facts = FactsOf("SHIPS\\model.SHP");
   ASSERT_TRUE(facts);
-  EXPECT_EQ(facts->name, "Model.shp");
   EXPECT_EQ(facts->length, 3U);
+  EXPECT_EQ(SpellingOf("SHIPS\\model.SHP"), "Model.shp");
 }
 
 TEST(CurrentFolder, StaysWhereAFolderIsMissing) {

@@ -133,12 +133,11 @@ TEST(MakeFolderNative, AFolderThatIsThereIsNoFailureButAFileIs) {
   EXPECT_EQ(test::ImageOf(folder.native), (test::FolderImage{{"file", {'x'}}, {"new/", {}}}));
 }
 
-TEST(FactsOf, TellsNameKindAndLength) {
+TEST(FactsOf, TellsKindAndLength) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("Ships/Model.shp"), "abc");
   const auto file = FactsOf(folder.Windows("ships/MODEL.SHP"));
   ASSERT_TRUE(file);
-  EXPECT_EQ(file->name, "Model.shp");
   EXPECT_FALSE(file->folder);
   EXPECT_EQ(file->length, 3U);
   const auto ships = FactsOf(folder.Windows("SHIPS"));
@@ -146,6 +145,15 @@ TEST(FactsOf, TellsNameKindAndLength) {
   EXPECT_TRUE(ships->folder);
   EXPECT_EQ(ships->length, 0U);
   EXPECT_FALSE(FactsOf(folder.Windows("missing")));
+}
+
+TEST(SpellingOf, IsTheOneOnDisk) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("Ships/Model.shp"), "abc");
+  EXPECT_EQ(SpellingOf(folder.Windows("ships/MODEL.SHP")), "Model.shp");
+  EXPECT_EQ(SpellingOf(folder.Windows("SHIPS")), "Ships");
+  EXPECT_EQ(SpellingOf(folder.Windows("SHIPS/")), "Ships");
+  EXPECT_EQ(SpellingOf(folder.Windows("ships/Missing.SHP")), "Missing.SHP");
 }
 
 TEST(FactsOf, TellsHiddenAndSystemFiles) {

@@ -198,8 +198,13 @@ std::optional<FileFacts> FactsOf(const std::string& path) {
   const std::string native = ToNativePath(path);
   struct stat status;
   if (native.empty() || stat(native.c_str(), &status) != 0) return std::nullopt;
-  const std::size_t slash = native.find_last_of('/');
-  return FactsFrom(slash == std::string::npos ? native : native.substr(slash + 1), native, status);
+  return FactsFrom(std::string(), native, status);
+}
+
+std::string SpellingOf(const std::string& path) {
+  std::string native = ToNativePath(path);
+  while (native.size() > 1 && native.back() == '/') native.pop_back();
+  return native.substr(native.find_last_of('/') + 1);
 }
 
 std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {

@@ -244,9 +244,13 @@ std::optional<FileFacts> FactsOf(const std::string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
   if (GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &data) == FALSE) return std::nullopt;
   const bool saidToBeFolder = given.back() == L'\\';
-  FileFacts facts = FactsFrom(saidToBeFolder ? std::wstring() : SpellingOnDisk(native), data);
+  FileFacts facts = FactsFrom(std::wstring(), data);
   if (saidToBeFolder && !facts.folder) return std::nullopt;
   return facts;
+}
+
+std::string SpellingOf(const std::string& path) {
+  return FromWide(SpellingOnDisk(WithoutEndingBackslash(CallPath(path))));
 }
 
 std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {

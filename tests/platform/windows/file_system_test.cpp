@@ -108,7 +108,7 @@ TEST(OpenNative, APathMayBeLongerThanTheSystemTakesPlain) {
   EXPECT_EQ(RenameNative(path + "new", path + "Kept"), "");
   const auto facts = FactsOf(path + "KEPT");
   ASSERT_TRUE(facts);
-  EXPECT_EQ(facts->name, "Kept");
+  EXPECT_EQ(SpellingOf(path + "KEPT"), "Kept");
   EXPECT_EQ(facts->length, 3U);
   const auto items = ListNative(path);
   ASSERT_TRUE(items);
