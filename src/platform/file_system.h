@@ -58,8 +58,8 @@ std::string MakeFolderNative(const std::string& path);
 
 /// What the file system says of one path, without the name; nothing when there is no such file or folder.
 std::optional<FileFacts> FactsOf(const std::string& path);
-/// The name of a file or folder as it is spelled on disk; of one that is not there, as the path spells it. The folder is
-/// searched for it, which FactsOf does without.
+/// The name of a file or folder as it is spelled on disk; of one that is not there, as the path spells it. The folder
+/// is searched for it, which FactsOf does without.
 std::string SpellingOf(const std::string& path);
 /// The files and folders of one folder, without `.` and `..`, in no set order; nothing when it cannot be listed.
 std::optional<std::vector<FileFacts>> ListNative(const std::string& folder);
