@@ -123,8 +123,9 @@ struct PackShip {
   bool stats;
 };
 
-fs::path WritePack(const fs::path& folder, const std::string& file, const std::string& header,
+void WritePack(const fs::path& path, const std::string& header,
                    const std::vector<PackShip>& ships, const Paintbox& box) {
+  const fs::path folder = path.parent_path();
   fs::create_directories(folder);
   std::vector<PackLine> lines;
   for (const PackShip& ship : ships) {
@@ -140,12 +141,10 @@ fs::path WritePack(const fs::path& folder, const std::string& file, const std::s
     }
     if (ship.stats) WriteStatsText(folder, StemOf(ship.line.file), planned.ship.capital);
   }
-  WriteWholeFile(folder / file, BuildPack(header, lines));
-  return folder / file;
+  WriteWholeFile(path, BuildPack(header, lines));
 }
 
-std::vector<fs::path> WritePacks(const Sample& sample, const Paintbox& box) {
-  const fs::path packs = sample.program / "packs";
+void WritePacks(const Sample& sample, const Paintbox& box) {
   const std::vector<PackShip> raiders{
       {{"locust.shp", "Locust", ""}, 0, {"locust1", "locust2"}, "", true},
       {{"hornetq.shp", "Hornet Queen", "Sabrewing"}, 0, {"hornet1"}, "", true},
@@ -155,8 +154,8 @@ std::vector<fs::path> WritePacks(const Sample& sample, const Paintbox& box) {
       {{"sentinel.shp", "Sentinel Monitor", ""}, 5, {"sentinel1", "sentinel2"}, "", true},
       {{"dragonfly.shp", "Dragonfly", ""}, 0, {"dragon1", "dragon2"}, "dragon2", true},
   };
-  return {WritePack(packs / "raiders", "raiders.pak", "Raiders of the outer rim, 3 ships", raiders, box),
-          WritePack(packs / "sentinels", "sentinels.pak", "Sentinels, 2 ships", sentinels, box)};
+  WritePack(sample.packs[0], "Raiders of the outer rim, 3 ships", raiders, box);
+  WritePack(sample.packs[1], "Sentinels, 2 ships", sentinels, box);
 }
 
 void WriteProgramFiles(const Sample& sample, std::span<const std::uint8_t> maps, const Paintbox& box) {
@@ -181,12 +180,10 @@ void WriteLooseFiles(const Sample& sample) {
 
 Sample WriteSample(const fs::path& folder, const SampleOptions& options) {
   CheckOptions(options);
-  const fs::path root = fs::absolute(folder).lexically_normal();
-  Sample sample{root / "StarLancer", root / "Oravin", root / "config", {}, {}};
-  ClaimFolder(root);
+  Sample sample = DescribeSample(folder, options);
+  ClaimFolder(sample.game.parent_path());
   RemoveLeftovers(sample);
   const std::vector<PlannedShip> ships = PlanShips(options.ships);
-  for (const PlannedShip& ship : ships) sample.ships.push_back(ship.ship);
   const Paintbox box;
   const Bytes maps = BuildConversionMaps(box.space, box.loadout);
   WriteSampleArchive(sample.game / "resource.hog", ships, options);
@@ -195,7 +192,19 @@ Sample WriteSample(const fs::path& folder, const SampleOptions& options) {
   WriteLooseFiles(sample);
   WriteProgramFiles(sample, maps, box);
   WriteAddOns(sample, ships, box);
-  sample.packs = WritePacks(sample, box);
+  WritePacks(sample, box);
+  return sample;
+}
+
+Sample DescribeSample(const fs::path& folder, const SampleOptions& options) {
+  const fs::path root = fs::absolute(folder).lexically_normal();
+  const fs::path packs = root / "Oravin" / "packs";
+  Sample sample{root / "StarLancer",
+                root / "Oravin",
+                root / "config",
+                {},
+                {packs / "raiders" / "raiders.pak", packs / "sentinels" / "sentinels.pak"}};
+  for (const PlannedShip& ship : PlanShips(options.ships)) sample.ships.push_back(ship.ship);
   return sample;
 }
 

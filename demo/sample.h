@@ -39,4 +39,7 @@ struct Sample {
 /// of range, or when a file cannot be written.
 Sample WriteSample(const std::filesystem::path& folder, const SampleOptions& options = {});
 
+/// What WriteSample returns for a folder and options; nothing is written.
+Sample DescribeSample(const std::filesystem::path& folder, const SampleOptions& options = {});
+
 }  // namespace oravin::demo

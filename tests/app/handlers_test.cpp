@@ -3,8 +3,8 @@
 #include <set>
 
 #include "app/open_file.h"
-#include "demo/sample.h"
 #include "session.h"
+#include "support/sample_copy.h"
 
 namespace oravin::test {
 namespace {
@@ -107,7 +107,7 @@ TEST(HogHandlers, TheFormAndTheMenuWorkThroughTheTable) {
 
 TEST(Sample, TheWholeCycleLeavesTheGameFolderAsItWas) {
   TemporaryFolder folder;
-  const demo::Sample sample = demo::WriteSample(folder.Native("sample"));
+  const demo::Sample sample = NewSample(folder.Native("sample"));
   const FolderImage before = ImageOf(sample.game);
   Main main;
   ScriptedDesk desk(main.host);

@@ -1,13 +1,13 @@
 // Enable makes the companion textures that imported ships lack, and nothing else.
 
-#include "demo/sample.h"
 #include "session.h"
+#include "support/sample_copy.h"
 
 namespace oravin::test {
 namespace {
 
 struct Loadout : testing::Test {
-  Loadout() : sample(demo::WriteSample(folder.Native("sample"))) {
+  Loadout() : sample(NewSample(folder.Native("sample"))) {
     Form_Load(main, {sample.game.string(), sample.program.string()});
   }
   void Enable() {

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "cli/run_command.h"
+#include "support/sample_copy.h"
 
 namespace oravin::test {
 
@@ -42,7 +43,7 @@ Json BoxLine(const std::string& title, const std::string& text, const std::strin
 }
 
 SampleRuns::SampleRuns()
-    : sample(demo::WriteSample(folder.Native("sample"), {0, stockRecords, 0})),
+    : sample(NewSample(folder.Native("sample"), {0, stockRecords, 0})),
       config("XDG_CONFIG_HOME", sample.config.string()),
       prefix("WINEPREFIX", folder.Native("no-prefix").string()) {}
 

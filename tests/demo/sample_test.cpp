@@ -15,6 +15,7 @@
 #include "demo/random.h"
 #include "demo/text_files.h"
 #include "reading.h"
+#include "support/sample_copy.h"
 
 namespace fs = std::filesystem;
 
@@ -36,7 +37,7 @@ class DefaultSample : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     folder = FreshPath("default");
-    sample = WriteSample(folder);
+    sample = test::NewSample(folder);
     archive = FileBytes(sample.game / "resource.hog");
     entries = reading::ReadTable(archive);
   }

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "program_under_test.h"
+#include "support/sample_copy.h"
 
 namespace oravin::test {
 
@@ -36,7 +37,7 @@ bool HasKeyboard(const Session& session, const std::string& form) {
 }  // namespace
 
 Session::Session(Beginning beginning)
-    : sample(demo::WriteSample(folder.Native("sample"))),
+    : sample(NewSample(folder.Native("sample"))),
       desktop(screenWidth, screenHeight),
       layoutFile(folder.Native("layout.json").string()) {
   desktop.variables["XDG_CONFIG_HOME"] = sample.config.string();
