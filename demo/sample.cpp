@@ -123,8 +123,8 @@ struct PackShip {
   bool stats;
 };
 
-void WritePack(const fs::path& path, const std::string& header,
-                   const std::vector<PackShip>& ships, const Paintbox& box) {
+void WritePack(const fs::path& path, const std::string& header, const std::vector<PackShip>& ships,
+               const Paintbox& box) {
   const fs::path folder = path.parent_path();
   fs::create_directories(folder);
   std::vector<PackLine> lines;

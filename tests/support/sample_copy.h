@@ -6,8 +6,8 @@
 
 namespace oravin::test {
 
-/// A sample installation in a folder that is not there yet, as demo::WriteSample writes it. One of the same options that
-/// was written as the tests were built is copied, where there is one: that takes a fraction of the time.
+/// A sample installation in a folder that is not there yet, as demo::WriteSample writes it. One of the same options
+/// that was written as the tests were built is copied, where there is one: that takes a fraction of the time.
 demo::Sample NewSample(const std::filesystem::path& folder, const demo::SampleOptions& options = {});
 
 }  // namespace oravin::test
