@@ -37,6 +37,8 @@ build() {
   shift
   # Without this ccache would keep nothing that uses precompiled headers.
   export CCACHE_SLOPPINESS=pch_defines,time_macros
+  # What two builds compile in one way is compiled once.
+  export CCACHE_BASEDIR=$PWD
   command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
   cmake --preset "$preset" "${launcher[@]}" "$@" >"build-$preset.log" 2>&1 || { cat "build-$preset.log"; rm -f "build-$preset.log"; die "CMake could not set up the build."; }
   rm -f "build-$preset.log"

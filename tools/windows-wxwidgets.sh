@@ -26,7 +26,7 @@ left_out=(
 )
 # The folder browser is compiled only together with the tree control, though Windows has its own.
 for part in "${left_out[@]}"; do options+=("--disable-$part"); done
-flags="-O2 -ffunction-sections -fdata-sections -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_FILE_OFFSET_BITS=64"
+flags="-O1 -ffunction-sections -fdata-sections -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_FILE_OFFSET_BITS=64"
 
 install_missing $packages_build $packages_windows >&2
 version=$(dpkg-query -W -f='${source:Version}' libwxgtk3.2-dev)
