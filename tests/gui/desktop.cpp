@@ -192,6 +192,24 @@ int WindowsInSight(const Desktop& desktop, const std::string& program) {
 
 void PressKey(const Desktop& desktop, const std::string& key) { DoWithX(desktop, {"key", key}); }
 
+int StatusAfterKey(const Desktop& desktop, Program& program, const std::string& key) {
+  auto pressed = std::chrono::steady_clock::now() - std::chrono::seconds(5);
+  const bool ended =
+      program.id >= 0 && Eventually([&] {
+        siginfo_t told{};
+        // Its status is left for ExitStatus.
+        if (waitid(P_PID, static_cast<id_t>(program.id), &told, WEXITED | WNOHANG | WNOWAIT) != 0 || told.si_pid != 0)
+          return true;
+        const auto now = std::chrono::steady_clock::now();
+        if (now >= pressed + std::chrono::seconds(5)) {
+          PressKey(desktop, key);
+          pressed = now;
+        }
+        return false;
+      });
+  return ended ? ExitStatus(program) : -1;
+}
+
 std::string ActiveWindow(const Desktop& desktop) {
   // xdotool complains loudly while there is none.
   return PrintedBy({"sh", "-c", "exec xdotool getactivewindow 2>/dev/null"}, desktop.variables);

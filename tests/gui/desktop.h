@@ -70,6 +70,11 @@ int WindowsInSight(const Desktop& desktop, const std::string& program);
 /// Presses a key, named as xdotool names it: "alt+e", "ctrl+Next", "Return".
 void PressKey(const Desktop& desktop, const std::string& key);
 
+/// Presses a key in the last box of a program, which ends with it, and waits for that. A key that comes before the box
+/// has the keyboard is lost: it is pressed again every five seconds.
+/// @return as ExitStatus
+int StatusAfterKey(const Desktop& desktop, Program& program, const std::string& key);
+
 /// The window that has the keyboard, by its number; empty for none.
 std::string ActiveWindow(const Desktop& desktop);
 

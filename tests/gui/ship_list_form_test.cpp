@@ -115,8 +115,7 @@ TEST(ShipListWindow, CancelEndsInTheRefusal) {
   ASSERT_TRUE(BoxCame(session, "The list was changed."));
   ASSERT_TRUE(AnswerBox(session, "alt+y"));
   ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory"));
-  PressKey(session.desktop, "Return");
-  EXPECT_EQ(ExitStatus(session.program), 0);
+  EXPECT_EQ(StatusAfterKey(session.desktop, session.program, "Return"), 0);
   EXPECT_FALSE(std::filesystem::exists(session.shipList));
 }
 
@@ -133,8 +132,7 @@ TEST(ShipListWindow, EscapeStopsALongDraft) {
   EXPECT_TRUE(SaveScreenshot(session.desktop, "ship_list_draft"));
   PressKey(session.desktop, "Escape");
   ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory")) << "a draft that came to its end would be shown";
-  PressKey(session.desktop, "Return");
-  EXPECT_EQ(ExitStatus(session.program), 0);
+  EXPECT_EQ(StatusAfterKey(session.desktop, session.program, "Return"), 0);
   EXPECT_FALSE(std::filesystem::exists(session.shipList));
 }
 
@@ -143,8 +141,7 @@ TEST(ShipListWindow, NoDraftIsTheRefusal) {
   ASSERT_TRUE(BoxCame(session, "This folder has no ship list (shipsData.txt)"));
   ASSERT_TRUE(AnswerBox(session, "alt+n"));
   ASSERT_TRUE(BoxCame(session, "This is not an Oravin directory"));
-  PressKey(session.desktop, "Return");
-  EXPECT_EQ(ExitStatus(session.program), 0);
+  EXPECT_EQ(StatusAfterKey(session.desktop, session.program, "Return"), 0);
 }
 
 }  // namespace oravin::test

@@ -186,8 +186,7 @@ TEST(Window, CapitalShipsAreListedInTurn) {
 TEST(Window, ExitByItsAccessKeyEndsTheProgramQuietly) {
   Session session;
   ASSERT_TRUE(ChooseTab(session, "About"));
-  PressKey(session.desktop, "alt+x");
-  EXPECT_EQ(ExitStatus(session.program), 0);
+  EXPECT_EQ(StatusAfterKey(session.desktop, session.program, "alt+x"), 0);
 }
 
 /// Stands for another program: it writes its arguments into a file.
@@ -262,8 +261,7 @@ TEST(Window, AskedForTheGameFolderAndLeftAlone) {
   PressKey(desktop, "Return");
   ASSERT_TRUE(Eventually([&] { return ActiveWindowTitle(desktop) == "Select your StarLancer Game Directory"; }));
   EXPECT_TRUE(SaveScreenshot(desktop, "folder_dialog"));
-  PressKey(desktop, "Escape");
-  EXPECT_EQ(ExitStatus(program), 0);
+  EXPECT_EQ(StatusAfterKey(desktop, program, "Escape"), 0);
   EXPECT_FALSE(std::filesystem::exists(home.Native("oravin"))) << "nothing is kept of a choice that was not made";
 }
 
