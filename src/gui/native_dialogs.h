@@ -6,7 +6,7 @@
 
 #include "desk/message_box.h"
 
-/// What each system asks in its own way.
+/// What each system asks, tells and draws in its own way.
 namespace oravin::gui {
 
 /// Shows a message box and waits for its answer. A box that was closed without a button is answered safely.

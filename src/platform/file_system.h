@@ -23,7 +23,7 @@ enum class OpenFor {
 };
 
 struct FileFacts {
-  std::string name;  ///< as it is spelled on disk, without its folder
+  std::string name;  ///< as it is spelled on disk, without its folder; empty from FactsOf
   bool folder = false;
   bool hidden = false;
   bool system = false;
