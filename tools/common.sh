@@ -45,6 +45,17 @@ build() {
   cmake --build --preset "$preset" ${targets:+--target $targets} -- --quiet
 }
 
+# beside LOG COMMAND...: begins a command beside the rest of the script and sets beside_job, to wait for. It is stopped when
+# the script ends before it.
+beside() {
+  local log=$1
+  shift
+  ("$@") >"$log" 2>&1 &
+  beside_job=$!
+  # By itself a kill that finds nothing to stop would become the script's own status.
+  trap 'kill $(jobs -p -r) 2>/dev/null || true' EXIT
+}
+
 # cache_folder: where things are kept that are made once for all builds, outside the tree.
 cache_folder() { printf '%s\n' "${XDG_CACHE_HOME:-$HOME/.cache}/oravin"; }
 
