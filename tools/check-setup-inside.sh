@@ -40,11 +40,11 @@ same_files() { diff <(files "$1" | grep -v "  ${3:-//}\$") <(files "$2" | grep -
 home() { ls -d "$WINEPREFIX"/drive_c/users/*/AppData/Local | grep -v /Public/ | head -n 1; }
 install() { run "$(windows_path "$setup")" /S; }
 
-# remove [WORD...]: the uninstaller goes on in a copy of itself.
+# remove [WORD...]: the uninstaller goes on in a copy of itself, until its entry in the list of programs is gone.
 remove() {
   run "$folder_in_windows\\uninstall.exe" /S "$@"
   local i
-  for i in $(seq 100); do [ -e "$folder/uninstall.exe" ] || break; sleep 0.2; done
+  for i in $(seq 100); do has_key HKCU "$uninstall" || break; sleep 0.2; done
 }
 
 folder=$(home)/Programs/Oravin
