@@ -29,10 +29,9 @@ skip() {
   exit $not_permitted
 }
 
-# prepare FOLDER: makes the Debian, its user and Wine's prefix.
+# prepare FOLDER SUITE URI: makes the Debian, its user and Wine's prefix.
 prepare() {
-  local tree=$1 uri suite
-  read -r uri suite <<<"$(debian_archive)"
+  local tree=$1 suite=$2 uri=$3
   rm -rf "$tree"
   debootstrap --arch=i386 --variant=minbase ${debian_keyring:+--keyring="$debian_keyring"} --include="${packages// /,}" "$suite" "$tree" "$uri" || return 1
   rm -rf "$tree"/var/cache/apt/archives/*.deb "$tree"/var/lib/apt/lists/* || return 1
@@ -126,19 +125,19 @@ fi
 (install_missing debootstrap) >&2 || skip "debootstrap cannot be installed."
 unshare --mount --net --pid --ipc --fork --kill-child sh -c 'mount --make-rprivate / && mount -t tmpfs tmpfs /mnt' 2>/dev/null ||
   skip "mounting is not permitted."
-read -r uri suite <<<"$(debian_archive)"
-[ -n "$uri" ] || skip "no source of Debian's packages is set up."
-[ -e "$debian_keyring" ] || debian_keyring=
-
+suite=$(. /etc/os-release && printf '%s' "${VERSION_CODENAME:-}")
 key=$(printf "%s\n" "$packages" "set up 1" | sha256sum | cut -c 1-12)
 folder=$(cache_folder)/windows-machine-$suite-$key
 mkdir -p "$(cache_folder)"
 exec 9>"$folder.lock"
 flock 9
 if [ ! -e "$folder/complete" ]; then
+  read -r uri suite <<<"$(debian_archive)"  # takes a second
+  [ -n "$uri" ] || skip "no source of Debian's packages is set up."
+  [ -e "$debian_keyring" ] || debian_keyring=
   say "Making a small Debian with Wine, once; the log is $folder.log" >&2
   mkdir -p "$folder"
-  (prepare "$folder/tree") </dev/null >"$folder.log" 2>&1 || { tail -n 5 "$folder.log" >&2; skip "debootstrap failed."; }
+  (prepare "$folder/tree" "$suite" "$uri") </dev/null >"$folder.log" 2>&1 || { tail -n 5 "$folder.log" >&2; skip "debootstrap failed."; }
   touch "$folder/complete"
 fi
 exec 9>&-
