@@ -240,10 +240,12 @@ void FindFolders(Main& main, const GivenFolders& given) {
 
 void LockInstallation(Main& main) {
   const Installation& installation = main.installation;
-  const bool oneFolder =
-      platform::ToNativePath(installation.GamePath) == platform::ToNativePath(installation.ProgramPath);
+  // Asked only where the second folder is marked already: it may be the first one.
+  const auto oneFolder = [&installation] {
+    return platform::ToNativePath(installation.GamePath) == platform::ToNativePath(installation.ProgramPath);
+  };
   main.onlyLooks = !platform::LockFolder(installation.GamePath, main.gameLock) ||
-                   (!oneFolder && !platform::LockFolder(installation.ProgramPath, main.programLock));
+                   (!platform::LockFolder(installation.ProgramPath, main.programLock) && !oneFolder());
   if (!main.onlyLooks) return;
   Show(main.host,
        "Another copy of Oravin is working on this installation. This copy only looks: close the other one and start "

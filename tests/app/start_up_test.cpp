@@ -325,6 +325,22 @@ TEST_F(StartUp, ASecondCopyOnlyLooks) {
   EXPECT_FALSE(session->main.onlyLooks);
 }
 
+TEST_F(StartUp, OneFolderForGameAndProgramIsNoSecondCopy) {
+  fs::copy_file(installation.Program("shipsData.txt"), installation.Game("shipsData.txt"));
+  Load({installation.gamePath, WithoutBackslash(installation.gamePath)});
+  EXPECT_EQ(Found().ProgramPath, installation.gamePath);
+  EXPECT_FALSE(session->main.onlyLooks);
+}
+
+TEST_F(StartUp, ACopyAtWorkInTheProgramFolderAloneIsNoticed) {
+  platform::FolderLock other;
+  ASSERT_TRUE(platform::LockFolder(installation.programPath, other));
+  session->desk.AllowOthers([](const Message&) { return Answer::ok; });
+  Load({installation.gamePath, installation.programPath});
+  EXPECT_TRUE(session->main.onlyLooks);
+  platform::UnlockFolder(other);
+}
+
 TEST_F(StartUp, ASecondCopyThatLooksMakesNoCopyOfTheStatistics) {
   Load({installation.gamePath, installation.programPath});
   fs::remove(installation.Game("shipstats.def"));
