@@ -154,6 +154,9 @@ void MoveTo(const Desktop& desktop, Point point) {
 
 void Click(const Desktop& desktop, Point point, int times) {
   DoWithX(desktop, {"mousemove", std::to_string(point.x), std::to_string(point.y)});
+  // A tooltip of the last place may lie over this one; Windows takes it away for the mouse, not for the click. A hand
+  // takes longer than this.
+  if (WindowsPrograms()) std::this_thread::sleep_for(std::chrono::milliseconds(100));
   DoWithX(desktop, {"click", "--repeat", std::to_string(times), "--delay", "50", "1"});
 }
 
