@@ -7,7 +7,8 @@ cd "$(dirname "$0")/.."
 
 host=i686-w64-mingw32
 # Only what the window uses. Nothing of it reads a picture file: pictures are drawings that NanoSVG, which is in the
-# source, turns into pixels. The debug checks would show boxes of their own.
+# source, turns into pixels. The debug checks would show boxes of their own. For palettes it would ask each device context
+# for the screen's colours, and lists and buttons tell screen readers of themselves without the toolkit.
 options=(
   --host=$host --disable-shared --disable-debug_flag --disable-optimise --disable-precomp-headers --disable-sys-libs
   --disable-tests --without-subdirs --with-dpi=none --with-nanosvg
@@ -22,7 +23,7 @@ left_out=(
   splash animatectrl bannerwindow taskbaricon richmsgdlg richtooltip infobar notifmsg prefseditor searchctrl editablebox
   filectrl rearrangectrl colourpicker fontpicker filepicker dirpicker hyperlink collpane odcombobox bmpcombobox
   commandlinkbutton addremovectrl actindicator aboutdlg finddlg fontdlg coldlg creddlg progressdlg
-  splitter sash miniframe metafile gif pcx tga iff pnm xpm config iniconf xlocale
+  palette accessibility splitter sash miniframe metafile gif pcx tga iff pnm xpm config iniconf xlocale
 )
 # The folder browser is compiled only together with the tree control, though Windows has its own.
 for part in "${left_out[@]}"; do options+=("--disable-$part"); done

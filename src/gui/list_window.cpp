@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "gui/drawing.h"
+#include "gui/native_window.h"
 #include "gui/text_edge.h"
 
 namespace oravin::gui {
@@ -49,6 +50,8 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, parent->GetClientSize(), StyleOf(record)),
       record_(record),
       pictureOf_(std::move(pictureOf)) {
+  HoldList(this);
+  CallAfter([this] { Settle(); });
   for (const ListColumn& column : record.columns) {
     AppendColumn(ToScreen(column.heading), column.number ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT);
     shares_.push_back(1.0 / static_cast<double>(record.columns.size()));
@@ -83,6 +86,10 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     if (!menuIsDue_) AskForMenu();
   });
   BindParts();
+}
+
+void ListWindow::Settle() {
+  if (!std::exchange(settled_, true)) SettleList(this);
 }
 
 /// Some toolkits make the list of two windows, the headings and the rows below them; others of one.

@@ -19,6 +19,9 @@ class ListWindow : public wxListCtrl {
   /// @param pictureOf a row's picture among those set by SetSmallImages, -1 for none; may be empty
   ListWindow(wxWindow* parent, const ListView& record, std::function<int(const ListRow&)> pictureOf);
 
+  /// Works its rows' height and its scroll bars out, once; by itself it does so when the window is in sight.
+  void Settle();
+
   /// Gives each column its share of the width; at first all have the same.
   void SetShares(const std::vector<double>& shares);
 
@@ -81,7 +84,8 @@ class ListWindow : public wxListCtrl {
   std::vector<double> shares_;   ///< of the whole width, one a column
   unsigned shownRevision_ = 0;   ///< the record's that is on the screen
   std::vector<bool> selection_;  ///< the toolkit takes long to tell which of many rows are selected
-  bool touched_ = false;         ///< a person may have changed the selection since it was read
+  bool settled_ = false;
+  bool touched_ = false;  ///< a person may have changed the selection since it was read
   bool lookIsDue_ = false;
   mutable wxItemAttr marked_;  ///< of the row that was asked for last, where its text is bold or has a colour
   bool menuByKeyboard_ = false;

@@ -1,5 +1,7 @@
 #include "gui/mirror.h"
 
+#include <wx/toplevel.h>
+
 #include <algorithm>
 #include <type_traits>
 #include <utility>
@@ -20,9 +22,15 @@ bool ShowCaption(wxWindow& window, const std::string& caption) {
 /// A label that may be cut short tells of files, in whose names `&` marks nothing.
 bool IsPlain(const wxStaticText& window) { return (window.GetWindowStyle() & wxST_ELLIPSIZE_MASK) != 0; }
 
+/// Before the window is in sight nothing can point at it, and Windows makes a window of its own for the first tooltip.
 void ShowTooltip(wxWindow& window, const std::string& tooltip) {
   const wxString text = ToScreen(tooltip);
-  if (window.GetToolTipText() != text) window.SetToolTip(text);
+  if (window.GetToolTipText() == text) return;
+  if (wxGetTopLevelParent(&window)->IsShown()) {
+    window.SetToolTip(text);
+  } else {
+    window.CallAfter([&window, text] { window.SetToolTip(text); });
+  }
 }
 
 void ShowEnabled(wxWindow& window, bool enabled) {
@@ -71,7 +79,7 @@ bool Show(wxStaticText& window, const Label& record) {
     const wxString text = ToScreen(record.caption);
     if (window.GetLabelText() == text) return false;
     window.SetLabelText(text);
-    window.SetToolTip(text);
+    ShowTooltip(window, record.caption);
     return true;
   }
   // A label that was wrapped to its place has line breaks where its caption has blanks.
@@ -138,6 +146,12 @@ void ShowAll(Mirror& mirror) {
 void ShowLabels(Mirror& mirror) {
   for (Reflection& reflection : mirror.reflections) {
     if (reflection.inProgress) ShowOne(reflection);
+  }
+}
+
+void SettleLists(Mirror& mirror) {
+  for (const Reflection& reflection : mirror.reflections) {
+    if (reflection.list != nullptr) static_cast<ListWindow*>(reflection.window)->Settle();
   }
 }
 

@@ -55,6 +55,9 @@ void ShowAll(Mirror& mirror);
 /// Shows what the labels' records say: what an action can tell of itself while it runs.
 void ShowLabels(Mirror& mirror);
 
+/// Has lists that were just made work out what they show where.
+void SettleLists(Mirror& mirror);
+
 /// Puts a control and its record into the mirror and shows the record. The control bears the name from then on.
 void Reflect(Mirror& mirror, const std::string& name, wxStaticText* window, Label& record);
 void Reflect(Mirror& mirror, const std::string& name, wxTextCtrl* window, TextBox& record);

@@ -6,7 +6,7 @@
 
 #include "desk/message_box.h"
 
-/// What each system asks, tells and draws in its own way.
+/// What each system asks and tells in its own way.
 namespace oravin::gui {
 
 /// Shows a message box and waits for its answer. A box that was closed without a button is answered safely.
@@ -18,13 +18,6 @@ Answer ShowMessage(wxWindow* owner, const Message& box);
 /// @param owner the window that it stands on; null for none
 /// @return its path as Windows spells it; empty when the person chose none
 std::string AskForFolder(wxWindow* owner, const std::string& prompt);
-
-/// The part of the main screen that no bar of the desktop takes, in the window's own pixels.
-wxRect RoomOnScreen();
-
-/// Has a window that has come up paint itself with all that it holds, now and not by the way of its messages, where
-/// that is quicker.
-void PaintAtOnce(wxWindow* window);
 
 /// Tells somebody who started the program with words: on the standard output or, where Windows gives the program none,
 /// in a message box.

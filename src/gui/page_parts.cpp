@@ -16,16 +16,28 @@ namespace oravin::gui {
 namespace {
 
 #ifdef __WXMSW__
+/// A control without a border does not draw one: to find that out Windows would make a device context.
+template <typename Control>
+class Borderless : public Control {
+ public:
+  using Control::Control;
+  WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wide, WXLPARAM longer) override {
+    return message == WM_NCPAINT ? 0 : Control::MSWWindowProc(message, wide, longer);
+  }
+};
+
 /// Leaves access keys to the window around it: Windows looks for them only in the panel that it is asked about, and
 /// takes the key from all others.
-class Panel : public wxPanel {
+class Panel : public Borderless<wxPanel> {
  public:
-  using wxPanel::wxPanel;
+  using Borderless<wxPanel>::Borderless;
   bool MSWProcessMessage(WXMSG* message) override {
     return message->message != WM_SYSCHAR && wxPanel::MSWProcessMessage(message);
   }
 };
 #else
+template <typename Control>
+using Borderless = Control;
 using Panel = wxPanel;
 #endif
 
@@ -42,7 +54,7 @@ class FrameBox : public wxStaticBox {
 }  // namespace
 
 wxButton* NewButton(wxWindow* parent, const Surroundings& surroundings, const std::string& name, Button& record) {
-  auto* button = new wxButton(parent, wxID_ANY);
+  auto* button = new Borderless<wxButton>(parent, wxID_ANY);
   Reflect(surroundings.mirror, name, button, record);
   button->Bind(wxEVT_BUTTON, [press = surroundings.press, name](wxCommandEvent&) { press(name); });
   return button;

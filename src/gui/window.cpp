@@ -16,6 +16,7 @@
 #include "gui/file_drop.h"
 #include "gui/layout_file.h"
 #include "gui/native_dialogs.h"
+#include "gui/native_window.h"
 #include "gui/pages.h"
 #include "gui/pictures.h"
 #include "gui/ship_list_window.h"
@@ -69,6 +70,7 @@ void AddPages(Window& window, Main& main) {
     window.unfilled.emplace_back([page, surroundings, fill = fills.at(i)] {
       fill(page, surroundings);
       page->Layout();
+      SettleLists(surroundings.mirror);
     });
     if (fillsAtOnce) Fill(window, i);
     window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
@@ -264,6 +266,7 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   auto* ground = new wxPanel(window.frame);  // a frame by itself has the colour of an empty desk on Windows
   // Pages of one colour: pictures and shortened texts take over no theme's.
   window.notebook = new wxNotebook(ground, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxNB_NOPAGETHEME);
+  PaintAroundPage(window.notebook);
   AddPages(window, main);
   AddStatusLine(window);
   if (fillsAtOnce) AddProgress(window);

@@ -1,7 +1,6 @@
 #include "gui/native_dialogs.h"
 
 #include <wx/dirdlg.h>
-#include <wx/display.h>
 #include <wx/msgdlg.h>
 
 #include <wx/generic/msgdlgg.h>  // wants wx/msgdlg.h before it
@@ -74,10 +73,6 @@ std::string AskForFolder(wxWindow* owner, const std::string& prompt) {
   wxDirDialog dialog(owner, ToScreen(prompt), wxString(), wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
   return dialog.ShowModal() == wxID_OK ? FromDialogPath(dialog.GetPath()) : std::string();
 }
-
-wxRect RoomOnScreen() { return wxDisplay(0U).GetClientArea(); }
-
-void PaintAtOnce(wxWindow*) {}  // GTK draws the whole window in one go
 
 void TellStarter(const std::string& text, bool wrong) { std::fputs(text.c_str(), wrong ? stderr : stdout); }
 

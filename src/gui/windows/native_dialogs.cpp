@@ -80,16 +80,6 @@ std::string AskForFolder(wxWindow* owner, const std::string& prompt) {
   return FromDialogPath(wxString(path.data()));
 }
 
-wxRect RoomOnScreen() {
-  RECT room{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);  // the toolkit would make a window to hear of other screens
-  return {room.left, room.top, room.right - room.left, room.bottom - room.top};
-}
-
-void PaintAtOnce(wxWindow* window) {
-  RedrawWindow(HandleOf(window), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-}
-
 void TellStarter(const std::string& text, bool wrong) {
   // A program with windows has standard streams only where somebody redirected them.
   const HANDLE stream = GetStdHandle(wrong ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
