@@ -232,6 +232,14 @@ std::string ScreenshotPath(const std::string& name) {
   return (folder / (name + ".png")).string();
 }
 
+int ColoursIn(const Desktop& desktop, const Rectangle& part) {
+  const std::string crop = std::to_string(part.width) + "x" + std::to_string(part.height) + "+" +
+                           std::to_string(part.x) + "+" + std::to_string(part.y);
+  const std::string counted =
+      PrintedBy({"import", "-window", "root", "-crop", crop, "-format", "%k", "info:"}, desktop.variables);
+  return std::atoi(counted.c_str());
+}
+
 bool SaveScreenshot(const Desktop& desktop, const std::string& name) {
   const std::filesystem::path file = ScreenshotPath(name);
   std::filesystem::create_directories(file.parent_path());

@@ -49,6 +49,14 @@ struct Point {
   int y = 0;
 };
 
+/// A part of the desktop.
+struct Rectangle {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+};
+
 void MoveTo(const Desktop& desktop, Point point);
 void Click(const Desktop& desktop, Point point, int times = 1);
 
@@ -84,6 +92,9 @@ void ResizeWindow(const Desktop& desktop, const std::string& window, int width, 
 
 /// Where a picture of that name lies: below the build folder's screenshots/.
 std::string ScreenshotPath(const std::string& name);
+
+/// How many colours a part of the desktop shows; 0 when it cannot be looked at.
+int ColoursIn(const Desktop& desktop, const Rectangle& part);
 
 /// Saves a picture of the whole desktop as a PNG file.
 /// @return whether there is a picture now

@@ -89,9 +89,14 @@ Json Control(const Session& session, const std::string& name) {
   throw std::runtime_error("no control " + name);
 }
 
+Rectangle RectangleFrom(const Json& rectangle) {
+  return {rectangle["x"].get<int>(), rectangle["y"].get<int>(), rectangle["width"].get<int>(),
+          rectangle["height"].get<int>()};
+}
+
 Point MiddleOf(const Json& rectangle) {
-  return {rectangle["x"].get<int>() + rectangle["width"].get<int>() / 2,
-          rectangle["y"].get<int>() + rectangle["height"].get<int>() / 2};
+  const Rectangle whole = RectangleFrom(rectangle);
+  return {whole.x + whole.width / 2, whole.y + whole.height / 2};
 }
 
 void ClickOn(const Session& session, const std::string& control) {

@@ -48,6 +48,9 @@ Json Layout(const Session& session);
 /// A control by its name, as the layout file tells of it.
 Json Control(const Session& session, const std::string& name);
 
+/// A rectangle of the layout file.
+Rectangle RectangleFrom(const Json& rectangle);
+
 /// The middle of a rectangle of the layout file.
 Point MiddleOf(const Json& rectangle);
 

@@ -3,24 +3,13 @@
 #include <filesystem>
 #include <string>
 
+#include "prepared_session.h"
 #include "program_under_test.h"
-#include "session.h"
-#include "support/folder_image.h"
 
 /// The Windows program on installations that are not as they should be, and beside Windows' own programs.
 namespace oravin::test {
 
 namespace {
-
-/// A session whose machine does something before the program starts.
-struct PreparedSession : Session {
-  explicit PreparedSession(const std::string& shell) : Session(Beginning::desktop) {
-    before = "game='" + sample.game.string() + "' program='" + sample.program.string() + "'\n" + shell;
-    StartProgram(*this);
-    AwaitWindow(*this);
-  }
-  [[nodiscard]] FolderImage Image() const { return ImageOf(folder.Native("sample")); }
-};
 
 /// Enable is refused by a box that names a file, and nothing has been changed.
 void ExpectRefusal(const PreparedSession& session, const std::string& file, const std::string& reason) {
