@@ -35,8 +35,17 @@ void PrintArchiveTab(const std::filesystem::path& work);
 /// Prints how long the window takes to its first painting, beside the 0.3 s that it may take.
 /// @param programs the folder of oravin and oravin-cli
 void PrintStart(const std::filesystem::path& programs, const std::filesystem::path& work);
-/// Prints the most memory that enabling takes on an archive of 1 GiB, beside the 64 MiB and the largest file read at
-/// once.
-void PrintMemory(const std::filesystem::path& programs, const std::filesystem::path& work);
+
+/// The most memory that runs of the command line take on an archive of 1 GiB, in MiB; negative for one that failed.
+struct Peaks {
+  double enable = 0;
+  double unpack = 0;
+  double largestModel = 0;  ///< the largest of the files that are read at once
+};
+
+/// Measures that. It comes before all else: a program that is started counts the memory of the process that started it.
+Peaks MeasureMemory(const std::filesystem::path& programs, const std::filesystem::path& work);
+/// Prints it beside 64 MiB and the largest file read at once.
+void PrintMemory(const Peaks& peaks);
 
 }  // namespace oravin::bench

@@ -1,4 +1,5 @@
-// Usage: oravin-bench PROGRAMS WORK: PROGRAMS is the folder of oravin and oravin-cli, WORK a folder for files.
+// Usage: oravin-bench PROGRAMS WORK: PROGRAMS is the folder of oravin, oravin-cli and oravin-demo, WORK a folder for
+// files.
 
 #include <cstdio>
 
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path programs = std::filesystem::absolute(argv[1]);
   const std::filesystem::path work = std::filesystem::absolute(argv[2]);
   std::filesystem::create_directories(work);
+  const Peaks peaks = MeasureMemory(programs, work);
   AddDecompress();
   AddTableReading(work);
   AddInstallation(work);
@@ -28,6 +30,6 @@ int main(int argc, char** argv) {
   PrintTextureTab(work);
   PrintStatsTab(work);
   PrintStart(programs, work);
-  PrintMemory(programs, work);
+  PrintMemory(peaks);
   return 0;
 }
