@@ -17,7 +17,7 @@ void PaintPart(wxNotebook& tabs, HDC screen, const wxRect& part) {
   const RECT all{part.x, part.y, part.x + part.width, part.y + part.height};
   FillRect(memory, &all, GetSysColorBrush(COLOR_BTNFACE));
   tabs.MSWDefWindowProc(WM_PAINT, reinterpret_cast<WXWPARAM>(memory), 0);
-  SetViewportOrgEx(memory, -part.x, -part.y, nullptr);
+  SetViewportOrgEx(memory, -part.x, -part.y, nullptr);  // wherever the strip left it
   BitBlt(screen, part.x, part.y, part.width, part.height, memory, part.x, part.y, SRCCOPY);
   SelectObject(memory, before);
   DeleteObject(picture);
