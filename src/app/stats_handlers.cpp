@@ -21,11 +21,8 @@ void Do(Main& main) {
 void MarkWeapon(Main& main) { shipWeaponsList_ItemClick(main.stats); }
 
 void RestoreWeaponsOfSelected(Main& main) {
-  const UnpackModel unpack = [&main](const std::string& folder, const std::string& name, std::uint32_t size,
-                                     std::uint32_t offset) {
-    std::string hog = main.installation.GamePath + "resource.hog";
-    std::string into = folder;
-    UnpackFile(main.host, hog, into, name, size, offset);
+  const UnpackModel unpack = [&main](const std::string& folder, const std::string& name, const ShipRecord& ship) {
+    return UnpackStockModel(main.host, main.installation.GamePath + "resource.hog", folder, name, ship);
   };
   cmdRestoreWeapons_Click(main.host, main.stats, main.installation, unpack);
 }

@@ -50,19 +50,16 @@ bool EraseTemporary(Host& host, const std::string& path) {
 /// The table of a stock ship's own model. The temporary file is gone again whatever happens.
 std::optional<ShpAttachments> StockTable(Host& host, const Installation& installation, const ShipRecord& ship,
                                          const UnpackModel& unpack) {
-  const std::uint32_t size = Unsigned32(ship.HogSize);
-  if (size == 0) {  // the archive has no model of that name
-    TellNoOriginal(host);
-    return std::nullopt;
-  }
   const std::string path = installation.ProgramPath + temporaryModel;
   if (!EraseTemporary(host, path)) return std::nullopt;  // an old one must not be taken for the original
+  bool held = true;
   std::optional<ShpAttachments> table;
   Trap(host, title, [&] {
-    unpack(installation.ProgramPath, temporaryModel, size, Unsigned32(ship.HogOffset));
+    held = unpack(installation.ProgramPath, temporaryModel, ship);
     if (FileExists(std::string(path))) table = ReadAttachments(host.files, path);
   });
   EraseTemporary(host, path);
+  if (!held) TellNoOriginal(host);
   return table;
 }
 

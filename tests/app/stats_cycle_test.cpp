@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "demo/compressor.h"
 #include "demo/model_writer.h"
 #include "session.h"
 
@@ -219,6 +220,97 @@ TEST_F(StatsCycle, ACopyThatOnlyLooksShowsAShipAndChangesNothing) {
     session.Press(action);
   }
   Compare("ten refusals");
+}
+
+/// An archive that a patch has changed after the features were enabled: what the catalogue noted of it no longer holds.
+struct PatchedArchive : testing::Test {
+  PatchedArchive() {
+    installation.ships[bravo].model = WithGuns(9);
+    installation.WriteArchive();
+    session.Enable();
+  }
+  /// Alpha's model with other guns: every attachment has the type.
+  [[nodiscard]] Bytes WithGuns(std::uint8_t type) const {
+    Bytes model = installation.ships[alpha].model;
+    for (std::size_t i = 1; i <= SmallShipWeapons().size(); ++i) model.at(model.size() - elementSize * i + 100) = type;
+    return model;
+  }
+  /// Writes the archive anew, as a patch of the whole archive does: a new file first, and models under their own names.
+  void Rebuild(const std::vector<int>& models) {
+    std::vector<demo::ArchiveFile> files = {{"sounds\\new.wav", Bytes(100000, 0x11)}};
+    for (const int ship : models) {
+      const SmallShip& listed = installation.ships[static_cast<std::size_t>(ship)];
+      files.push_back({listed.entryName, demo::Compress(listed.model)});
+    }
+    WriteFileAt(installation.Game("resource.hog"), demo::BuildArchive(files));
+  }
+  /// Moves alpha's model to the archive's end and puts bravo's where it was.
+  /// @param name of alpha's entry in the table then; as long as the old one
+  void PutBravoInAlphasPlace(const std::string& name) {
+    Bytes archive = ReadFileAt(installation.Game("resource.hog"));
+    const TableEntry entry = EntryNamed(archive, "S47ha.shp");
+    PutBigEndian32(&archive.at(entry.position), static_cast<std::uint32_t>(archive.size()));
+    std::copy(name.begin(), name.end(), archive.begin() + entry.position + 8);
+    const Bytes model = demo::Compress(installation.ships[alpha].model);
+    archive.insert(archive.end(), model.begin(), model.end());
+    const Bytes other = demo::Compress(installation.ships[bravo].model);
+    std::copy(other.begin(), other.end(), archive.begin() + entry.offset);
+    WriteFileAt(installation.Game("resource.hog"), archive);
+  }
+  /// Gives alpha other guns and restores its weapons: its model must be the given one then, and nothing else changed.
+  void ExpectRestored(const Bytes& model) {
+    WriteFileAt(installation.Game("ships/alpha.shp"), WithGuns(13));
+    FolderImage expected = ImageOf(installation.folder.native);
+    expected.at("game/ships/alpha.shp") = model;
+    SelectOnly(session.main.stats.shipEditingList, RowOf(session.main.stats.shipEditingList, alpha));
+    session.Press("stats.shipEditingList.ItemClick");
+    session.Press("stats.cmdRestoreWeapons");
+    EXPECT_TRUE(SameImage(expected, ImageOf(installation.folder.native)));
+  }
+
+  SmallInstallation installation;
+  Session session{installation};
+};
+
+TEST_F(PatchedArchive, AnotherShipsModelAtTheOldPlaceIsNotTakenForTheOriginal) {
+  PutBravoInAlphasPlace("S47ha.shp");
+  ExpectRestored(installation.ships[alpha].model);
+}
+
+TEST_F(PatchedArchive, AModelThatHasMovedUnderItsOwnNameIsFound) {
+  PutBravoInAlphasPlace("ALPHA.shp");
+  ExpectRestored(installation.ships[alpha].model);
+}
+
+TEST_F(PatchedArchive, AModelOfAnArchiveThatIsNewAltogetherIsFound) {
+  Rebuild({bravo, alpha});
+  ExpectRestored(installation.ships[alpha].model);
+}
+
+TEST_F(PatchedArchive, ThePatchsOwnModelIsTheOriginal) {
+  installation.ships[alpha].model = WithGuns(4);
+  Rebuild({alpha, bravo});
+  ExpectRestored(WithGuns(4));
+}
+
+TEST_F(PatchedArchive, AModelThatIsGoneIsNoOriginalAlthoughItsOldPlaceHoldsAnother) {
+  PutBravoInAlphasPlace("other.shp");
+  session.desk.ExpectBox("No suitable original can be found", "RestoreWeapons");
+  ExpectRestored(WithGuns(13));
+}
+
+TEST_F(PatchedArchive, AnEntryThatHasBecomeEmptyIsNoOriginal) {
+  Bytes archive = ReadFileAt(installation.Game("resource.hog"));
+  PutBigEndian32(&archive.at(EntryNamed(archive, "S47ha.shp").position + 4), 0);
+  WriteFileAt(installation.Game("resource.hog"), archive);
+  session.desk.ExpectBox("No suitable original can be found", "RestoreWeapons");
+  ExpectRestored(WithGuns(13));
+}
+
+TEST_F(PatchedArchive, AnArchiveThatIsMissingIsReported) {
+  std::filesystem::remove(installation.Game("resource.hog"));
+  session.desk.ExpectBox("Error - Path(s) not found", "UnpackFile()");
+  ExpectRestored(WithGuns(13));
 }
 
 /// The same with another model and other weapons for the Manta.
