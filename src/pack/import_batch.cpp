@@ -80,7 +80,8 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
 /// Gives every ship its block of statistics.
 void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch) {
   for (ReadyShip& ship : batch.ships) {
-    const std::optional<int> block = GiveBlock(host, installation, ship.record, ship.stats);
+    // The first of its name: no other ship has the name of one that is imported.
+    const std::optional<int> block = GiveBlock(host, installation, ship.record, ship.stats, 0);
     if (!block) {
       throw RunTimeError("could not import", ship.record.ShipName.Trimmed(), "its statistics could not be written");
     }

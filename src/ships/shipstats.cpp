@@ -229,8 +229,11 @@ int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const S
   });
 }
 
-int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks) {
-  return FindBlock(host, path, stockBlocks, [&](const auto& block) { return SameName(NameIn(block), shipName); });
+int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks,
+                   std::size_t number) {
+  std::size_t found = 0;
+  return FindBlock(host, path, stockBlocks,
+                   [&](const auto& block) { return SameName(NameIn(block), shipName) && found++ == number; });
 }
 
 int FindFreeBlock(Host& host, const std::string& path, int stockBlocks) {

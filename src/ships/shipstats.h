@@ -101,8 +101,10 @@ ShipStats ReadImportStats(Files& files, const std::string& path);
 ///   nothing was appended
 int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const ShipStats& stats);
 
-/// The block behind the first `stockBlocks` ones that bears the ship's name; -1 when there is none.
-int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks);
+/// The block of a ship's name after the first `stockBlocks` ones; -1 when there is none.
+/// @param number which of the blocks of that name, counted from 0
+int FindAddedBlock(Host& host, const std::string& path, const std::string& shipName, int stockBlocks,
+                   std::size_t number = 0);
 
 /// The first block behind the first `stockBlocks` ones that is zero from its begin to its end, as a removed ship leaves
 /// it (ClearShipBlock); -1 when there is none.

@@ -15,12 +15,12 @@ constexpr std::int64_t mostBlocks = 32767;  // a record's index is a 16-bit sign
 }  // namespace
 
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
-                             const ShipStats& stats) {
+                             const ShipStats& stats, std::size_t number) {
   std::string defaults = installation.GamePath + "shipstats.def";
   // Only the defaults get blocks of imported ships, so whatever lies behind the current file's length is one.
   const int stockBlocks = static_cast<int>(FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize);
   const std::string name = ship.ShipName.Trimmed();
-  const int known = FindAddedBlock(host, defaults, name, stockBlocks);
+  const int known = FindAddedBlock(host, defaults, name, stockBlocks, number);
   // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
   if (known < 0 && !FileExists(std::string(defaults))) return 0;
   if (known >= 0) return PutShipsStats(host, defaults, known, stats) ? std::optional(known) : std::nullopt;
@@ -34,12 +34,12 @@ std::optional<int> GiveBlock(Host& host, const Installation& installation, const
   return put ? std::optional(free) : std::nullopt;
 }
 
-int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship) {
+int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship, std::size_t number) {
   std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
   std::string current = installation.GamePath + "shipstats.bin";
   ShipStats stats;
   if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
-  return GiveBlock(host, installation, ship, stats).value_or(0);
+  return GiveBlock(host, installation, ship, stats, number).value_or(0);
 }
 
 std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices) {

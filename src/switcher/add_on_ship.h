@@ -12,16 +12,19 @@
 /// Add-on ships: models in `addons\ships\` of the program folder, statistics texts in `addons\stats\`.
 namespace oravin {
 
-/// Gives an add-on ship its block of statistics behind the stock ones of `shipstats.def`. A block that bears the ship's
-/// name already is written anew in place; else the first block that a removed ship has left empty becomes this ship's.
+/// Gives an add-on ship its block of statistics after the stock ones of `shipstats.def`. Add-on records of one name, as
+/// the parts of a ship are, have the blocks of that name in their order, so that none writes over another's. The
+/// record's block is written anew in place where it is there; else the first block that a removed ship has left empty
+/// becomes this ship's, else one is appended.
+/// @param number which of the add-on records of its name the record is, in the catalogue's order from 0
 /// @return the block's index; 0 where `shipstats.def` is missing or empty, which then stays so; nothing when it could
 ///   not be written, after a box
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
-                             const ShipStats& stats);
+                             const ShipStats& stats, std::size_t number);
 
 /// The same with the statistics of its text among the add-ons, else with those of the first block of `shipstats.bin`.
 /// @return the block's index; 0 when it has none
-int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship);
+int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship, std::size_t number);
 
 /// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: behind the stock blocks, and
 /// bearing the name of the ship whose record leads to them.

@@ -1,11 +1,14 @@
 #include "switcher/catalogue_build.h"
 
+#include <unordered_map>
+
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/add_on_textures.h"
 #include "util/File_Path.h"
+#include "util/text.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -45,9 +48,14 @@ struct Shortcomings {
   std::vector<std::string> cutShort;  ///< models with more textures than a record holds
 };
 
-void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, Shortcomings& shortcomings) {
+/// How many add-on ships of each name have been prepared, by upper-case trimmed name.
+using NameCounts = std::unordered_map<std::string, std::size_t>;
+
+void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, NameCounts& counts,
+                  Shortcomings& shortcomings) {
   ship.Imported = true;
-  ship.StatsIndex = Int16Value(AddOnStats(host, installation, ship));
+  const std::size_t number = counts[UpperCase(ship.ShipName.Trimmed())]++;
+  ship.StatsIndex = Int16Value(AddOnStats(host, installation, ship, number));
   const std::string model = installation.ProgramPath + addOnShipsFolder + ModelOf(ship);
   if (!FileExists(std::string(model))) {
     shortcomings.missing.push_back(ModelOf(ship));
@@ -61,6 +69,7 @@ void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship
 Ships RecordsOf(Host& host, const Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
                 const HogTable& backup, Shortcomings& shortcomings) {
   Ships ships;
+  NameCounts counts;
   ships.reserve(list.size());
   for (const ListedShip& line : list) {
     ShowProgress(host, "Looking for " + line.file, static_cast<int>(ships.size()), static_cast<int>(list.size()));
@@ -69,7 +78,7 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
     if (IsInert(ship)) {
       // A line without a model: its record is kept for the order of the records, and nothing works on it.
     } else if (ship.Imported) {
-      PrepareAddOn(host, installation, ship, shortcomings);
+      PrepareAddOn(host, installation, ship, counts, shortcomings);
     } else {
       Locate(ship, live, backup, shortcomings.missing);
     }

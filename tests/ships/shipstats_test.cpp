@@ -281,6 +281,9 @@ TEST_F(AppendedBlock, IsFoundByItsNameBehindTheStockBlocks) {
   EXPECT_EQ(FindAddedBlock(at.host, path, "Tiger", 4), -1);
   EXPECT_EQ(FindAddedBlock(at.host, path, "Bear", 0), -1);
   EXPECT_EQ(FindAddedBlock(at.host, path, "Tiger", -5), 0);
+  EXPECT_EQ(FindAddedBlock(at.host, path, "Tiger", 0, 1), 2);
+  EXPECT_EQ(FindAddedBlock(at.host, path, "tiger", 1, 1), 3);
+  EXPECT_EQ(FindAddedBlock(at.host, path, "Tiger", 1, 2), -1);
 }
 
 TEST_F(AppendedBlock, IsNotFoundInAMissingFile) {

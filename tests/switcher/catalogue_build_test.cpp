@@ -1,6 +1,7 @@
 // The catalogue that enabling builds: places of stock models, statistics and models of add-on ships.
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 #include "ships/shipstats.h"
@@ -26,6 +27,43 @@ struct CatalogueBuild : testing::Test {
   void LoseModel(int ship) {
     stage.files.ships[SwitcherStage::At(ship)].file = "ghost.shp";
     stage.files.WriteShipList();
+  }
+  /// Names add-on ships alike but for blanks and case, and gives every add-on ship a statistics text of its own.
+  void NameAlike(const std::vector<int>& ships) {
+    static constexpr std::array<const char*, 3> spellings = {"Manta", " mantA", "MANTA"};
+    for (std::size_t i = 0; i < ships.size(); ++i)
+      stage.files.ships[SwitcherStage::At(ships[i])].name = spellings.at(i);
+    stage.files.WriteShipList();
+    for (const int ship : {manta, wraith, colossus}) {
+      std::string text;
+      for (int value = 0; value < 15; ++value) text += std::to_string(100 * ship + value) + "\r\n";
+      WriteFileAt(stage.files.Program("addons/stats/" + stage.files.ships[SwitcherStage::At(ship)].file)
+                      .replace_extension(".txt"),
+                  text);
+    }
+  }
+  /// The block that an add-on ship gets from the text that NameAlike has given it.
+  static Bytes AddedBlock(int ship, const std::string& name) {
+    // The text lists Shield Recharge as its 10th value; the file has it behind Afterburner Fuel.
+    static constexpr std::array<int, 15> order = {0, 1, 2, 3, 4, 5, 6, 7, 8, 10, 11, 9, 12, 13, 14};
+    Bytes block(352);
+    const std::string trimmed = Trim(name);
+    std::copy(trimmed.begin(), trimmed.end(), block.begin());
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      const auto value = static_cast<float>(100 * ship + order.at(i));
+      PutLittleEndian32(&block.at(64 + 4 * i), std::bit_cast<std::uint32_t>(value));
+    }
+    return block;
+  }
+  static Bytes Joined(const std::vector<Bytes>& blocks) {
+    Bytes all;
+    for (const Bytes& block : blocks) all.insert(all.end(), block.begin(), block.end());
+    return all;
+  }
+  void ExpectBlocks(int mantas, int wraiths, int colossuss) {
+    EXPECT_EQ(stage.RecordOnDisk(manta).StatsIndex, Int16Value(mantas));
+    EXPECT_EQ(stage.RecordOnDisk(wraith).StatsIndex, Int16Value(wraiths));
+    EXPECT_EQ(stage.RecordOnDisk(colossus).StatsIndex, Int16Value(colossuss));
   }
   [[nodiscard]] Bytes Defaults() const { return ReadFileAt(stage.files.Game("shipstats.def")); }
   [[nodiscard]] Bytes StatsOf(const Bytes& blocks, std::size_t block) const {
@@ -214,6 +252,65 @@ TEST_F(CatalogueBuild, ABlockThatBearsTheShipsNameIsWrittenAnewInItsPlace) {
   EXPECT_EQ(std::bit_cast<float>(LittleEndian32(StatsOf(twice, 13).data())), 9.0F);
   EXPECT_TRUE(SameBytes(StatsOf(once, 12), StatsOf(twice, 12)));
   EXPECT_EQ(stage.RecordOnDisk(wraith).StatsIndex, Int16Value(13));
+}
+
+TEST_F(CatalogueBuild, EachPartOfATwoPartAddOnShipHasABlockOfItsOwn) {
+  NameAlike({manta, wraith});
+  const Bytes before = Defaults();
+  EXPECT_TRUE(stage.Build());
+  EXPECT_TRUE(stage.Record(manta).HasSecondPart);
+  const Bytes expected =
+      Joined({before, AddedBlock(manta, "Manta"), AddedBlock(wraith, " mantA"), AddedBlock(colossus, "Colossus")});
+  EXPECT_TRUE(SameBytes(expected, Defaults()));
+  ExpectBlocks(12, 13, 14);
+  EXPECT_TRUE(stage.Build());
+  EXPECT_TRUE(SameBytes(expected, Defaults()));
+  ExpectBlocks(12, 13, 14);
+}
+
+TEST_F(CatalogueBuild, AddOnShipsOfOneNameThatAreNoneOfTheOthersPartsHaveABlockEachToo) {
+  NameAlike({manta, colossus});
+  EXPECT_TRUE(stage.Build());
+  ExpectBlocks(12, 13, 14);
+  EXPECT_TRUE(stage.Build());
+  ExpectBlocks(12, 13, 14);
+  EXPECT_TRUE(SameBytes(StatsOf(AddedBlock(colossus, ""), 0), StatsOf(Defaults(), 14)));
+}
+
+TEST_F(CatalogueBuild, ASecondPartThatSharedTheFirstOnesBlockGetsItsOwn) {
+  const Bytes stock = Defaults();
+  NameAlike({manta, wraith});
+  // What an older build left: one block for both parts, and one that a removed ship has emptied before it.
+  WriteFileAt(stage.files.Game("shipstats.def"), Joined({stock, Bytes(352), AddedBlock(wraith, "Manta")}));
+  EXPECT_TRUE(stage.Build());
+  ExpectBlocks(13, 12, 14);
+  EXPECT_TRUE(SameBytes(
+      Joined({stock, AddedBlock(wraith, " mantA"), AddedBlock(manta, "Manta"), AddedBlock(colossus, "Colossus")}),
+      Defaults()));
+  EXPECT_TRUE(stage.Build());
+  ExpectBlocks(12, 13, 14);
+  // A block that is written anew keeps its name as it is spelled.
+  EXPECT_TRUE(SameBytes(
+      Joined({stock, AddedBlock(manta, "mantA"), AddedBlock(wraith, "Manta"), AddedBlock(colossus, "Colossus")}),
+      Defaults()));
+}
+
+TEST_F(CatalogueBuild, AStockShipOfTheSameNameDoesNotCountAmongTheAddOnShips) {
+  stage.files.ships[carrier].name = "Manta";
+  stage.files.WriteShipList();
+  EXPECT_TRUE(stage.Build());
+  EXPECT_TRUE(stage.Build());
+  ExpectBlocks(12, 13, 14);
+}
+
+TEST_F(CatalogueBuild, ALineWithoutAModelDoesNotCountAmongTheShipsOfItsName) {
+  NameAlike({manta, wraith});
+  stage.files.ships[manta].file = "";
+  stage.files.WriteShipList();
+  EXPECT_TRUE(stage.Build());
+  EXPECT_TRUE(stage.Build());
+  EXPECT_EQ(stage.RecordOnDisk(wraith).StatsIndex, Int16Value(12));
+  EXPECT_EQ(stage.RecordOnDisk(colossus).StatsIndex, Int16Value(13));
 }
 
 TEST_F(CatalogueBuild, ABlockThatARemovedShipLeftServesBeforeOneIsAppended) {
