@@ -1,5 +1,7 @@
 #include "ships/stats_edit.h"
 
+#include <span>
+
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
@@ -53,37 +55,56 @@ bool HasNoDefault(const Installation& installation, const ShipRecord& ship) {
   return ship.Imported && (WholeNumber(ship.StatsIndex) == 0 || !FileExists(StatsTextOf(installation, ship)));
 }
 
-void RestoreImported(Host& host, const Installation& installation, const ShipRecord& ship) {
-  std::string text = StatsTextOf(installation, ship);
-  ShipStats stats;
-  if (HasNoDefault(installation, ship) || !GetImportStats(host, text, stats)) {
-    Show(host, noDefault, Icon::exclamation);
-    return;
-  }
-  StatsSource source = SourceOf(installation, ship);
-  PutShipsStats(host, source.path, source.index, stats);
+/// The records of a ship: its own, and that of its second part.
+std::span<const ShipRecord> PartsAt(const Installation& installation, int index) {
+  const auto first = static_cast<std::size_t>(index);
+  const auto parts = static_cast<std::size_t>(PartsOf(installation.ships[first]));
+  return std::span(installation.ships).subspan(first, parts);
 }
 
-void RestoreStock(Host& host, const Installation& installation, const ShipRecord& ship) {
-  StatsSource source = SourceOf(installation, ship);
+/// The default statistics of one part; nothing where it has none or they cannot be read, after a box in all cases but
+/// that of an imported ship without any.
+std::optional<ShipStats> DefaultsToRestore(Host& host, const Installation& installation, const ShipRecord& part) {
+  ShipStats stats;
+  if (part.Imported) {
+    std::string text = StatsTextOf(installation, part);
+    const bool read = !HasNoDefault(installation, part) && GetImportStats(host, text, stats);
+    return read ? std::optional(stats) : std::nullopt;
+  }
   std::string defaults = installation.GamePath + "shipstats.def";
-  ShipStats stats;
-  if (GetShipsStats(host, defaults, source.index, stats)) PutShipsStats(host, source.path, source.index, stats);
+  const bool read = GetShipsStats(host, defaults, SourceOf(installation, part).index, stats);
+  return read ? std::optional(stats) : std::nullopt;
 }
 
-/// Puts the defaults of a ship and of its second part back; returns why not, in words, where that cannot be.
-std::string RestoreQuietly(Files& files, const Installation& installation, std::size_t first) {
-  const std::size_t end = first + static_cast<std::size_t>(PartsOf(installation.ships[first]));
-  for (std::size_t part = first; part < end; ++part) {
-    const ShipRecord& ship = installation.ships[part];
-    if (HasNoDefault(installation, ship)) return noDefault;
-    try {
-      PutDefaults(files, installation, ship);
-    } catch (const RunTimeError& error) {
-      return error.what();
+/// Gives each part its own default. A part that has none does not keep the other from its own, and is told once; a file
+/// that fails ends it, so that there is one box about that, too.
+void RestoreParts(Host& host, const Installation& installation, std::span<const ShipRecord> parts) {
+  bool without = false;
+  for (const ShipRecord& part : parts) {
+    const auto stats = DefaultsToRestore(host, installation, part);
+    if (!stats && part.Imported) {
+      without = true;
+      continue;
     }
+    StatsSource source = SourceOf(installation, part);
+    if (!stats || !PutShipsStats(host, source.path, source.index, *stats)) break;
   }
-  return "";
+  if (without) Show(host, noDefault, Icon::exclamation);
+}
+
+/// Gives each part of a ship its own default; returns why not, in words, where that cannot be for one of them.
+std::string RestoreQuietly(Files& files, const Installation& installation, std::span<const ShipRecord> parts) {
+  std::string why;
+  for (const ShipRecord& part : parts) {
+    std::string problem = HasNoDefault(installation, part) ? noDefault : "";
+    try {
+      if (problem.empty()) PutDefaults(files, installation, part);
+    } catch (const RunTimeError& error) {
+      problem = error.what();
+    }
+    if (why.empty()) why = problem;
+  }
+  return why;
 }
 
 }  // namespace
@@ -111,25 +132,25 @@ void pldStatsCopy_Click(Host& host, StatsTab& tab, const Installation& installat
 }
 
 void pldStatsPaste_Click(Host& host, StatsTab& tab, const Installation& installation) {
-  const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
+  const int index = SelectedShip(tab);
   const ShipRecord* from = ShipAt(installation, RememberedShipIn(tab, installation.ships));
-  if (ship == nullptr || from == nullptr) return;
+  if (ShipAt(installation, index) == nullptr || from == nullptr) return;
   StatsSource source = SourceOf(installation, *from);
-  StatsSource destination = SourceOf(installation, *ship);
   ShipStats stats;
   if (!GetShipsStats(host, source.path, source.index, stats)) return;
-  if (!PutShipsStats(host, destination.path, destination.index, stats)) return;
-  DisplayShipStats(host, tab, installation);
+  bool changed = false;
+  for (const ShipRecord& part : PartsAt(installation, index)) {
+    StatsSource destination = SourceOf(installation, part);
+    if (!PutShipsStats(host, destination.path, destination.index, stats)) break;
+    changed = true;
+  }
+  if (changed) DisplayShipStats(host, tab, installation);
 }
 
 void pldStatsRestoreDefault_Click(Host& host, StatsTab& tab, const Installation& installation) {
-  const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
-  if (ship == nullptr) return;
-  if (ship->Imported) {
-    RestoreImported(host, installation, *ship);
-  } else {
-    RestoreStock(host, installation, *ship);
-  }
+  const int index = SelectedShip(tab);
+  if (ShipAt(installation, index) == nullptr) return;
+  RestoreParts(host, installation, PartsAt(installation, index));
   DisplayShipStats(host, tab, installation);
 }
 
@@ -146,7 +167,7 @@ void cmdRestoreAllStats_Click(Host& host, StatsTab& tab, const Installation& ins
   for (std::size_t i = 0; i < installation.ships.size(); ++i) {
     const ShipRecord& ship = installation.ships[i];
     if (IsInert(ship)) continue;
-    const std::string why = RestoreQuietly(host.files, installation, i);
+    const std::string why = RestoreQuietly(host.files, installation, PartsAt(installation, static_cast<int>(i)));
     if (why.empty()) {
       ++restored;
     } else {

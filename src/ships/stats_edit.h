@@ -4,7 +4,8 @@
 #include "desk/host.h"
 #include "ships/stats_tab.h"
 
-/// What is done on the statistics of the selected ship; without one nothing happens.
+/// What is done on the statistics of the selected ship; without one nothing happens. A two-part ship is one ship, as in
+/// a swap; only an edited value goes into the listed record's block alone.
 namespace oravin {
 
 /// Takes the text that a row of shipStatsList was edited to (`tab.shipStatsList.edited`) and writes the value into the
@@ -19,11 +20,12 @@ void shipStatsList_AfterLabelEdit(Host& host, StatsTab& tab, const Installation&
 /// Remembers the selected ship for Paste, and for the chart to compare with.
 void pldStatsCopy_Click(Host& host, StatsTab& tab, const Installation& installation);
 
-/// Writes the present statistics of the remembered ship into the selected ship's own block.
+/// Writes the present statistics of the remembered ship, those of its first block, into the own block of each part of
+/// the selected ship, as a swap does.
 void pldStatsPaste_Click(Host& host, StatsTab& tab, const Installation& installation);
 
-/// Puts the selected ship's default statistics back. An imported ship without a statistics text has none: the box
-/// "Imported Ships have no default".
+/// Puts the default statistics of each part of the selected ship back. An imported part without a statistics text has
+/// none: the box "Imported Ships have no default", once, after the other part has been restored.
 void pldStatsRestoreDefault_Click(Host& host, StatsTab& tab, const Installation& installation);
 void cmdRestoreShipStats_Click(Host& host, StatsTab& tab, const Installation& installation);
 

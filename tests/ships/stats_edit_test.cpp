@@ -14,10 +14,6 @@ using Strings = std::vector<std::string>;
 
 constexpr const char* inertiaBox = "Inertia must be a value between 0 and 1.";
 constexpr const char* valueBox = "This value must be between 0 and 10,000,000";
-constexpr const char* noDefaultBox = "Imported Ships have no default";
-
-/// The statistics text of `manta`, in the order of the file.
-ShipStats MantasText() { return {{1, 0.5F, 3, 0.5F, 5, 0.5F, 7, 0.5F, 9, 11, 12, 10, 13, 14, 15}}; }
 
 struct StatsEditing : TabStage {
   void Copy(std::size_t ship) {

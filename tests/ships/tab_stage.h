@@ -16,6 +16,8 @@ namespace oravin::test {
 /// The ships of the stage, by their places in the catalogue.
 enum StageShip : std::size_t { alpha, bravo, twin, twinVariant, manta, wraith, homeless };
 
+inline constexpr const char* noDefaultBox = "Imported Ships have no default";
+
 /// A game and a program folder with six ships, and the tab over them. `manta` is imported and has a statistics text,
 /// `wraith` has none, `homeless` is imported without a block of its own.
 struct TabStage : testing::Test {
@@ -38,6 +40,8 @@ struct TabStage : testing::Test {
   bool Edit(std::size_t row, const std::string& text);
   /// The texts of a list's rows in one column.
   static std::vector<std::string> Texts(const ListView& list, std::size_t column);
+  /// What the statistics text of `manta` says.
+  static ShipStats MantasText() { return {{1, 0.5F, 3, 0.5F, 5, 0.5F, 7, 0.5F, 9, 11, 12, 10, 13, 14, 15}}; }
   /// The image with one block's statistics changed.
   static void PutStats(FolderImage& image, const std::string& file, std::size_t block, const ShipStats& stats);
 
