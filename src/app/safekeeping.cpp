@@ -97,13 +97,24 @@ void KeepTextures(Files& files, const Installation& installation) {
 }  // namespace
 
 void KeepDefaults(Host& host, const Installation& installation) {
+  const std::string current = installation.GamePath + "shipstats.bin";
   const std::string defaults = installation.GamePath + "shipstats.def";
   const std::string kept = BackupFolder(installation) + "shipstats.def";
-  if (FeaturesEnabled(installation.ProgramPath) && !FileExists(std::string(defaults)) &&
-      FileExists(std::string(kept))) {
-    Trap(host, "BackupShipStats", [&] { CopyWhole(host.files, kept, defaults); });
+  const bool lost = FeaturesEnabled(installation.ProgramPath) && !FileExists(std::string(defaults));
+  // Only the current file tells which blocks are the game's: without it BackupShipStats has its box, and the next start
+  // tries again.
+  if (!lost || !FileExists(std::string(current))) {
+    BackupShipStats(host, installation.GamePath);
+    return;
   }
-  BackupShipStats(host, installation.GamePath);
+  // Where the backup cannot be read, the current file is no substitute: changed statistics would become the defaults.
+  const std::string source = FileExists(std::string(kept)) ? kept : current;
+  Trap(host, "BackupShipStats", [&] {
+    WriteBeside(host.files, defaults, [&](int handle) {
+      CopyInto(host.files, source, handle);
+      PutAddOnBlocks(host, installation, handle);
+    });
+  });
 }
 
 void MakeFolders(Files& files, const Installation& installation) {

@@ -14,8 +14,9 @@
 ///   backup\shipstats.def            the stock statistics
 namespace oravin {
 
-/// Start-up's copy of the stock statistics, `shipstats.def`: where it is missing while the features are enabled, from
-/// `backup\shipstats.def`, else from `shipstats.bin` (BackupShipStats).
+/// Start-up's copy of the stock statistics, `shipstats.def`. Where it is missing while the features are enabled, it is
+/// made from `backup\shipstats.def`, else from `shipstats.bin`, and the imported ships get their blocks in it anew
+/// (PutAddOnBlocks); it takes its name when it is complete. Otherwise it is made by BackupShipStats.
 void KeepDefaults(Host& host, const Installation& installation);
 
 /// Makes the folders that enabling writes into, where they are missing.

@@ -137,6 +137,12 @@ void PutShipBlock(Files& files, const std::string& path, int shipIndex, const st
   PutIntoBlock(files, path, shipIndex, 0, BlockOf(shipName, stats));
 }
 
+void PutShipBlock(Files& files, int handle, int shipIndex, const std::string& shipName, const ShipStats& stats) {
+  const std::uint64_t begin = static_cast<std::uint64_t>(shipIndex) * statsBlockSize;
+  if (LengthOf(files, handle) < begin) SetLength(files, handle, begin);
+  Put(files, handle, begin, BlockOf(shipName, stats));
+}
+
 void PutBlockName(Files& files, const std::string& path, int shipIndex, const std::string& shipName) {
   const Bytes block = BlockOf(shipName, ShipStats());
   PutIntoBlock(files, path, shipIndex, 0, std::span(block).first(statsNameWidth));

@@ -116,6 +116,11 @@ int FindFreeBlock(Host& host, const std::string& path, int stockBlocks);
 void PutShipBlock(Files& files, const std::string& path, int shipIndex, const std::string& shipName,
                   const ShipStats& stats);
 
+/// The same in a file that is open, which grows by zeros up to the block where it ends before it.
+/// @param shipIndex 0 or more
+/// @throws RunTimeError when the file cannot be written
+void PutShipBlock(Files& files, int handle, int shipIndex, const std::string& shipName, const ShipStats& stats);
+
 /// The ship's name that a block bears, without blanks at its ends; empty when the file is missing or the block does not
 /// end inside it.
 /// @throws RunTimeError when the file cannot be read

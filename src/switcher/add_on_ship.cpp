@@ -12,13 +12,26 @@ namespace {
 
 constexpr std::int64_t mostBlocks = 32767;  // a record's index is a 16-bit signed number
 
+/// The number of the game's own blocks: only the defaults get blocks of imported ships.
+std::uint64_t StockBlocks(const Installation& installation) {
+  return FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize;
+}
+
+/// The statistics of an add-on ship's text, else those of the first block of `shipstats.bin`.
+ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecord& ship) {
+  std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
+  std::string current = installation.GamePath + "shipstats.bin";
+  ShipStats stats;
+  if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
+  return stats;
+}
+
 }  // namespace
 
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
                              const ShipStats& stats, std::size_t number) {
   std::string defaults = installation.GamePath + "shipstats.def";
-  // Only the defaults get blocks of imported ships, so whatever lies behind the current file's length is one.
-  const int stockBlocks = static_cast<int>(FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize);
+  const int stockBlocks = static_cast<int>(StockBlocks(installation));
   const std::string name = ship.ShipName.Trimmed();
   const int known = FindAddedBlock(host, defaults, name, stockBlocks, number);
   // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
@@ -35,16 +48,22 @@ std::optional<int> GiveBlock(Host& host, const Installation& installation, const
 }
 
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship, std::size_t number) {
-  std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
-  std::string current = installation.GamePath + "shipstats.bin";
-  ShipStats stats;
-  if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
-  return GiveBlock(host, installation, ship, stats, number).value_or(0);
+  return GiveBlock(host, installation, ship, StatsFor(host, installation, ship), number).value_or(0);
+}
+
+void PutAddOnBlocks(Host& host, const Installation& installation, int handle) {
+  const auto stockBlocks = static_cast<std::int64_t>(StockBlocks(installation));
+  for (const ShipRecord& ship : installation.ships) {
+    const std::int64_t block = WholeNumber(ship.StatsIndex);
+    if (IsInert(ship) || !ship.Imported || block < stockBlocks || block > mostBlocks) continue;
+    PutShipBlock(host.files, handle, static_cast<int>(block), ship.ShipName.Trimmed(),
+                 StatsFor(host, installation, ship));
+  }
 }
 
 std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices) {
   const Ships& ships = installation.ships;
-  const std::uint64_t stockBlocks = FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize;
+  const std::uint64_t stockBlocks = StockBlocks(installation);
   if (stockBlocks == 0) return {};  // then nobody can tell which blocks are the game's
   const std::set<std::size_t> own(indices.begin(), indices.end());
   std::set<std::int64_t> others;

@@ -26,6 +26,13 @@ std::optional<int> GiveBlock(Host& host, const Installation& installation, const
 /// @return the block's index; 0 when it has none
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship, std::size_t number);
 
+/// Puts the blocks of the imported ships into defaults that were lost and are being made anew, each where its record's
+/// StatsIndex says: so the catalogue stays as it is. The statistics are those of AddOnStats. A record that names one of
+/// the game's own blocks has none of its own.
+/// @param handle of the new file, open, with the stock blocks in it
+/// @throws RunTimeError when it cannot be written
+void PutAddOnBlocks(Host& host, const Installation& installation, int handle);
+
 /// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: behind the stock blocks, and
 /// bearing the name of the ship whose record leads to them.
 /// @param indices of the ships in the catalogue

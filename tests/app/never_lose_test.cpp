@@ -222,27 +222,6 @@ TEST_F(NeverLose, AFactoryCacheIsNotCopied) {
   EXPECT_FALSE(fs::exists(installation.Program("backup/tcachehw.dat")));
 }
 
-TEST_F(NeverLose, LostDefaultsComeFromTheBackupWhileTheFeaturesAreEnabled) {
-  Start();
-  const Bytes stock = ReadFileAt(installation.Game("shipstats.bin"));
-  session->Enable();
-  session->Swap(alpha, manta);
-  fs::remove(installation.Game("shipstats.def"));
-  Start();
-  EXPECT_TRUE(SameBytes(stock, ReadFileAt(installation.Game("shipstats.def"))));
-  session->Disable();
-  EXPECT_TRUE(SameBytes(stock, ReadFileAt(installation.Game("shipstats.bin"))));
-}
-
-TEST_F(NeverLose, LostDefaultsComeFromTheGamesFileWithoutABackup) {
-  Start();
-  session->Enable();
-  fs::remove(installation.Game("shipstats.def"));
-  fs::remove(installation.Program("backup/shipstats.def"));
-  Start();
-  EXPECT_EQ(ReadFileAt(installation.Game("shipstats.def")), ReadFileAt(installation.Game("shipstats.bin")));
-}
-
 TEST_F(NeverLose, DisableWithoutACatalogueRestoresByTheBackupOfTheTable) {
   WriteFileAt(installation.Game("ships/alpha.shp"), "the player's own");
   Start();
