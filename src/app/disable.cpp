@@ -87,7 +87,9 @@ void cmdDisable_Click(Main& main) {
   Trap(main.host, "cmdDisable_Click()", [&] { EraseAllLeftovers(main.host.files, installation); });
   if (FeaturesEnabled(installation.ProgramPath)) KeepDefaults(main.host, installation);
   const bool restored = RestoreArchiveAndStats(main.host, installation);
-  // A missing archive is no reason to stay enabled: there is nothing left in it to restore.
+  // Intentional: the catalogue stays, and with it the features stay enabled, while something could not be restored.
+  // The next Disable goes by it, and nothing else tells which loose models came from the add-ons. A missing archive is
+  // no reason to stay enabled: there is nothing left in it to restore.
   const bool forget = (restored || !FileExists(installation.GamePath + "resource.hog")) && ForgetCatalogue(main);
   RestoreTcacheFile(main.host, installation.GamePath + "tcachehw.dat");
   main.stats.lblWeapons.caption = "Weapons:";

@@ -14,6 +14,9 @@ namespace oravin {
 
 /// What a command has to tell, in both forms.
 struct Result {
+  /// Intentional: a list of plain names in it (textures, imported, failed, removed, inPlaceOf, freeBlocks) is an array
+  /// of strings, while other lists are arrays of objects. A name alone has no second field, and scripts read such a
+  /// list without a step in between.
   Json document;
   std::string text;  ///< UTF-8, ends in a line break
 };

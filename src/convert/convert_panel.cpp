@@ -46,7 +46,8 @@ void cmdConvert3dsToSL_Click(Host& host, ConvertPanel& panel, const Installation
   std::string destination = platform::FromTheRoot(panel.txt3DDest.text);
   const auto code = m3DtoSL(host, installation.ProgramPath, panel.txt3DSource.text, "", destination);
   import.txtImportFighter.text = destination;
-  // Where nothing was made there is nothing to import; a model that was there before is not what was asked for.
+  // Intentional: the import form does not come up over a conversion that left no model. Where nothing was made there is
+  // nothing to import, and the form would only refuse it; a model that was there before is not what was asked for.
   if (code && FileExists(destination)) import.show(destination);
 }
 

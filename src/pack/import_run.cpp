@@ -173,6 +173,8 @@ void OfferSwitches(SwapDesk& desk, SwitcherTab& tab, const Run& run, const std::
   refill();
 }
 
+/// Intentional: the message names the ships that failed after its given text. The boxes about them came one by one
+/// during the run, and a player who imports a whole pack must know at its end which ships to look at.
 void TellResult(const Run& run) {
   std::string text =
       run.allImported ? "Importing Successfull!" : "Importing Completed - but there where errors on some ships";

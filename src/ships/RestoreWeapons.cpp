@@ -114,6 +114,8 @@ bool RestoreWeapons(Host& host, const Installation& installation, std::size_t nu
   if (!table) return false;
   std::vector<std::string> models = ModelsOf(installation, ship);
   if (!Fits(host, *table, models)) return false;
+  // Intentional: the "t_" variant gets the table too. A change of a weapon writes both models, so restoring the ship's
+  // own model alone would leave that change in the one that the game flies as its variant.
   const std::string variant = VariantOf(installation, ship);
   if (FileExists(std::string(variant))) {
     const auto present = TableOf(host, variant);
