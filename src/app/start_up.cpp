@@ -42,6 +42,12 @@ constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"
 
 bool IsGameFolder(const std::string& folder) { return FileExists(folder + "resource.hog"); }
 
+/// True when a program folder that is given can be worked on. A lost ship list must not keep the player from "Disable /
+/// Restore", which works by the catalogue.
+bool IsProgramFolder(const std::string& folder) {
+  return FileExists(folder + "shipsData.txt") || FeaturesEnabled(folder);
+}
+
 /// The program folder, first guess: where the registry says that the program is, else the usual folder, else the one
 /// that the program's package names.
 void GuessProgramFolder(Installation& installation, const platform::PackagePlaces& package) {
@@ -73,15 +79,17 @@ bool GameFolderFromRegistry(Installation& installation) {
 }
 
 /// The INI file: two quoted lines, the game folder and the program folder.
-bool FoldersFromIni(Host& host, Installation& installation) {
+/// @param programGiven the program folder is settled; only the game folder is taken from the file
+bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
   const std::string path = installation.ProgramPath + "oravin.ini";
   if (!FileExists(std::string(path)) || FileLength(path) == 0) return false;
   return Trapped(host, "Form_Load", false, [&] {
     const std::string all = TextOf(ReadWhole(host.files, path, longestIni));
     DelimitedText text{path, all};
     installation.GamePath = TakeText(text);
-    if (!FileExists(installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
     AddBackslash(installation.GamePath);
+    if (programGiven) return FolderExists(installation.GamePath) && IsGameFolder(installation.GamePath);
+    if (!FileExists(installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
     AddBackslash(installation.ProgramPath);
     return FolderExists(installation.GamePath) && FolderExists(installation.ProgramPath) &&
            FileExists(installation.ProgramPath + "shipsdata.txt") && IsGameFolder(installation.GamePath);
@@ -156,18 +164,19 @@ void WriteIni(Host& host, Installation& installation) {
 
 /// The game folder, from wherever it is noted, else from the person.
 /// @return whether the person was asked
-bool SearchGameFolder(Main& main) {
+bool SearchGameFolder(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
-  if (GameFolderFromRegistry(installation) || FoldersFromIni(main.host, installation)) return false;
+  if (GameFolderFromRegistry(installation)) return false;
+  if (FoldersFromIni(main.host, installation, !given.program.empty())) return false;
   AskGameFolder(main.host, installation);
   return true;
 }
 
 void SearchFolders(Main& main, const GivenFolders& given) {
-  const bool asked = SearchGameFolder(main);
+  const bool asked = SearchGameFolder(main, given);
   OfferListForPackage(main, given);
   if (!asked) return;
-  SettleProgramFolder(main, given);
+  if (given.program.empty()) SettleProgramFolder(main, given);
   WriteIni(main.host, main.installation);
 }
 
@@ -191,23 +200,22 @@ void TakeGivenGame(Host& host, Installation& installation, const std::string& gi
   }
 }
 
-/// Takes a given program folder, which must have a ship list. Where one may be drafted, which takes the game's files,
-/// the game folder is found first.
+/// Takes a given program folder, which must have a ship list or an enabled catalogue. Where a list may be drafted,
+/// which takes the game's files, the game folder is found first.
 /// @return whether the game folder is known now
 bool TakeGivenProgram(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
   const std::string program = FolderFrom(given.program);
   installation.ProgramPath = program;
-  if (FileExists(program + "shipsData.txt")) return false;
+  if (IsProgramFolder(program)) return false;
   if (given.offerShipList && FolderExists(std::string(program))) {
     bool asked = false;
     if (given.game.empty()) {
-      asked = SearchGameFolder(main);
+      asked = SearchGameFolder(main, given);
     } else {
       installation.GamePath = FolderFrom(given.game);
     }
     AddBackslash(installation.GamePath);
-    installation.ProgramPath = program;  // the search may have named another one
     if (OfferShipList(main, installation.GamePath, program)) {
       if (asked) WriteIni(main.host, installation);
       return true;
@@ -234,8 +242,6 @@ void FindFolders(Main& main, const GivenFolders& given) {
     return;
   }
   if (!gameKnown) SearchFolders(main, given);
-  // A given program folder is the person's last word; the search does not replace it.
-  if (!given.program.empty()) installation.ProgramPath = FolderFrom(given.program);
 }
 
 void LockInstallation(Main& main) {
@@ -283,7 +289,8 @@ void FindGameFolder(Main& main, const GivenFolders& given) {
   }
   if (!given.game.empty()) {
     TakeGivenGame(main.host, installation, given.game);
-  } else if (!GameFolderFromRegistry(installation) && !FoldersFromIni(main.host, installation)) {
+  } else if (!GameFolderFromRegistry(installation) &&
+             !FoldersFromIni(main.host, installation, !given.program.empty())) {
     installation.GamePath = ChosenGameFolder(main.host);
   }
   AddBackslash(installation.GamePath);

@@ -19,7 +19,8 @@ struct GivenFolders {
 /// enabled, fills the lists, and keeps a first copy of the stock statistics.
 ///
 /// The folders come from the registry, else from the INI file in the program folder, else from the person; what a
-/// person chose is stored back. Folders given by the caller are taken as they are and stored nowhere.
+/// person chose is stored back. Folders given by the caller are taken as they are and stored nowhere. A given program
+/// folder must have a ship list; one whose features are enabled is taken without it, so that they can be disabled.
 ///
 /// Where neither the registry nor the usual place has a program folder, a program that came as a package takes the one
 /// that its package names and lays it out. It has no ship list at first; where one is to be offered, that is done as

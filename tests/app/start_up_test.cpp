@@ -301,6 +301,76 @@ TEST_F(StartUp, AGivenFolderThatIsNoProgramFolderEndsTheProgram) {
   EXPECT_THROW(Load({installation.gamePath, machine.windows}), ProgramEnd);
 }
 
+TEST_F(StartUp, AGivenProgramFolderWhoseListIsLostWhileEnabledIsTakenAndCanBeDisabled) {
+  for (const bool offer : {false, true}) {
+    const Bytes list = ReadFileAt(installation.Program("shipsData.txt"));
+    const FolderImage before = ImageOf(installation.folder.Native("game"));
+    session = std::make_unique<Session>(installation);
+    session->Enable();
+    fs::remove(installation.Program("shipsData.txt"));
+    session = nullptr;
+    session = std::make_unique<Session>(installation, false);
+    Load({installation.gamePath, installation.programPath, offer});
+    ExpectBothFolders();
+    EXPECT_FALSE(Found().ships.empty());
+    session->Disable();
+    EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.Native("game"))));
+    session = nullptr;
+    WriteFileAt(installation.Program("shipsData.txt"), list);
+  }
+}
+
+/// Enables, loses the list, and starts anew with nothing but the program folder given.
+struct LostList : StartUp {
+  LostList() {
+    Form_Load(session->main, {installation.gamePath, installation.programPath});
+    session->Enable();
+    session = nullptr;
+    fs::remove(installation.Program("shipsData.txt"));
+    session = std::make_unique<Session>(installation, false);
+  }
+};
+
+TEST_F(LostList, TheGivenProgramFolderIsTakenWithTheGameOfTheRegistry) {
+  Register(gameKey, "EXE Path", installation.gamePath);
+  Load({"", installation.programPath});
+  ExpectBothFolders();
+  EXPECT_FALSE(Found().ships.empty());
+}
+
+TEST_F(LostList, TheGivenProgramFolderIsTakenWithTheGameOfItsIniFile) {
+  WriteFileAt(installation.Program("oravin.ini"), "\"" + installation.gamePath + "\"\r\n\"C:\\elsewhere\\\"\r\n");
+  Load({"", installation.programPath});
+  ExpectBothFolders();
+  EXPECT_FALSE(Found().ships.empty());
+}
+
+TEST_F(LostList, TheGivenProgramFolderIsTakenWithAGameThatIsChosenAndNoOtherFolderIsAskedFor) {
+  session->desk.ExpectBox(notFound);
+  session->desk.AnswerFolder(installation.gamePath);
+  Load({"", installation.programPath});
+  ExpectBothFolders();
+  EXPECT_EQ(ReadTextAt(installation.Program("oravin.ini")),
+            "\"" + installation.gamePath + "\"\r\n\"" + installation.programPath + "\"\r\n");
+}
+
+TEST_F(LostList, AnEmptyCatalogueDoesNotStandInForTheList) {
+  WriteFileAt(installation.Program("ships.dat"), "");
+  session->desk.ExpectBox(installation.programPath + "\nThis is not an Oravin directory");
+  EXPECT_THROW(Load({installation.gamePath, installation.programPath}), ProgramEnd);
+}
+
+TEST_F(StartUp, AChosenGameIsNotedInTheGivenProgramFolderThoughTheUsualOneIsThere) {
+  WriteFileAt(own.DriveC("Program Files/Oravin/shipsData.txt"), "1\r\n");
+  session->desk.ExpectBox(notFound);
+  session->desk.AnswerFolder(installation.gamePath);
+  Load({"", installation.programPath});
+  ExpectBothFolders();
+  EXPECT_FALSE(fs::exists(own.DriveC("Program Files/Oravin/oravin.ini")));
+  EXPECT_EQ(ReadTextAt(installation.Program("oravin.ini")),
+            "\"" + installation.gamePath + "\"\r\n\"" + installation.programPath + "\"\r\n");
+}
+
 TEST_F(StartUp, ASecondCopyOnlyLooks) {
   Load({installation.gamePath, installation.programPath});
   session->Enable();

@@ -77,6 +77,16 @@ TEST_F(UnknownInstallation, AtATerminalAnEmptyLineEndsTheProgram) {
   EXPECT_EQ(RunWords({"status"}, "\n", true).status, 3);
 }
 
+TEST_F(SampleRuns, AGivenProgramFolderWhoseListIsLostCanStillBeDisabled) {
+  ASSERT_EQ(RunWords({"enable", "--yes"}).status, 0);
+  std::filesystem::remove(sample.program / "shipsData.txt");
+  const Outcome outcome =
+      RunWords({"disable", "--yes", "--game", sample.game.string(), "--program", sample.program.string()});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_FALSE(std::filesystem::exists(sample.program / "ships.dat"));
+  EXPECT_EQ(RunWords({"status", "--program", sample.program.string()}).status, 3) << "now it is no program folder";
+}
+
 TEST_F(SampleRuns, AListOfNoShipsEndsTheProgram) {
   WriteFileAt(sample.program / "shipsData.txt", "0\r\n");
   const Outcome outcome = RunWords({"enable", "--yes", "--json"});
