@@ -77,6 +77,15 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
        Icon::exclamation);
 }
 
+/// The file whose bytes stand at a place, or will: one that is there already, or the one that a copy of the run is made
+/// of. Nothing when the place is free.
+std::optional<std::string> FileFor(ImportBatch& batch, const std::string& place) {
+  const std::string folder = ParentFolder(std::string(place));
+  if (FindIn(FilesIn(batch, folder), place.substr(folder.size())) != nullptr) return place;
+  const auto pending = batch.copies.find(LowerCase(place));
+  return pending == batch.copies.end() ? std::nullopt : std::optional(pending->second);
+}
+
 /// Gives every ship its block of statistics.
 void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch) {
   for (ReadyShip& ship : batch.ships) {
@@ -150,12 +159,13 @@ const FolderNames& FilesIn(ImportBatch& batch, const std::string& folder) {
   return known != batch.folders.end() ? known->second : batch.folders.emplace(folder, NamesIn(folder)).first->second;
 }
 
+bool CanBeCopied(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
+  const std::optional<std::string> there = FileFor(batch, to);
+  return !there || *there == from || platform::IsSameFile(*there, from) || SameContent(files, from, *there);
+}
+
 bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
-  const std::string folder = ParentFolder(std::string(to));
-  if (FindIn(FilesIn(batch, folder), to.substr(folder.size())) != nullptr)
-    return platform::IsSameFile(from, to) || SameContent(files, from, to);
-  const auto pending = batch.copies.find(LowerCase(to));
-  if (pending != batch.copies.end()) return pending->second == from || SameContent(files, from, pending->second);
+  if (FileFor(batch, to)) return CanBeCopied(files, batch, from, to);
   AddNew(files, batch.files, to, [&](int handle) { CopyInto(files, from, handle); });
   batch.copies[LowerCase(to)] = from;
   return true;

@@ -39,9 +39,15 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
 /// @param folder ends in a backslash
 const FolderNames& FilesIn(ImportBatch& batch, const std::string& folder);
 
+/// True when the place of a new file is free, or when the file that is there already, or is to be, holds the same
+/// bytes.
+/// @param from the file that would be copied to the place `to`
+/// @throws RunTimeError when a file fails
+bool CanBeCopied(Files& files, ImportBatch& batch, const std::string& from, const std::string& to);
+
 /// Writes a copy of a file that is to be new at its place. Where a file of that name is there already, or is to be,
 /// nothing is written.
-/// @return false when that one holds other bytes
+/// @return false when that one holds other bytes (CanBeCopied)
 /// @throws RunTimeError when a file fails
 bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to);
 

@@ -43,7 +43,8 @@ struct Run {
   GivenBitmaps given;
   bool warned = false;  ///< of 24-bit images
   std::vector<PackShip> imported;
-  std::vector<std::string> failed;  ///< the names of the others, as far as the run has come
+  std::vector<std::string> failed;   ///< the names of the others, as far as the run has come
+  std::vector<std::string> reasons;  ///< why some of them failed, for the result message; a sentence each
   bool allImported = true;
 };
 
@@ -58,9 +59,25 @@ void AddToAddOns(Run& run, const std::string& from, const char* folder, const st
   run.batch.notes.push_back("This add-on is another file and was left as it is: " + to);
 }
 
+/// True when the ship's bitmaps can be kept with the add-ons. A texture is found by its bitmap's name, so another
+/// bitmap of that name can neither be replaced nor be avoided: the next Enable would give the ship that one's picture.
+bool BitmapsCanBeKept(Run& run, const NewShip& ship) {
+  bool all = true;
+  for (const NewShipTexture& texture : ship.textures) {
+    const std::string name = texture.name + ".bmp";
+    const std::string to = run.installation.ProgramPath + addOnTexturesFolder + name;
+    if (!IsPlainFileName(name) || CanBeCopied(run.host.files, run.batch, texture.bitmap, to)) continue;
+    run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() +
+                          "' needs another bitmap than this add-on, which was left as it is: " + to);
+    all = false;
+  }
+  return all;
+}
+
 /// Writes what a ship needs; false when one of its textures is refused.
 bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   Files& files = run.host.files;
+  if (!BitmapsCanBeKept(run, ship)) return false;
   for (const NewShipTexture& texture : ship.textures) {
     const AddedTexture added =
         AddTexture(run.host, run.batch.textures, texture.name, texture.bitmap, AlreadyThere::byPixels);
@@ -117,11 +134,13 @@ void ImportAll(Run& run, const std::vector<CheckedShip>& ships) {
 }
 
 void Commit(Run& run) {
-  if (CommitImport(run.host, run.installation, run.batch)) return;
-  for (const PackShip& ship : run.imported) run.failed.push_back(ship.shipName);
-  run.imported.clear();
-  run.batch.notes.clear();  // they tell of ships that were imported
-  run.allImported = false;
+  if (!CommitImport(run.host, run.installation, run.batch)) {
+    for (const PackShip& ship : run.imported) run.failed.push_back(ship.shipName);
+    run.imported.clear();
+    run.batch.notes.clear();  // they tell of ships that were imported
+    run.allImported = false;
+  }
+  run.batch.notes.insert(run.batch.notes.begin(), run.reasons.begin(), run.reasons.end());
 }
 
 /// Adds the room that the ships' bitmaps take: each once in the add-ons, and in the cache, there perhaps with a
@@ -222,7 +241,7 @@ bool CanBeImportedInto(Host& host, const Installation& installation) {
 void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill) {
   const std::vector<CheckedShip> ships = CheckedShips(form);
   if (!CanImport(desk, form, ships)) return;
-  Run run{desk.host, desk.installation, {}, {}, false, {}, {}, true};
+  Run run{desk.host, desk.installation, {}, {}, false, {}, {}, {}, true};
   if (!BeginImport(desk.host, desk.installation, run.batch)) return;
   try {
     ImportAll(run, ships);

@@ -15,7 +15,8 @@ bool CanBeImportedInto(Host& host, const Installation& installation);
 ///
 /// Each ship's model goes into the game's ships folder, with a copy beside it (".bak") to restore its weapons from; its
 /// textures into the texture cache; model, bitmaps and statistics text to the add-ons; its block to `shipstats.def`; a
-/// record to the catalogue and a line to the ship list. A ship that fails leaves nothing of itself; the others stay. A
+/// record to the catalogue and a line to the ship list. A ship that fails leaves nothing of itself; the others stay.
+/// One of whose bitmaps another one of the same name lies among the add-ons fails, and the result message names it. A
 /// full texture cache ends the program (ProgramEnd), after the ships before have been imported.
 ///
 /// Boxes: "Ships marked in red have the same names as an existing ship in Oravin." ..., after which nothing is

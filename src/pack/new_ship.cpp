@@ -70,10 +70,11 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
   return true;
 }
 
-void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, NewShip& ship) {
+/// @param name of the model's file among the add-ons: the text of another name is another ship's
+void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, const std::string& name,
+               NewShip& ship) {
   const std::string beside = ChangeExtension(std::string(modelPath), ".txt");
-  const std::string base = FileNameOf(std::string(beside));
-  const std::string added = installation.ProgramPath + addOnStatsFolder + base;
+  const std::string added = installation.ProgramPath + addOnStatsFolder + ChangeExtension(std::string(name), ".txt");
   if (FileExists(std::string(beside))) {
     ship.statsText = beside;
     ship.stats = ReadImportStats(host.files, beside);
@@ -85,7 +86,8 @@ void TakeStats(Host& host, const Installation& installation, const std::string& 
   }
 }
 
-/// True when a model can lie in the game's ships folder under a name: no other ship's does, and no other file is there.
+/// True when a model can lie in the game's ships folder and among the add-ons under a name: no other ship's does, and
+/// no other file is there.
 bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model,
                      const std::string& name) {
   const auto named = [&](const ShipRecord& ship) { return !IsInert(ship) && SameName(ModelOf(ship), name); };
@@ -99,7 +101,7 @@ bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& 
   for (const std::string& file : {name, ChangeExtension(std::string(name), ".bak")}) {
     if (FindIn(there, file) != nullptr && !SameContent(host.files, folder + file, model)) return false;
   }
-  return true;
+  return CanBeCopied(host.files, batch, model, installation.ProgramPath + addOnShipsFolder + name);
 }
 
 /// The name for a model's file, at most as long as a record holds.
@@ -126,13 +128,13 @@ std::optional<NewShip> Look(Host& host, const Installation& installation, const 
   if (!NameCanBeUsed(host, installation, batch, checked.ship.shipName)) return std::nullopt;
   NewShip ship;
   if (!CollectTextures(host, installation, checked, given, ship)) return std::nullopt;
-  TakeStats(host, installation, model, ship);
   const std::string own = FileNameOf(std::string(model));
   const std::string name = FreeModelName(host, installation, batch, model);
   if (!IsPlainFileName(name) || !CanBeListed(name)) {
     Refuse(host, "The model of the ship '" + checked.ship.shipName + "' needs another file name:\n" + model);
     return std::nullopt;
   }
+  TakeStats(host, installation, model, name, ship);
   if (name != own) batch.notes.push_back("The model " + own + " was imported as " + name + ".");
   ship.record.ShipName.Set(checked.ship.shipName);
   ship.record.ShipFile.Set(name);

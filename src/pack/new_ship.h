@@ -31,9 +31,10 @@ struct NewShip {
 /// or has more textures than a record holds; "Texture not found - skipping ship!"; a name that no ship can have, or
 /// that another one has; a statistics text that cannot be read.
 ///
-/// The statistics are those of the text of the model's base name beside the model, else among the add-ons; else of the
-/// first block of `shipstats.bin`. A model whose file name another ship of the catalogue has, or another file of the
-/// game's ships folder, gets the first free name: its base name with 2, 3, ... behind it. That becomes a note.
+/// A model whose file name another ship of the catalogue has, or another file of the game's ships folder or of the
+/// add-on models, gets the first free name: its base name with 2, 3, ... behind it. That becomes a note. The statistics
+/// are those of the text of the model's base name beside the model, else of the text that the add-ons have for the name
+/// that it gets; else of the first block of `shipstats.bin`.
 ///
 /// @param given bitmaps by texture, of the whole run
 std::optional<NewShip> LookAtShip(Host& host, const Installation& installation, const CheckedShip& checked,
