@@ -261,6 +261,7 @@ Section "Uninstall"
   RMDir "$INSTDIR\addons\stats"
   RMDir "$INSTDIR\addons"
   RMDir "$INSTDIR\backup\ships"
+  RMDir "$INSTDIR\backup\old"
   RMDir "$INSTDIR\backup"
   RMDir "$INSTDIR"
 

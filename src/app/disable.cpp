@@ -8,7 +8,7 @@
 #include "hog/RestoreHog.h"
 #include "hog/fat_backup.h"
 #include "ships/shipstats.h"
-#include "switcher/add_on_ship.h"
+#include "switcher/kept_models.h"
 #include "texture/RestoreTcacheFile.h"
 #include "util/File_Path.h"
 #include "util/whole_file.h"
@@ -28,7 +28,9 @@ WritePlan PlanDisable(const Installation& installation) {
   const std::string shipsFolder = installation.GamePath + "ships\\";
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.ProgramPath};
-  if (FolderExists(std::string(shipsFolder))) plan.folders.push_back(shipsFolder);
+  for (const std::string& folder : {shipsFolder, KeptModelsFolder(installation), OldModelsFolder(installation)}) {
+    if (FolderExists(std::string(folder))) plan.folders.push_back(folder);
+  }
   plan.files = {installation.GamePath + "resource.hog", installation.GamePath + "shipstats.bin",
                 installation.GamePath + "shipstats.def", installation.GamePath + "tcachehw.dat",
                 installation.ProgramPath + catalogueName};
@@ -93,7 +95,7 @@ void cmdDisable_Click(Main& main) {
   const bool forget = (restored || !FileExists(installation.GamePath + "resource.hog")) && ForgetCatalogue(main);
   RestoreTcacheFile(main.host, installation.GamePath + "tcachehw.dat");
   main.stats.lblWeapons.caption = "Weapons:";
-  if (forget) Trap(main.host, "cmdDisable_Click()", [&] { PutPlayersModelsBack(main.host.files, installation); });
+  if (forget) Trap(main.host, "cmdDisable_Click()", [&] { PutKeptModelsBack(main.host.files, installation); });
   EndProgress(main.host);
   if (forget) {
     ShowSuccess(main.host, "Restoration complete", Icon::information);

@@ -12,7 +12,6 @@
 #include "switcher/add_on_ship.h"
 #include "switcher/catalogue_build.h"
 #include "util/File_Path.h"
-#include "util/folder_names.h"
 #include "util/text.h"
 #include "util/whole_file.h"
 
@@ -69,16 +68,12 @@ bool ReadArchive(Main& main, Preparation& preparation) {
 /// Adds what the models will take: each is written beside the one that it replaces.
 void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
   const Installation& installation = main.installation;
-  const std::string folder = installation.GamePath + "ships\\";
-  const FolderNames there = NamesIn(folder);
+  for (const std::string& path : LooseFiles(installation, preparation.models)) plan.files.push_back(path);
   const OpenedFile hog(main.host.files, installation.GamePath + "resource.hog", platform::OpenFor::reading);
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   for (const ListedShip& ship : preparation.list) {
     const std::string model = Trim(ship.file);
     if (model.empty()) continue;
-    for (const std::string& name : {model, ChangeExtension(std::string(model), ".org")}) {
-      if (FindIn(there, name) != nullptr) plan.files.push_back(folder + name);
-    }
     if (ship.kind == importedKind) {
       NeedRoom(plan, installation.GamePath, FileLength(installation.ProgramPath + addOnShipsFolder + model));
     } else if (const auto entry = FindModel(model, preparation.live, backup)) {
@@ -155,6 +150,7 @@ void cmdEnable_Click(Main& main) {
   if (!KeepBackups(main, preparation)) return;
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   if (!BuildCatalogue(main.host, installation, preparation.list, preparation.live, backup)) return;
+  Trap(main.host, "cmdEnable_Click()", [&] { EraseKeptSpellings(main.host.files, installation, preparation.models); });
   UnpackSetup(main.host, installation.GamePath, installation.ships);
   SetUpShipStats(main.host, installation.GamePath + "shipstats.bin", installation.GamePath + "shipstats.def",
                  installation.ships);

@@ -9,7 +9,8 @@
 
 /// What the player had before the features were enabled, kept in `backup\` of the program folder:
 ///
-///   backup\ships\NAME, NAME.2, ...  loose models that bear the file name of a ship of the catalogue, and their ".org"
+///   backup\ships\                  loose models that have the file name of a ship of the catalogue, and their ".org"
+///                                   (switcher/kept_models.h)
 ///   backup\tcachehw.dat             a texture cache that held textures of the player's own
 ///   backup\shipstats.def            the stock statistics
 namespace oravin {
@@ -31,15 +32,18 @@ void MakeFolders(Files& files, const Installation& installation);
 void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
                       const HogTable& live, const HogTable& backup);
 
+/// Leaves of each of these models one spelling alone in the game's ships folder; the others must be kept
+/// (EraseSpareSpellings). Called when the catalogue is there, so that "Disable / Restore" knows what it has to bring
+/// back.
+/// @throws RunTimeError
+void EraseKeptSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models);
+
+/// The paths of these models and of their ".org" in the game's ships folder, in all spellings, as far as they are
+/// there.
+std::vector<std::string> LooseFiles(const Installation& installation, const std::vector<std::string>& models);
+
 /// The most bytes that KeepPlayersFiles writes.
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models);
-
-/// Copies the latest of each kept model back into the game's ships folder and then empties the folder of kept models.
-/// @throws RunTimeError
-void PutPlayersModelsBack(Files& files, const Installation& installation);
-
-/// The bytes of the kept models.
-std::uint64_t KeptModelsSize(const Installation& installation);
 
 /// Erases what a run that was cut short left half-written in the folders of the installation.
 /// @throws RunTimeError
