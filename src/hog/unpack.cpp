@@ -74,7 +74,7 @@ void AddOnce(Files& files, WholeFiles& together, const std::string& destination,
 
 /// Unpacks one model beside its name; says so where the archive no longer holds it.
 bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, const ShipRecord& ship,
-             const std::string& model) {
+             const std::string& model, bool* nowhere = nullptr) {
   const std::string hogPath = gamePath + archiveName;
   std::optional<HogEntry> entry;
   const bool done = Trap(host, "UnpackFile()", [&] {
@@ -86,6 +86,7 @@ bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, cons
   if (done && !entry) {
     Show(host, "The model " + ModelOf(ship) + " was not found in resource.hog. Nothing was unpacked.",
          Icon::exclamation);
+    if (nowhere != nullptr) *nowhere = true;
   }
   return done && entry;
 }
@@ -216,9 +217,10 @@ bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string&
   return true;
 }
 
-bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model) {
+bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model,
+                bool* nowhere) {
   WholeFiles alone;
-  return AddShip(host, alone, gamePath, ship, model) &&
+  return AddShip(host, alone, gamePath, ship, model, nowhere) &&
          Trap(host, "UnpackFile()", [&] { CommitWhole(host.files, alone); });
 }
 

@@ -53,8 +53,10 @@ bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string&
 /// Writes a ship's stock model into the game's ships folder, after making sure that the archive still lists that ship
 /// where the catalogue says (LiveEntryOf). Where it is nowhere, a box says so.
 /// @param model the file name to write it under
+/// @param nowhere becomes true when the archive can be read and does not have the model
 /// @return whether the model was written
-bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model);
+bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model,
+                bool* nowhere = nullptr);
 
 /// Writes every stock ship's model into the game's ships folder and disguises its name in the archive's table.
 ///

@@ -6,6 +6,7 @@
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
 #include "ships/stats_show.h"
+#include "switcher/kept_models.h"
 #include "switcher/swap_plan.h"
 #include "util/File_Path.h"
 #include "util/text.h"
@@ -89,14 +90,20 @@ void ProvideSource(Host& host, const Installation& installation, const ShipRecor
   }
 }
 
+/// Where the model of a source lies: a changed ship's own model is its backup.
+std::string SourcePath(const std::string& modelPath) {
+  const std::string backup = ChangeExtension(std::string(modelPath), ".org");
+  return FileExists(std::string(backup)) ? backup : modelPath;
+}
+
 /// Moves one part's stock model aside, unless a backup has it already, and puts the source's model in its place.
 void ReplaceModel(Host& host, const Installation& installation, const ShipRecord& part, const ShipRecord& source) {
   const std::string model = ModelPath(installation, part);
   const std::string backup = BackupPath(installation, part);
   if (!FileExists(std::string(model))) UnpackMissing(host, installation, part);
-  if (!FileExists(std::string(backup)) && FileExists(std::string(model))) RenameOver(host.files, model, backup);
-  const std::string sourceBackup = BackupPath(installation, source);
-  const std::string from = FileExists(std::string(sourceBackup)) ? sourceBackup : ModelPath(installation, source);
+  // A ship whose model is nowhere has nothing to come back to: the renaming fails before another model takes its place.
+  if (!FileExists(std::string(backup))) RenameOver(host.files, model, backup);
+  const std::string from = SourcePath(ModelPath(installation, source));
   // Without anything to copy, an earlier swap's model must not stay: the copy fails and says so.
   if (!FileExists(std::string(from)) && FileExists(std::string(model))) EraseFile(host.files, model);
   CopyWhole(host.files, from, model);
@@ -133,15 +140,30 @@ void RestoreStats(SwapDesk& desk, int target) {
   }
 }
 
-/// Puts one part's own model back: from its backup, else from the archive.
-void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part) {
+/// Takes what a swap put under the name of a ship whose own model is nowhere away. It is deleted where it is the
+/// source's model once more; else it may be all that there is of it, and is kept.
+void TakeAway(Files& files, const Installation& installation, const std::string& model, const std::string& source) {
+  if (!FileExists(std::string(model))) return;
+  const std::string name = FileNameOf(std::string(source));
+  if (IsPlainFileName(name) && SameContent(files, model, SourcePath(source))) {
+    EraseFile(files, model);
+  } else {
+    MoveToKept(files, installation, model);
+  }
+}
+
+/// Puts one part's own model back: from its backup, else from the archive. Without either nothing stays in its place.
+/// @param source the model that the part was changed to
+void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part, const std::string& source) {
   const std::string model = ModelPath(installation, part);
   const std::string backup = BackupPath(installation, part);
   if (FileExists(std::string(backup))) {
     RenameOver(host.files, backup, model);
-  } else {
-    UnpackShip(host, installation.GamePath, part, ModelOf(part));
+    return;
   }
+  bool nowhere = false;
+  UnpackShip(host, installation.GamePath, part, ModelOf(part), &nowhere);
+  if (nowhere) TakeAway(host.files, installation, model, source);
 }
 
 /// The stats tab's list, and the selected ship's statistics and weapons, which may be others now.
@@ -174,10 +196,12 @@ void Swap(SwapDesk& desk, int target, int source, const std::function<void()>& l
 
 /// The steps that put a changed ship back: catalogue, models, statistics.
 void PutBack(SwapDesk& desk, int target, const std::function<void()>& listed) {
+  const ShipRecord& ship = desk.installation.ships[static_cast<std::size_t>(target)];
+  const std::string source = desk.installation.GamePath + "ships\\" + ship.ChangedToFile.Trimmed();
   WriteNoChange(desk, target);
   listed();
   for (const std::size_t part : PartIndices(desk.installation, target)) {
-    PutModelBack(desk.host, desk.installation, desk.installation.ships[part]);
+    PutModelBack(desk.host, desk.installation, desk.installation.ships[part], source);
   }
   RestoreStats(desk, target);
 }

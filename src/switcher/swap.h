@@ -14,6 +14,10 @@
 /// statistics are replaced by the source's, and its catalogue record remembers it. The stock model is kept beside under
 /// its name with the extension ".org", the stock statistics in `shipstats.def`; an unswap puts both back.
 ///
+/// A ship whose model is nowhere, neither loose nor in the archive, has nothing to move aside: a swap stops there,
+/// after the catalogue was written. An unswap that finds no model leaves none: the other ship's is deleted, and one
+/// that is not the same any more is kept in `backup\ships\`.
+///
 /// Nothing is rolled back: a failure in a later step leaves the records that were written.
 namespace oravin {
 

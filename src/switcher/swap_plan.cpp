@@ -59,6 +59,10 @@ WritePlan PlanUnswap(Files& files, const Installation& installation, int target)
   const auto first = static_cast<std::size_t>(target);
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
+    // Where the archive does not have the model either, what lies in its place may have to be kept.
+    if (!FileExists(installation.GamePath + "ships\\" + BackupOf(installation.ships[part]))) {
+      NeedRoom(plan, installation.ProgramPath, FileLength(ModelPath(installation, installation.ships[part])));
+    }
     NeedRoom(plan, installation.GamePath, ModelSize(files, installation, installation.ships[part]));
   }
   return plan;

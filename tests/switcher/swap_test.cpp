@@ -159,6 +159,30 @@ TEST_F(Swapping, ATargetThatIsNowhereSaysSoAndItsBackupIsKept) {
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
 }
 
+TEST_F(Swapping, ATargetThatIsNowhereWithoutABackupStopsTheSwapAtTheFailingRename) {
+  Lose(alpha);
+  LoseEntry(alpha);
+  const Bytes stats = Stats();
+  ExpectNotFound("alpha.shp");
+  stage.desk.ExpectBox("Error - could not write " + stage.BackupPath(alpha) + ": it does not exist", swapTitle);
+  ByName("ALPHA", "MANTA");
+  EXPECT_FALSE(exists(stage.Model(alpha)));
+  EXPECT_FALSE(exists(stage.Backup(alpha)));
+  EXPECT_TRUE(SameBytes(stats, Stats()));
+  EXPECT_TRUE(stage.RecordOnDisk(alpha).Changed);
+  EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToName.Trimmed(), "Manta");
+}
+
+TEST_F(Swapping, ASecondPartThatIsNowhereStopsTheSwapAfterTheFirst) {
+  Lose(tigerVariant);
+  LoseEntry(tigerVariant);
+  ExpectNotFound(stage.files.ships[tigerVariant].file);
+  stage.desk.ExpectBox("Error - could not write " + stage.BackupPath(tigerVariant) + ": it does not exist", swapTitle);
+  ByName("TIGER", "MANTA");
+  EXPECT_EQ(ReadFileAt(stage.Model(tiger)), stage.ModelBytes(manta));
+  EXPECT_FALSE(exists(stage.Model(tigerVariant)));
+}
+
 TEST_F(Swapping, ASourceThatIsNowhereSaysSoAndItsBackupIsKeptAndServes) {
   Lose(bravo);
   WriteFileAt(stage.Backup(bravo), "the only one");

@@ -30,6 +30,14 @@ struct Unswapping : testing::Test {
     const auto place = static_cast<std::uint64_t>(WholeNumber(stage.Record(ship).HogFatPos));
     PatchFileAt(stage.files.Game("resource.hog"), place + 8, BytesOf("xxx"));
   }
+  /// The ship's own model is neither in its backup nor in the archive.
+  void LoseStock(int ship) {
+    std::filesystem::remove(stage.Backup(ship));
+    LoseEntry(ship);
+  }
+  void ExpectNotFound(const std::string& model) {
+    stage.desk.ExpectBox("The model " + model + " was not found in resource.hog. Nothing was unpacked.");
+  }
   [[nodiscard]] std::vector<std::string> SecondColumn() const {
     std::vector<std::string> texts;
     for (const ListRow& row : stage.tab.swapOrgList.rows) texts.push_back(row.texts.at(1));
@@ -128,13 +136,67 @@ TEST_F(Unswapping, WhereTheModelIsGoneTheBackupTakesItsName) {
   EXPECT_FALSE(exists(stage.Backup(alpha)));
 }
 
-TEST_F(Unswapping, WhereTheStockModelIsNowhereItSaysSoAndTheOtherModelStays) {
+TEST_F(Unswapping, WhereTheStockModelIsNowhereItSaysSoAndTheSourcesModelIsDeleted) {
+  LoseStock(alpha);
+  ExpectNotFound("alpha.shp");
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_FALSE(exists(stage.Model(alpha)));
+  EXPECT_EQ(ReadFileAt(stage.Model(manta)), stage.ModelBytes(manta));
+  EXPECT_FALSE(stage.RecordOnDisk(alpha).Changed);
+  EXPECT_FALSE(exists(stage.files.Program("backup/ships")));
+}
+
+TEST_F(Unswapping, ASourceThatIsChangedItselfIsComparedByItsOwnModel) {
+  SwapShip(stage.swapDesk, "CRUISER", "TIGER");  // Tiger flies as Wraith
+  LoseStock(cruiser);
+  ExpectNotFound("cruiser.shp");
+  UnswapShip(stage.swapDesk, "CRUISER");
+  EXPECT_FALSE(exists(stage.Model(cruiser)));
+  EXPECT_FALSE(exists(stage.files.Program("backup/ships")));
+}
+
+TEST_F(Unswapping, WhereTheStockModelIsNowhereAModelThatIsNotTheSourcesAnyMoreIsKept) {
+  LoseStock(alpha);
+  WriteFileAt(stage.Model(alpha), "changed since");
+  WriteFileAt(stage.files.Program("backup/ships/alpha.shp"), "the player's own");
+  ExpectNotFound("alpha.shp");
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_FALSE(exists(stage.Model(alpha)));
+  EXPECT_TRUE(SameImage({{"alpha.shp", BytesOf("the player's own")}, {"alpha.shp.2", BytesOf("changed since")}},
+                        ImageOf(stage.files.Program("backup/ships"))));
+}
+
+TEST_F(Unswapping, WhereTheSourceIsGoneTooTheModelIsKept) {
+  LoseStock(alpha);
+  std::filesystem::remove(stage.Model(manta));
+  ExpectNotFound("alpha.shp");
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_FALSE(exists(stage.Model(alpha)));
+  EXPECT_TRUE(SameImage({{"alpha.shp", stage.ModelBytes(manta)}}, ImageOf(stage.files.Program("backup/ships"))));
+}
+
+TEST_F(Unswapping, OfATwoPartShipThePartThatIsNowhereAloneIsDeleted) {
+  LoseStock(tigerVariant);
+  ExpectNotFound(stage.files.ships[tigerVariant].file);
+  UnswapShip(stage.swapDesk, "TIGER");
+  EXPECT_EQ(ReadFileAt(stage.Model(tiger)), stage.ModelBytes(tiger));
+  EXPECT_FALSE(exists(stage.Model(tigerVariant)));
+}
+
+TEST_F(Unswapping, AllDeletesTheSourcesModelWhereTheStockModelIsNowhere) {
+  LoseStock(alpha);
+  ExpectNotFound("alpha.shp");
+  All();
+  EXPECT_FALSE(exists(stage.Model(alpha)));
+  EXPECT_EQ(ReadFileAt(stage.Model(bravo)), stage.ModelBytes(bravo));
+}
+
+TEST_F(Unswapping, WhereTheArchiveCannotBeReadTheOtherModelStays) {
   std::filesystem::remove(stage.Backup(alpha));
-  LoseEntry(alpha);
-  stage.desk.ExpectBox("The model alpha.shp was not found in resource.hog. Nothing was unpacked.");
+  std::filesystem::remove(stage.files.Game("resource.hog"));
+  stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
   UnswapShip(stage.swapDesk, "ALPHA");
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
-  EXPECT_FALSE(stage.RecordOnDisk(alpha).Changed);
 }
 
 TEST_F(Unswapping, WithoutTheDefaultsTheStatisticsStay) {
