@@ -38,6 +38,8 @@ void UnswapAll(Main& main) {
 
 void Toggle(Main& main) { cmdToggle_Click(main.host, main.switcher, main.installation); }
 
+void SelectShips(Main& main) { EnableSwitcherControls(main.switcher, main.installation); }
+
 void ViewSelected(Main& main) { ViewModel(main.switcher.swapOrgList, main.installation); }
 
 void Readme(Main& main) {
@@ -48,12 +50,14 @@ void Readme(Main& main) {
 
 void Exit(Main&) { throw ProgramEnd(); }
 
-constexpr std::array<Handler, 11> mainHandlers = {{{"switcher.cmdSwap", Swap, true},
+constexpr std::array<Handler, 13> mainHandlers = {{{"switcher.cmdSwap", Swap, true},
                                                    {"switcher.cmdUnswap", Unswap, true},
                                                    {"switcher.cmdUnswapAll", UnswapAll, true},
                                                    {"switcher.cmdToggle", Toggle, false},
                                                    {"switcher.cmdEnable", cmdEnable_Click, true},
                                                    {"switcher.cmdDisable", cmdDisable_Click, true},
+                                                   {"switcher.swapOrgList.ItemClick", SelectShips, false},
+                                                   {"switcher.swapToList.ItemClick", SelectShips, false},
                                                    {"switcher.swapOrgList.DblClick", ViewSelected, false},
                                                    {"stats.cmdEnable2", cmdEnable_Click, true},
                                                    {"stats.CmdDisable2", cmdDisable_Click, true},

@@ -49,6 +49,7 @@ void EmptyLists(Main& main) {
   main.switcher.cmdToggle = NewSwitcherTab().cmdToggle;
   ClearRows(main.switcher.swapOrgList);
   ClearRows(main.switcher.swapToList);
+  EnableSwitcherControls(main.switcher, main.installation);
   ShowShipsOnTabs(main);
 }
 

@@ -27,6 +27,7 @@ ChosenPair SelectPair(Main& main, const std::string& target, const std::string& 
     if (!targetRow || !sourceRow) continue;
     SelectOnly(main.switcher.swapOrgList, targetRow);
     SelectOnly(main.switcher.swapToList, sourceRow);
+    Run(main, "switcher.swapToList.ItemClick");
     chosen.selected = true;
     break;
   }
@@ -39,6 +40,7 @@ bool SelectTarget(Main& main, const std::string& target) {
     const auto row = RowShowing(main.switcher.swapOrgList, target);
     if (!row) continue;
     SelectOnly(main.switcher.swapOrgList, row);
+    Run(main, "switcher.swapOrgList.ItemClick");
     return true;
   }
   return false;

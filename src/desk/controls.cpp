@@ -1,5 +1,6 @@
 #include "desk/controls.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace oravin {
@@ -53,6 +54,12 @@ std::optional<std::size_t> SelectedRow(const ListView& list) {
     if (list.rows[i].selected) return i;
   }
   return std::nullopt;
+}
+
+std::optional<std::size_t> OnlySelectedRow(const ListView& list) {
+  const auto selected =
+      std::count_if(list.rows.begin(), list.rows.end(), [](const ListRow& row) { return row.selected; });
+  return selected == 1 ? SelectedRow(list) : std::nullopt;
 }
 
 int IndexOfKey(const std::string& key) {

@@ -121,6 +121,9 @@ void SetChecked(ListView& list, std::size_t row, bool checked);
 /// The first selected row.
 std::optional<std::size_t> SelectedRow(const ListView& list);
 
+/// The selected row where exactly one is selected; nothing where none or several are.
+std::optional<std::size_t> OnlySelectedRow(const ListView& list);
+
 /// The number in a row's key behind its first character, minus 1: the index of the ship that the row shows. -1 when the
 /// key holds no number.
 int IndexOfKey(const std::string& key);

@@ -78,6 +78,8 @@ void AddList(Json& control, const ListWindow& window, const ListView& record) {
   if (const int column = window.GetSortIndicator(); column >= 0) {
     control["sorted"] = {{"column", column}, {"descending", !window.IsAscendingSortIndicator()}};
   }
+  control["selected"] =
+      std::count_if(record.rows.begin(), record.rows.end(), [](const ListRow& row) { return row.selected; });
   control["rows"] = RowsOf(window, record);
 }
 

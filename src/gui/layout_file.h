@@ -13,8 +13,9 @@
 ///
 /// SIZE is what the caption needs. RECT is {"x", "y", "width", "height"}. "boxes" counts the message boxes that have
 /// been opened. The controls of an open form come last. A text box has "text", a list "rowCount", "columns"
-/// ({"heading", "width"}), "sorted" ({"column", "descending"} or null) and "rows", the rows that are in sight: {"row",
-/// "key", "texts", "selected", "rectangle"}.
+/// ({"heading", "width"}), "sorted" ({"column", "descending"} or null), "selected", the number of rows that the record
+/// has as selected, and "rows", the rows that are in sight: {"row", "key", "texts", "selected", "rectangle"}. There
+/// "selected" is what the screen shows.
 namespace oravin::gui {
 
 /// Writes the layout file anew if it was asked for, the window has been painted and something changed. It is written

@@ -288,10 +288,10 @@ void ListWindow::SelectForMenu(long row) {
 }
 
 void ListWindow::ReadSelection() {
-  // To ask for a row takes the longer the more are selected, so no more are asked for than needed.
+  // Asking for a row is slow when many are selected, so no more are asked for than needed. A list that allows one
+  // selected row may have none: a click on a heading or a Tab key selects nothing.
   const std::size_t rows = selection_.size();
-  const std::size_t selected =
-      record_.severalSelectable ? static_cast<std::size_t>(GetSelectedItemCount()) : std::min<std::size_t>(rows, 1);
+  const auto selected = static_cast<std::size_t>(std::max(0, GetSelectedItemCount()));
   std::size_t found = 0;
   std::size_t row = 0;
   for (; row < rows && found < selected && row - found < rows - selected; ++row) {

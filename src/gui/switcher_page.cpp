@@ -36,6 +36,7 @@ void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings) {
   Enframe(left, targets);
   Reflect(mirror, "switcher.swapOrgList", targets, tab.swapOrgList);
   targets->Bind(wxEVT_LIST_ITEM_ACTIVATED, [press = surroundings.press](wxListEvent&) { press(doubleClick); });
+  targets->selectionChanged = [press = surroundings.press] { press("switcher.swapOrgList.ItemClick"); };
   wxButton* swap = NewButton(page, surroundings, "switcher.cmdSwap", tab.cmdSwap);
   wxButton* unswap = NewButton(page, surroundings, "switcher.cmdUnswap", tab.cmdUnswap);
   wxButton* unswapAll = NewButton(page, surroundings, "switcher.cmdUnswapAll", tab.cmdUnswapAll);
@@ -44,6 +45,7 @@ void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings) {
   ListWindow* sources = NewShipList(right, tab, tab.swapToList);
   Enframe(right, sources);
   Reflect(mirror, "switcher.swapToList", sources, tab.swapToList);
+  sources->selectionChanged = [press = surroundings.press] { press("switcher.swapToList.ItemClick"); };
   auto* legend = new ShipLegend(page);
   Name(mirror, "switcher.legend", legend);
   wxButton* enable = NewButton(page, surroundings, "switcher.cmdEnable", tab.cmdEnable);

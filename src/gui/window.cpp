@@ -193,6 +193,18 @@ bool RunToItsEnd(Window& window, Main& main, std::string_view action) {
   return true;
 }
 
+/// Gives the focus back to what had it before an action. A control that its own action has disabled hands it on to the
+/// next one that can have it: a disabled control with the focus leaves the Tab key to start anew.
+void RestoreFocus(wxWindow* focus) {
+  wxWindow* next = focus;
+  if (next != nullptr && !next->IsThisEnabled()) {
+    do {
+      next = next->GetNextSibling();
+    } while (next != nullptr && !next->CanAcceptFocusFromKeyboard());
+  }
+  if (next != nullptr && wxWindow::FindFocus() != next) next->SetFocus();
+}
+
 }  // namespace
 
 wxWindow* OnTop(const Window& window) {
@@ -212,7 +224,7 @@ void Press(Window& window, Main& main, std::string_view action, Form* from) {
   EndProgress(main.host);
   ShowAll(window.mirror);
   if (from != nullptr) ShowAll(from->mirror);
-  if (focus && wxWindow::FindFocus() != focus) focus->SetFocus();
+  RestoreFocus(focus);
   window.running = false;
   if (from != nullptr && !(goesOn && from->wanted())) from->dialog->EndModal(wxID_CLOSE);
   if (!goesOn && window.frame != nullptr) window.frame->Close(true);

@@ -218,8 +218,9 @@ bool Unswap(SwapDesk& desk, int target, const std::function<void()>& listed) {
   });
 }
 
+/// The index of the ship that is selected alone; -1 without one.
 int SelectedShip(const ListView& list) {
-  const auto row = SelectedRow(list);
+  const auto row = OnlySelectedRow(list);
   return row ? IndexOfKey(list.rows[*row].key) : -1;
 }
 
@@ -232,17 +233,19 @@ bool CatalogueThere(Host& host, const Installation& installation, const char* ti
 }
 
 void cmdSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
-  const auto row = SelectedRow(tab.swapOrgList);
+  const auto row = OnlySelectedRow(tab.swapOrgList);
   const int source = SelectedShip(tab.swapToList);
   if (!row || !Known(desk.installation, source)) return;
   const std::string name = desk.installation.ships[static_cast<std::size_t>(source)].ShipName.Trimmed();
   Swap(desk, SelectedShip(tab.swapOrgList), source, [&] { SetText(tab.swapOrgList, *row, 1, "--->" + name); });
+  EnableSwitcherControls(tab, desk.installation);
 }
 
 void cmdUnSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
-  const auto row = SelectedRow(tab.swapOrgList);
+  const auto row = OnlySelectedRow(tab.swapOrgList);
   if (!row) return;
   Unswap(desk, SelectedShip(tab.swapOrgList), [&] { SetText(tab.swapOrgList, *row, 1, ""); });
+  EnableSwitcherControls(tab, desk.installation);
 }
 
 void cmdUnswapAll_Click(SwapDesk& desk, SwitcherTab& tab) {
@@ -263,6 +266,7 @@ void cmdUnswapAll_Click(SwapDesk& desk, SwitcherTab& tab) {
   }
   EndProgress(desk.host);
   for (std::size_t row = 0; row < tab.swapOrgList.rows.size(); ++row) SetText(tab.swapOrgList, row, 1, "");
+  EnableSwitcherControls(tab, installation);
   ShowShips(desk);
 }
 

@@ -35,12 +35,13 @@ struct SwapDesk {
 /// True when the catalogue's file is there; otherwise the box "Error - ships.dat not found - Reinstall" has been shown.
 bool CatalogueThere(Host& host, const Installation& installation, const char* title);
 
-/// Makes the ship selected in swapToList fly in place of the one selected in swapOrgList. Silently nothing when both
-/// bear one name or the target is changed to that ship already. Without a catalogue file the box "Error - ships.dat not
-/// found - Reinstall".
+/// Makes the ship selected in swapToList fly in place of the one selected in swapOrgList. Silently nothing unless
+/// exactly one row is selected in each, when both ships have one name, or when the target is changed to that ship
+/// already. Without a catalogue file the box "Error - ships.dat not found - Reinstall".
 void cmdSwap_Click(SwapDesk& desk, SwitcherTab& tab);
 
-/// Puts the ship selected in swapOrgList back. Silently nothing when it is not changed.
+/// Puts the ship selected in swapOrgList back. Silently nothing without exactly one selected row, or when the ship is
+/// not changed.
 void cmdUnSwap_Click(SwapDesk& desk, SwitcherTab& tab);
 
 /// Puts every changed ship back, in the order of the catalogue.

@@ -44,8 +44,8 @@ SwitcherTab NewSwitcherTab() {
   SwitcherTab tab;
   tab.swapOrgList.columns = {{"Ship to change:", false}, {"Already changed to:", false}};
   tab.swapToList.columns = {{"Change to:", false}};
-  tab.cmdSwap = {"----->", "Switches Ship", true};
-  tab.cmdUnswap = {"<-----", "Unswitches Ship", true};
+  tab.cmdSwap = {"----->", "Switches Ship", false};
+  tab.cmdUnswap = {"<-----", "Unswitches Ship", false};
   tab.cmdUnswapAll = {"Unswap All", "Unswitches all ships", true};
   tab.cmdToggle = {displayCapitals, "", true};
   tab.cmdEnable = {"&Enable", "Enables editing features - see readme", true};
@@ -77,7 +77,16 @@ ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& i
     if (listing) AddRow(tab.swapToList, {key, {name}, listing->image, false});
     if (ship.HasSecondPart) ++i;  // a second part is never listed by itself
   }
+  EnableSwitcherControls(tab, installation);
   return classes;
+}
+
+void EnableSwitcherControls(SwitcherTab& tab, const Installation& installation) {
+  const auto target = OnlySelectedRow(tab.swapOrgList);
+  const int index = target ? IndexOfKey(tab.swapOrgList.rows[*target].key) : -1;
+  const bool known = index >= 0 && static_cast<std::size_t>(index) < installation.ships.size();
+  tab.cmdSwap.enabled = known && OnlySelectedRow(tab.swapToList);
+  tab.cmdUnswap.enabled = known && installation.ships[static_cast<std::size_t>(index)].Changed;
 }
 
 void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installation) {

@@ -27,7 +27,7 @@ struct SwitcherTab {
   Button cmdDisable;
 };
 
-/// The tab as it looks before a catalogue is loaded.
+/// The tab as it looks before a catalogue is loaded, with nothing to switch.
 SwitcherTab NewSwitcherTab();
 
 /// True when an imported ship's model is a capital ship's. One whose model is missing counts as a fighter.
@@ -41,9 +41,13 @@ int ImageOfImported(bool capital);
 using ModelClasses = std::vector<std::optional<bool>>;
 
 /// Fills the two lists with the capital ships, or with the fighters. A two-part ship is one item; imported ships are
-/// only listed to change to. An item's key is "s" and the ship's index counted from 1.
+/// only listed to change to. An item's key is "s" and the ship's index counted from 1. No row is selected then.
 /// @return the classes that were read, for whoever needs them in the same moment
 ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips);
+
+/// Enables what can be used on what is selected: "----->" with exactly one row selected in each list, "<-----" with one
+/// row of a changed ship in swapOrgList.
+void EnableSwitcherControls(SwitcherTab& tab, const Installation& installation);
 
 /// Shows the other kind of ships than the first item's (of the first ship, when nothing is listed), and turns the
 /// caption round.

@@ -42,6 +42,52 @@ TEST(HandlerTable, SwapWithoutASelectionDoesNothing) {
   EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native)));
 }
 
+TEST(HandlerTable, WithNothingSelectedNoActionOnASelectionChangesAnything) {
+  const SmallInstallation installation;
+  Session session(installation);
+  session.Enable();
+  session.Swap(1, 0);
+  session.Press("hog.cmdOpen");
+  session.Press("tcache.cmdOpenTcache");
+  for (ListView* list : {&session.main.switcher.swapOrgList, &session.main.switcher.swapToList,
+                         &session.main.stats.shipEditingList, &session.main.imports.lstImported}) {
+    ASSERT_FALSE(list->rows.empty());
+    SelectOnly(*list, std::nullopt);
+  }
+  const FolderImage before = ImageOf(installation.folder.native);
+  session.desk.AllowOthers([](const Message&) { return Answer::yes; });
+  for (const char* action : {"switcher.swapOrgList.ItemClick",
+                             "switcher.swapToList.ItemClick",
+                             "switcher.cmdSwap",
+                             "switcher.cmdUnswap",
+                             "switcher.swapOrgList.DblClick",
+                             "stats.shipEditingList.ItemClick",
+                             "stats.shipWeaponsList.ItemClick",
+                             "stats.shipStatsList.AfterLabelEdit",
+                             "stats.pldStatsCopy",
+                             "stats.pldStatsPaste",
+                             "stats.pldStatsRestoreDefault",
+                             "stats.cmdRestoreShipStats",
+                             "stats.pldGunType",
+                             "stats.pldExtGunType",
+                             "stats.pldMissileType",
+                             "stats.chkHasCloak.MouseUp",
+                             "stats.cmdRestoreWeapons",
+                             "imports.lstImported.ItemClick",
+                             "imports.lstImported.DblClick",
+                             "imports.cmdRemoveShips",
+                             "hog.hogList.ItemClick",
+                             "hog.hogList.DblClick",
+                             "hog.pldHogCopy",
+                             "hog.pldHogProperties",
+                             "hog.cmdFirstBytes",
+                             "tcache.lstTcache.ItemClick",
+                             "tcache.lstTcache.DblClick"}) {
+    session.Press(action);
+    EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native))) << action;
+  }
+}
+
 TEST(HogHandlers, EnablingAndDisablingCloseTheArchiveFirst) {
   const SmallInstallation installation;
   Session session(installation);

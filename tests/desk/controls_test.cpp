@@ -44,6 +44,17 @@ TEST(ListView, OneRowAloneIsSelectedOrNone) {
   EXPECT_EQ(SelectedRow(list), std::nullopt);
 }
 
+TEST(ListView, OneOfSeveralSelectedRowsIsNotTheOnlyOne) {
+  ListView list;
+  EXPECT_EQ(OnlySelectedRow(list), std::nullopt);
+  for (const char* key : {"s1", "s2", "s3"}) AddRow(list, {key, {}, 0, false});
+  EXPECT_EQ(OnlySelectedRow(list), std::nullopt);
+  list.rows[1].selected = true;
+  EXPECT_EQ(OnlySelectedRow(list), 1U);
+  list.rows[2].selected = true;
+  EXPECT_EQ(OnlySelectedRow(list), std::nullopt);
+}
+
 TEST(SetChecked, ChecksOneRowAndCountsAsAChange) {
   ListView list;
   AddRow(list, {"s1", {"a"}});

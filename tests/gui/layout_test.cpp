@@ -122,6 +122,17 @@ TEST(WindowLayout, TabKeyWalksTheSwitcherFromLeftToRight) {
   constexpr std::array<const char*, 8> order = {"switcher.swapOrgList",  "switcher.cmdSwap",   "switcher.cmdUnswap",
                                                 "switcher.cmdUnswapAll", "switcher.cmdToggle", "switcher.swapToList",
                                                 "switcher.cmdEnable",    "switcher.cmdDisable"};
+  // A switched ship is selected, so that every button can be used.
+  ASSERT_TRUE(EnableFeatures(session));
+  const std::string target = Control(session, order[0])["rows"][0]["texts"][0];
+  const std::string source = Control(session, order[5])["rows"][1]["texts"][0];
+  ASSERT_TRUE(SelectRow(session, order[5], source));
+  ASSERT_TRUE(SelectRow(session, order[0], target));
+  ASSERT_TRUE(Becomes(session, order[1], "enabled", true));
+  ClickOn(session, order[1]);
+  ASSERT_TRUE(Becomes(session, order[2], "enabled", true));
+  ASSERT_TRUE(FocusIs(session, order[1]));
+  PressKey(session.desktop, "shift+Tab");
   ASSERT_TRUE(FocusIs(session, order[0]));
   for (std::size_t i = 1; i < order.size(); ++i) {
     PressKey(session.desktop, "Tab");

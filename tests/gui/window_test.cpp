@@ -79,7 +79,7 @@ TEST(Window, EnableByClickUnpacksTheModelsAndFillsTheLists) {
   }
   EXPECT_EQ(Control(session, "switcher.swapOrgList")["rows"][0]["texts"][0], session.sample.ships[0].name);
   EXPECT_GT(Layout(session)["progressPaintings"], 0);
-  EXPECT_EQ(Control(session, "switcher.cmdSwap")["enabled"], true) << "disabled only while the action runs";
+  EXPECT_EQ(Control(session, "switcher.cmdUnswapAll")["enabled"], true) << "disabled only while the action runs";
   EXPECT_TRUE(SaveScreenshot(session.desktop, "enabled"));
 }
 

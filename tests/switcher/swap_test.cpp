@@ -78,6 +78,38 @@ TEST_F(Swapping, WithoutASelectionInBothListsNothingHappens) {
   ExpectNothingDone(before);
 }
 
+TEST_F(Swapping, WithSeveralRowsSelectedInOneListNothingHappens) {
+  const FolderImage before = stage.Image();
+  for (ListView* list : {&stage.tab.swapOrgList, &stage.tab.swapToList}) {
+    stage.Select(alpha, manta);
+    list->rows.at(*RowOf(*list, bravo)).selected = true;
+    EnableSwitcherControls(stage.tab, stage.installation);
+    EXPECT_FALSE(stage.tab.cmdSwap.enabled);
+    cmdSwap_Click(stage.swapDesk, stage.tab);
+    ExpectNothingDone(before);
+  }
+}
+
+TEST_F(Swapping, TheButtonIsOnWithOneRowSelectedInEachList) {
+  SwitcherTab& tab = stage.tab;
+  const auto enabled = [&] {
+    EnableSwitcherControls(tab, stage.installation);
+    return tab.cmdSwap.enabled;
+  };
+  EXPECT_FALSE(tab.cmdSwap.enabled) << "nothing is selected";
+  stage.Select(alpha, manta);
+  EXPECT_TRUE(enabled());
+  SelectOnly(tab.swapToList, std::nullopt);
+  EXPECT_FALSE(enabled()) << "nothing on the right";
+  stage.Select(alpha, manta);
+  SelectOnly(tab.swapOrgList, std::nullopt);
+  EXPECT_FALSE(enabled()) << "nothing on the left";
+  stage.Select(alpha, manta);
+  EXPECT_TRUE(enabled());
+  DisplaySwitcher(stage.host, tab, stage.installation, false);
+  EXPECT_FALSE(tab.cmdSwap.enabled) << "the lists were filled anew";
+}
+
 TEST_F(Swapping, ARowOfAShipThatIsNotInTheCatalogueDoesNothing) {
   const FolderImage before = stage.Image();
   stage.Select(alpha, manta);

@@ -87,6 +87,24 @@ TEST_F(Unswapping, AShipThatIsNotChangedDoesNothing) {
   EXPECT_EQ(stage.closings, 0);
 }
 
+TEST_F(Unswapping, TheButtonIsOnWithAChangedShipSelectedOnly) {
+  SwitcherTab& tab = stage.tab;
+  EXPECT_FALSE(tab.cmdUnswap.enabled) << "nothing is selected";
+  stage.Select(fireA, manta);
+  EnableSwitcherControls(tab, stage.installation);
+  EXPECT_FALSE(tab.cmdUnswap.enabled) << "it is not changed";
+  stage.Select(alpha, manta);
+  EnableSwitcherControls(tab, stage.installation);
+  EXPECT_TRUE(tab.cmdUnswap.enabled);
+  cmdUnSwap_Click(stage.swapDesk, tab);
+  EXPECT_FALSE(tab.cmdUnswap.enabled) << "it is put back";
+  EXPECT_TRUE(tab.cmdSwap.enabled) << "the selection stays";
+  cmdSwap_Click(stage.swapDesk, tab);
+  EXPECT_TRUE(tab.cmdUnswap.enabled) << "it is changed again";
+  All();
+  EXPECT_FALSE(tab.cmdUnswap.enabled) << "no ship is changed";
+}
+
 TEST_F(Unswapping, WithoutASelectionNothingHappens) {
   const FolderImage before = stage.Image();
   cmdUnSwap_Click(stage.swapDesk, stage.tab);
