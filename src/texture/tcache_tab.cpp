@@ -37,7 +37,9 @@ std::string FormatText(std::int32_t pixelFormat) {
   return pixelFormat == paletteFormat ? "8-bit" : pixelFormat == colourFormat ? "16-bit" : "Unsupported";
 }
 
+/// The digits grouped by thousands. Intentional: none for 0, which is how the given pattern "##,###,###,###" writes it.
 std::string GroupedSigned(std::int32_t number) {
+  if (number == 0) return {};
   const auto magnitude = static_cast<unsigned long long>(number < 0 ? -static_cast<std::int64_t>(number) : number);
   return (number < 0 ? "-" : "") + Grouped(magnitude);
 }

@@ -56,6 +56,13 @@ TEST_F(TheTab, ShowsTheDataEndGroupedByThousands) {
   EXPECT_EQ(tab.lblTcacheSize.caption, "Tcache size: 1,234,567 byte(s)");
 }
 
+TEST_F(TheTab, ShowsADataEndOfZeroWithoutDigits) {
+  Bytes cache = Cache(426);
+  SetLong(cache, 8, 0);
+  Open(cache);
+  EXPECT_EQ(tab.lblTcacheSize.caption, "Tcache size:  byte(s)");
+}
+
 TEST_F(TheTab, ListsFormatsAndTrimsNames) {
   Bytes cache = Cache(3);
   SetName(cache, 0, "  blanks  ");
