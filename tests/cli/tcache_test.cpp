@@ -89,6 +89,17 @@ TEST_F(TcacheRuns, ImportAddsATextureAndRestoreRemovesIt) {
   EXPECT_TRUE(SameBytes(before, Cache()));
 }
 
+TEST_F(TcacheRuns, RestoreDoesNotSayThatARenamedTextureOfTheGameIsAsItWas) {
+  const Bytes before = Cache();
+  const std::string old = List()[7]["name"];
+  EXPECT_EQ(RunWords({"tcache", "rename", old, "brandnew"}).status, 0);
+  const Outcome outcome = RunWords({"tcache", "restore", "--yes"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "The texture cache holds the game's 426 textures alone.\n");
+  EXPECT_EQ(List()[7]["name"], "brandnew");
+  EXPECT_FALSE(SameBytes(before, Cache())) << "not as the game brought it";
+}
+
 TEST_F(TcacheRuns, ImportForAFighterAddsTheCompanionToo) {
   const Outcome outcome = RunWords({"tcache", "import", AddOn("manta1.bmp"), "newtex", "--fighter"});
   EXPECT_EQ(outcome.status, 0) << outcome.err;
