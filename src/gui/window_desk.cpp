@@ -6,6 +6,7 @@
 #include <wx/textbuf.h>
 
 #include "gui/layout_file.h"
+#include "gui/long_message.h"
 #include "gui/native_dialogs.h"
 #include "gui/progress.h"
 #include "gui/text_edge.h"
@@ -19,7 +20,7 @@ Answer ShowBox(Window& window, const Message& box) {
   window.box = &box;
   ++window.boxesShown;
   KeepLayout(window);
-  const Answer answer = ShowMessage(OnTop(window), box);
+  const Answer answer = IsLong(box) ? ShowLongMessage(OnTop(window), box) : ShowMessage(OnTop(window), box);
   window.box = nullptr;
   KeepLayout(window);
   return answer;

@@ -197,9 +197,9 @@ void OfferSwitches(SwapDesk& desk, SwitcherTab& tab, const Run& run, const std::
 void TellResult(const Run& run) {
   std::string text =
       run.allImported ? "Importing Successfull!" : "Importing Completed - but there where errors on some ships";
-  // A box is no taller than the screen, however many ships a pack has.
-  if (!run.failed.empty()) text += "\n\nThese ships were not imported:" + Listed(run.failed);
-  if (!run.batch.notes.empty()) text += "\n" + Listed(run.batch.notes);
+  // However many ships a pack has: the window shows a long message in a dialog that can be scrolled.
+  if (!run.failed.empty()) text += "\n\nThese ships were not imported:" + AllListed(run.failed);
+  if (!run.batch.notes.empty()) text += "\n" + AllListed(run.batch.notes);
   if (run.allImported) {
     ShowSuccess(run.host, text, Icon::information);
   } else {

@@ -23,8 +23,8 @@ bool CanBeImportedInto(Host& host, const Installation& installation);
 /// imported; those of LookAtShip and ImportTexture for a ship; once a run the warning about a fighter's 24-bit images;
 /// the question whether to make the switches that the pack suggests, when an imported ship suggests one for a stock
 /// ship: on Yes all ships are put back first; at last "Importing Successfull!" or "Importing Completed - but there
-/// where errors on some ships", and behind it which ships were not imported and what else is to be told, each list cut
-/// as by Listed. Then the game folder's model tool is started with the imported ships' names, where there is one.
+/// where errors on some ships", followed by all ships that were not imported and all notes. Then the game folder's
+/// model tool is started with the imported ships' names, where there is one.
 ///
 /// @param refill shows the changed catalogue in the lists of the tabs
 void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill);

@@ -103,6 +103,12 @@ std::string Listed(const std::vector<std::string>& names) {
   return text;
 }
 
+std::string AllListed(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += "\n" + name;
+  return text;
+}
+
 std::string ToUtf8(std::string_view text) {
   std::string utf8;
   utf8.reserve(text.size());

@@ -29,6 +29,9 @@ std::string Grouped(unsigned long long number);
 /// The names one a line, each behind a line break; of many only the first ones and how many more there are.
 std::string Listed(const std::vector<std::string>& names);
 
+/// All names one a line, each after a line break: for messages that can be scrolled.
+std::string AllListed(const std::vector<std::string>& names);
+
 /// The text as UTF-8, for screens and JSON; every byte has a character, so nothing is lost.
 std::string ToUtf8(std::string_view text);
 

@@ -162,6 +162,19 @@ TEST_F(ImportRuns, AShipThatLacksATextureFailsAndTheOtherOneIsImported) {
   EXPECT_FALSE(std::filesystem::exists(sample.program / "addons" / "textures" / "dragon1.bmp"));
 }
 
+TEST_F(ImportRuns, EveryShipThatFailsIsPrinted) {
+  std::string pack = "pack\n";
+  std::string failed = "  These ships were not imported:\n";
+  for (int i = 1; i <= 30; ++i) {
+    pack += "\\none.shp,None " + std::to_string(i) + ",\n";
+    failed += "  None " + std::to_string(i) + "\n";
+  }
+  WriteFileAt(Pack("many.pak"), pack);
+  const Outcome outcome = RunWords({"import", Pack("many.pak").string()});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(outcome.err.ends_with(failed)) << outcome.err;
+}
+
 TEST_F(ImportRuns, AShipThatFailsIsTheOnlyOneOfItsDocument) {
   const FolderImage before = Folders();
   const Outcome outcome = RunWords({"import", Sentinels(), "--only", "Dragonfly", "--json"});

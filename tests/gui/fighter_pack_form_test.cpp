@@ -30,6 +30,21 @@ void WriteLargePack(const ImportSession& session, int ships) {
   WriteFileAt(folder / "many.pak", pack);
 }
 
+/// A window's height in pixels.
+int HeightOf(const Session& session, const std::string& window) {
+  const std::string geometry =
+      PrintedBy({"xdotool", "getwindowgeometry", "--shell", window}, session.desktop.variables);
+  const std::string name = "HEIGHT=";
+  const std::size_t at = geometry.find(name);
+  return at == std::string::npos ? 0 : std::stoi(geometry.substr(at + name.size()));
+}
+
+/// A hash of what the screen shows, after taking a picture of it.
+std::string PixelsOnScreen(const Session& session, const std::string& name) {
+  if (!SaveScreenshot(session.desktop, name)) return {};
+  return PrintedBy({"identify", "-format", "%#", ScreenshotPath(name)}, session.desktop.variables);
+}
+
 }  // namespace
 
 TEST(FighterPackForm, ShipsAreCheckedByMouseAndKeyboard) {
@@ -154,6 +169,29 @@ TEST(FighterPackForm, LongImportTellsHowFarItIs) {
   EXPECT_GT(Layout(session)["progressPaintings"], paintings);
   EXPECT_EQ(Layout(session)["status"], "");
   EXPECT_EQ(Control(session, importedList)["rowCount"], 123);
+}
+
+TEST(FighterPackForm, ALongResultIsListedWholeAndCanBeScrolled) {
+  const ImportSession session;
+  std::string pack = "\"Many\"\r\n";
+  for (int i = 1; i <= 60; ++i) pack += "\"\\locust.shp\",\"many" + std::to_string(i) + "\",\"\"\r\n";
+  WriteFileAt(session.sample.program / "packs" / "raiders" / "many.pak", pack);
+  ASSERT_TRUE(ImportOpened(session, session.Pack("raiders/many.pak")));
+  ClickOn(session, "Fighter_PACK.cmdImportShips");
+  ASSERT_TRUE(BoxCame(session, "Importing Successfull!"));
+  const std::string text = Layout(session)["box"]["text"];
+  for (int i = 2; i <= 60; ++i) {
+    const std::string file = "locust" + std::to_string(i) + ".shp.";
+    EXPECT_NE(text.find("The model locust.shp was imported as " + file), std::string::npos) << file;
+  }
+  EXPECT_EQ(ActiveWindowTitle(session.desktop), "Oravin");
+  EXPECT_LT(HeightOf(session, ActiveWindow(session.desktop)), 600);
+  const std::string top = PixelsOnScreen(session, "long_result");
+  PressKey(session.desktop, "Next");
+  EXPECT_TRUE(Eventually([&] { return PixelsOnScreen(session, "long_result_scrolled") != top; }));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  ASSERT_TRUE(FormIs(session, ""));
+  EXPECT_EQ(Control(session, importedList)["rowCount"], 63);
 }
 
 TEST(FighterPackForm, EscapeStopsALongImport) {

@@ -59,6 +59,14 @@ TEST(Text, NamesAreListedOneALine) {
   EXPECT_EQ(Listed({"a", "b"}), "\na\nb");
 }
 
+TEST(Text, AllNamesAreListedWhereTheTextCanBeScrolled) {
+  EXPECT_EQ(AllListed({}), "");
+  std::string all;
+  const std::vector<std::string> names(50, "name");
+  for (const std::string& name : names) all += "\n" + name;
+  EXPECT_EQ(AllListed(names), all);
+}
+
 TEST(Text, OfManyNamesOnlyTheFirstTwentyAreListed) {
   std::vector<std::string> names(20, "x");
   std::string all;
