@@ -15,7 +15,6 @@ namespace {
 using platform::OpenFor;
 
 constexpr std::size_t headerRead = 32;
-constexpr int mostCountedImages = 64;  // further ones add nothing to a size
 constexpr std::uint32_t pixelsPerMetre = 2835;
 constexpr std::size_t coloursBegin = 54;
 
@@ -34,11 +33,19 @@ std::uint64_t SizeOf(const BmpInfo& info, int images) {
   return RoundedSize(TextureDataSize(info.width, info.height, images, info.depth));
 }
 
+/// Adds up the images in whole numbers: in floating-point ones the fractions of very small images round to whole bytes.
 std::int32_t CountImages(std::uint64_t fileLength, const BmpInfo& info) {
   const std::int64_t length = PixelBytes(fileLength, info);
-  if (length <= 0) return 0;
-  for (int images = 1; images <= mostCountedImages; ++images) {
-    if (SizeOf(info, images) == static_cast<std::uint64_t>(length)) return images;
+  const double first = TextureDataSize(info.width, info.height, 1, info.depth);
+  if (first < 1 || first > static_cast<double>(length)) return 0;
+  auto image = static_cast<std::int64_t>(first);
+  std::int64_t rest = length;
+  for (int images = 1; image <= rest; ++images) {
+    rest -= image;
+    if (rest == 0) return images;
+    // The sizes of this and all further images have fractions, which never add up to a whole number.
+    if (image % 4 != 0) return 0;
+    image /= 4;
   }
   return 0;
 }

@@ -36,13 +36,16 @@ struct BmpInfo {
   std::uint32_t pixelOffset = 0;  ///< where its pixels begin in the file; 0 for a file of pixels alone
   std::int32_t width = 0;
   std::int32_t height = 0;
-  std::int32_t depth = 0;       ///< bytes a pixel: 1, 2, 3; of other bitmaps the 32 bits as they stand
-  std::int32_t imageCount = 0;  ///< images one behind the other; 0 when the file's length fits no number of them
+  std::int32_t depth = 0;  ///< bytes a pixel: 1, 2, 3; of other bitmaps the 32 bits as they stand
+  std::int32_t imageCount =
+      0;  ///< images one behind the other; 0 when no number of them takes exactly the file's length
 
   bool operator==(const BmpInfo&) const = default;
 };
 
-/// Reads what a bitmap says of itself, and counts its images by the file's length.
+/// Reads what a bitmap says of itself, and counts its images by the file's length. A number of images counts only where
+/// their sizes (TextureDataSize, not rounded) add up to that length: rows that an image program has padded are no
+/// images.
 ///
 /// A missing file gives the box "File not found" titled "GetBMPInfo"; one that ends before its header does, the error
 /// trap's.

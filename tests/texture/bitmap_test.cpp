@@ -49,6 +49,39 @@ TEST_F(TheBitmap, WhoseLengthFitsNoNumberOfImagesHasNone) {
   EXPECT_EQ(InfoOf(Bitmap(0, 0, 8, {})).imageCount, 0);
 }
 
+TEST_F(TheBitmap, WhoseLengthIsOneOfImagesOnlyWhenRoundedHasNone) {
+  // Image programs pad a row of two pixels of 24 bits to 8 bytes: 16 bytes here, near the 15.75 of three images.
+  EXPECT_EQ(InfoOf(Bitmap(2, 2, 24, Pattern(16))).imageCount, 0);
+  EXPECT_EQ(InfoOf(Bitmap(2, 4, 24, Pattern(32))).imageCount, 0);  // 31.97 with five
+  EXPECT_EQ(InfoOf(Bitmap(2, 2, 8, Pattern(5))).imageCount, 2);    // 4 and 1
+  EXPECT_EQ(InfoOf(Bitmap(4, 2, 8, Pattern(10))).imageCount, 2);   // 8 and 2
+  EXPECT_EQ(InfoOf(Bitmap(4, 2, 8, Pattern(11))).imageCount, 0);   // 10.5 with three
+  EXPECT_EQ(InfoOf(Bitmap(3, 3, 8, Pattern(11))).imageCount, 0);   // 11.25 with two
+  EXPECT_EQ(InfoOf(Bitmap(4, 2, 16, Pattern(21))).imageCount, 3);  // half a pixel of 16 bits is a byte
+  EXPECT_EQ(InfoOf(Bitmap(256, 256, 8, Pattern(87381))).imageCount, 9);
+}
+
+TEST_F(TheBitmap, WhoseLengthIsTheLimitOfEverMoreImagesHasNone) {
+  // As floating-point numbers the sums reach these lengths in the end.
+  for (const int side : {2, 4, 16, 256}) {
+    const auto pixels = static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
+    EXPECT_EQ(InfoOf(Bitmap(side, side, 24, Pattern(pixels * 4))).imageCount, 0) << side;
+    EXPECT_FALSE(BitmapFits(at.host.files, folder.Windows("a.bmp"), info)) << side;
+  }
+}
+
+TEST_F(TheBitmap, OfSidesWhoseProductNoFileCanHoldHasNoImages) {
+  Bytes file = Bitmap(4, 4, 8, Pattern(16));
+  for (const std::uint32_t side : {0x7FFFFFFFU, 0x80000000U, 0x10000U}) {
+    SetLong(file, 18, side);
+    SetLong(file, 22, side);
+    for (const std::uint32_t bits : {8U, 24U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+      SetLong(file, 28, bits);
+      EXPECT_EQ(InfoOf(file).imageCount, 0) << side << " " << bits;
+    }
+  }
+}
+
 TEST_F(TheBitmap, ThatIsMissingIsToldAndTheRecordStays) {
   info = {1, 2, 3, 4, 5};
   at.desk.ExpectBox("File not found", "GetBMPInfo");

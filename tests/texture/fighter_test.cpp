@@ -239,6 +239,14 @@ TEST_F(ThePanel, ImportsA24BitBitmap) {
   EXPECT_TRUE(test::SameBytes(After(before, {"wing", 2, 8, 8, 1, Bytes(128, 255), 192}), CacheNow()));
 }
 
+TEST_F(ThePanel, OfABitmapWithPaddedRowsEndsAndLeavesTheCacheAsItWas) {
+  Write("a.bmp", Bitmap(2, 2, 24, Pattern(16)));
+  at.desk.ExpectBox("Operation terminated", programTitle, Icon::none);
+  Click();
+  EXPECT_EQ(panel.lblBMPinfo[3].caption, "Blocks: 0");
+  EXPECT_TRUE(test::SameBytes(before, CacheNow()));
+}
+
 TEST_F(ThePanel, ImportsAFighterTwice) {
   Write("a.bmp", Fighter());
   panel.chkForFighter.checked = true;
