@@ -84,8 +84,11 @@ void ExtractTexture(Files& files, const std::string& cachePath, const TcacheEntr
   headerSize = BuildBitmapHeader(files, {0, entry.width, entry.height, entry.pixelFormat, entry.imageCount},
                                  templatePath, header);
   const Bytes pixels = BitmapPixels(entry, ReadTextureData(files, cachePath, entry));
-  // Image programs refuse a bitmap that does not tell its own length: not that of its template, nor of its first image.
-  PutLittleEndian32(&header[bitmapFileSizeAt], static_cast<std::uint32_t>(header.size() + pixels.size()));
+  // Intentional: for 8 bits the length stays the template's, like all of its header but width and height. A header that
+  // was built states the whole file's, not that of the first image alone, since image programs compare it.
+  if (entry.pixelFormat == colourFormat) {
+    PutLittleEndian32(&header[bitmapFileSizeAt], static_cast<std::uint32_t>(header.size() + pixels.size()));
+  }
   WriteBeside(files, target, [&](int handle) {
     Put(files, handle, 0, header);
     Put(files, handle, header.size(), pixels);

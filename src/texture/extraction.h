@@ -25,8 +25,8 @@ bool CanBeExtracted(const TcacheEntry& entry, std::uint64_t cacheLength);
 Bytes ReadTextureData(Files& files, const std::string& cachePath, const TcacheEntry& entry);
 
 /// Writes a texture to a bitmap file: the header, which describes the largest image, then all images. A 16-bit texture
-/// becomes a bitmap of 24 bits, an 8-bit one takes header and palette of the template. The header tells the length of
-/// the whole file.
+/// becomes a bitmap of 24 bits, whose header states the length of the whole file. An 8-bit one takes header and palette
+/// of the template, in which width and height are set and nothing else: the length too is the template's.
 ///
 /// A texture of another format gives zeros only: its data's size, behind as many as the header of the texture before it
 /// had. That is meant.

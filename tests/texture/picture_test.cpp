@@ -70,6 +70,8 @@ TEST_F(ThePicture, OfA16BitTextureHasItsTrueColours) {
 TEST_F(ThePicture, IsWhatAnImageProgramShowsOfTheExtractedBitmap) {
   Make(CacheWith({{"a", 1, 64, 32, 6}, {"b", 2, 32, 64, 6}}));
   Bytes lender = Bitmap(4, 4, 8, Pattern(16));
+  // The extracted bitmap states its template's length, and the image program compares it with the file's.
+  SetLong(lender, 2, 1078 + 2048 + 512 + 128 + 32 + 8 + 2);
   for (std::size_t i = 0; i < 256; ++i) SetLong(lender, 54 + 4 * i, static_cast<std::uint32_t>(i * 40503 % 0x1000000));
   Write("cube.bmp", lender);
   const Palette palette = TemplatePalette(at.host.files, folder.Windows("cube.bmp"));

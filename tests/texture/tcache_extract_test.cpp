@@ -27,13 +27,27 @@ TEST_F(TheExtraction, OfTheFirstRowAfterSortingIsTheTextureNamedThere) {
   ExpectComplete();
   Extract();
   Bytes expected(cube.begin(), cube.begin() + 1078);
-  SetLong(expected, 2, 1078 + 128);
   SetLong(expected, 18, 16);
   SetLong(expected, 22, 8);
   const Bytes pixels = Pattern(128, 427);
   expected.insert(expected.end(), pixels.begin(), pixels.end());
   EXPECT_TRUE(test::SameImage({{"one.bmp", expected}}, test::ImageOf(folder.Native("out"))));
   EXPECT_EQ(tab.lblTcacheStructs.caption, "428 texture(s)");
+}
+
+TEST_F(TheExtraction, OfAn8BitTextureKeepsEveryByteOfTheTemplatesHeaderButWidthAndHeight) {
+  Open(CacheWith({{"flat", 1, 32, 8, 2}}));
+  for (std::size_t i = 0; i < 1078; ++i) cube[i] = static_cast<std::uint8_t>(i * 7 + 3);
+  Write("program/3D/cube.bmp", cube);
+  Select({"flat"});
+  ExpectComplete();
+  Extract();
+  Bytes expected(cube.begin(), cube.begin() + 1078);
+  SetLong(expected, 18, 32);
+  SetLong(expected, 22, 8);
+  const Bytes pixels = Pattern(320, 426);
+  expected.insert(expected.end(), pixels.begin(), pixels.end());
+  EXPECT_TRUE(test::SameBytes(expected, Extracted("flat.bmp")));
 }
 
 TEST_F(TheExtraction, OfA16BitTextureWritesAllImagesIn24Bits) {
@@ -53,6 +67,9 @@ TEST_F(TheExtraction, OfA16BitTextureWritesAllImagesIn24Bits) {
 }
 
 TEST_F(TheExtraction, IsOpenedByAnImageProgramWithItsTrueColours) {
+  // The length is the template's too, and this program opens no bitmap that is shorter than it says.
+  SetLong(cube, 2, 1078 + 32 + 8 + 2);
+  Write("program/3D/cube.bmp", cube);
   Open(CacheWith({{"flat", 1, 8, 4, 3}, {"deep", 2, 8, 4, 3}}));
   Select({"flat", "deep"});
   ExpectComplete();
