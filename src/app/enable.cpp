@@ -148,13 +148,14 @@ void cmdEnable_Click(Main& main) {
     cmdUnswapAll_Click(desk, main.switcher);
   }
   if (!KeepBackups(main, preparation)) return;
+  const bool companions = ReadyLoadoutMaps(main);
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   if (!BuildCatalogue(main.host, installation, preparation.list, preparation.live, backup)) return;
   Trap(main.host, "cmdEnable_Click()", [&] { EraseKeptSpellings(main.host.files, installation, preparation.models); });
   UnpackSetup(main.host, installation.GamePath, installation.ships);
   SetUpShipStats(main.host, installation.GamePath + "shipstats.bin", installation.GamePath + "shipstats.def",
                  installation.ships);
-  SetUpLoadouts(main);
+  if (companions) SetUpLoadouts(main);
   EndProgress(main.host);
   FillLists(main);
   ShowSuccess(main.host, enabledMessage, Icon::none);

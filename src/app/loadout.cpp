@@ -8,6 +8,15 @@
 
 namespace oravin {
 
+bool ReadyLoadoutMaps(Main& main) {
+  const Installation& installation = main.installation;
+  const std::string cache = installation.GamePath + tcacheName;
+  if (!FileExists(std::string(cache))) return false;
+  return Trapped(main.host, learnTitle, false, [&] {
+    return ProvideLoadoutMaps(main.host, cache, installation.ProgramPath + loadoutMapsName).has_value();
+  });
+}
+
 void SetUpLoadouts(Main& main) {
   const Installation& installation = main.installation;
   const std::string cache = installation.GamePath + tcacheName;
@@ -16,7 +25,6 @@ void SetUpLoadouts(Main& main) {
                                 [&] { return LackingCompanions(main.host.files, cache, installation.ships); });
   if (lacking.empty()) return;
   ShowProgress(main.host, "Making loadout textures", 0, 1);
-  if (!ProvideLoadoutMaps(main.host, cache, installation.ProgramPath + loadoutMapsName)) return;
   LoadoutSetup(main.host, cache, installation.ProgramPath, lacking, lacking.size());
 }
 

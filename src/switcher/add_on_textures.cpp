@@ -8,6 +8,7 @@
 #include "ships/shp_texture_names.h"
 #include "texture/texture_batch.h"
 #include "util/File_Path.h"
+#include "util/run_time_error.h"
 #include "util/text.h"
 
 namespace oravin {
@@ -27,6 +28,16 @@ std::vector<std::string> WantedTextures(const Ships& ships) {
     }
   }
   return names;
+}
+
+/// The maps of their file alone: Enable has made it where that could be done, and has told what was in the way.
+void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
+  batch.mapsSought = true;
+  try {
+    if (FileExists(std::string(batch.mapsPath))) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
+  } catch (const RunTimeError&) {
+    batch.maps.reset();
+  }
 }
 
 void AddAll(Host& host, const Installation& installation, TextureBatch& batch, const std::vector<std::string>& names,
@@ -68,6 +79,7 @@ void InstallAddOnTextures(Host& host, const Installation& installation) {
   if (names.empty() || !FileExists(std::string(cache))) return;
   TextureBatch batch;
   if (!BeginTextures(host, cache, installation.ProgramPath, batch)) return;
+  UseMapsThatAreThere(host.files, batch);
   std::vector<std::string> missing;
   try {
     AddAll(host, installation, batch, names, missing);

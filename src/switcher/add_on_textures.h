@@ -24,7 +24,8 @@ void SetTextures(ShipRecord& ship, const std::vector<std::string>& names);
 
 /// Adds the textures of all add-on ships of the catalogue to the game's texture cache, in one go. A texture that the
 /// editor added before counts as installed; one of the game's own under that name gives ImportTexture's box and is the
-/// one that the ship uses. Bitmaps that are missing are named in one box at the end; those of ImportTexture come as
+/// one that the ship uses. The maps of the companions are not learned here: without `gloadconv.dat` 8-bit textures come
+/// alone, and no box tells it. Bitmaps that are missing are named in one box at the end; those of ImportTexture come as
 /// they do there. A full cache ends the program (ProgramEnd), after what was added before has become part of it.
 void InstallAddOnTextures(Host& host, const Installation& installation);
 

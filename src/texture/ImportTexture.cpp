@@ -2,6 +2,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "texture/LearnLoadout.h"
 #include "texture/fighter_chain.h"
 #include "texture/import_refusals.h"
 #include "texture/loadout_maps.h"
@@ -41,24 +42,23 @@ bool ImportWithCompanion(Host& host, std::string& cachePath, const std::string& 
   if (!ReadCacheToAddTo(host, cachePath, cache)) return false;
   BmpInfo info;
   if (!GetBMPInfo(host, bitmapPath, info)) return false;
-  const std::string companion = "g" + name;
-  const bool paired = info.depth == 1 && SlotNamed(cache, companion) < 0;
-  if (cache.count == tcacheCapacity || (paired && cache.count == tcacheCapacity - 1)) EndForFullCache(host);
+  if (cache.count == tcacheCapacity) EndForFullCache(host);
   if (!CanBeAddedTo(cache)) return RefuseCache(host);
   if (!BitmapFits(host.files, bitmapPath, info)) return RefuseBitmap(host);
   if (!NameIsFree(host, cache, name)) return false;
-  const std::string maps = programPath + loadoutMapsName;
-  if (paired && !FileExists(std::string(maps))) {
-    Show(host, "Path(s) not found", Icon::exclamation, importTitle);
-    return false;
+  const std::string companion = "g" + name;
+  std::optional<LoadoutMaps> maps;
+  if (info.depth == 1 && SlotNamed(cache, companion) < 0) {
+    maps = ProvideLoadoutMaps(host, cachePath, programPath + loadoutMapsName);
   }
+  if (maps && cache.count == tcacheCapacity - 1) EndForFullCache(host);
   Bytes pixels;
   std::uint64_t end = 0;
   MemMappedFile(host, bitmapPath, pixels, info.pixelOffset, end);
   std::vector<NewTexture> textures;
   textures.push_back(MakeTexture(name, info, pixels));
-  if (paired) {
-    MapPixels(pixels, ReadLoadoutMaps(host.files, maps));
+  if (maps) {
+    MapPixels(pixels, *maps);
     textures.push_back(MakeTexture(companion, info, std::move(pixels)));
   }
   Append(host.files, cachePath, cache, textures);

@@ -38,8 +38,9 @@ bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, co
 
 /// Adds one texture from a bitmap, whose values GetBMPInfo tells. An 8-bit texture gets its companion too, in the next
 /// slot: its name is "g" and the texture's name, its pixels are mapped through `gloadconv.dat` in the program folder.
-/// Two slots must then be free; a companion that is there already is left as it is and needs none. When the maps are
-/// missing, the box "Path(s) not found" titled "ImportTexture", and nothing is written.
+/// Two slots must then be free; a companion that is there already is left as it is and needs none. Missing maps are
+/// learned from the cache; where that cannot be done, the box of ProvideLoadoutMaps, and the texture comes alone. A
+/// file of maps that cannot be used gives the error trap's box, and nothing is written.
 /// @param name as above, but 30 characters at most
 /// @param programPath the program folder, ending in a backslash
 bool ImportTexture(Host& host, std::string cachePath, const std::string& name, std::string bitmapPath,

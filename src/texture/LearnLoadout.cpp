@@ -122,20 +122,26 @@ LoadoutMaps MapsOf(const LearnedLoadout& learned) {
   return maps;
 }
 
-bool ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath) {
-  constexpr const char* title = "LearnLoadout";
-  if (FileExists(std::string(mapsPath))) return true;
-  return Trapped(host, title, false, [&] {
-    const LearnedLoadout learned = LearnLoadout(host.files, cachePath);
-    if (learned.seenCells == 0) {
+std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const std::string& cachePath, const std::string& mapsPath) {
+  if (FileExists(std::string(mapsPath))) return ReadLoadoutMaps(files, mapsPath);
+  const LearnedLoadout learned = LearnLoadout(files, cachePath);
+  if (learned.seenCells == 0) return std::nullopt;
+  return MapsOf(learned);
+}
+
+std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath) {
+  if (FileExists(std::string(mapsPath))) return ReadLoadoutMaps(host.files, mapsPath);
+  return Trapped(host, learnTitle, std::optional<LoadoutMaps>(), [&] {
+    const std::optional<LoadoutMaps> maps = FindLoadoutMaps(host.files, cachePath, mapsPath);
+    if (maps) {
+      WriteWhole(host.files, mapsPath, *maps);
+    } else {
       Show(host,
            std::string(loadoutMapsName) +
                " cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
-           Icon::exclamation, title);
-      return false;
+           Icon::exclamation, learnTitle);
     }
-    WriteWhole(host.files, mapsPath, MapsOf(learned));
-    return true;
+    return maps;
   });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "desk/host.h"
@@ -33,9 +34,18 @@ LearnedLoadout LearnLoadout(Files& files, const std::string& cachePath);
 /// The maps of what was learned.
 LoadoutMaps MapsOf(const LearnedLoadout& learned);
 
-/// Makes the maps' file from the cache where it is missing; an existing one is never changed. When the game's textures
-/// hold no pair, a box titled "LearnLoadout" says so and nothing is written.
-/// @return whether the file is there now
-bool ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath);
+/// The maps of the maps' file or, where that is missing, those that the cache teaches. Nothing is written.
+/// @return nothing when the file is missing and the game's textures hold no pair
+/// @throws RunTimeError when the file is there but cannot be used, or the cache cannot be read
+std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const std::string& cachePath, const std::string& mapsPath);
+
+/// The title of the boxes about learning.
+inline constexpr const char* learnTitle = "LearnLoadout";
+
+/// The same, and makes the file where it is missing; an existing one is never changed. When the maps cannot be learned,
+/// one box says why, and nothing is written.
+/// @return nothing when they could not be learned
+/// @throws RunTimeError when the file is there but cannot be used
+std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath);
 
 }  // namespace oravin

@@ -1,5 +1,8 @@
 #include "texture/LoadoutSetup.h"
 
+#include <algorithm>
+#include <set>
+
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "texture/ImportTexture.h"
@@ -8,6 +11,7 @@
 #include "texture/table_bytes.h"
 #include "texture/work_files.h"
 #include "util/File_Path.h"
+#include "util/text.h"
 #include "util/whole_file.h"
 
 namespace oravin {
@@ -20,6 +24,14 @@ constexpr const char* loadoutTitle = "LoadoutSetup";
 std::string FreeWorkName(const std::string& folder, std::string name) {
   while (FileExists(folder + name)) name += "_";
   return name;
+}
+
+/// Of a ship's further textures only those that an editor added lack a companion, since that is what an import gives to
+/// each; capital ships use many of the game's own that have none.
+bool LacksCompanion(const TcacheBytes& cache, const std::string& name, std::size_t texture) {
+  const int slot = name.empty() ? -1 : SlotNamed(cache, name);
+  if (slot < 0 || EntryOf(cache, slot).pixelFormat != paletteFormat || SlotNamed(cache, "g" + name) >= 0) return false;
+  return texture < loadoutTextures || slot >= factoryTextures;
 }
 
 /// Makes one companion; false when the whole run must end.
@@ -65,25 +77,29 @@ bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const S
   });
 }
 
-Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships) {
-  const TcacheBytes cache = ReadTcache(files, cachePath);
+Ships LackingCompanions(const TcacheBytes& cache, const Ships& ships) {
   Ships lacking;
+  std::set<std::string> named;
   for (const ShipRecord& ship : ships) {
     if (!ship.Imported) continue;
-    ShipRecord copy = ship;
-    copy.Textures.fill({});
-    bool lacks = false;
-    for (std::size_t t = 0; t < loadoutTextures; ++t) {
-      const std::string name = ship.Textures.at(t).Trimmed();
-      if (name.empty() || SlotNamed(cache, "g" + name) >= 0) continue;
-      const int slot = SlotNamed(cache, name);
-      if (slot < 0 || EntryOf(cache, slot).pixelFormat != paletteFormat) continue;
-      copy.Textures.at(t) = ship.Textures.at(t);
-      lacks = true;
+    for (std::size_t first = 0; first < texturesPerShip; first += loadoutTextures) {
+      ShipRecord copy = ship;
+      copy.Textures.fill({});
+      bool lacks = false;
+      for (std::size_t t = first; t < std::min(first + loadoutTextures, texturesPerShip); ++t) {
+        const std::string name = ship.Textures.at(t).Trimmed();
+        if (!LacksCompanion(cache, name, t) || !named.insert(UpperCase(name)).second) continue;
+        copy.Textures.at(t - first) = ship.Textures.at(t);
+        lacks = true;
+      }
+      if (lacks) lacking.push_back(copy);
     }
-    if (lacks) lacking.push_back(copy);
   }
   return lacking;
+}
+
+Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships) {
+  return LackingCompanions(ReadTcache(files, cachePath), ships);
 }
 
 void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string& name, TcacheEntry& entry) {

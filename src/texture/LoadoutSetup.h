@@ -5,7 +5,7 @@
 
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
-#include "texture/Texture.h"
+#include "texture/table_bytes.h"
 
 /// The companions of ship textures: for the loadout screen the game keeps every 8-bit ship texture a second time, in
 /// that screen's palette, under its name with a "g" before it.
@@ -26,8 +26,13 @@ inline constexpr std::size_t loadoutTextures = 2;
 bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count);
 
 /// The imported ships that LoadoutSetup has something to do for: copies of their records that name only those textures
-/// which lack their companion, among the first two. A texture that is missing itself lacks nothing.
-/// @throws RunTimeError when the cache cannot be read
+/// which lack their companion, at most two each, and each texture once. Among a ship's first two textures that is any
+/// 8-bit texture without a companion, among the others one that an import has added. A texture that is missing itself
+/// lacks nothing.
+Ships LackingCompanions(const TcacheBytes& cache, const Ships& ships);
+
+/// The same for the cache's file.
+/// @throws RunTimeError when it cannot be read
 Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships);
 
 /// Fills a record from the cache by the texture's name. Where there is no such texture its fields are 0.

@@ -2,6 +2,7 @@
 
 #include "desk/dialogs.h"
 #include "texture/ImportTexture.h"
+#include "texture/LearnLoadout.h"
 #include "texture/Texture.h"
 #include "texture/fighter_chain.h"
 #include "texture/loadout_maps.h"
@@ -33,10 +34,16 @@ bool ShowInfo(Host& host, ImportTexturePanel& panel, const std::string& path, Bm
 
 bool ImportFighter(Host& host, const Installation& installation, const std::string& bitmap, const std::string& name) {
   const std::string& folder = installation.ProgramPath;
+  const std::string cache = installation.GamePath + tcacheName;
+  const std::string maps = folder + loadoutMapsName;
   const WorkFiles work({folder + "import", folder + "gimport"});
-  return ConvertFighterText(host, bitmap, folder + "import", folder) &&
-         ConvertTexture(host, folder + "import", folder, "gimport", folder + loadoutMapsName) &&
-         ImportFighterTextures(host, installation.GamePath + tcacheName, folder + "import", folder + "gimport", name);
+  if (!ConvertFighterText(host, bitmap, folder + "import", folder)) return false;
+  const bool toLearn = !FileExists(std::string(maps)) && FileExists(std::string(cache));
+  if (toLearn && !ProvideLoadoutMaps(host, cache, maps)) {
+    return ImportTexture(host, cache, folder + "import", name, fighterChain);
+  }
+  return ConvertTexture(host, folder + "import", folder, "gimport", maps) &&
+         ImportFighterTextures(host, cache, folder + "import", folder + "gimport", name);
 }
 
 }  // namespace

@@ -33,7 +33,8 @@ void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel);
 void txtImportTexturePath_LostFocus(ImportTexturePanel& panel);
 
 /// Imports the bitmap into the game's cache under the name in its box, cut to 30 characters. With "For fighter" it is
-/// made into a fighter's chain first and imported a second time, as its companion, whose name has a "g" before it.
+/// made into a fighter's chain first and imported a second time, as its companion, whose name has a "g" before it. The
+/// maps for that are learned where they are missing; where that fails, a box says why and the chain is imported alone.
 ///
 /// Boxes beside those of the procedures that do the work: "Import texture not found.", "Enter name for texture" titled
 /// "Import Texture", "Textured imported successfully!".

@@ -27,12 +27,11 @@ bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTex
   return ReadTextureData(files, batch.cachePath, entry) == texture.pixels;
 }
 
-/// Has the maps ready for a companion; they are learned from the cache where they are missing.
+/// Has the maps ready for a companion. That they cannot be learned is told once, at the first need.
 bool ProvideMaps(Host& host, TextureBatch& batch) {
-  if (batch.maps) return true;
-  if (!ProvideLoadoutMaps(host, batch.cachePath, batch.mapsPath)) return false;
-  batch.maps = ReadLoadoutMaps(host.files, batch.mapsPath);
-  return true;
+  if (!batch.mapsSought) batch.maps = ProvideLoadoutMaps(host, batch.cachePath, batch.mapsPath);
+  batch.mapsSought = true;
+  return batch.maps.has_value();
 }
 
 void AddWithCompanion(Files& files, TextureBatch& batch, NewTexture texture, bool paired) {
@@ -50,10 +49,8 @@ AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const
   if (slot >= factoryTextures && rule == AlreadyThere::byName) return AddedTexture::installed;
   BmpInfo info;
   if (!GetBMPInfo(host, bitmapPath, info)) return AddedTexture::refused;
-  const bool paired = info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0;
-  const int room = tcacheCapacity - batch.cache.count;
   // What is there already needs no slot, so that a full cache does not matter to it.
-  if (slot < 0 && (room < 1 || (paired && room < 2))) EndForFullCache(host);
+  if (slot < 0 && batch.cache.count == tcacheCapacity) EndForFullCache(host);
   if (!BitmapFits(host.files, bitmapPath, info)) {
     RefuseBitmap(host);
     return AddedTexture::refused;
@@ -61,7 +58,8 @@ AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const
   NewTexture texture = MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info));
   if (slot >= factoryTextures && SamePicture(host.files, batch, slot, texture)) return AddedTexture::installed;
   if (!NameIsFree(host, batch.cache, name)) return AddedTexture::nameTaken;
-  if (paired && !ProvideMaps(host, batch)) return AddedTexture::refused;
+  const bool paired = info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0 && ProvideMaps(host, batch);
+  if (paired && batch.cache.count == tcacheCapacity - 1) EndForFullCache(host);
   const BatchMark mark = MarkOf(batch);
   try {
     AddWithCompanion(host.files, batch, std::move(texture), paired);

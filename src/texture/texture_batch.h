@@ -18,6 +18,7 @@ struct TextureBatch {
   TcacheBytes begun;     ///< as it was when the batch began; its slots are not kept
   Bytes replaced;        ///< what stood in the file where the entries were written at the commit
   std::optional<LoadoutMaps> maps;
+  bool mapsSought = false;  ///< `maps` is all there is to be had; they are not looked for again
 };
 
 /// What counts as installed already when the texture's name stands in the cache.
@@ -41,7 +42,8 @@ enum class AddedTexture {
 bool BeginTextures(Host& host, const std::string& cachePath, const std::string& programPath, TextureBatch& batch);
 
 /// Adds one texture from a bitmap, and its companion where it has 8 bits, as ImportTexture does. The maps are learned
-/// from the cache where they are missing. A full cache gives ImportTexture's box and ends the program (ProgramEnd).
+/// from the cache where they are missing; where that cannot be done, one box for the batch says so, and
+/// textures come without companions. A full cache gives ImportTexture's box and ends the program (ProgramEnd).
 /// @param name without blanks at its ends; what is longer than 30 characters is cut off
 AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
                         AlreadyThere rule);

@@ -44,6 +44,15 @@ struct Package : testing::Test {
     ExpectOffer(Answer::yes);
     desk.OnForm([this](const std::string&) { session.Press("ShipList.cmdSave"); });
   }
+  /// A package brings no loadout maps, and the small installation's cache teaches none.
+  void EnableWithoutMaps() {
+    desk.ExpectQuestion(enableQuestion, Answer::yes);
+    desk.ExpectBox(
+        "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
+        "LearnLoadout");
+    desk.ExpectSuccess(enabledText, programTitle, Icon::none);
+    session.Press("switcher.cmdEnable");
+  }
 
   SmallInstallation installation;
   TemporaryFolder machine;
@@ -147,7 +156,7 @@ TEST_F(Package, TheWindowOffersAShipListWhenTheGameWasFound) {
   SaveTheDraft();
   Load(true);
   EXPECT_TRUE(fs::exists(User("shipsData.txt")));
-  session.Enable();
+  EnableWithoutMaps();
   EXPECT_FALSE(main.installation.ships.empty());
 }
 
@@ -187,7 +196,7 @@ TEST_F(Package, NothingIsOfferedWhileTheFeaturesAreEnabled) {
   RegisterGame();
   SaveTheDraft();
   Load(true);
-  session.Enable();
+  EnableWithoutMaps();
   fs::remove(User("shipsData.txt"));
   Session next(installation, false);
   next.desk.AllowOthers([](const Message& box) {

@@ -299,17 +299,41 @@ TEST_F(TheImportWithItsCompanion, MakesTheSameChecks) {
   EXPECT_TRUE(test::SameBytes(Cache(426), Now()));
 }
 
-TEST_F(TheImportWithItsCompanion, WithoutOrWithDamagedMapsWritesNothing) {
+TEST_F(TheImportWithItsCompanion, WithoutMapsLearnsThem) {
+  Bytes before = Cache(426);
+  SetName(before, 0, "wing");   // of pixels 1
+  SetName(before, 8, "gwing");  // of pixels 9
+  Make(before);
+  std::filesystem::remove(folder.Native("gloadconv.dat"));
+  Write("a.bmp", Bitmap(4, 4, 8, Bytes(16, 1)));
+  EXPECT_TRUE(ImportWithCompanion("x"));
+  const Bytes first = After(before, {"x", 1, 4, 4, 1, Bytes(16, 1), 16});
+  EXPECT_TRUE(test::SameBytes(After(first, {"gx", 1, 4, 4, 1, Bytes(16, 9), 16}), Now()));
+  EXPECT_EQ(ReadFileAt(folder.Native("gloadconv.dat")).size(), 2048U);
+}
+
+TEST_F(TheImportWithItsCompanion, WithMapsThatCannotBeLearnedComesAloneAndSaysWhy) {
+  const Bytes before = Cache(999);
+  Make(before);
+  Write("a.bmp", Bitmap(4, 4, 8, Pattern(16)));
+  std::filesystem::remove(folder.Native("gloadconv.dat"));
+  at.desk.ExpectBox(
+      "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
+      "LearnLoadout");
+  EXPECT_TRUE(ImportWithCompanion("x")) << "into the last slot: a texture alone needs but one";
+  EXPECT_TRUE(test::SameBytes(After(before, {"x", 1, 4, 4, 1, Pattern(16), 16}), Now()));
+  EXPECT_FALSE(std::filesystem::exists(folder.Native("gloadconv.dat")));
+}
+
+TEST_F(TheImportWithItsCompanion, WithDamagedMapsWritesNothingAndLeavesThemAlone) {
   Make(Cache(426));
   Write("a.bmp", Bitmap(4, 4, 8, Pattern(16)));
   Write("gloadconv.dat", Bytes(2047));
   at.desk.ExpectBox("Error - could not use " + folder.Windows("gloadconv.dat") + ": it must be 2048 bytes long",
                     "ImportTexture");
   EXPECT_FALSE(ImportWithCompanion("x"));
-  std::filesystem::remove(folder.Native("gloadconv.dat"));
-  at.desk.ExpectBox("Path(s) not found", "ImportTexture");
-  EXPECT_FALSE(ImportWithCompanion("x"));
   EXPECT_TRUE(test::SameBytes(Cache(426), Now()));
+  EXPECT_EQ(ReadFileAt(folder.Native("gloadconv.dat")), Bytes(2047));
 }
 
 TEST_F(TheImportWithItsCompanion, OfALongNameCutsItTo30CharactersAndTheCompanionHas31) {

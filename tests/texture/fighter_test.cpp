@@ -286,13 +286,58 @@ TEST_F(ThePanel, OfAFighterMakesSureOfTwoSlotsFirst) {
   }
 }
 
-TEST_F(ThePanel, OfAFighterWithoutMapsImportsNothing) {
-  Write("a.bmp", Fighter());
+TEST_F(ThePanel, OfAFighterWithoutMapsLearnsThem) {
+  Bytes cache = Cache(426);
+  SetName(cache, 0, "hull");   // of pixels 1
+  SetName(cache, 8, "ghull");  // of pixels 9
+  SetCache(cache);
   std::filesystem::remove(folder.Native("program/gloadconv.dat"));
+  Write("a.bmp", Fighter());
+  panel.chkForFighter.checked = true;
+  ExpectSuccess();
+  Click();
+  maps = ReadFileAt(folder.Native("program/gloadconv.dat"));
+  ASSERT_EQ(maps.size(), 2048U);
+  EXPECT_EQ(maps[1], 9);
+  const Bytes chain = ChainOf(Fighter());
+  const Bytes first = After(before, {"wing", 1, 256, 256, 8, chain, 87380});
+  EXPECT_TRUE(test::SameBytes(After(first, {"gwing", 1, 256, 256, 8, Companion(chain), 87380}), CacheNow()));
+  ExpectTidy();
+}
+
+TEST_F(ThePanel, OfAFighterWhoseMapsCannotBeLearnedImportsItAloneAndSaysWhy) {
+  std::filesystem::remove(folder.Native("program/gloadconv.dat"));
+  Write("a.bmp", Fighter());
+  panel.chkForFighter.checked = true;
+  at.desk.ExpectBox(
+      "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
+      "LearnLoadout");
+  ExpectSuccess();
+  Click();
+  EXPECT_TRUE(test::SameBytes(After(before, {"wing", 1, 256, 256, 8, ChainOf(Fighter()), 87380}), CacheNow()));
+  EXPECT_TRUE(test::ImageOf(folder.Native("program")).empty());
+}
+
+TEST_F(ThePanel, OfAFighterWithDamagedMapsImportsNothingAndLeavesThemAlone) {
+  Write("program/gloadconv.dat", Bytes(2047));
+  Write("a.bmp", Fighter());
+  panel.chkForFighter.checked = true;
+  at.desk.ExpectBox(
+      "Error - could not use " + folder.Windows("program\\gloadconv.dat") + ": it must be 2048 bytes long",
+      "ConvertTexture");
+  Click();
+  EXPECT_TRUE(test::SameBytes(before, CacheNow()));
+  EXPECT_EQ(ReadFileAt(folder.Native("program/gloadconv.dat")), Bytes(2047));
+  ExpectTidy();
+}
+
+TEST_F(ThePanel, OfAFighterWithoutMapsAndWithoutACacheShowsOneBox) {
+  std::filesystem::remove(folder.Native("program/gloadconv.dat"));
+  std::filesystem::remove(folder.Native("game/tcachehw.dat"));
+  Write("a.bmp", Fighter());
   panel.chkForFighter.checked = true;
   at.desk.ExpectBox("Path(s) not found", "ConvertTexture");
   Click();
-  EXPECT_TRUE(test::SameBytes(before, CacheNow()));
   EXPECT_TRUE(test::ImageOf(folder.Native("program")).empty());
 }
 

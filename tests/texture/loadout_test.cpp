@@ -133,13 +133,37 @@ TEST_F(TheLoadout, LacksOnlyWhatIsNotThereYet) {
   Make(CacheWith({{"a", 1, 4, 4, 1}, {"GA", 1, 4, 4, 1}, {"b", 1, 4, 4, 1}, {"deep", 2, 4, 4, 1}}));
   ShipRecord stock = Imported({"b"});
   stock.Imported = false;
-  const Ships lacking = LackingCompanions(
-      at.host.files, Path(), {stock, Imported({"a", "deep", "b"}), Imported({"a", "B"}), Imported({"none"})});
-  ASSERT_EQ(lacking.size(), 1U) << "a texture that is missing itself lacks nothing";
+  const Ships lacking =
+      LackingCompanions(at.host.files, Path(),
+                        {stock, Imported({"a", "deep"}), Imported({"a", "B"}), Imported({"b"}), Imported({"none"})});
+  ASSERT_EQ(lacking.size(), 1U) << "a texture is named once; one that is missing itself lacks nothing";
   EXPECT_EQ(lacking[0].Textures[0].Trimmed(), "");
   EXPECT_EQ(lacking[0].Textures[1].Trimmed(), "B");
   EXPECT_TRUE(Set({lacking[0]}));
   EXPECT_EQ(LongAt(Now(), 4), 431U);
+}
+
+TEST_F(TheLoadout, OfAShipsFurtherTexturesLacksThoseThatWereAdded) {
+  Make(CacheWith({{"a", 1, 4, 4, 1}, {"b", 1, 8, 8, 1}, {"c", 1, 4, 4, 1}, {"deep", 2, 4, 4, 1}, {"d", 1, 4, 4, 1}}));
+  // t3 and t4 are the game's own: companions of those are made only for a ship's first two.
+  const Ships lacking = LackingCompanions(at.host.files, Path(),
+                                          {Imported({"t3", "", "t4", "c", "deep", "b", "d"}), Imported({"d", "a"})});
+  ASSERT_EQ(lacking.size(), 5U);
+  const auto names = [&](std::size_t i) {
+    EXPECT_EQ(lacking[i].Textures[2].Trimmed(), "");
+    return lacking[i].Textures[0].Trimmed() + "," + lacking[i].Textures[1].Trimmed();
+  };
+  EXPECT_EQ(names(0), "t3,");
+  EXPECT_EQ(names(1), ",c");
+  EXPECT_EQ(names(2), ",b");
+  EXPECT_EQ(names(3), "d,");
+  EXPECT_EQ(names(4), ",a");
+  EXPECT_TRUE(Set(lacking));
+  TcacheTable table;
+  EXPECT_EQ(GetTcacheTable(at.host, Path(), table), 436);
+  std::string added;
+  for (std::size_t i = 431; i < table.size(); ++i) added += table[i].name + " ";
+  EXPECT_EQ(added, "gt3 gc gb gd ga ");
 }
 
 TEST_F(TheLoadout, ReadsAnEntryByItsName) {

@@ -219,6 +219,53 @@ TEST_F(TheBatch, NeedsTwoFreeSlotsForAnEightBitTextureUnlessItIsThereAlready) {
   EXPECT_THROW(Add("over", "8.bmp"), ProgramEnd);
 }
 
+TEST_F(TheBatch, LearnsMissingMapsAtTheFirstNeed) {
+  Bytes before = Cache(426);
+  test::SetName(before, 0, "wing");   // of pixels 1
+  test::SetName(before, 8, "gwing");  // of pixels 9
+  Make(before);
+  std::filesystem::remove(folder.Native("gloadconv.dat"));
+  Write("8.bmp", Bitmap(8, 4, 8, Bytes(32, 1)));
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("deep", "24.bmp"), AddedTexture::added);
+  EXPECT_FALSE(std::filesystem::exists(folder.Native("gloadconv.dat")));
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::added);
+  EXPECT_EQ(test::ReadFileAt(folder.Native("gloadconv.dat")).size(), 2048U);
+  CommitTextures(at.host.files, batch);
+  Bytes wanted = After(before, {"deep", 2, 8, 4, 1, As16Bits(Pattern(96)), 96});
+  wanted = After(wanted, {"hull", 1, 8, 4, 1, Bytes(32, 1), 32});
+  EXPECT_TRUE(SameBytes(After(wanted, {"ghull", 1, 8, 4, 1, Bytes(32, 9), 32}), Now()));
+}
+
+TEST_F(TheBatch, WithMapsThatCannotBeLearnedAddsTexturesAloneAndSaysWhyOnce) {
+  const Bytes before = Cache(998);
+  Make(before);
+  std::filesystem::remove(folder.Native("gloadconv.dat"));
+  at.desk.ExpectBox(
+      "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
+      "LearnLoadout");
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::added);
+  EXPECT_EQ(Add("wing", "other.bmp"), AddedTexture::added) << "into the last slot";
+  CommitTextures(at.host.files, batch);
+  const Bytes first = After(before, {"hull", 1, 8, 4, 1, Pattern(32), 32});
+  EXPECT_TRUE(SameBytes(After(first, {"wing", 1, 8, 4, 1, Pattern(32, 9), 32}), Now()));
+}
+
+TEST_F(TheBatch, WithDamagedMapsRefusesWhatNeedsThemAndLeavesThemAlone) {
+  const Bytes before = Cache(426);
+  Make(before);
+  Write("gloadconv.dat", Bytes(2047));
+  ASSERT_TRUE(Begin());
+  at.desk.ExpectBox("Error - could not use " + folder.Windows("gloadconv.dat") + ": it must be 2048 bytes long",
+                    "ImportTexture");
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::refused);
+  EXPECT_EQ(Add("wing", "16.bmp"), AddedTexture::added);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(After(before, {"wing", 2, 8, 4, 1, Pattern(64), 64}), Now()));
+  EXPECT_EQ(test::ReadFileAt(folder.Native("gloadconv.dat")), Bytes(2047));
+}
+
 TEST_F(TheBatch, DoesNotBeginOnAMissingOrDamagedCache) {
   at.desk.ExpectBox("Error. Path(s) not found", "ImportTexture");
   EXPECT_FALSE(Begin());
