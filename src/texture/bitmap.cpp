@@ -84,10 +84,12 @@ bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
   });
 }
 
+bool SidesFit(const BmpInfo& info) { return IsChainSide(info.width) && IsChainSide(info.height); }
+
 bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
   // Pixels of other depths are nothing that could be shown or added, whether there is a header to look at or not.
   if (info.depth < 1 || info.depth > 3) return false;
-  if (!IsChainSide(info.width) || !IsChainSide(info.height) || !FileExists(std::string(path))) return false;
+  if (!SidesFit(info) || !FileExists(std::string(path))) return false;
   const OpenedFile file(files, path, OpenFor::reading);
   const std::int64_t length = PixelBytes(LengthOf(files, file.handle), info);
   return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) &&

@@ -53,6 +53,9 @@ struct BmpInfo {
 /// @return whether it was read
 bool GetBMPInfo(Host& host, std::string path, BmpInfo& info);
 
+/// True when both sides are one of 2, 4, 8, ... 256, as a new texture's must be.
+bool SidesFit(const BmpInfo& info);
+
 /// True when a bitmap can become a texture: its pixels have 1, 2 or 3 bytes and are exactly as long as the images take,
 /// and both sides are one of 2, 4, 8, ... 256. A bitmap with a header must have 8, 16 or 24 bits a pixel and no
 /// compression, because its pixels are taken as they stand.

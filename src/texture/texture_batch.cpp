@@ -34,13 +34,34 @@ bool ProvideMaps(Host& host, TextureBatch& batch) {
   return batch.maps.has_value();
 }
 
-void AddWithCompanion(Files& files, TextureBatch& batch, NewTexture texture, bool paired) {
-  const OpenedFile file(files, batch.cachePath, OpenFor::changing);
-  AddPixels(files, file.handle, batch.cache, texture);
-  if (!paired) return;
-  texture.name = "g" + texture.name;
-  MapPixels(texture.pixels, *batch.maps);
-  AddPixels(files, file.handle, batch.cache, texture);
+/// Adds textures, all or none.
+void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture>& textures) {
+  const BatchMark mark = MarkOf(batch);
+  try {
+    const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+    for (const NewTexture& texture : textures) AddPixels(files, file.handle, batch.cache, texture);
+  } catch (const RunTimeError&) {
+    GoBackTo(files, batch, mark);
+    throw;
+  }
+}
+
+NewTexture CompanionOf(const NewTexture& texture, const LoadoutMaps& maps) {
+  NewTexture companion = texture;
+  companion.name = "g" + texture.name;
+  MapPixels(companion.pixels, maps);
+  return companion;
+}
+
+/// Gives a texture that an import found in the cache, and that its ship will use, the companion that it lacks.
+void AddLackingCompanion(Host& host, TextureBatch& batch, int slot, const std::string& name) {
+  const TcacheEntry entry = EntryOf(batch.cache, slot);
+  const BmpInfo info{0, entry.width, entry.height, entry.pixelFormat, entry.imageCount};
+  if (entry.pixelFormat != paletteFormat || SlotNamed(batch.cache, "g" + name) >= 0) return;
+  if (!SidesFit(info) || !DataLiesIn(entry, batch.cache.length) || !ProvideMaps(host, batch)) return;
+  if (batch.cache.count == tcacheCapacity) EndForFullCache(host);
+  const NewTexture texture = MakeTexture(name, info, ReadTextureData(host.files, batch.cachePath, entry));
+  AddTogether(host.files, batch, {CompanionOf(texture, *batch.maps)});
 }
 
 AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
@@ -49,24 +70,26 @@ AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const
   if (slot >= factoryTextures && rule == AlreadyThere::byName) return AddedTexture::installed;
   BmpInfo info;
   if (!GetBMPInfo(host, bitmapPath, info)) return AddedTexture::refused;
-  // What is there already needs no slot, so that a full cache does not matter to it.
+  // What is there already needs no slot of its own.
   if (slot < 0 && batch.cache.count == tcacheCapacity) EndForFullCache(host);
   if (!BitmapFits(host.files, bitmapPath, info)) {
     RefuseBitmap(host);
     return AddedTexture::refused;
   }
-  NewTexture texture = MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info));
-  if (slot >= factoryTextures && SamePicture(host.files, batch, slot, texture)) return AddedTexture::installed;
-  if (!NameIsFree(host, batch.cache, name)) return AddedTexture::nameTaken;
-  const bool paired = info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0 && ProvideMaps(host, batch);
-  if (paired && batch.cache.count == tcacheCapacity - 1) EndForFullCache(host);
-  const BatchMark mark = MarkOf(batch);
-  try {
-    AddWithCompanion(host.files, batch, std::move(texture), paired);
-  } catch (const RunTimeError&) {
-    GoBackTo(host.files, batch, mark);
-    throw;
+  const NewTexture texture = MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info));
+  if (slot >= factoryTextures) {
+    const bool same = SamePicture(host.files, batch, slot, texture);
+    if (!same) NameIsFree(host, batch.cache, name);  // it tells that another picture bears the name
+    AddLackingCompanion(host, batch, slot, name);
+    return same ? AddedTexture::installed : AddedTexture::nameTaken;
   }
+  if (!NameIsFree(host, batch.cache, name)) return AddedTexture::nameTaken;
+  std::vector<NewTexture> textures = {texture};
+  if (info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0 && ProvideMaps(host, batch)) {
+    if (batch.cache.count == tcacheCapacity - 1) EndForFullCache(host);
+    textures.push_back(CompanionOf(texture, *batch.maps));
+  }
+  AddTogether(host.files, batch, textures);
   return AddedTexture::added;
 }
 

@@ -43,7 +43,9 @@ bool BeginTextures(Host& host, const std::string& cachePath, const std::string& 
 
 /// Adds one texture from a bitmap, and its companion where it has 8 bits, as ImportTexture does. The maps are learned
 /// from the cache where they are missing; where that cannot be done, one box for the batch says so, and
-/// textures come without companions. A full cache gives ImportTexture's box and ends the program (ProgramEnd).
+/// textures come without companions. With the rule byPixels a texture that is there already, but
+/// not as one of the game's own, gets the companion that it lacks. A full cache gives ImportTexture's box and ends the
+/// program (ProgramEnd).
 /// @param name without blanks at its ends; what is longer than 30 characters is cut off
 AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
                         AlreadyThere rule);

@@ -221,6 +221,27 @@ TEST_F(Importing, ATextureThatIsThereAlreadyCountsAsInstalled) {
   Compare("the import");
 }
 
+TEST_F(Importing, ATextureThatWasImportedByHandGetsItsCompanionWithTheShipThatUsesIt) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {red, blue});
+  ImportTexturePanel& panel = session->main.imports.texture;
+  panel.txtImportTexturePath.text = NewPath("blue.bmp");
+  panel.txtImportTextureName.text = "blue";
+  session->desk.ExpectSuccess("Textured imported successfully!", programTitle, Icon::exclamation);
+  session->Press("imports.cmdImportTexture");
+  Bytes cache = ReadFileAt(installation.Game("tcachehw.dat"));
+  ExpectSuccess();
+  ImportAll("hawk.shp");
+  cache = After(cache, {"red", 1, 4, 4, 1, red.pixels, 16});
+  cache = After(cache, {"gred", 1, 4, 4, 1, Mapped(red.pixels), 16});
+  cache = After(cache, {"gblue", 1, 4, 4, 1, Mapped(blue.pixels), 16});
+  expected.Import(hawk, {red, blue});
+  FolderImage wanted = expected.Image();
+  wanted["game/tcachehw.dat"] = cache;
+  EXPECT_TRUE(SameImage(wanted, ImageOf(installation.folder.native)));
+  session->Enable();
+  EXPECT_TRUE(SameBytes(cache, ReadFileAt(installation.Game("tcachehw.dat")))) << "the next Enable has nothing to add";
+}
+
 TEST_F(Importing, AnotherTextureOfThatNameGivesTheNameMessageAndIsTheOneThatTheShipUses) {
   const SmallShip hawk = Make("hawk", "hawk.shp", {{"hull", Pattern(16, 9)}, {"texture7", Pattern(16)}});
   // The bitmap that the cache's texture came from would make the ship fail.

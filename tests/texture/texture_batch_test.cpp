@@ -219,6 +219,83 @@ TEST_F(TheBatch, NeedsTwoFreeSlotsForAnEightBitTextureUnlessItIsThereAlready) {
   EXPECT_THROW(Add("over", "8.bmp"), ProgramEnd);
 }
 
+TEST_F(TheBatch, GivesATextureThatWasImportedByHandItsCompanion) {
+  const Bytes before = After(Cache(426), {"Hull", 1, 8, 4, 1, Pattern(32), 32});
+  Make(before);
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::installed);
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::installed) << "it has one now";
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(After(before, {"ghull", 1, 8, 4, 1, Mapped(Pattern(32)), 32}), Now()));
+}
+
+TEST_F(TheBatch, GivesAnotherPictureThatWasImportedByHandTheCompanionOfThatPicture) {
+  const Bytes before = After(Cache(426), {"hull", 1, 4, 8, 1, Pattern(32, 9), 32});
+  Make(before);
+  ASSERT_TRUE(Begin());
+  at.desk.ExpectBox(IsTaken("hull"));
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::nameTaken);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(After(before, {"ghull", 1, 4, 8, 1, Mapped(Pattern(32, 9)), 32}), Now()));
+}
+
+TEST_F(TheBatch, GivesNoCompanionToTheGamesOwnTexturesOrToDeepOnes) {
+  Bytes before = After(Cache(426), {"deep", 2, 8, 4, 1, Pattern(64), 64});
+  test::SetName(before, 425, "hull");
+  Make(before);
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("deep", "16.bmp"), AddedTexture::installed);
+  at.desk.ExpectBox(IsTaken("hull"));
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::nameTaken);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(before, Now()));
+}
+
+TEST_F(TheBatch, ByNameLeavesTheCompanionToTheLoadout) {
+  const Bytes before = After(Cache(426), {"hull", 1, 8, 4, 1, Pattern(32), 32});
+  Make(before);
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("hull", "8.bmp", AlreadyThere::byName), AddedTexture::installed);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(before, Now()));
+}
+
+TEST_F(TheBatch, EndsTheProgramWhereALackingCompanionFindsNoSlot) {
+  Make(After(Cache(999), {"hull", 1, 8, 4, 1, Pattern(32), 32}));
+  const Bytes before = Now();
+  ASSERT_TRUE(Begin());
+  at.desk.ExpectBox("Critical Error - TCACHE is FULL! Use Disable/Restore.", "ERROR!!!", Icon::critical);
+  EXPECT_THROW(Add("hull", "8.bmp"), ProgramEnd);
+  EXPECT_TRUE(SameBytes(before, Now()));
+}
+
+TEST_F(TheBatch, WithoutMapsATextureThatWasImportedByHandStaysAlone) {
+  const Bytes before = After(Cache(426), {"hull", 1, 8, 4, 1, Pattern(32), 32});
+  Make(before);
+  std::filesystem::remove(folder.Native("gloadconv.dat"));
+  at.desk.ExpectBox(
+      "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
+      "LearnLoadout");
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::installed);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(before, Now()));
+}
+
+TEST_F(TheBatch, TakesBackACompanionWithItsShip) {
+  const Bytes before = After(Cache(426), {"hull", 1, 8, 4, 1, Pattern(32), 32});
+  Make(before);
+  ASSERT_TRUE(Begin());
+  const BatchMark mark = MarkOf(batch);
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::installed);
+  EXPECT_EQ(batch.cache.count, 428);
+  GoBackTo(at.host.files, batch, mark);
+  EXPECT_TRUE(SameBytes(before, Now()));
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::installed);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(After(before, {"ghull", 1, 8, 4, 1, Mapped(Pattern(32)), 32}), Now()));
+}
+
 TEST_F(TheBatch, LearnsMissingMapsAtTheFirstNeed) {
   Bytes before = Cache(426);
   test::SetName(before, 0, "wing");   // of pixels 1
