@@ -11,6 +11,7 @@
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/catalogue_build.h"
+#include "texture/import_refusals.h"
 #include "util/File_Path.h"
 #include "util/text.h"
 #include "util/whole_file.h"
@@ -112,6 +113,8 @@ bool Prepare(Main& main, Preparation& preparation) {
   CollectModels(preparation);
   preparation.wasEnabled = FeaturesEnabled(main.installation.ProgramPath);
   if (!ReadArchive(main, preparation)) return false;
+  // Found out later, it would end the program between the new catalogue and the models that go with it.
+  if (!CacheHasSlotsFor(main.installation, preparation.list)) EndForFullCache(main.host);
   return Trapped(main.host, "cmdEnable_Click()", false,
                  [&] { return ReadyToWrite(main.host, PlanEnable(main, preparation)); });
 }

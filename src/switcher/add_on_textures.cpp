@@ -6,6 +6,8 @@
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
 #include "ships/shp_texture_names.h"
+#include "texture/LearnLoadout.h"
+#include "texture/LoadoutSetup.h"
 #include "texture/texture_batch.h"
 #include "util/File_Path.h"
 #include "util/run_time_error.h"
@@ -35,6 +37,16 @@ void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
     if (FileExists(std::string(batch.mapsPath))) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
+  } catch (const RunTimeError&) {
+    batch.maps.reset();
+  }
+}
+
+/// The maps that Enable will have, without making their file.
+void FindMaps(Files& files, TextureBatch& batch) {
+  batch.mapsSought = true;
+  try {
+    batch.maps = FindLoadoutMaps(files, batch.cachePath, batch.mapsPath);
   } catch (const RunTimeError&) {
     batch.maps.reset();
   }
@@ -71,6 +83,25 @@ AddOnTextures TexturesOfModel(Host& host, const std::string& model) {
 void SetTextures(ShipRecord& ship, const std::vector<std::string>& names) {
   ship.Textures.fill({});
   for (std::size_t t = 0; t < std::min(names.size(), texturesPerShip); ++t) ship.Textures.at(t).Set(names[t]);
+}
+
+bool AddOnTexturesHaveSlots(const Installation& installation, const Ships& ships) {
+  const std::string cache = installation.GamePath + tcacheName;
+  if (!FileExists(std::string(cache))) return true;
+  Host quiet;
+  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
+  TextureBatch batch;
+  try {
+    // Of a cache that nothing can be added to the table is there all the same, and LoadoutSetup looks at it.
+    const bool usable = BeginTextures(quiet, cache, installation.ProgramPath, batch);
+    batch.counting = true;
+    FindMaps(quiet.files, batch);
+    std::vector<std::string> missing;
+    if (usable) AddAll(quiet, installation, batch, WantedTextures(ships), missing);
+  } catch (const ProgramEnd&) {
+    return false;
+  }
+  return !batch.maps || CompanionsHaveSlots(batch.cache, LackingCompanions(batch.cache, ships));
 }
 
 void InstallAddOnTextures(Host& host, const Installation& installation) {

@@ -51,11 +51,8 @@ struct Shortcomings {
 /// How many add-on ships of each name have been prepared, by upper-case trimmed name.
 using NameCounts = std::unordered_map<std::string, std::size_t>;
 
-void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, NameCounts& counts,
-                  Shortcomings& shortcomings) {
-  ship.Imported = true;
-  const std::size_t number = counts[UpperCase(ship.ShipName.Trimmed())]++;
-  ship.StatsIndex = Int16Value(AddOnStats(host, installation, ship, number));
+/// Gives an add-on ship's record the texture names of its model.
+void TakeTextures(Host& host, const Installation& installation, ShipRecord& ship, Shortcomings& shortcomings) {
   const std::string model = installation.ProgramPath + addOnShipsFolder + ModelOf(ship);
   if (!FileExists(std::string(model))) {
     shortcomings.missing.push_back(ModelOf(ship));
@@ -64,6 +61,14 @@ void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship
   const AddOnTextures textures = TexturesOfModel(host, model);
   SetTextures(ship, textures.names);
   if (textures.tooMany) shortcomings.cutShort.push_back(ModelOf(ship));
+}
+
+void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, NameCounts& counts,
+                  Shortcomings& shortcomings) {
+  ship.Imported = true;
+  const std::size_t number = counts[UpperCase(ship.ShipName.Trimmed())]++;
+  ship.StatsIndex = Int16Value(AddOnStats(host, installation, ship, number));
+  TakeTextures(host, installation, ship, shortcomings);
 }
 
 Ships RecordsOf(Host& host, const Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
@@ -111,6 +116,21 @@ void Tell(Host& host, const Shortcomings& shortcomings) {
 }
 
 }  // namespace
+
+bool CacheHasSlotsFor(const Installation& installation, const std::vector<ListedShip>& list) {
+  Host quiet;
+  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
+  Ships addOns;
+  Shortcomings shortcomings;
+  for (const ListedShip& line : list) {
+    ShipRecord ship = NewRecord(line);
+    ship.Imported = line.kind == importedKind;
+    if (IsInert(ship) || !ship.Imported) continue;
+    TakeTextures(quiet, installation, ship, shortcomings);
+    addOns.push_back(ship);
+  }
+  return AddOnTexturesHaveSlots(installation, addOns);
+}
 
 bool BuildCatalogue(Host& host, Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
                     const HogTable& backup) {

@@ -9,6 +9,10 @@
 
 namespace oravin {
 
+/// True when the texture cache has free slots for the textures of the list's add-on ships and for their companions.
+/// Nothing is changed, and no box comes.
+bool CacheHasSlotsFor(const Installation& installation, const std::vector<ListedShip>& list);
+
 /// Builds the catalogue from the ship list and loads it.
 ///
 /// A stock ship gets the place of its model in the archive (FindModel); one that is found nowhere keeps 0 there and is

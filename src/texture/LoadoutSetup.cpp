@@ -8,6 +8,7 @@
 #include "texture/ImportTexture.h"
 #include "texture/extraction.h"
 #include "texture/loadout_maps.h"
+#include "texture/new_texture.h"
 #include "texture/table_bytes.h"
 #include "texture/work_files.h"
 #include "util/File_Path.h"
@@ -100,6 +101,22 @@ Ships LackingCompanions(const TcacheBytes& cache, const Ships& ships) {
 
 Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships) {
   return LackingCompanions(ReadTcache(files, cachePath), ships);
+}
+
+bool CompanionsHaveSlots(const TcacheBytes& cache, const Ships& lacking) {
+  const bool usable = CanBeAddedTo(cache);
+  int count = cache.count;
+  for (const ShipRecord& ship : lacking) {
+    for (std::size_t t = 0; t < loadoutTextures; ++t) {
+      const std::string name = ship.Textures.at(t).Trimmed();
+      if (name.empty()) continue;
+      const TcacheEntry entry = EntryOf(cache, SlotNamed(cache, name));
+      if (entry.dataOffset == 0 || !DataLiesIn(entry, cache.length)) return true;
+      if (count == tcacheCapacity) return false;
+      if (usable && SidesFit({0, entry.width, entry.height, entry.pixelFormat, entry.imageCount})) ++count;
+    }
+  }
+  return true;
 }
 
 void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string& name, TcacheEntry& entry) {

@@ -35,6 +35,11 @@ Ships LackingCompanions(const TcacheBytes& cache, const Ships& ships);
 /// @throws RunTimeError when it cannot be read
 Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships);
 
+/// True when the cache has a free slot for each companion that LoadoutSetup would add for these ships. Its checks come
+/// in the same order: a texture without data ends it, and a companion that is then refused needs a free slot, too.
+/// @param cache as it will be then; nothing is read but its table
+bool CompanionsHaveSlots(const TcacheBytes& cache, const Ships& lacking);
+
 /// Fills a record from the cache by the texture's name. Where there is no such texture its fields are 0.
 void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string& name, TcacheEntry& entry);
 

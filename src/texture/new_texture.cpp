@@ -68,19 +68,27 @@ bool CanBeAddedTo(const TcacheBytes& cache) {
   return true;
 }
 
+bool HasRoomFor(const TcacheBytes& cache, const NewTexture& texture) {
+  return static_cast<std::uint64_t>(cache.dataEnd) + texture.reserved <= 0x7FFFFFFF;
+}
+
+void AddEntry(TcacheBytes& cache, const NewTexture& texture) {
+  const auto at = static_cast<std::uint64_t>(cache.dataEnd);
+  const Bytes entry = MakeEntry(cache, texture);
+  cache.slots.insert(cache.slots.end(), entry.begin(), entry.end());
+  cache.length = std::max(cache.length, at + texture.pixels.size());
+  cache.dataEnd = static_cast<std::int32_t>(at + texture.reserved);
+  ++cache.count;
+}
+
 void AddPixels(Files& files, int handle, TcacheBytes& cache, const NewTexture& texture) {
   const auto at = static_cast<std::uint64_t>(cache.dataEnd);
-  const std::uint64_t end = at + texture.reserved;
-  if (end > 0x7FFFFFFF) {
+  if (!HasRoomFor(cache, texture)) {
     throw RunTimeError("could not write", files.open.at(handle).path, "it would become too large");
   }
   Put(files, handle, at, texture.pixels);
   StartFlush(files, handle, at, texture.pixels.size());
-  const Bytes entry = MakeEntry(cache, texture);
-  cache.slots.insert(cache.slots.end(), entry.begin(), entry.end());
-  cache.length = std::max(cache.length, at + texture.pixels.size());
-  cache.dataEnd = static_cast<std::int32_t>(end);
-  ++cache.count;
+  AddEntry(cache, texture);
 }
 
 void WriteTable(Files& files, int handle, const TcacheBytes& cache, int fromSlot) {

@@ -27,6 +27,13 @@ NewTexture MakeTexture(const std::string& name, const BmpInfo& info, Bytes pixel
 /// True when something could be written at the data end without writing over the table or a texture.
 bool CanBeAddedTo(const TcacheBytes& cache);
 
+/// True when the data end behind the texture would fit 32 signed bits.
+bool HasRoomFor(const TcacheBytes& cache, const NewTexture& texture);
+
+/// Adds a texture's entry to the table in memory alone, with count and data end.
+/// @param cache has a free slot, and room for the texture
+void AddEntry(TcacheBytes& cache, const NewTexture& texture);
+
 /// Writes a texture's pixels at the data end and adds its entry to the table in memory, with count and data end. In the
 /// file the table stays as it is (WriteTable).
 /// @param cache has a free slot

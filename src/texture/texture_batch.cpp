@@ -36,6 +36,12 @@ bool ProvideMaps(Host& host, TextureBatch& batch) {
 
 /// Adds textures, all or none.
 void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture>& textures) {
+  if (batch.counting) {
+    for (const NewTexture& texture : textures) {
+      if (HasRoomFor(batch.cache, texture)) AddEntry(batch.cache, texture);
+    }
+    return;
+  }
   const BatchMark mark = MarkOf(batch);
   try {
     const OpenedFile file(files, batch.cachePath, OpenFor::changing);

@@ -18,6 +18,7 @@ struct TextureBatch {
   TcacheBytes begun;     ///< as it was when the batch began; its slots are not kept
   Bytes replaced;        ///< what stood in the file where the entries were written at the commit
   std::optional<LoadoutMaps> maps;
+  bool counting = false;    ///< only the table in memory grows; the file stays as it is, and nothing is committed
   bool mapsSought = false;  ///< `maps` is all there is to be had; they are not looked for again
 };
 
