@@ -35,6 +35,25 @@ bool AnyFileMatches(const std::string& path) {
          });
 }
 
+/// True for one digit as Windows numbers its ports with it: 0 to 9, and the superscript one, two and three.
+bool IsPortNumber(std::string_view digit) {
+  if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9') return true;
+  // In the code page, and in UTF-8: on Windows a name that is valid UTF-8 is read as such
+  // (platform/windows/wide_text.h).
+  static constexpr std::array<std::string_view, 6> superscripts = {"\xB9",     "\xB2",     "\xB3",
+                                                                   "\xC2\xB9", "\xC2\xB2", "\xC2\xB3"};
+  return std::find(superscripts.begin(), superscripts.end(), digit) != superscripts.end();
+}
+
+/// True for a name that Windows keeps for a device, whatever follows its first dot. Spaces before the dot do not count.
+bool IsDeviceName(const std::string& name) {
+  const std::string base = UpperCase(Trim(name.substr(0, name.find('.'))));
+  static constexpr std::array<std::string_view, 6> devices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
+  if (std::find(devices.begin(), devices.end(), base) != devices.end()) return true;
+  const bool port = base.starts_with("COM") || base.starts_with("LPT");
+  return port && IsPortNumber(std::string_view(base).substr(3));
+}
+
 std::size_t LastBeforeEnd(const std::string& path, const char* characters) {
   return path.size() < 2 ? std::string::npos : path.find_last_of(characters, path.size() - 2);
 }
@@ -112,12 +131,7 @@ bool IsPlainFileName(const std::string& name) {
       })) {
     return false;
   }
-  // The names of devices stay devices whatever extension they bear.
-  const std::string base = UpperCase(name.substr(0, name.find('.')));
-  static constexpr std::array<std::string_view, 4> devices = {"CON", "PRN", "AUX", "NUL"};
-  if (std::find(devices.begin(), devices.end(), base) != devices.end()) return false;
-  const bool port = base.size() == 4 && (base.starts_with("COM") || base.starts_with("LPT"));
-  return !(port && base[3] >= '0' && base[3] <= '9');
+  return !IsDeviceName(name);
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {

@@ -45,6 +45,9 @@ bool IsPrintableText(std::string&& text);
 
 /// True when the name can stand for one file inside a folder: no separator, no drive, no wildcard, nothing that the
 /// file system gives a meaning of its own. Names from lists and archives are asked this before a path is made of them.
+/// Names of Windows devices are refused on every system, since the files may be copied to Windows: CON, PRN, AUX, NUL,
+/// CONIN$, CONOUT$, COM and LPT with a digit (superscript 1, 2 and 3 count), also with extensions and with spaces
+/// before the first dot.
 bool IsPlainFileName(const std::string& name);
 
 /// True when the name matches the pattern, in which `*` stands for any characters and `?` for one; case does not

@@ -44,6 +44,13 @@ TEST(EntryPath, DeviceNames) {
   for (const char* name : {"CONE", "nullify.txt", "COM", "COM10", "a.con"}) EXPECT_EQ(WhyNot(name), "") << name;
 }
 
+TEST(EntryPath, DeviceNamesThatWindowsKnowsInOtherSpellings) {
+  for (const char* name : {"nul .txt", "aux .a.b", "CONIN$", "CONOUT$.txt", "lpt\xB9", "com\xB2.shp", "LPT\xB3 .x",
+                           "nul .x\\a.txt", "ships\\CONIN$.shp"}) {
+    EXPECT_EQ(WhyNot(name), noFile) << name;
+  }
+}
+
 TEST(EntryPath, ATrailingDotOrBlank) {
   for (const char* name : {"a.", "a ", "a.\\b", "a \\b", ".", ".\\a", "a\\.", "..."})
     EXPECT_EQ(WhyNot(name), noFile) << name;

@@ -257,5 +257,14 @@ TEST(ASafeFileName, IsTheNameWhereThatIsNoTrouble) {
   EXPECT_EQ(SafeFileName("\x01\x7F"), "__");
 }
 
+TEST(ASafeFileName, IsNeverThatOfADevice) {
+  EXPECT_EQ(SafeFileName("nul .x"), "_nul .x");
+  EXPECT_EQ(SafeFileName("conin$"), "_conin$");
+  EXPECT_EQ(SafeFileName("CONOUT$.a"), "_CONOUT$.a");
+  EXPECT_EQ(SafeFileName("aux .a.b"), "_aux .a.b");
+  // A superscript digit is no plain character, so it is replaced.
+  EXPECT_EQ(SafeFileName("com\xB9"), "com_");
+}
+
 }  // namespace
 }  // namespace oravin

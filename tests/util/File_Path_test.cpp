@@ -237,6 +237,41 @@ TEST(IsPlainFileName, NothingThatTheFileSystemGivesAMeaningOfItsOwn) {
   EXPECT_FALSE(IsPlainFileName(std::string("a\0b", 3)));
 }
 
+TEST(IsPlainFileName, ADeviceWithSpacesBeforeTheDotIsTheDevice) {
+  for (const char* name : {"nul .txt", "NUL   .a.b", "con .shp", "COM1 .log", "lpt9  .x", "CONIN$ .txt", "aux . .x"}) {
+    EXPECT_FALSE(IsPlainFileName(name)) << name;
+  }
+  for (const char* name : {"nul x.txt", "n ul.txt", "com 1.log"}) EXPECT_TRUE(IsPlainFileName(name)) << name;
+}
+
+TEST(IsPlainFileName, ADeviceWithSeveralExtensionsIsTheDevice) {
+  for (const char* name : {"aux.a.b", "aux .a.b", "nul.tar.gz", "com3.1.2", "conout$.a.b"}) {
+    EXPECT_FALSE(IsPlainFileName(name)) << name;
+  }
+  EXPECT_TRUE(IsPlainFileName("a.aux.b"));
+}
+
+TEST(IsPlainFileName, TheConsolesTwoBuffersAreDevices) {
+  for (const char* name : {"CONIN$", "conout$", "ConIn$.txt", "CONOUT$.txt"})
+    EXPECT_FALSE(IsPlainFileName(name)) << name;
+  for (const char* name : {"CONIN", "CONOUT$1", "CONERR$", "$CONIN$"}) EXPECT_TRUE(IsPlainFileName(name)) << name;
+}
+
+TEST(IsPlainFileName, PortsMayBeNumberedBySuperscriptDigits) {
+  // One, two and three: in the game's code page, and in UTF-8, which Windows programs take such a name for.
+  for (const char* digit : {"\xB9", "\xB2", "\xB3", "\xC2\xB9", "\xC2\xB2", "\xC2\xB3"}) {
+    for (const char* port : {"com", "LPT"}) {
+      const std::string name = std::string(port) + digit;
+      EXPECT_FALSE(IsPlainFileName(name)) << name;
+      EXPECT_FALSE(IsPlainFileName(name + ".txt")) << name;
+      EXPECT_FALSE(IsPlainFileName(name + " .a.b")) << name;
+    }
+  }
+  for (const char* name : {"com\xB4", "lpt\xB9\xB2", "com1\xB9", "con\xB9", "com\xC2\xB4", "co\xB9"}) {
+    EXPECT_TRUE(IsPlainFileName(name)) << name;
+  }
+}
+
 TEST(MatchesPattern, StarsAndQuestionMarks) {
   EXPECT_TRUE(MatchesPattern("Model.SHP", "*.shp"));
   EXPECT_TRUE(MatchesPattern("model.shp", "m*l.s?p"));
