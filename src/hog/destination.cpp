@@ -1,5 +1,9 @@
 #include "hog/destination.h"
 
+#include <algorithm>
+#include <string_view>
+#include <tuple>
+
 #include "util/run_time_error.h"
 #include "util/text.h"
 #include "util/whole_file.h"
@@ -18,16 +22,29 @@ Destination::Folder ListedFolder(const std::string& path) {
   const auto items = platform::ListNative(path);
   if (!items) return folder;
   for (const platform::FileFacts& item : *items) {
-    const auto [known, fresh] = folder.items.emplace(UpperCase(item.name), Destination::Item{item.name, item.folder});
-    // Of several spellings the first in byte order is taken, as where a path is looked up.
-    if (!fresh && item.name < known->second.spelling) known->second = {item.name, item.folder};
+    folder.items.emplace(UpperCase(item.name), Destination::Item{item.name, item.folder});
   }
   return folder;
 }
 
+/// The item that a name leads to; null where there is none. Of several spellings it is the one that was written or made
+/// in this extraction, else the name's own, else the first in byte order, as where a path is looked up.
 const Destination::Item* Find(const Destination::Folder& folder, const std::string& name) {
-  const auto found = folder.items.find(UpperCase(name));
-  return found == folder.items.end() ? nullptr : &found->second;
+  const auto rank = [&](const Destination::Item& item) {
+    return std::tuple(!item.ours, item.spelling != name, std::string_view(item.spelling));
+  };
+  const Destination::Item* found = nullptr;
+  const auto [first, last] = folder.items.equal_range(UpperCase(name));
+  for (auto item = first; item != last; ++item) {
+    if (found == nullptr || rank(item->second) < rank(*found)) found = &item->second;
+  }
+  return found;
+}
+
+void Forget(Destination::Folder& folder, const std::string& spelling) {
+  const auto [first, last] = folder.items.equal_range(UpperCase(spelling));
+  const auto item = std::find_if(first, last, [&](const auto& known) { return known.second.spelling == spelling; });
+  if (item != last) folder.items.erase(item);
 }
 
 /// The folder below another one; it is made where it is missing.
@@ -39,7 +56,7 @@ Destination::Folder& Enter(Files& files, Destination& destination, const std::st
   const std::string path = above.path + (item != nullptr ? item->spelling : name) + "\\";
   if (item != nullptr) return destination.folders[key] = ListedFolder(path);
   MakeFolder(files, path);
-  above.items[UpperCase(name)] = {name, true, true};
+  above.items.emplace(UpperCase(name), Destination::Item{name, true, true});
   Destination::Folder& made = destination.folders[key];
   made.path = path;
   return made;
@@ -109,7 +126,23 @@ void WriteExtracted(Files& files, Destination& destination, const EntryPath& ent
     platform::EraseNative(folder->path + nameBeside);
     throw;
   }
-  folder->items[UpperCase(entry.file)] = {name, false, true};
+  Forget(*folder, name);
+  folder->items.emplace(UpperCase(name), Destination::Item{name, false, true});
+}
+
+void EraseExtracted(Files& files, Destination& destination, const EntryPath& entry) {
+  Destination::Folder* folder = &destination.folders.at("");
+  std::string key;
+  for (const std::string& name : entry.folders) {
+    if (Find(*folder, name) == nullptr) return;  // no folder, so no file in it
+    key += UpperCase(name) + "\\";
+    folder = &Enter(files, destination, key, *folder, name);
+  }
+  const Destination::Item* old = Find(*folder, entry.file);
+  if (old == nullptr) return;
+  const std::string spelling = old->spelling;
+  EraseFile(files, folder->path + spelling);
+  Forget(*folder, spelling);
 }
 
 }  // namespace oravin

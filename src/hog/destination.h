@@ -22,8 +22,8 @@ struct Destination {
     bool ours = false;  ///< written, or made, in this extraction
   };
   struct Folder {
-    std::string path;                             ///< ends in a backslash, spelled as on disk
-    std::unordered_map<std::string, Item> items;  ///< by upper-cased name
+    std::string path;                                  ///< ends in a backslash, spelled as on disk
+    std::unordered_multimap<std::string, Item> items;  ///< by upper-cased name; each spelling is one
   };
   std::string path;                       ///< ends in a backslash
   std::string spared;                     ///< a file that is never written over: the archive itself
@@ -43,5 +43,11 @@ std::string WhyNotExtracted(const Destination& destination, const EntryPath& ent
 /// @param write puts the bytes into extractedHandle
 /// @throws RunTimeError, or whatever `write` throws; then the file is as it was
 void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry, const std::function<void()>& write);
+
+/// Deletes the file that WriteExtracted would replace, where there is one, and nothing else. Folders that are missing
+/// are not made.
+/// @param entry one that can be written (WhyNotExtracted)
+/// @throws RunTimeError when the file cannot be deleted
+void EraseExtracted(Files& files, Destination& destination, const EntryPath& entry);
 
 }  // namespace oravin

@@ -103,7 +103,12 @@ bool ExtractEntry(Extraction& extraction, const HogEntry& entry, std::size_t don
   }
   if (extraction.way == Way::unpacked) {
     const Answer answer = AskAboutStored(extraction, entry);
-    if (answer != Answer::yes) return answer == Answer::no;
+    if (answer != Answer::yes) {
+      // Intentional: also a file that lay there before is deleted. Whoever declines the stored bytes must not take an
+      // older file of that name for this entry.
+      EraseExtracted(files, extraction.destination, path);
+      return answer == Answer::no;
+    }
   }
   Say(extraction, "Extracting " + Presentable(entry.Name), done, total);
   WriteStored(extraction, entry, path);

@@ -14,7 +14,8 @@ namespace oravin {
 void cmdExtract_Click(Host& host, HogTab& tab);
 
 /// The same, unpacked. An entry that is not compressed is asked about: Yes writes it as it is stored, No leaves it out,
-/// Cancel ends with "Exiting unpack / extract function".
+/// Cancel ends with "Exiting unpack / extract function". After No and Cancel there is no file of its name in the
+/// destination: one that was there is deleted.
 void cmdUnpackExtract_Click(Host& host, HogTab& tab);
 
 /// True when an entry's bytes begin with the signature of compressed ones.
