@@ -11,7 +11,7 @@ namespace oravin::gui {
 /// Text of the core as the window shows it.
 wxString ToScreen(std::string_view text);
 
-/// Text of the window for the core; a character outside the code page becomes '?'.
+/// Text of the window for the core, as FromUtf8 has it: a character outside the code page becomes a substitute.
 std::string FromScreen(const wxString& text);
 
 /// A path of the core as the file dialogs want it: one of this machine.

@@ -5,6 +5,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "desk/new_name.h"
 #include "util/Hex_Util.h"
 #include "util/text.h"
 
@@ -128,6 +129,7 @@ void cmdSave_Click(Host& host, HogTab& tab, FatEditor& form) {
              "entire .hog file will have to be rebuilt. Changes not saved");
       return;
     }
+    if (!NameCanBeStored(host, change.name, editorTitle)) return;
   }
   if (!HexToByteArray(form.txtOffset.text, change.offset)) {
     Refuse(host, "The value entered for offset is an invalid hexadecimal number");

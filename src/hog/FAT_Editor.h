@@ -38,7 +38,8 @@ void pldHogProperties_Click(Host& host, HogTab& tab, FatEditor& form);
 /// Writes what the form says into the entry's place in the table, reads it back from there and closes the form.
 ///
 /// Boxes titled "Table Editor", after which nothing is written and the form stays: a name of another length than the
-/// entry's, an offset or a size that is no hexadecimal number, a table that is no longer what was read from it.
+/// entry's, a changed name that cannot be stored (NameCanBeStored), an offset or a size that is no hexadecimal number,
+/// a table that is no longer what was read from it.
 void cmdSave_Click(Host& host, HogTab& tab, FatEditor& form);
 
 /// Closes the form.

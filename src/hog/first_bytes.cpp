@@ -5,6 +5,7 @@
 
 #include "hog/extract.h"
 #include "util/run_time_error.h"
+#include "util/text.h"
 
 namespace oravin {
 

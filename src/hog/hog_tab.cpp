@@ -13,8 +13,6 @@ namespace oravin {
 
 namespace {
 
-constexpr std::size_t longestPresentable = 120;
-
 std::size_t IndexOf(const ListRow& row) { return static_cast<std::size_t>(IndexOfKey(row.key)); }
 
 std::string CellOf(const HogEntry& entry, std::size_t column) {
@@ -106,16 +104,6 @@ std::optional<std::size_t> SelectedEntry(const HogTab& tab) {
 }
 
 std::string FatBackupOf(const std::string& hogPath) { return ChangeExtension(std::string(hogPath), ".FAT"); }
-
-std::string Presentable(const std::string& name) {
-  const std::string dots = "...";
-  const std::size_t half = (longestPresentable - dots.size()) / 2;
-  std::string text =
-      name.size() <= longestPresentable ? name : name.substr(0, half) + dots + name.substr(name.size() - half);
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; }, '?');
-  return text;
-}
 
 void DisplayHog(HogTab& tab) {
   const std::vector<HogEntry>& entries = tab.archive.entries;

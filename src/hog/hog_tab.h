@@ -99,10 +99,6 @@ std::optional<std::size_t> SelectedEntry(const HogTab& tab);
 /// The path of the table's backup: the archive's with the extension ".FAT".
 std::string FatBackupOf(const std::string& hogPath);
 
-/// A name as a line of a box or a label has room for it: its middle left out where it is very long, and a '?' for what
-/// cannot be shown.
-std::string Presentable(const std::string& name);
-
 /// The tab's own actions on the list.
 void cmdSelectAll_Click(HogTab& tab);
 void cmdSelectNone_Click(HogTab& tab);

@@ -95,7 +95,9 @@ std::string WhyNoShipName(const std::string& name) {
   if (trimmed.size() > shipNameWidth) {
     return "A ship's name can have at most " + std::to_string(shipNameWidth) + " characters.";
   }
-  return CanBeListed(trimmed) ? "" : "A ship's name can hold neither double quotes nor control characters.";
+  if (CanBeListed(trimmed)) return "";
+  return "A ship's name can hold no double quotes, no control characters and no letters outside the code page "
+         "Windows-1252.";
 }
 
 std::string ShipListLine(const ListedShip& ship) {

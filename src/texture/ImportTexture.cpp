@@ -2,6 +2,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "desk/new_name.h"
 #include "texture/LearnLoadout.h"
 #include "texture/fighter_chain.h"
 #include "texture/import_refusals.h"
@@ -45,7 +46,7 @@ bool ImportWithCompanion(Host& host, std::string& cachePath, const std::string& 
   if (cache.count == tcacheCapacity) EndForFullCache(host);
   if (!CanBeAddedTo(cache)) return RefuseCache(host);
   if (!BitmapFits(host.files, bitmapPath, info)) return RefuseBitmap(host);
-  if (!NameIsFree(host, cache, name)) return false;
+  if (!NameIsFree(host, cache, name) || !NameCanBeStored(host, name)) return false;
   const std::string companion = "g" + name;
   std::optional<LoadoutMaps> maps;
   if (info.depth == 1 && SlotNamed(cache, companion) < 0) {

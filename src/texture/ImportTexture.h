@@ -22,6 +22,9 @@
 ///   "Operation terminated", without an icon                         the bitmap does not fit (BitmapFits)
 ///   "A texture with the name of 'NAME' already exists." and         the name is taken
 ///     "Unable to import." on the next line
+///   that of NameCanBeStored                                         the name cannot be stored; not for the first
+///                                                                   procedure, which companions of older textures
+///                                                                   are added by
 namespace oravin {
 
 /// Adds one texture.

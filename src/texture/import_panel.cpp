@@ -1,6 +1,7 @@
 #include "texture/import_panel.h"
 
 #include "desk/dialogs.h"
+#include "desk/new_name.h"
 #include "texture/ImportTexture.h"
 #include "texture/LearnLoadout.h"
 #include "texture/Texture.h"
@@ -94,6 +95,10 @@ void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Install
   const std::string name = Trim(Trim(panel.txtImportTextureName.text).substr(0, longestTextureName));
   if (name.empty()) {
     Show(host, "Enter name for texture", Icon::exclamation, "Import Texture");
+    panel.nameTakesFocus = true;
+    return;
+  }
+  if (!NameCanBeStored(host, name)) {
     panel.nameTakesFocus = true;
     return;
   }

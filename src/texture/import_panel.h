@@ -37,7 +37,7 @@ void txtImportTexturePath_LostFocus(ImportTexturePanel& panel);
 /// maps for that are learned where they are missing; where that fails, a box says why and the chain is imported alone.
 ///
 /// Boxes beside those of the procedures that do the work: "Import texture not found.", "Enter name for texture" titled
-/// "Import Texture", "Textured imported successfully!".
+/// "Import Texture", that of NameCanBeStored, "Textured imported successfully!".
 void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Installation& installation);
 
 }  // namespace oravin

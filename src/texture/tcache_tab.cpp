@@ -5,6 +5,7 @@
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "desk/new_name.h"
 #include "desk/write_plan.h"
 #include "texture/RestoreTcacheFile.h"
 #include "texture/table_bytes.h"
@@ -207,6 +208,7 @@ void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& in
     Show(host, "Name already exists", Icon::exclamation);
     return;
   }
+  if (!NameCanBeStored(host, newName)) return;
   // What is not changed is taken from the game's cache as it is now: the open one may be another, or an older state.
   TcacheTable own;
   if (GetTcacheTable(host, cache, own) == 0) return;

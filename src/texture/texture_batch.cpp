@@ -2,6 +2,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "desk/new_name.h"
 #include "texture/LearnLoadout.h"
 #include "texture/bitmap.h"
 #include "texture/extraction.h"
@@ -90,6 +91,7 @@ AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const
     return same ? AddedTexture::installed : AddedTexture::nameTaken;
   }
   if (!NameIsFree(host, batch.cache, name)) return AddedTexture::nameTaken;
+  if (!NameCanBeStored(host, name)) return AddedTexture::refused;
   std::vector<NewTexture> textures = {texture};
   if (info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0 && ProvideMaps(host, batch)) {
     if (batch.cache.count == tcacheCapacity - 1) EndForFullCache(host);

@@ -32,7 +32,7 @@ enum class AddedTexture {
   added,
   installed,  ///< it was there already
   nameTaken,  ///< another texture bears the name (the box of ImportTexture), and that is the one to use
-  refused     ///< one of the other boxes of ImportTexture
+  refused     ///< one of the other boxes of ImportTexture, or the name cannot be stored (NameCanBeStored)
 };
 
 /// Begins a batch.

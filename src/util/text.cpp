@@ -1,5 +1,6 @@
 #include "util/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -42,12 +43,46 @@ void AppendUtf8(std::string& out, char32_t code) {
   }
 }
 
+constexpr char32_t replacementCharacter = 0xFFFD;
+
+constexpr std::size_t longestPresentable = 120;
+
 char FromCode(char32_t code) {
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);
   for (std::size_t i = 0; i < upperPage.size(); ++i) {
     if (upperPage.at(i) == code) return static_cast<char>(0x80 + i);
   }
-  return '?';
+  return substituteCharacter;
+}
+
+char32_t ToCode(char c) {
+  const std::uint8_t byte = Byte(c);
+  if (c == substituteCharacter) return replacementCharacter;
+  return byte >= 0x80 && byte < 0xA0 ? upperPage.at(byte - 0x80U) : char32_t{byte};
+}
+
+/// Takes the character that begins at a place. A byte that begins none is taken alone, as a replacement character.
+char32_t TakeCharacter(std::string_view utf8, std::size_t& at) {
+  const std::uint8_t lead = Byte(utf8[at++]);
+  if (lead < 0x80) return lead;
+  const std::size_t more = lead < 0xC0 || lead >= 0xF8 ? 0 : lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+  if (more == 0 || utf8.size() - at < more) return replacementCharacter;
+  char32_t code = lead & (0x3FU >> more);
+  for (std::size_t i = 0; i < more; ++i) {
+    const std::uint8_t byte = Byte(utf8[at + i]);
+    if ((byte & 0xC0U) != 0x80) return replacementCharacter;
+    code = code << 6U | (byte & 0x3FU);
+  }
+  // A longer form than the character needs is no UTF-8.
+  constexpr std::array<char32_t, 4> least = {0, 0x80, 0x800, 0x10000};
+  if (code < least.at(more)) return replacementCharacter;
+  at += more;
+  return code;
+}
+
+bool IsPageCharacter(char c) {
+  const char32_t code = ToCode(c);
+  return code >= 0x20 && code != 0x7F && (code < 0x80 || code > 0x9F) && code != replacementCharacter;
 }
 
 }  // namespace
@@ -112,24 +147,26 @@ std::string AllListed(const std::vector<std::string>& names) {
 std::string ToUtf8(std::string_view text) {
   std::string utf8;
   utf8.reserve(text.size());
-  for (const char c : text) {
-    const std::uint8_t byte = Byte(c);
-    AppendUtf8(utf8, byte >= 0x80 && byte < 0xA0 ? upperPage.at(byte - 0x80U) : char32_t{byte});
-  }
+  for (const char c : text) AppendUtf8(utf8, ToCode(c));
   return utf8;
 }
 
 std::string FromUtf8(std::string_view utf8) {
   std::string text;
-  for (std::size_t at = 0; at < utf8.size();) {
-    const std::uint8_t lead = Byte(utf8[at]);
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    char32_t code = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length && at + i < utf8.size(); ++i) code = (code << 6) | (Byte(utf8[at + i]) & 0x3FU);
-    text += FromCode(code);
-    at += length;
-  }
+  for (std::size_t at = 0; at < utf8.size();) text += FromCode(TakeCharacter(utf8, at));
   return text;
+}
+
+bool IsCodePageText(std::string_view text) { return std::all_of(text.begin(), text.end(), IsPageCharacter); }
+
+std::string Presentable(std::string_view text) {
+  const std::string_view dots = "...";
+  const std::size_t half = (longestPresentable - dots.size()) / 2;
+  std::string shown(text);
+  if (text.size() > longestPresentable) shown.replace(half, text.size() - 2 * half, dots);
+  std::replace_if(
+      shown.begin(), shown.end(), [](char c) { return !IsPageCharacter(c); }, '?');
+  return shown;
 }
 
 }  // namespace oravin

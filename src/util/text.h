@@ -32,10 +32,23 @@ std::string Listed(const std::vector<std::string>& names);
 /// All names one a line, each after a line break: for messages that can be scrolled.
 std::string AllListed(const std::vector<std::string>& names);
 
+/// Stands in text of the core for a character that the code page lacks: the control character "substitute". On a screen
+/// it is the replacement character U+FFFD.
+inline constexpr char substituteCharacter = '\x1A';
+
 /// The text as UTF-8, for screens and JSON; every byte has a character, so nothing is lost.
 std::string ToUtf8(std::string_view text);
 
-/// UTF-8 as text of the core; a character outside the code page becomes '?'.
+/// UTF-8 as text of the core. A character outside the code page becomes a substitute, and so does each byte that is no
+/// UTF-8: nothing that was typed is taken for another character.
 std::string FromUtf8(std::string_view utf8);
+
+/// True when every character is one of the code page's own: no control character, a substitute included, and none of
+/// the five codes that Windows-1252 leaves free.
+bool IsCodePageText(std::string_view text);
+
+/// A text as a line of a box or a label has room for it: its middle left out where it is very long, and a '?' for what
+/// cannot be shown.
+std::string Presentable(std::string_view text);
 
 }  // namespace oravin

@@ -169,6 +169,28 @@ TEST_F(HogRuns, EditRefusesWhatTheFormRefuses) {
   }
 }
 
+TEST_F(HogRuns, EditRefusesANameWithALetterOutsideTheCodePage) {
+  const std::string zhe = "\xD0\x96";
+  for (const std::string& name : {zhe + "wo.txt", "two.tx" + zhe, std::string("two\ttxt"), std::string("two\xE4txt")}) {
+    const Outcome outcome = Run({"hog", "edit", hog, "two.txt", "--name", name, "--size", "1"});
+    EXPECT_EQ(outcome.status, 1) << name;
+    EXPECT_NE(outcome.err.find("cannot be used"), std::string::npos) << outcome.err;
+    EXPECT_TRUE(SameBytes(archive, Archive()));
+  }
+  EXPECT_EQ(Run({"hog", "edit", hog, "two.txt", "--name", "tw\xC3\xB6.txt"}).status, 0);
+  Bytes expected = archive;
+  expected[16 + 9 + 13 + 8 + 2] = 0xF6;
+  EXPECT_TRUE(SameBytes(expected, Archive()));
+}
+
+TEST_F(HogRuns, ALetterOutsideTheCodePageIsNoPatternForEveryLetter) {
+  WriteFileAt(folder.Native("a.hog"), demo::BuildArchive({{"a.txt", BytesOf("1")}, {"b.txt", BytesOf("2")}}));
+  const Outcome outcome = Run({"hog", "extract", hog, "--to", out, "\xD0\x96.txt"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "oravin-cli: there is no file \"\xEF\xBF\xBD.txt\" in this archive\n");
+  EXPECT_TRUE(Out().empty());
+}
+
 TEST_F(HogRuns, EditNeedsAnEntryAndSomethingToChange) {
   EXPECT_EQ(Run({"hog", "edit", hog, "two.txt"}).err,
             "oravin-cli: nothing is to be changed: give --name, --offset or --size\n");

@@ -245,7 +245,8 @@ TEST_F(ImportRuns, ANameThatNoShipCanHaveIsRefused) {
   ExpectRefused({"import", Raiders(), "--rename", "PREDATOR=" + std::string(31, 'a')},
                 "Oravin: A ship's name can have at most 30 characters.\n");
   ExpectRefused({"import", Raiders(), "--rename", "PREDATOR=a\"b"},
-                "Oravin: A ship's name can hold neither double quotes nor control characters.\n");
+                "Oravin: A ship's name can hold no double quotes, no control characters and no letters outside the "
+                "code page Windows-1252.\n");
 }
 
 TEST_F(ImportRuns, ABitmapThatCannotBecomeATextureIsRefused) {

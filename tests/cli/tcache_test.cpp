@@ -134,6 +134,22 @@ TEST_F(TcacheRuns, RenameWritesTheNameAlone) {
   EXPECT_TRUE(SameBytes(expected, Cache()));
 }
 
+TEST_F(TcacheRuns, ANewNameWithALetterOutsideTheCodePageIsRefused) {
+  const Bytes before = Cache();
+  const std::string old = List()[7]["name"];
+  const std::string name = "w\xD0\x96ng";
+  for (const Outcome& outcome :
+       {RunWords({"tcache", "rename", old, name}), RunWords({"tcache", "import", AddOn("coldeck.bmp"), name}),
+        RunWords({"tcache", "import", AddOn("manta1.bmp"), name, "--fighter"}),
+        RunWords({"tcache", "rename", old, "w\tng"})}) {
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err.substr(0, outcome.err.find('\n')),
+              "Oravin: The name 'w?ng' cannot be used. The game's files");
+  }
+  EXPECT_TRUE(SameBytes(before, Cache()));
+}
+
 TEST_F(TcacheRuns, PreviewWritesWhatThePaneShows) {
   const std::string name = List()[425]["name"];
   for (const char* file : {"a.png", "a.bmp"}) {

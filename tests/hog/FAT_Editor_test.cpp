@@ -2,6 +2,7 @@
 
 #include "hog_tab_stage.h"
 #include "util/Hex_Util.h"
+#include "util/text.h"
 
 namespace oravin::test {
 namespace {
@@ -115,9 +116,42 @@ TEST_F(TheFatEditor, BlanksAndSmallLettersInANumberDoNotMatterAndAnEmptyOneIsZer
   EXPECT_TRUE(SameBytes(WithSecond(0xABC, 0, "b.txt"), stage.Archive()));
 }
 
-TEST_F(TheFatEditor, AZeroByteCannotGetIntoAName) {
-  EXPECT_TRUE(Save(1, std::string("b\0txt", 5), "1", "2"));
-  EXPECT_EQ(Rows()[1].front(), "b") << "the row shows what the table says now";
+TEST_F(TheFatEditor, AChangedNameWithALetterOutsideTheCodePageIsRefused) {
+  for (const auto& [typed, shown] :
+       {std::pair("\xD0\x96.txt", "?.txt"), {"b.tx\xE2\x88\x9E", "b.tx?"}, {"\xF0\x9F\x9A\x80.t?t", "?.t?t"}}) {
+    ExpectRefused(CannotBeStored(shown));
+    EXPECT_FALSE(Save(1, FromUtf8(typed), "1", "2")) << typed;
+    ExpectUnchanged();
+  }
+  EXPECT_TRUE(Save(1, FromUtf8("\xC3\xA4.tx\xE2\x82\xAC"), "1", "2"));
+  EXPECT_TRUE(SameBytes(WithSecond(1, 2, "\xE4.tx\x80"), stage.Archive()));
+}
+
+TEST_F(TheFatEditor, AChangedNameWithAControlCharacterIsRefused) {
+  for (const std::string& name : {std::string("b\0xxx", 5), std::string("b\txxx"), std::string("b\x7Fxxx"),
+                                  std::string("b\x81xxx"), std::string("b\nxxx")}) {
+    ExpectRefused(CannotBeStored("b?xxx"));
+    EXPECT_FALSE(Save(1, name, "1", "2")) << name;
+    ExpectUnchanged();
+  }
+}
+
+TEST_F(TheFatEditor, TheNamesLengthIsCheckedBeforeItsLetters) {
+  ExpectRefused(wrongLength);
+  EXPECT_FALSE(Save(1, "bb\x1A.txt", "x", "x"));
+  ExpectRefused(CannotBeStored("?.txt"));
+  EXPECT_FALSE(Save(1, "\x1A.txt", "x", "x"));
+  ExpectUnchanged();
+}
+
+TEST_F(TheFatEditor, ANameThatStaysIsNotCheckedWhileTheNumbersChange) {
+  const Bytes odd = HeaderAnd(1, TableRow(1, 2, "a\x1A\x81\tz"));
+  Open(odd);
+  EXPECT_TRUE(Save(0, "a\x1A\x81\tz", "5", "6"));
+  Bytes expected = odd;
+  PutBigEndian32(&expected[16], 5);
+  PutBigEndian32(&expected[20], 6);
+  EXPECT_TRUE(SameBytes(expected, stage.Archive()));
 }
 
 TEST_F(TheFatEditor, AnEmptyNameAndOneWithBlanksAtItsEndsStayWhileTheNumbersChange) {

@@ -11,6 +11,13 @@
 
 namespace oravin::test {
 
+/// The box about a name that cannot be stored.
+inline std::string CannotBeStored(const std::string& shown) {
+  return "The name '" + shown +
+         "' cannot be used. The game's files\nhold letters of the code page Windows-1252 alone, and no\ncontrol "
+         "characters. Choose a name without the characters\nthat are shown as '?' here.";
+}
+
 /// The desk of the tests: it holds the boxes that a test expects, in order, with the answers to give. A box that was
 /// not expected, that differs in any part, or that never came fails the test, and so does a dialog that was not
 /// expected or never opened. It fills the host's desk for as long as it lives.

@@ -146,9 +146,13 @@ TEST_F(Renaming, QuotesAndControlCharactersAreRefused) {
   for (const std::string bad : {"a\"b", "a\rb", "a\nb", "a\tb",
                                 "a\x7F"
                                 "b"}) {
-    ExpectRefused(manta, bad, "A ship's name can hold neither double quotes nor control characters.");
+    ExpectRefused(manta, bad,
+                  "A ship's name can hold no double quotes, no control characters and no letters outside the code page "
+                  "Windows-1252.");
   }
-  ExpectRefused(manta, std::string("a\0b", 3), "A ship's name can hold neither double quotes nor control characters.");
+  ExpectRefused(manta, std::string("a\0b", 3),
+                "A ship's name can hold no double quotes, no control characters and no letters outside the code page "
+                "Windows-1252.");
 }
 
 TEST_F(Renaming, BytesAbove127AreRight) {

@@ -173,7 +173,9 @@ TEST_F(TheShipListForm, WrongFieldsAreRefusedAndTheLineStays) {
     const std::string no = "The line cannot be changed like this: ";
     refuses(form.txtName, "  ", no + "a ship must have a name.");
     refuses(form.txtName, std::string(31, 'n'), no + "a ship's name can have at most 30 characters.");
-    refuses(form.txtName, "a\"b", no + "a ship's name can hold neither double quotes nor control characters.");
+    refuses(form.txtName, "a\"b",
+            no + "a ship's name can hold no double quotes, no control characters and no letters outside the code page "
+                 "Windows-1252.");
     refuses(form.txtFile, "", no + "it has no model.");
     refuses(form.txtFile, "..\\alpha.shp", no + "\"..\\alpha.shp\" is no file name.");
     refuses(form.txtFile, "alpha.bmp", no + "its model's name does not end in .shp.");

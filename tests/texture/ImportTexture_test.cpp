@@ -62,6 +62,15 @@ TEST_F(TheImport, OfAn8BitBitmapAppendsItsEntryAndItsPixels) {
   EXPECT_TRUE(test::SameBytes(After(before, {"Hull1", 1, 8, 4, 1, Pattern(32), 32}), Now()));
 }
 
+TEST_F(TheImport, WithACompanionRefusesANameThatCannotBeStored) {
+  const Bytes before = Cache(426);
+  Make(before);
+  Write("a.bmp", Bitmap(8, 4, 16, Pattern(64)));
+  at.desk.ExpectBox(test::CannotBeStored("h?ll"), programTitle);
+  EXPECT_FALSE(ImportWithCompanion("h\x1All"));
+  EXPECT_TRUE(test::SameBytes(before, Now()));
+}
+
 TEST_F(TheImport, OfA16BitBitmapKeepsItsPixelsAndTakesItsTemplateFromTheFirst16BitEntry) {
   Bytes before = Cache(428);
   SetLong(before, 12 + 240 * 426, 2);  // the first 16-bit entry

@@ -5,6 +5,7 @@
 #include "texture/fighter_chain.h"
 #include "texture/import_panel.h"
 #include "texture/loadout_maps.h"
+#include "util/text.h"
 
 namespace oravin {
 namespace {
@@ -230,6 +231,22 @@ TEST_F(ThePanel, ImportsABitmapAsItIs) {
   EXPECT_EQ(panel.lblBMPinfo[1].caption, "y Dim: 8");
   EXPECT_EQ(panel.lblBMPinfo[2].caption, "Depth: 2 bit");
   EXPECT_EQ(panel.lblBMPinfo[3].caption, "Blocks: 1");
+}
+
+TEST_F(ThePanel, RefusesANameThatCannotBeStoredBeforeAnythingIsMade) {
+  Write("a.bmp", Fighter());
+  for (const bool fighter : {false, true}) {
+    panel.chkForFighter.checked = fighter;
+    for (const std::string& name : {FromUtf8("w\xD0\x96ng"), std::string("w\nng"), std::string("w\x9Dng")}) {
+      panel.nameTakesFocus = false;
+      panel.txtImportTextureName.text = name;
+      at.desk.ExpectBox(test::CannotBeStored("w?ng"), programTitle);
+      Click();
+      EXPECT_TRUE(panel.nameTakesFocus);
+      EXPECT_TRUE(test::SameBytes(before, CacheNow()));
+      ExpectTidy();
+    }
+  }
 }
 
 TEST_F(ThePanel, ImportsA24BitBitmap) {

@@ -1,4 +1,5 @@
 #include "tab_stage.h"
+#include "util/text.h"
 
 namespace oravin {
 namespace {
@@ -189,6 +190,36 @@ TEST_F(TheRename, ToANameThatIsThereIsRefused) {
     Rename(3, name);
     EXPECT_EQ(tab.lstTcache.rows[3].texts[0], "t3");
   }
+  EXPECT_TRUE(test::SameBytes(cache, CacheNow()));
+}
+
+TEST_F(TheRename, ToANameThatCannotBeStoredIsRefused) {
+  const Bytes cache = Cache(426);
+  Open(cache);
+  for (const std::string& name :
+       {FromUtf8("w\xD0\x96ng"), std::string("w\tng"), std::string("w\x90ng"), std::string("w\0ng", 4)}) {
+    at.desk.ExpectBox(test::CannotBeStored("w?ng"), programTitle);
+    Rename(3, name);
+    EXPECT_EQ(tab.lstTcache.rows[3].texts[0], "t3");
+    EXPECT_EQ(tab.table[3].name, "t3");
+  }
+  EXPECT_TRUE(test::SameBytes(cache, CacheNow()));
+}
+
+TEST_F(TheRename, ToANameOfAnyLettersOfTheCodePageIsStored) {
+  Bytes cache = Cache(426);
+  Open(cache);
+  Rename(3, FromUtf8("J\xC3\xA4ger \xE2\x82\xAC?"));
+  SetName(cache, 3, "J\xE4ger \x80?");
+  EXPECT_TRUE(test::SameBytes(cache, CacheNow()));
+}
+
+TEST_F(TheRename, OfANameThatCouldNotBeStoredTodayIsFree) {
+  Bytes cache = Cache(426);
+  SetName(cache, 3, "a\x1A\x81z");
+  Open(cache);
+  Rename(3, "newname");
+  SetName(cache, 3, "newname");
   EXPECT_TRUE(test::SameBytes(cache, CacheNow()));
 }
 

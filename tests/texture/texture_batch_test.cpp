@@ -137,6 +137,26 @@ TEST_F(TheBatch, ShowsTheNameMessageForAFactoryTextureUnderBothRules) {
   EXPECT_TRUE(SameBytes(before, Now()));
 }
 
+TEST_F(TheBatch, RefusesANewNameThatCannotBeStored) {
+  Bytes before = Cache(427);
+  test::SetName(before, 426,
+                "o\x81"
+                "d");
+  Make(before);
+  ASSERT_TRUE(Begin());
+  for (const char* name : {"a\x1Az", "a\x07z", "a\x8Dz"}) {
+    at.desk.ExpectBox(test::CannotBeStored("a?z"), programTitle);
+    EXPECT_EQ(Add(name, "16.bmp"), AddedTexture::refused);
+  }
+  // What bears such a name already is not new.
+  EXPECT_EQ(Add("o\x81"
+                "d",
+                "16.bmp", AlreadyThere::byName),
+            AddedTexture::installed);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(before, Now()));
+}
+
 TEST_F(TheBatch, LeavesACompanionThatIsThereAsItIs) {
   const Bytes before = After(Cache(426), {"ghull", 1, 8, 4, 1, Pattern(32, 7), 32});
   Make(before);

@@ -91,9 +91,39 @@ TEST(Text, TheUpperHalfOfTheCodePageIsRead) {
   EXPECT_EQ(FromUtf8("\xE2\x82\xAC\xC3\xA4z"), "\x80\xE4z");
 }
 
-TEST(Text, ACharacterOutsideTheCodePageBecomesAQuestionMark) {
-  EXPECT_EQ(FromUtf8("a\xD0\x96z"), "a?z");
-  EXPECT_EQ(FromUtf8("\xF0\x9F\x9A\x80!"), "?!");
+TEST(Text, ACharacterOutsideTheCodePageBecomesASubstitute) {
+  EXPECT_EQ(FromUtf8("a\xD0\x96z"), "a\x1Az");
+  EXPECT_EQ(FromUtf8("\xF0\x9F\x9A\x80!"), "\x1A!");
+  EXPECT_EQ(FromUtf8("a?"), "a?");
+  EXPECT_EQ(ToUtf8("a\x1Az"), "a\xEF\xBF\xBDz") << "the replacement character";
+}
+
+TEST(Text, WhatIsNoUtf8IsNotTakenForACharacter) {
+  EXPECT_EQ(FromUtf8("a\xE4z"), "a\x1Az") << "one byte of another code page";
+  EXPECT_EQ(FromUtf8("\xC3("), "\x1A(") << "the second byte of a letter is missing";
+  EXPECT_EQ(FromUtf8("\xA4"), "\x1A") << "the second byte alone";
+  EXPECT_EQ(FromUtf8("\xC1\xA1"), "\x1A\x1A") << "an 'a' in a longer form than it needs";
+  EXPECT_EQ(FromUtf8("\xE0\x83\xA4z"), "\x1A\x1A\x1Az");
+  EXPECT_EQ(FromUtf8("\xE2\x82"), "\x1A\x1A") << "the end in the middle of a character";
+}
+
+TEST(Text, EveryCharacterOfTheCodePageIsItsOwnAndNoControlCharacterIs) {
+  const std::string left = "\x81\x8D\x8F\x90\x9D";
+  for (int code = 0; code < 256; ++code) {
+    const char c = static_cast<char>(code);
+    const bool own = code >= 32 && code != 127 && left.find(c) == std::string::npos;
+    EXPECT_EQ(IsCodePageText(std::string("a") + c), own) << code;
+  }
+  EXPECT_TRUE(IsCodePageText(""));
+  EXPECT_FALSE(IsCodePageText(FromUtf8("\xD0\x96")));
+}
+
+TEST(Text, APresentableTextIsShortAndHoldsNothingThatCannotBeShown) {
+  EXPECT_EQ(Presentable("J\xE4ger?"), "J\xE4ger?");
+  EXPECT_EQ(Presentable(std::string("a\0b\n\x1A\x7F\x81", 7)), "a?b????");
+  EXPECT_EQ(Presentable(std::string(120, 'x')), std::string(120, 'x'));
+  EXPECT_EQ(Presentable(std::string(60, 'a') + std::string(61, 'b')),
+            std::string(58, 'a') + "..." + std::string(58, 'b'));
 }
 
 TEST(Text, BrokenUtf8DoesNoHarm) {
