@@ -186,6 +186,8 @@ void Drag(const Desktop& desktop, Point from, Point to) {
 
 void TypeText(const Desktop& desktop, const std::string& text) { DoWithX(desktop, {"type", "--delay", "8", text}); }
 
+void AddRussianLetters(const Desktop& desktop) { PrintedBy({"setxkbmap", "-layout", "us,ru"}, desktop.variables); }
+
 int WindowsInSight(const Desktop& desktop, const std::string& program) {
   // A window that goes while xdotool looks at it makes it complain.
   const std::string command = "xdotool search --onlyvisible --class '" + program + "' 2>/dev/null | wc -l";

@@ -71,6 +71,10 @@ void Drag(const Desktop& desktop, Point from, Point to);
 /// Types a text into whatever has the keyboard.
 void TypeText(const Desktop& desktop, const std::string& text);
 
+/// Gives the keyboard Russian letters beside its own. Without it a Cyrillic letter is typed by a key that it is lent
+/// for a moment only, which a program may miss.
+void AddRussianLetters(const Desktop& desktop);
+
 /// How many windows of a program are in sight, its menus too.
 /// @param program the name that it gives its windows
 int WindowsInSight(const Desktop& desktop, const std::string& program);

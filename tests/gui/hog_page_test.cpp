@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "demo/archive_writer.h"
+#include "program_under_test.h"
 #include "session.h"
 
 /// What is done with an archive on its page, by clicks and keys, with the archive looked at after each step.
@@ -135,6 +136,25 @@ TEST(HogPage, EntryIsRenamedInPlace) {
   EXPECT_EQ(RowOf(session, archiveList, "FIRST.bak")["texts"][3], "bak");
   EXPECT_EQ(RowOf(session, archiveList, "FIRST.bak")["selected"], true);
   EXPECT_TRUE(FocusIs(session, archiveList));
+}
+
+TEST(HogPage, NameWithALetterOutsideTheCodePageIsRefused) {
+  if (WindowsPrograms()) GTEST_SKIP() << "Wine may not know the key of a second layout";
+  const PageSession session;
+  AddRussianLetters(session.desktop);
+  ASSERT_TRUE(SmallOpened(session));
+  ASSERT_TRUE(FormOpened(session, "first.txt"));
+  ASSERT_TRUE(TypeInto(session, "FAT_Editor.txtName", "f\xD0\x96rst.txt"));
+  ClickOn(session, "FAT_Editor.cmdSave");
+  ASSERT_TRUE(BoxCame(session, "The name 'f?rst.txt' cannot be used."));
+  EXPECT_TRUE(SaveScreenshot(session.desktop, "hog_form_letter"));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  ASSERT_TRUE(FormIs(session, form));
+  EXPECT_TRUE(session.OnDisk() == session.archive);
+  ASSERT_TRUE(TypeInto(session, "FAT_Editor.txtName", "furst.txt"));
+  PressKey(session.desktop, "Return");
+  ASSERT_TRUE(FormIs(session, ""));
+  EXPECT_TRUE(SameBytes(WithName(session.archive, tableAt, "furst.txt"), session.OnDisk()));
 }
 
 TEST(HogPage, EscapeAndCancelWriteNothing) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "demo/bitmap_writer.h"
+#include "program_under_test.h"
 #include "session.h"
 
 /// Textures imported by hand, through the panel of the "Import Ships" tab.
@@ -144,6 +145,18 @@ TEST(ImportPanel, MissingNameIsAskedForWhereItIsTyped) {
   ASSERT_TRUE(AnswerBox(session, "Return"));
   EXPECT_TRUE(FocusIs(session, "imports.cmdImportTexture")) << "the name's box takes the keyboard once";
   EXPECT_EQ(session.Textures(), factoryTextures + 1);
+}
+
+TEST(ImportPanel, NameWithALetterOutsideTheCodePageIsRefusedWhereItIsTyped) {
+  if (WindowsPrograms()) GTEST_SKIP() << "Wine may not know the key of a second layout";
+  const PanelSession session;
+  AddRussianLetters(session.desktop);
+  ASSERT_TRUE(Named(session, "palette.bmp", "m\xD0\x96ne"));
+  ClickOn(session, "imports.cmdImportTexture");
+  ASSERT_TRUE(BoxCame(session, "The name 'm?ne' cannot be used."));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  EXPECT_TRUE(FocusIs(session, "imports.txtImportTextureName"));
+  EXPECT_TRUE(ReadFileAt(session.cache) == session.before);
 }
 
 TEST(ImportPanel, RefusalsChangeNothing) {

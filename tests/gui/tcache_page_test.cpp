@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "program_under_test.h"
 #include "session.h"
 
 /// What is done with the texture cache on its page, by clicks and keys.
@@ -242,6 +243,20 @@ TEST(TcachePage, NameThatIsTakenGoesBack) {
   ASSERT_TRUE(AnswerBox(session, "Return"));
   EXPECT_FALSE(RowOf(session, textures, "cockpit01").is_null());
   EXPECT_TRUE(RowOf(session, textures, "SQUAD01").is_null());
+  EXPECT_TRUE(session.Now() == session.before);
+}
+
+TEST(TcachePage, NameWithALetterOutsideTheCodePageGoesBack) {
+  if (WindowsPrograms()) GTEST_SKIP() << "Wine may not know the key of a second layout";
+  const TcacheSession session;
+  AddRussianLetters(session.desktop);
+  ASSERT_TRUE(SelectRow(session, textures, "cockpit01"));
+  PressKey(session.desktop, "F2");
+  ASSERT_TRUE(NameIsOpen(session));
+  WriteName(session, "sq\xD0\x96kpit", "Return");
+  ASSERT_TRUE(BoxCame(session, "The name 'sq?kpit' cannot be used."));
+  ASSERT_TRUE(AnswerBox(session, "Return"));
+  EXPECT_FALSE(RowOf(session, textures, "cockpit01").is_null());
   EXPECT_TRUE(session.Now() == session.before);
 }
 
