@@ -160,9 +160,11 @@ void WritePacks(const Sample& sample, const Paintbox& box) {
 
 void WriteProgramFiles(const Sample& sample, std::span<const std::uint8_t> maps, const Paintbox& box) {
   WriteWholeFile(sample.program / "gloadconv.dat", maps);
-  const Bytes cube = IndexedChain(Draw(Motif::kCube, 256, 256, 1, box.noise), 1, box.quantizer);
-  WriteWholeFile(sample.program / "3D" / "cube.bmp", BuildBitmap8(256, 256, box.space, cube));
-  WriteWholeFile(sample.program / "3D" / "gcube.bmp", BuildBitmap8(256, 256, box.loadout, ConvertPixels(cube, maps)));
+  // Small, like those that the program ships: an extracted bitmap keeps the length that its template's header states,
+  // and image programs refuse one that is shorter.
+  const Bytes cube = IndexedChain(Draw(Motif::kCube, 16, 16, 1, box.noise), 1, box.quantizer);
+  WriteWholeFile(sample.program / "3D" / "cube.bmp", BuildBitmap8(16, 16, box.space, cube));
+  WriteWholeFile(sample.program / "3D" / "gcube.bmp", BuildBitmap8(16, 16, box.loadout, ConvertPixels(cube, maps)));
   WriteWholeFile(sample.program / "shipsData.txt", BuildShipsData(sample.ships));
   WriteWholeFile(sample.program / "readme.txt", ProgramReadme());
   WriteWholeFile(sample.config / "oravin" / "registry.reg", BuildRegistry(sample.game, sample.program));
