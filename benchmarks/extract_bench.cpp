@@ -8,10 +8,10 @@
 #include "benches.h"
 #include "demo/archive_writer.h"
 #include "demo/compressor.h"
+#include "files/whole_file.h"
 #include "hog/decompress.h"
 #include "platform/native_path.h"
 #include "stopwatch.h"
-#include "util/whole_file.h"
 
 namespace oravin::bench {
 

@@ -1,11 +1,11 @@
 // Fuzzes the reader of bitmaps: what it says of a file is what stands in it, what fits can be shown, and what cannot be
 // imported leaves the cache alone.
 
+#include "base/run_time_error.h"
 #include "input_file.h"
 #include "texture/ImportTexture.h"
 #include "texture/fighter_chain.h"
 #include "texture/picture.h"
-#include "util/run_time_error.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "base/bytes.h"
 #include "input_file.h"
 #include "ships/SHP_Editing.h"
 #include "ships/shp_texture_names.h"
-#include "util/bytes.h"
 
 namespace {
 

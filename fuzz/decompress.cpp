@@ -4,9 +4,9 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
 #include "input_file.h"
 #include "reference_decoder.h"
-#include "util/run_time_error.h"
 
 namespace {
 

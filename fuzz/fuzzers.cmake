@@ -12,5 +12,5 @@ function(oravin_fuzz_program target fuzzer)
     "${reference}/reference_decoder.cpp"
     ${ARGN})
   target_include_directories(${target} PRIVATE "${oravin_fuzz_folder}" "${reference}")
-  target_link_libraries(${target} PRIVATE pack switcher ships hog texture catalogue desk util platform oravin_warnings)
+  target_link_libraries(${target} PRIVATE pack switcher ships hog texture catalogue desk files platform base oravin_warnings)
 endfunction()

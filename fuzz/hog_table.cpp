@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
+#include "base/bytes.h"
 #include "hog/Hog.h"
 #include "input_file.h"
-#include "util/bytes.h"
 
 namespace {
 

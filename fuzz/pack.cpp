@@ -3,11 +3,11 @@
 
 #include <algorithm>
 
+#include "base/bytes.h"
+#include "base/text.h"
+#include "files/path.h"
 #include "input_file.h"
 #include "pack/Fighter_PACK.h"
-#include "util/File_Path.h"
-#include "util/bytes.h"
-#include "util/text.h"
 
 namespace {
 

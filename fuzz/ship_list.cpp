@@ -2,11 +2,11 @@
 
 #include "switcher/ship_list.h"
 
+#include "base/bytes.h"
+#include "base/text.h"
 #include "desk/program_end.h"
+#include "files/path.h"
 #include "input_file.h"
-#include "util/File_Path.h"
-#include "util/bytes.h"
-#include "util/text.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace oravin;

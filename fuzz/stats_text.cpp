@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "base/bytes.h"
 #include "input_file.h"
 #include "ships/shipstats.h"
-#include "util/bytes.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace oravin;

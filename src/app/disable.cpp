@@ -5,13 +5,13 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/RestoreHog.h"
 #include "hog/fat_backup.h"
 #include "ships/shipstats.h"
 #include "switcher/kept_models.h"
 #include "texture/RestoreTcacheFile.h"
-#include "util/File_Path.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

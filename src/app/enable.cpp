@@ -2,19 +2,19 @@
 
 #include "app/loadout.h"
 #include "app/safekeeping.h"
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/fat_backup.h"
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/catalogue_build.h"
 #include "texture/import_refusals.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

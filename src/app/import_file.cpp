@@ -1,10 +1,10 @@
 #include "app/import_file.h"
 
+#include "base/text.h"
 #include "desk/dialogs.h"
+#include "files/look_up.h"
 #include "pack/import_run.h"
 #include "switcher/switcher_tab.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,9 +2,9 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
 #include "texture/LearnLoadout.h"
 #include "texture/LoadoutSetup.h"
-#include "util/File_Path.h"
 
 namespace oravin {
 

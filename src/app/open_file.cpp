@@ -2,7 +2,7 @@
 
 #include "app/handlers.h"
 #include "app/import_file.h"
-#include "util/File_Path.h"
+#include "files/path.h"
 
 namespace oravin {
 

@@ -2,8 +2,8 @@
 
 #include "catalogue/installation.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
-#include "util/whole_file.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

@@ -2,8 +2,12 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
@@ -11,9 +15,6 @@
 #include "texture/RemoveTexture.h"
 #include "texture/RestoreTcacheFile.h"
 #include "texture/Texture.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

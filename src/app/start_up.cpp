@@ -6,17 +6,18 @@
 #include "app/program_folder.h"
 #include "app/safekeeping.h"
 #include "app/ship_list_offer.h"
+#include "base/delimited_text.h"
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "platform/current_folder.h"
 #include "platform/native_path.h"
 #include "platform/registry.h"
-#include "util/File_Path.h"
-#include "util/delimited_text.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

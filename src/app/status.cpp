@@ -1,13 +1,13 @@
 #include "app/status.h"
 
+#include "base/run_time_error.h"
 #include "catalogue/catalogue.h"
+#include "files/file_numbers.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/Hog.h"
 #include "ships/shipstats.h"
 #include "texture/RestoreTcacheFile.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/run_time_error.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

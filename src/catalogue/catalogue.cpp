@@ -1,10 +1,10 @@
 #include "catalogue/catalogue.h"
 
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
-#include "util/whole_file.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "util/File_Path.h"
+#include "files/path.h"
 
 namespace oravin {
 

@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "util/bytes.h"
-#include "util/fixed_text.h"
-#include "util/tagged_value.h"
+#include "base/bytes.h"
+#include "base/fixed_text.h"
+#include "base/tagged_value.h"
 
 namespace oravin {
 

@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "app/about_tab.h"
+#include "base/text.h"
 #include "cli/help_text.h"
 #include "platform/native_path.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/text.h"
 #include "cli/json_forms.h"
 #include "platform/native_path.h"
-#include "util/text.h"
 
 namespace oravin {
 

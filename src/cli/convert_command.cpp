@@ -1,7 +1,7 @@
+#include "base/text.h"
 #include "cli/commands.h"
 #include "convert/m3DtoSL.h"
-#include "util/File_Path.h"
-#include "util/text.h"
+#include "files/path.h"
 
 namespace oravin {
 

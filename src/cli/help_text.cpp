@@ -1,7 +1,7 @@
 #include "cli/help_text.h"
 
+#include "base/text.h"
 #include "cli/text_table.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,14 +2,14 @@
 #include <vector>
 
 #include "app/handlers.h"
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/hog_table.h"
+#include "files/path.h"
 #include "hog/hog_open.h"
 #include "platform/installation_lock.h"
 #include "platform/interrupt.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
 
 namespace oravin {
 

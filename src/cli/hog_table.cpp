@@ -1,10 +1,10 @@
 #include "cli/hog_table.h"
 
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "cli/text_table.h"
+#include "files/path.h"
 #include "hog/extract.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
 
 namespace oravin {
 

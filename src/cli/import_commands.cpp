@@ -2,13 +2,13 @@
 
 #include "app/handlers.h"
 #include "app/import_file.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/ship_names.h"
 #include "cli/text_table.h"
 #include "platform/native_path.h"
 #include "ships/shp_texture_names.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -1,7 +1,7 @@
 #include "cli/json_forms.h"
 
+#include "base/text.h"
 #include "cli/answers.h"
-#include "util/text.h"
 
 namespace oravin {
 

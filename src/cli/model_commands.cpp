@@ -1,9 +1,9 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/commands.h"
 #include "ships/shp_texture_names.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "ships/stats_source.h"
-#include "util/text.h"
 
 namespace oravin {
 

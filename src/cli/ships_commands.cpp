@@ -1,9 +1,9 @@
 #include "app/handlers.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/ship_names.h"
 #include "cli/ships_table.h"
 #include "cli/switcher_rows.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -1,13 +1,13 @@
 #include <algorithm>
 
 #include "app/handlers.h"
+#include "base/number_text.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/ship_names.h"
 #include "cli/shortest_number.h"
 #include "cli/text_table.h"
 #include "ships/stats_source.h"
-#include "util/number_text.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -1,8 +1,8 @@
 #include "app/status.h"
 
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/text_table.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,14 +2,15 @@
 #include <vector>
 
 #include "app/handlers.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/text_table.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "texture/LearnLoadout.h"
 #include "texture/extraction.h"
 #include "texture/picture.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "util/text.h"
+#include "base/text.h"
 
 namespace oravin {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/text.h"
 #include "ships/SHP_Editing.h"
-#include "util/text.h"
 
 namespace oravin {
 

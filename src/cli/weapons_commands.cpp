@@ -3,12 +3,12 @@
 #include <vector>
 
 #include "app/handlers.h"
+#include "base/text.h"
 #include "cli/commands.h"
 #include "cli/ship_names.h"
 #include "cli/text_table.h"
 #include "cli/weapon_types.h"
 #include "ships/stats_show.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -1,11 +1,12 @@
 #include "convert/convert_panel.h"
 
+#include "base/text.h"
 #include "convert/m3DtoSL.h"
 #include "desk/dialogs.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "platform/current_folder.h"
 #include "platform/start_program.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -3,15 +3,15 @@
 #include <array>
 #include <vector>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "platform/converter.h"
 #include "platform/current_folder.h"
 #include "platform/file_system.h"
 #include "platform/native_path.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -1,6 +1,7 @@
 #include "desk/dialogs.h"
 
-#include "util/File_Path.h"
+#include "files/look_up.h"
+#include "files/path.h"
 
 namespace oravin {
 

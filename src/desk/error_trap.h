@@ -3,8 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "base/run_time_error.h"
 #include "desk/host.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desk/desk.h"
-#include "util/files.h"
+#include "files/files.h"
 
 namespace oravin {
 

@@ -1,7 +1,7 @@
 #include "desk/new_name.h"
 
+#include "base/text.h"
 #include "desk/dialogs.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -1,7 +1,7 @@
 #include "desk/write_help.h"
 
+#include "files/path.h"
 #include "platform/file_system.h"
-#include "util/File_Path.h"
 
 namespace oravin {
 

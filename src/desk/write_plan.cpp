@@ -1,9 +1,9 @@
 #include "desk/write_plan.h"
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/write_help.h"
 #include "platform/virtual_store.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -4,8 +4,8 @@
 
 #include <utility>
 
+#include "files/path.h"
 #include "gui/text_edge.h"
-#include "util/File_Path.h"
 
 namespace oravin::gui {
 

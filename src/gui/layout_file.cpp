@@ -8,12 +8,12 @@
 #include <nlohmann/json.hpp>
 #include <system_error>
 
+#include "base/text.h"
 #include "gui/picture_pane.h"
 #include "gui/stats_chart_pane.h"
 #include "gui/text_edge.h"
 #include "gui/thumbnail_list.h"
 #include "gui/top_view_pane.h"
-#include "util/text.h"
 
 namespace oravin::gui {
 

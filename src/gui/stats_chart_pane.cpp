@@ -8,9 +8,9 @@
 #include <array>
 #include <cmath>
 
+#include "base/number_text.h"
 #include "gui/drawing.h"
 #include "gui/text_edge.h"
-#include "util/number_text.h"
 
 namespace oravin::gui {
 

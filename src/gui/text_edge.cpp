@@ -1,7 +1,7 @@
 #include "gui/text_edge.h"
 
+#include "base/text.h"
 #include "platform/native_path.h"
-#include "util/text.h"
 
 namespace oravin::gui {
 

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
+#include "files/file_numbers.h"
 
 namespace oravin {
 

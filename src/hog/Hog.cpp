@@ -4,11 +4,12 @@
 #include <array>
 #include <cstring>
 
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
+#include "files/file_numbers.h"
+#include "files/look_up.h"
 
 namespace oravin {
 

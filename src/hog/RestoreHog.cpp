@@ -1,11 +1,12 @@
 #include "hog/RestoreHog.h"
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "hog/disguise.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

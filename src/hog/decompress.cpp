@@ -4,8 +4,8 @@
 #include <array>
 #include <cstring>
 
-#include "util/bytes.h"
-#include "util/run_time_error.h"
+#include "base/bytes.h"
+#include "base/run_time_error.h"
 
 // The fast loop reads commands as long as the longest one still lies inside the input, and copies in pieces of 8 and 16
 // bytes that may reach past a command's end: the bytes behind are written again by the next command or cut off at the

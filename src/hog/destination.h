@@ -5,8 +5,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "files/files.h"
 #include "hog/entry_path.h"
-#include "util/files.h"
 
 namespace oravin {
 

@@ -1,7 +1,7 @@
 #include "hog/disguise.h"
 
+#include "base/text.h"
 #include "hog/Hog.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "util/files.h"
+#include "files/files.h"
 
 /// The names of stock models in the archive's table. While the features are enabled their first three characters are
 /// "S47": the game no longer finds them there and takes the loose models of its ships folder.

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
+#include "base/text.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

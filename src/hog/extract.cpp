@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file_numbers.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "hog/decompress.h"
 #include "hog/destination.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "files/file_numbers.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/disguise.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "hog/extract.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -5,10 +5,10 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file_numbers.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/hog_open.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "hog/name_filter.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
 
 namespace oravin {
 

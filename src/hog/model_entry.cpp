@@ -1,7 +1,7 @@
 #include "hog/model_entry.h"
 
+#include "files/file_numbers.h"
 #include "hog/disguise.h"
-#include "util/Hex_Util.h"
 
 namespace oravin {
 

@@ -1,7 +1,7 @@
 #include "hog/name_filter.h"
 
-#include "util/File_Path.h"
-#include "util/text.h"
+#include "base/text.h"
+#include "files/path.h"
 
 namespace oravin {
 

@@ -3,17 +3,18 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
+#include "files/file_numbers.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "hog/Hog.h"
 #include "hog/decompress.h"
 #include "hog/disguise.h"
 #include "hog/model_entry.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

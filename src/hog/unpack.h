@@ -5,8 +5,8 @@
 
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
+#include "files/whole_file.h"
 #include "hog/Hog.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -4,11 +4,12 @@
 #include <set>
 #include <utility>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "ships/SHP_Editing.h"
 #include "switcher/ship_list.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

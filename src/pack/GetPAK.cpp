@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/delimited_text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "ships/SHP_Editing.h"
-#include "util/File_Path.h"
-#include "util/delimited_text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -2,14 +2,15 @@
 
 #include <utility>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "ships/model_chunks.h"
 #include "ships/shp_texture_names.h"
 #include "texture/extraction.h"
 #include "texture/table_bytes.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

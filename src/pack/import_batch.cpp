@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "switcher/add_on_ship.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
 
 namespace oravin {
 

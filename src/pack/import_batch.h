@@ -6,11 +6,11 @@
 
 #include "catalogue/installation.h"
 #include "desk/host.h"
+#include "files/folder_names.h"
+#include "files/whole_file.h"
 #include "ships/shipstats.h"
 #include "switcher/ship_list_edit.h"
 #include "texture/texture_batch.h"
-#include "util/folder_names.h"
-#include "util/whole_file.h"
 
 /// The ships of one import run. Everything is written beside and behind what is there; only the commit makes all of it
 /// visible. So a ship that fails leaves nothing, and a run that is cut short leaves the installation as it was.

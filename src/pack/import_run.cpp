@@ -2,16 +2,17 @@
 
 #include <set>
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "pack/import_batch.h"
 #include "pack/new_ship.h"
 #include "platform/start_program.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

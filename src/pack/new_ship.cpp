@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "ships/SHP_Editing.h"
 #include "switcher/add_on_textures.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

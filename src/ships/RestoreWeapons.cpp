@@ -8,9 +8,10 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "ships/SHP_Editing.h"
-#include "util/File_Path.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -10,7 +10,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
+#include "files/look_up.h"
 
 namespace oravin {
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "util/files.h"
+#include "files/files.h"
 
 /// A ship model (`*.shp`) as far as the program reads it: chunks from offset 0 to the end of the file. All integers are
 /// little-endian and unsigned.

@@ -6,14 +6,13 @@
 #include <limits>
 #include <span>
 
+#include "base/delimited_text.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/delimited_text.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
-#include "util/whole_file.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

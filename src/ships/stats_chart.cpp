@@ -5,8 +5,8 @@
 #include <memory>
 #include <vector>
 
+#include "base/run_time_error.h"
 #include "ships/stats_source.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 

@@ -2,14 +2,14 @@
 
 #include <span>
 
+#include "base/number_text.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
 #include "ships/stats_show.h"
 #include "ships/stats_source.h"
-#include "util/File_Path.h"
-#include "util/number_text.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,9 +2,9 @@
 
 #include <bit>
 
+#include "base/number_text.h"
+#include "files/look_up.h"
 #include "ships/stats_source.h"
-#include "util/File_Path.h"
-#include "util/number_text.h"
 
 namespace oravin {
 

@@ -1,7 +1,8 @@
 #include "ships/stats_source.h"
 
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
+#include "base/run_time_error.h"
+#include "files/look_up.h"
+#include "files/path.h"
 
 namespace oravin {
 

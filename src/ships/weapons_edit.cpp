@@ -6,9 +6,9 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
 #include "ships/stats_show.h"
 #include "ships/stats_source.h"
-#include "util/File_Path.h"
 
 namespace oravin {
 

@@ -1,10 +1,11 @@
 #include "switcher/add_on_ship.h"
 
+#include "base/text.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "ships/shipstats.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -2,16 +2,17 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "ships/shp_texture_names.h"
 #include "texture/LearnLoadout.h"
 #include "texture/LoadoutSetup.h"
 #include "texture/texture_batch.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,14 +2,14 @@
 
 #include <unordered_map>
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/add_on_textures.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -4,11 +4,11 @@
 #include <charconv>
 #include <tuple>
 
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "platform/file_system.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

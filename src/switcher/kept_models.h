@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "catalogue/installation.h"
-#include "util/files.h"
+#include "files/files.h"
 
 /// The player's own models, kept in `backup\ships\` of the program folder while the program's stand in their place:
 ///

@@ -5,10 +5,14 @@
 #include <set>
 #include <vector>
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "ships/shipstats.h"
 #include "ships/stats_show.h"
 #include "switcher/add_on_ship.h"
@@ -17,9 +21,6 @@
 #include "switcher/swap_plan.h"
 #include "texture/RemoveTexture.h"
 #include "texture/Texture.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/imported_list.h"
 #include "switcher/ship_list_edit.h"
 #include "switcher/swap.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

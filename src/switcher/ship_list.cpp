@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
+#include "base/delimited_text.h"
+#include "base/text.h"
 #include "catalogue/ship_record.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
-#include "util/File_Path.h"
-#include "util/delimited_text.h"
-#include "util/text.h"
-#include "util/whole_file.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

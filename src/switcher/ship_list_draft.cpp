@@ -4,8 +4,11 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/folder_names.h"
+#include "files/path.h"
 #include "hog/disguise.h"
 #include "hog/fat_backup.h"
 #include "hog/hog_tab.h"
@@ -13,9 +16,6 @@
 #include "ships/SHP_Editing.h"
 #include "ships/shp_texture_names.h"
 #include "switcher/ship_list_text.h"
-#include "util/File_Path.h"
-#include "util/folder_names.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "util/run_time_error.h"
-#include "util/text.h"
-#include "util/whole_file.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/number_text.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "switcher/ship_list_text.h"
-#include "util/number_text.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -5,12 +5,13 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/text.h"
 #include "catalogue/ship_record.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

@@ -7,8 +7,8 @@
 #include <tuple>
 #include <unordered_map>
 
+#include "base/text.h"
 #include "ships/shipstats.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -1,16 +1,16 @@
 #include "switcher/swap.h"
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/unpack.h"
 #include "ships/shipstats.h"
 #include "ships/stats_show.h"
 #include "switcher/kept_models.h"
 #include "switcher/swap_plan.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

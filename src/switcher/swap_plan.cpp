@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
 #include "catalogue/catalogue.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "hog/unpack.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

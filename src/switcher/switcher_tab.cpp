@@ -2,9 +2,9 @@
 
 #include <optional>
 
+#include "files/look_up.h"
 #include "platform/start_program.h"
 #include "ships/SHP_Editing.h"
-#include "util/File_Path.h"
 
 namespace oravin {
 

@@ -1,5 +1,6 @@
 #include "texture/ImportTexture.h"
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
@@ -8,8 +9,6 @@
 #include "texture/import_refusals.h"
 #include "texture/loadout_maps.h"
 #include "texture/new_texture.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -3,17 +3,18 @@
 #include <algorithm>
 #include <set>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "texture/ImportTexture.h"
 #include "texture/extraction.h"
 #include "texture/loadout_maps.h"
 #include "texture/new_texture.h"
 #include "texture/table_bytes.h"
 #include "texture/work_files.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

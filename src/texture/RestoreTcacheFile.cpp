@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <array>
 
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file_numbers.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "texture/table_bytes.h"
-#include "util/File_Path.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

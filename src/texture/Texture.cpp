@@ -4,11 +4,11 @@
 #include <array>
 #include <cmath>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
 #include "texture/table_bytes.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/bytes.h"
 #include "desk/host.h"
-#include "util/bytes.h"
 
 /// The game's texture cache, `tcachehw.dat`. Numbers are 32-bit, signed and little-endian.
 ///

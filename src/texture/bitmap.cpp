@@ -4,9 +4,9 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/whole_file.h"
 #include "texture/Texture.h"
-#include "util/File_Path.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
+#include "base/bytes.h"
 #include "desk/host.h"
-#include "util/bytes.h"
 
 /// The bitmap files (BMP) that textures come from and go to. Numbers are little-endian:
 ///

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "texture/bitmap.h"
 #include "texture/colour.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -1,15 +1,16 @@
 #include "texture/import_panel.h"
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/new_name.h"
+#include "files/look_up.h"
+#include "files/path.h"
 #include "texture/ImportTexture.h"
 #include "texture/LearnLoadout.h"
 #include "texture/Texture.h"
 #include "texture/fighter_chain.h"
 #include "texture/loadout_maps.h"
 #include "texture/work_files.h"
-#include "util/File_Path.h"
-#include "util/text.h"
 
 namespace oravin {
 

@@ -2,7 +2,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/program_end.h"
-#include "util/File_Path.h"
+#include "files/look_up.h"
 
 namespace oravin {
 

@@ -4,8 +4,9 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "util/File_Path.h"
-#include "util/whole_file.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
 #include "texture/colour.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 

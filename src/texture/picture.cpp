@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
+#include "files/look_up.h"
 #include "texture/colour.h"
-#include "util/File_Path.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "util/run_time_error.h"
-#include "util/text.h"
+#include "base/run_time_error.h"
+#include "base/text.h"
 
 namespace oravin {
 

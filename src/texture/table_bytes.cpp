@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "util/text.h"
+#include "base/text.h"
 
 namespace oravin {
 

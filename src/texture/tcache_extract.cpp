@@ -1,14 +1,15 @@
 // Extracting and opening textures from the "Tcache Editor" tab.
 #include <set>
 
+#include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "platform/start_program.h"
 #include "texture/extraction.h"
 #include "texture/tcache_tab.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

@@ -1,8 +1,8 @@
 // The Tcache Editor tab's pictures: the preview of the selected texture, and the thumbnails.
 
+#include "base/run_time_error.h"
 #include "texture/extraction.h"
 #include "texture/tcache_tab.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 

@@ -2,16 +2,17 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
 #include "desk/write_plan.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "files/whole_file.h"
 #include "texture/RestoreTcacheFile.h"
 #include "texture/table_bytes.h"
-#include "util/File_Path.h"
-#include "util/text.h"
-#include "util/whole_file.h"
 
 namespace oravin {
 

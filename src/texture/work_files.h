@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "util/files.h"
+#include "files/files.h"
 
 namespace oravin {
 

@@ -1,9 +1,9 @@
 // An action may stop at any file operation, or any operation may fail: whatever comes next, Disable leaves the game
 // folder as it was before the first Enable, the player's own files included.
 
+#include "files/whole_file.h"
 #include "interruption_stage.h"
 #include "support/fault.h"
-#include "util/whole_file.h"
 
 namespace oravin::test {
 namespace {

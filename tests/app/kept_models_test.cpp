@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
+#include "base/run_time_error.h"
 #include "interruption_stage.h"
 #include "support/fault.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

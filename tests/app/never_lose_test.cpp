@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
+#include "base/run_time_error.h"
 #include "desk/program_end.h"
 #include "session.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "base/bytes.h"
 #include "demo/cache_writer.h"
-#include "util/bytes.h"
 
 /// Caches and bitmaps put together byte by byte, and what they must be after a texture was added.
 namespace oravin::test {

@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "base/bytes.h"
 #include "cache/cache_files.h"
 #include "support/fault.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/bytes.h"
 
 /// What the tests of the texture room share: a folder for caches and bitmaps.
 namespace oravin::test {

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/run_time_error.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {

@@ -3,11 +3,11 @@
 #include <cmath>
 #include <limits>
 
+#include "base/number_text.h"
 #include "cli/json_forms.h"
 #include "cli/ships_table.h"
 #include "cli/shortest_number.h"
 #include "cli/text_table.h"
-#include "util/number_text.h"
 
 namespace oravin {
 namespace {

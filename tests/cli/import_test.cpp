@@ -1,8 +1,8 @@
 // The command "import" and the group "imported".
 
+#include "base/bytes.h"
 #include "sample_runs.h"
 #include "support/folder_image.h"
-#include "util/bytes.h"
 
 namespace oravin::test {
 namespace {

@@ -1,9 +1,9 @@
 // The commands of the groups "tcache" and "loadout".
 
+#include "base/bytes.h"
 #include "demo/bitmap_writer.h"
 #include "sample_runs.h"
 #include "support/folder_image.h"
-#include "util/bytes.h"
 
 namespace oravin::test {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "support/file_marks.h"
 #include "support/held_file.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/text.h"
 
 namespace oravin {
 namespace {

@@ -1,8 +1,8 @@
 // The form that edits one entry of the table; Copy and Paste of an entry's place; the view of its first bytes.
 
+#include "base/hex_text.h"
+#include "base/text.h"
 #include "hog_tab_stage.h"
-#include "util/Hex_Util.h"
-#include "util/text.h"
 
 namespace oravin::test {
 namespace {

@@ -7,10 +7,10 @@
 #include <numeric>
 #include <random>
 
+#include "base/run_time_error.h"
 #include "demo/compressor.h"
 #include "reference_decoder.h"
 #include "support/folder_image.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -1,10 +1,10 @@
 // Extracting: as stored and unpacked, with folders, clashes, refused names, stops and failures.
 
+#include "files/whole_file.h"
 #include "hog/destination.h"
 #include "hog_tab_stage.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
-#include "util/whole_file.h"
 
 namespace oravin::test {
 namespace {

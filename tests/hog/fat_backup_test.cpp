@@ -3,8 +3,8 @@
 #include "hog/fat_backup.h"
 
 #include "archive_stage.h"
+#include "base/run_time_error.h"
 #include "support/fault.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -1,8 +1,8 @@
 // The backup of the table that the archive's tab makes, and its way back.
 
+#include "files/whole_file.h"
 #include "hog_tab_stage.h"
 #include "support/fault.h"
-#include "util/whole_file.h"
 
 namespace oravin::test {
 namespace {

@@ -1,9 +1,9 @@
 // The archive's tab: opening, listing, sorting, filtering, selecting and closing.
 
+#include "base/hex_text.h"
 #include "hog_tab_stage.h"
 #include "support/file_marks.h"
 #include "support/held_file.h"
-#include "util/Hex_Util.h"
 
 namespace oravin::test {
 namespace {

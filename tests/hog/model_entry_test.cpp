@@ -1,10 +1,10 @@
 // Which entry of the archive is a ship's model, and what comes of a record that is no longer right.
 
 #include "archive_stage.h"
+#include "base/run_time_error.h"
 #include "demo/compressor.h"
 #include "hog/disguise.h"
 #include "hog/unpack.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

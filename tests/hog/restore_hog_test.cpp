@@ -3,9 +3,9 @@
 #include "hog/RestoreHog.h"
 
 #include "archive_stage.h"
+#include "base/run_time_error.h"
 #include "demo/compressor.h"
 #include "hog/fat_backup.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

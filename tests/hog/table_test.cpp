@@ -3,9 +3,9 @@
 #include <numeric>
 
 #include "archive_stage.h"
+#include "base/run_time_error.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -1,11 +1,11 @@
 // The stock models' way out of the archive, and the disguise of their names in its table.
 
 #include "archive_stage.h"
+#include "base/run_time_error.h"
 #include "demo/compressor.h"
 #include "desk/program_end.h"
 #include "hog/disguise.h"
 #include "hog/unpack.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -3,9 +3,9 @@
 #include "hog/unpack.h"
 
 #include "archive_stage.h"
+#include "base/run_time_error.h"
 #include "demo/compressor.h"
 #include "support/fault.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

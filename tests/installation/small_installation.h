@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "base/bytes.h"
 #include "demo/archive_writer.h"
 #include "demo/model_writer.h"
 #include "support/temporary_folder.h"
-#include "util/bytes.h"
 
 namespace oravin::test {
 

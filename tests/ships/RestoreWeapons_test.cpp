@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "files/whole_file.h"
 #include "ships/weapons_edit.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "tab_stage.h"
-#include "util/whole_file.h"
 
 namespace oravin::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "base/run_time_error.h"
 #include "model_file.h"
 #include "ships/SHP_Editing.h"
 #include "support/fault.h"
@@ -9,7 +10,6 @@
 #include "support/folder_image.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {

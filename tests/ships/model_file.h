@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "base/bytes.h"
 #include "ships/SHP_Editing.h"
-#include "util/bytes.h"
 
 namespace oravin::test {
 

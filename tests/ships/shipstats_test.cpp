@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "base/run_time_error.h"
 #include "stats_file.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {

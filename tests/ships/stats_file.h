@@ -3,8 +3,8 @@
 #include <cstring>
 #include <string>
 
+#include "base/bytes.h"
 #include "ships/shipstats.h"
-#include "util/bytes.h"
 
 namespace oravin::test {
 

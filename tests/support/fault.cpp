@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "util/run_time_error.h"
+#include "base/run_time_error.h"
 
 namespace oravin::test {
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "util/files.h"
+#include "files/files.h"
 
 namespace oravin::test {
 

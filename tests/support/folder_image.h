@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "util/bytes.h"
+#include "base/bytes.h"
 
 namespace oravin::test {
 

@@ -1,13 +1,13 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include "base/run_time_error.h"
 #include "desk/dialogs.h"
+#include "files/whole_file.h"
 #include "support/fault.h"
 #include "support/folder_image.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/run_time_error.h"
-#include "util/whole_file.h"
 
 namespace oravin::test {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/bytes.h"
 #include "support/folder_image.h"
-#include "util/bytes.h"
 
 namespace oravin::test {
 

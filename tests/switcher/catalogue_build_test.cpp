@@ -4,11 +4,11 @@
 #include <array>
 #include <bit>
 
+#include "base/run_time_error.h"
+#include "base/text.h"
 #include "ships/shipstats.h"
 #include "stage.h"
 #include "support/fault.h"
-#include "util/run_time_error.h"
-#include "util/text.h"
 
 namespace oravin::test {
 namespace {

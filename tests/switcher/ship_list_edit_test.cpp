@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/run_time_error.h"
 #include "support/fault.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -6,8 +6,8 @@
 
 #include <chrono>
 
+#include "base/run_time_error.h"
 #include "support/temporary_folder.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -1,7 +1,7 @@
 // Ships put back: from the backup beside the model, from the archive, and without either.
 
+#include "base/run_time_error.h"
 #include "stage.h"
-#include "util/run_time_error.h"
 
 namespace oravin::test {
 namespace {

@@ -1,11 +1,11 @@
 #include "texture/ImportTexture.h"
 
+#include "base/text.h"
 #include "cache/cache_stage.h"
 #include "desk/program_end.h"
 #include "texture/Texture.h"
 #include "texture/colour.h"
 #include "texture/loadout_maps.h"
-#include "util/text.h"
 
 namespace oravin {
 namespace {

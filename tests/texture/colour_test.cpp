@@ -5,9 +5,9 @@
 #include <bit>
 #include <cmath>
 
+#include "base/bytes.h"
 #include "support/folder_image.h"
 #include "texture/colour_kernels.h"
-#include "util/bytes.h"
 
 namespace oravin {
 namespace {

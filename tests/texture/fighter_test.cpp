@@ -1,11 +1,11 @@
 #include <cmath>
 
+#include "base/text.h"
 #include "cache/cache_stage.h"
 #include "desk/program_end.h"
 #include "texture/fighter_chain.h"
 #include "texture/import_panel.h"
 #include "texture/loadout_maps.h"
-#include "util/text.h"
 
 namespace oravin {
 namespace {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "util/bytes.h"
+#include "base/bytes.h"
 
 namespace oravin::test {
 

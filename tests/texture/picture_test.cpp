@@ -1,9 +1,9 @@
 #include "texture/picture.h"
 
+#include "base/run_time_error.h"
 #include "cache/cache_stage.h"
 #include "image_program.h"
 #include "texture/extraction.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {

@@ -1,8 +1,8 @@
 #include <limits>
 
+#include "base/run_time_error.h"
 #include "cache/cache_stage.h"
 #include "texture/Texture.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {

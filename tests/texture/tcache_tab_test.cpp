@@ -1,5 +1,5 @@
+#include "base/text.h"
 #include "tab_stage.h"
-#include "util/text.h"
 
 namespace oravin {
 namespace {

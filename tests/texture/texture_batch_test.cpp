@@ -1,9 +1,9 @@
 #include "texture/texture_batch.h"
 
+#include "base/run_time_error.h"
 #include "cache/cache_stage.h"
 #include "desk/program_end.h"
 #include "texture/ImportTexture.h"
-#include "util/run_time_error.h"
 
 namespace oravin {
 namespace {

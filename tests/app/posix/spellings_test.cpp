@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "../interruption_stage.h"
+#include "base/text.h"
 #include "support/fault.h"
-#include "util/text.h"
 
 namespace oravin::test {
 namespace {

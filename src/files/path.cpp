@@ -1,0 +1,133 @@
+#include "files/path.h"
+#include "files/look_up.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "base/text.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr int firstPrintable = 32;
+constexpr int lastPrintable = 127;
+
+/// The number of characters behind the dot of the path's extension, 1 to 3; 0 when there is none among the last four.
+std::size_t ExtensionLength(std::string_view path) {
+  const std::string_view tail = path.substr(path.size() - std::min<std::size_t>(path.size(), 4));
+  // The dot must be one of the first three of four characters; of a shorter path, one that is not the last.
+  for (std::size_t i = 0; i + 1 < tail.size(); ++i) {
+    if (tail[i] == '.') return tail.size() - i - 1;
+  }
+  return 0;
+}
+
+/// True for one digit as Windows numbers its ports with it: 0 to 9, and the superscript one, two and three.
+bool IsPortNumber(std::string_view digit) {
+  if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9') return true;
+  // In the code page, and in UTF-8: on Windows a name that is valid UTF-8 is read as such
+  // (platform/windows/wide_text.h).
+  static constexpr std::array<std::string_view, 6> superscripts = {"\xB9",     "\xB2",     "\xB3",
+                                                                   "\xC2\xB9", "\xC2\xB2", "\xC2\xB3"};
+  return std::find(superscripts.begin(), superscripts.end(), digit) != superscripts.end();
+}
+
+/// True for a name that Windows keeps for a device, whatever follows its first dot. Spaces before the dot do not count.
+bool IsDeviceName(const std::string& name) {
+  const std::string base = UpperCase(Trim(name.substr(0, name.find('.'))));
+  static constexpr std::array<std::string_view, 6> devices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
+  if (std::find(devices.begin(), devices.end(), base) != devices.end()) return true;
+  const bool port = base.starts_with("COM") || base.starts_with("LPT");
+  return port && IsPortNumber(std::string_view(base).substr(3));
+}
+
+std::size_t LastBeforeEnd(const std::string& path, const char* characters) {
+  return path.size() < 2 ? std::string::npos : path.find_last_of(characters, path.size() - 2);
+}
+
+}  // namespace
+
+bool IsPrintableText(std::string& text) {
+  TrimInPlace(text);
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
+    const int code = static_cast<std::uint8_t>(c);
+    return code >= firstPrintable && code <= lastPrintable;
+  });
+}
+
+std::string AddBackslash(std::string& path) {
+  TrimInPlace(path);
+  if (!path.empty() && path.back() != '\\') path += '\\';
+  return path;
+}
+
+std::string ParentFolder(std::string& path) {
+  TrimInPlace(path);
+  const std::size_t slash = LastBeforeEnd(path, "\\");
+  return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+}
+
+std::string FileNameOf(std::string& path) {
+  TrimInPlace(path);
+  const std::size_t mark = LastBeforeEnd(path, "\\:");
+  return mark == std::string::npos ? std::string() : path.substr(mark + 1);
+}
+
+std::string ExtensionOf(const std::string& path) {
+  const std::string trimmed = Trim(path);
+  return LowerCase(std::string_view(trimmed).substr(trimmed.size() - ExtensionLength(trimmed)));
+}
+
+std::string ChangeExtension(std::string& path, std::string& extension) {
+  TrimInPlace(path);
+  TrimInPlace(extension);
+  if (path.empty()) return path;
+  const std::size_t length = ExtensionLength(path);
+  return path.substr(0, path.size() - (length == 0 ? 0 : length + 1)) + extension;
+}
+
+std::string ParentFolder(std::string&& path) { return ParentFolder(path); }
+std::string FileNameOf(std::string&& path) { return FileNameOf(path); }
+bool IsPrintableText(std::string&& text) { return IsPrintableText(text); }
+std::string ChangeExtension(std::string&& path, std::string&& extension) { return ChangeExtension(path, extension); }
+
+bool IsPlainFileName(const std::string& name) {
+  if (name.empty() || name.back() == '.' || name.back() == ' ' || name.front() == ' ') return false;
+  if (std::any_of(name.begin(), name.end(), [](char c) {
+        const int code = static_cast<std::uint8_t>(c);
+        return code < firstPrintable || code == lastPrintable ||
+               std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos;
+      })) {
+    return false;
+  }
+  return !IsDeviceName(name);
+}
+
+bool MatchesPattern(std::string_view name, std::string_view pattern) {
+  // A pattern's ".*" stands for no extension too, as in every listing of the game's system.
+  if (pattern.ends_with(".*") && name.find('.') == std::string_view::npos) pattern.remove_suffix(2);
+  std::size_t at = 0;
+  std::size_t in = 0;
+  std::size_t star = std::string_view::npos;
+  std::size_t resume = 0;
+  while (at < name.size()) {
+    if (in < pattern.size() && pattern[in] == '*') {
+      star = in++;
+      resume = at;
+    } else if (in < pattern.size() && (pattern[in] == '?' || UpperChar(pattern[in]) == UpperChar(name[at]))) {
+      ++at;
+      ++in;
+    } else if (star != std::string_view::npos) {
+      in = star + 1;
+      at = ++resume;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', in) == std::string_view::npos;
+}
+
+}  // namespace oravin

@@ -1,0 +1,171 @@
+#include "files/whole_file.h"
+
+#include <algorithm>
+
+#include "base/run_time_error.h"
+#include "files/look_up.h"
+#include "files/path.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::size_t blockSize = std::size_t{1} << 20;
+
+using platform::OpenFor;
+
+}  // namespace
+
+Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most) {
+  const OpenedFile file(files, path, OpenFor::reading);
+  const std::uint64_t length = LengthOf(files, file.handle);
+  if (length > most) throw RunTimeError("could not read", path, "it is too large to be right");
+  Bytes bytes(static_cast<std::size_t>(length));
+  Get(files, file.handle, 0, bytes);
+  return bytes;
+}
+
+void WriteBeside(Files& files, const std::string& path, const std::function<void(int handle)>& write) {
+  const std::string beside = path + besideSuffix;
+  try {
+    {
+      const OpenedFile file(files, beside, OpenFor::replacing);
+      write(file.handle);
+      Flush(files, file.handle);
+    }
+    RenameOver(files, beside, path);
+  } catch (const RunTimeError&) {
+    platform::EraseNative(beside);
+    throw;
+  }
+}
+
+void AddWhole(Files& files, WholeFiles& together, const std::string& path,
+              const std::function<void(int handle)>& write) {
+  const std::string beside = path + besideSuffix;
+  try {
+    const OpenedFile file(files, beside, OpenFor::replacing);
+    write(file.handle);
+  } catch (const RunTimeError&) {
+    platform::EraseNative(beside);
+    throw;
+  }
+  together.paths.push_back(path);
+}
+
+void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(int handle)>& write) {
+  const std::string folder = ParentFolder(std::string(path));
+  try {
+    const OpenedFile file(files, folder, path.substr(folder.size()) + besideSuffix);
+    write(file.handle);
+  } catch (const RunTimeError&) {
+    platform::EraseNative(path + besideSuffix);
+    throw;
+  }
+  together.paths.push_back(path);
+  together.spelled.insert(path);
+}
+
+void CommitWhole(Files& files, WholeFiles& together) {
+  if (together.paths.empty()) return;
+  std::vector<std::string> besides;
+  for (const std::string& path : together.paths) besides.push_back(path + besideSuffix);
+  DoOrThrow(files, FileOperation::Kind::flush, together.paths.front(), "could not write",
+            [&] { return platform::FlushMany(besides); });
+  for (std::size_t i = 0; i < besides.size(); ++i) {
+    const std::string& path = together.paths[i];
+    if (together.spelled.contains(path)) {
+      const std::string folder = ParentFolder(std::string(path));
+      RenameSpelled(files, folder, besides[i].substr(folder.size()), path.substr(folder.size()));
+    } else {
+      RenameOver(files, besides[i], path);
+    }
+  }
+  together = {};
+}
+
+void DropWhole(WholeFiles& together, std::size_t keep) {
+  for (std::size_t i = keep; i < together.paths.size(); ++i) {
+    platform::EraseNative(together.paths[i] + besideSuffix);
+    together.spelled.erase(together.paths[i]);
+  }
+  together.paths.resize(std::min(keep, together.paths.size()));
+}
+
+void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes) {
+  WriteBeside(files, path, [&](int handle) { Put(files, handle, 0, bytes); });
+}
+
+void CopyBytes(Files& files, int from, std::uint64_t fromOffset, int to, std::uint64_t toOffset, std::uint64_t count) {
+  Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(count, blockSize)));
+  for (std::uint64_t done = 0; done < count; done += block.size()) {
+    const std::span piece(block.data(), static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), count - done)));
+    Get(files, from, fromOffset + done, piece);
+    Put(files, to, toOffset + done, piece);
+    StartFlush(files, to, toOffset + done, piece.size());
+  }
+}
+
+void CopyInto(Files& files, const std::string& from, int to) {
+  const OpenedFile source(files, from, OpenFor::reading);
+  CopyBytes(files, source.handle, 0, to, 0, LengthOf(files, source.handle));
+}
+
+void CopyWhole(Files& files, const std::string& from, const std::string& to) {
+  // The source is opened first: a missing one makes no file beside.
+  const OpenedFile source(files, from, OpenFor::reading);
+  WriteBeside(files, to,
+              [&](int handle) { CopyBytes(files, source.handle, 0, handle, 0, LengthOf(files, source.handle)); });
+}
+
+void EraseFile(Files& files, const std::string& path) {
+  DoOrThrow(files, FileOperation::Kind::erase, path, "could not delete", [&] { return platform::EraseNative(path); });
+}
+
+void RenameOver(Files& files, const std::string& from, const std::string& to) {
+  DoOrThrow(files, FileOperation::Kind::rename, to, "could not write",
+            [&] { return platform::RenameNative(from, to); });
+}
+
+void RenameSpelled(Files& files, const std::string& folder, const std::string& from, const std::string& to) {
+  DoOrThrow(files, FileOperation::Kind::rename, folder + to, "could not write",
+            [&] { return platform::RenameSpelledNative(folder, from, to); });
+}
+
+void MakeFolder(Files& files, const std::string& path) {
+  DoOrThrow(files, FileOperation::Kind::makeFolder, path, "could not make the folder",
+            [&] { return platform::MakeFolderNative(path); });
+}
+
+bool SameContent(Files& files, const std::string& a, const std::string& b) {
+  if (!FileExists(std::string(a)) || !FileExists(std::string(b)) || FileLength(a) != FileLength(b)) return false;
+  const OpenedFile first(files, a, OpenFor::reading);
+  const OpenedFile second(files, b, OpenFor::reading);
+  Bytes blockA(blockSize / 4);
+  Bytes blockB(blockSize / 4);
+  for (std::uint64_t at = 0;; at += blockA.size()) {
+    const std::size_t countA = GetSome(files, first.handle, at, blockA);
+    const std::size_t countB = GetSome(files, second.handle, at, blockB);
+    if (countA != countB ||
+        !std::equal(blockA.begin(), blockA.begin() + static_cast<std::ptrdiff_t>(countA), blockB.begin())) {
+      return false;
+    }
+    if (countA < blockA.size()) return true;
+  }
+}
+
+std::string FreeOldName(const std::string& base) {
+  std::string name = base + ".old";
+  for (int number = 2; FileExists(std::string(name)); ++number) name = base + ".old" + std::to_string(number);
+  return name;
+}
+
+void EraseLeftovers(Files& files, const std::string& folder) {
+  const auto items = platform::ListNative(folder);
+  if (!items) return;
+  for (const platform::FileFacts& item : *items) {
+    if (!item.folder && item.name.ends_with(besideSuffix)) EraseFile(files, folder + item.name);
+  }
+}
+
+}  // namespace oravin

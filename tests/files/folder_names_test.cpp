@@ -1,0 +1,55 @@
+#include "files/folder_names.h"
+
+#include <gtest/gtest.h>
+
+#include "support/file_marks.h"
+#include "support/temporary_folder.h"
+
+namespace oravin {
+namespace {
+
+TEST(FolderNames, FindsFilesWithoutRegardToCase) {
+  const test::TemporaryFolder folder;
+  test::WriteFileAt(folder.Native("Model.SHP"), "abc");
+  test::WriteFileAt(folder.Native("empty"), "");
+  const FolderNames names = NamesIn(folder.windows);
+  ASSERT_NE(FindIn(names, "MODEL.shp"), nullptr);
+  EXPECT_EQ(FindIn(names, "MODEL.shp")->spelling, "Model.SHP");
+  EXPECT_EQ(FindIn(names, "MODEL.shp")->length, 3U);
+  EXPECT_EQ(LengthIn(names, "model.shp"), 3U);
+  ASSERT_NE(FindIn(names, "EMPTY"), nullptr);
+  EXPECT_EQ(LengthIn(names, "EMPTY"), 0U);
+}
+
+TEST(FolderNames, AFileThatIsNotThereIsNotFound) {
+  const test::TemporaryFolder folder;
+  test::WriteFileAt(folder.Native("a"), "abc");
+  const FolderNames names = NamesIn(folder.windows);
+  EXPECT_EQ(FindIn(names, "b"), nullptr);
+  EXPECT_EQ(LengthIn(names, "b"), 0U);
+}
+
+TEST(FolderNames, FoldersDoNotCount) {
+  const test::TemporaryFolder folder;
+  test::MakeFolderAt(folder.Native("sub"));
+  EXPECT_TRUE(NamesIn(folder.windows).items.empty());
+}
+
+TEST(FolderNames, HiddenAndSystemFilesDoNotCount) {
+  const test::TemporaryFolder folder;
+  test::WriteFileAt(folder.Native("hidden"), "x");
+  test::WriteFileAt(folder.Native("system"), "x");
+  if (!test::SetDosAttributes(folder.Native("hidden"), test::hiddenMark)) {
+    GTEST_SKIP() << "the file system of the temporary folder keeps no extended attributes";
+  }
+  test::SetDosAttributes(folder.Native("system"), test::systemMark);
+  EXPECT_TRUE(NamesIn(folder.windows).items.empty());
+}
+
+TEST(FolderNames, AMissingFolderHasNoFiles) {
+  const test::TemporaryFolder folder;
+  EXPECT_TRUE(NamesIn(folder.Windows("missing/")).items.empty());
+}
+
+}  // namespace
+}  // namespace oravin
