@@ -64,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fuzz::Require(IsArchiveOpen(tab) == (here.boxes == 0), "what is not opened is told in a box");
   if (!IsArchiveOpen(tab)) return 0;
   cmdSelectAll_Click(tab);
-  hogList_ItemClick(here.host, tab);
+  hogList_ItemClick(tab);
 
   const Bytes archive(data, data + size);
   cmdExtract_Click(here.host, tab);
@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   here.host.desk.showForm = [&](const std::string&) { cmdSave_Click(here.host, tab, form); };
   pldHogProperties_Click(here.host, tab, form);
-  cmdCloseHog_Click(here.host, tab);
+  cmdCloseHog_Click(tab);
   fuzz::Require(fuzz::ReadInput("input.hog") == archive, "the archive stays as it is");
   return 0;
 }

@@ -7,6 +7,7 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "hog/fat_backup.h"
@@ -70,7 +71,7 @@ bool ReadArchive(Main& main, Preparation& preparation) {
 void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
   const Installation& installation = main.installation;
   for (const std::string& path : LooseFiles(installation, preparation.models)) plan.files.push_back(path);
-  const OpenedFile hog(main.host.files, installation.GamePath + "resource.hog", platform::OpenFor::reading);
+  File hog(main.host.files, installation.GamePath + "resource.hog", OpenFor::reading);
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   for (const ListedShip& ship : preparation.list) {
     const std::string model = Trim(ship.file);
@@ -78,7 +79,7 @@ void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
     if (ship.kind == importedKind) {
       NeedRoom(plan, installation.GamePath, FileLength(installation.ProgramPath + addOnShipsFolder + model));
     } else if (const auto entry = FindModel(model, preparation.live, backup)) {
-      NeedRoom(plan, installation.GamePath, UnpackedSize(main.host.files, hog.handle, entry->Size, entry->Offset));
+      NeedRoom(plan, installation.GamePath, UnpackedSize(hog, entry->Size, entry->Offset));
     }
   }
 }

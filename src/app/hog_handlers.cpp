@@ -28,19 +28,19 @@ void DoInHog(Main& main) {
 template <OnHogTab action>
 void DoAndLookInHog(Main& main) {
   action(main.hog);
-  hogList_ItemClick(main.host, main.hog);
+  hogList_ItemClick(main.hog);
 }
 
 void EditSelected(Main& main) { pldHogProperties_Click(main.host, main.hog, main.FAT_Editor); }
 
 void Save(Main& main) {
   cmdSave_Click(main.host, main.hog, main.FAT_Editor);
-  hogList_ItemClick(main.host, main.hog);
+  hogList_ItemClick(main.hog);
 }
 
 void Paste(Main& main) {
   pldHogPaste_Click(main.host, main.hog);
-  hogList_ItemClick(main.host, main.hog);
+  hogList_ItemClick(main.hog);
 }
 
 void Cancel(Main& main) { cmdCancel_Click(main.FAT_Editor); }

@@ -26,8 +26,7 @@ Main::~Main() {
 }
 
 void CloseOpenFiles(Main& main) {
-  if (main.hog.cmdCloseHog.enabled) cmdCloseHog_Click(main.host, main.hog);
-  CloseAll(main.host.files);
+  if (main.hog.cmdCloseHog.enabled) cmdCloseHog_Click(main.hog);
 }
 
 SwapDesk SwapDeskOf(Main& main) {

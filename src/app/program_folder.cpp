@@ -4,6 +4,7 @@
 #include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
+#include "platform/file_system.h"
 
 namespace oravin {
 

@@ -9,6 +9,7 @@
 #include "files/path.h"
 #include "files/whole_file.h"
 #include "hog/unpack.h"
+#include "platform/file_system.h"
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/kept_models.h"
@@ -91,9 +92,9 @@ void KeepDefaults(Host& host, const Installation& installation) {
   // Where the backup cannot be read, the current file is no substitute: changed statistics would become the defaults.
   const std::string source = FileExists(std::string(kept)) ? kept : current;
   Trap(host, "BackupShipStats", [&] {
-    WriteBeside(host.files, defaults, [&](int handle) {
-      CopyInto(host.files, source, handle);
-      PutAddOnBlocks(host, installation, handle);
+    WriteBeside(host.files, defaults, [&](File& file) {
+      CopyInto(file, source);
+      PutAddOnBlocks(host, installation, file);
     });
   });
 }

@@ -2,6 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "catalogue/catalogue.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
@@ -14,8 +15,8 @@ namespace oravin {
 namespace {
 
 std::uint64_t ArchiveCount(Files& files, const std::string& path) {
-  const OpenedFile hog(files, path, platform::OpenFor::reading);
-  return ReadLongBE(files, hogCountOffset, hog.handle);
+  File hog(files, path, OpenFor::reading);
+  return ReadLongBE(hog, hogCountOffset);
 }
 
 template <typename Count>

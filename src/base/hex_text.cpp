@@ -18,13 +18,6 @@ int NibbleOf(char c) {
 
 }  // namespace
 
-std::size_t StrToByteArray(const std::string& text, Bytes& bytes) {
-  const std::string trimmed = Trim(text);
-  bytes = BytesOf(trimmed);
-  if (bytes.empty()) bytes.push_back(0);
-  return trimmed.size();
-}
-
 bool HexToByteArray(std::string& text, std::array<std::uint8_t, 4>& bytes) {
   text = UpperCase(Trim(text));
   bytes.fill(0);
@@ -54,16 +47,6 @@ std::array<std::uint8_t, 4> DecToByteArray(std::uint64_t number) {
   HexToByteArray(hex, bytes);
   std::reverse(bytes.begin(), bytes.end());
   return bytes;
-}
-
-std::int64_t ShiftRight(std::int64_t value, int count) {
-  for (int i = 0; i < count; ++i) value /= 2;
-  return value;
-}
-
-std::int64_t ShiftLeft(std::int64_t value, int count) {
-  for (int i = 0; i < count; ++i) value *= 2;
-  return value;
 }
 
 }  // namespace oravin

@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 
@@ -14,13 +15,13 @@ namespace {
 constexpr std::uint64_t mostShips = 32767;
 
 Ships ReadShips(Files& files, const std::string& path) {
-  const OpenedFile file(files, path, platform::OpenFor::reading);
-  const std::uint64_t records = LengthOf(files, file.handle) / shipRecordSize;
+  File file(files, path, OpenFor::reading);
+  const std::uint64_t records = file.length / shipRecordSize;
   if (records >= mostShips) throw RunTimeError("could not read", path, "it is too large to be a ship catalogue");
   Ships ships(static_cast<std::size_t>(records) + 1);  // the surplus element is meant: see the header
   Bytes slot(shipRecordSize);
   for (std::size_t i = 0; i < records; ++i) {
-    Get(files, file.handle, i * shipRecordSize, slot);
+    Get(file, i * shipRecordSize, slot);
     const auto ship = RecordFrom(slot);
     if (!ship) throw RunTimeError("could not read", path, "record " + std::to_string(i + 1) + " is damaged");
     ships[i] = *ship;
@@ -59,12 +60,12 @@ void MarkSecondParts(Ships& ships) {
 void PutShipRecord(Files& files, const std::string& programPath, const Ships& ships, std::size_t index) {
   const std::string path = programPath + catalogueName;
   const Bytes slot = SlotIn(path, ships.at(index));
-  const OpenedFile file(files, path, platform::OpenFor::changing);
+  File file(files, path, OpenFor::changing);
   const std::uint64_t at = index * shipRecordSize;
-  if (at + shipRecordSize > LengthOf(files, file.handle)) {
+  if (at + shipRecordSize > file.length) {
     throw RunTimeError("could not write", path, "it has no record " + std::to_string(index + 1));
   }
-  Put(files, file.handle, at, slot);
+  Put(file, at, slot);
 }
 
 Bytes CatalogueOf(const std::string& programPath, std::span<const ShipRecord> records) {

@@ -10,9 +10,9 @@ namespace oravin {
 
 namespace {
 
-const char* KindOf(Files& files, const HogEntry& entry) {
-  if (!WhyNotInside(files, entry).empty()) return "damaged";
-  return IsCompressed(files, entry) ? "packed" : "stored";
+const char* KindOf(File& hog, const HogEntry& entry) {
+  if (!WhyNotInside(hog, entry).empty()) return "damaged";
+  return IsCompressed(hog, entry) ? "packed" : "stored";
 }
 
 }  // namespace
@@ -23,7 +23,7 @@ Json JsonOf(Main& main, const HogEntry& entry) {
           {"size", entry.Size},
           {"fatPosition", entry.FatPos},
           {"extension", ToUtf8(ExtensionOf(entry.Name))},
-          {"kind", KindOf(main.host.files, entry)}};
+          {"kind", KindOf(main.hog.archive.file, entry)}};
 }
 
 Json HogJson(Main& main) {
@@ -36,7 +36,7 @@ std::string HogTable(Main& main) {
   std::vector<std::vector<std::string>> rows;
   for (const HogEntry& entry : main.hog.archive.entries) {
     rows.push_back({entry.Name, DecToHex(entry.Offset), DecToHex(entry.Size), DecToHex(entry.FatPos),
-                    ExtensionOf(entry.Name), KindOf(main.host.files, entry)});
+                    ExtensionOf(entry.Name), KindOf(main.hog.archive.file, entry)});
   }
   return TextTable({{"Name"}, {"Offset", true}, {"Size", true}, {"FAT position", true}, {"Ext."}, {"Stored as"}}, rows);
 }

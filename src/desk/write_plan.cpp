@@ -1,5 +1,7 @@
 #include "desk/write_plan.h"
 
+#include "platform/file_system.h"
+
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/write_help.h"

@@ -5,6 +5,7 @@
 #include "base/run_time_error.h"
 #include "files/look_up.h"
 #include "files/path.h"
+#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -12,26 +13,26 @@ namespace {
 
 constexpr std::size_t blockSize = std::size_t{1} << 20;
 
-using platform::OpenFor;
+using Kind = FileOperation::Kind;
 
 }  // namespace
 
 Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most) {
-  const OpenedFile file(files, path, OpenFor::reading);
-  const std::uint64_t length = LengthOf(files, file.handle);
+  File file(files, path, OpenFor::reading);
+  const std::uint64_t length = file.length;
   if (length > most) throw RunTimeError("could not read", path, "it is too large to be right");
   Bytes bytes(static_cast<std::size_t>(length));
-  Get(files, file.handle, 0, bytes);
+  Get(file, 0, bytes);
   return bytes;
 }
 
-void WriteBeside(Files& files, const std::string& path, const std::function<void(int handle)>& write) {
+void WriteBeside(Files& files, const std::string& path, const std::function<void(File& file)>& write) {
   const std::string beside = path + besideSuffix;
   try {
     {
-      const OpenedFile file(files, beside, OpenFor::replacing);
-      write(file.handle);
-      Flush(files, file.handle);
+      File file(files, beside, OpenFor::replacing);
+      write(file);
+      Flush(file);
     }
     RenameOver(files, beside, path);
   } catch (const RunTimeError&) {
@@ -41,11 +42,11 @@ void WriteBeside(Files& files, const std::string& path, const std::function<void
 }
 
 void AddWhole(Files& files, WholeFiles& together, const std::string& path,
-              const std::function<void(int handle)>& write) {
+              const std::function<void(File& file)>& write) {
   const std::string beside = path + besideSuffix;
   try {
-    const OpenedFile file(files, beside, OpenFor::replacing);
-    write(file.handle);
+    File file(files, beside, OpenFor::replacing);
+    write(file);
   } catch (const RunTimeError&) {
     platform::EraseNative(beside);
     throw;
@@ -53,11 +54,11 @@ void AddWhole(Files& files, WholeFiles& together, const std::string& path,
   together.paths.push_back(path);
 }
 
-void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(int handle)>& write) {
+void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(File& file)>& write) {
   const std::string folder = ParentFolder(std::string(path));
   try {
-    const OpenedFile file(files, folder, path.substr(folder.size()) + besideSuffix);
-    write(file.handle);
+    File file(files, folder, path.substr(folder.size()) + besideSuffix);
+    write(file);
   } catch (const RunTimeError&) {
     platform::EraseNative(path + besideSuffix);
     throw;
@@ -70,8 +71,8 @@ void CommitWhole(Files& files, WholeFiles& together) {
   if (together.paths.empty()) return;
   std::vector<std::string> besides;
   for (const std::string& path : together.paths) besides.push_back(path + besideSuffix);
-  DoOrThrow(files, FileOperation::Kind::flush, together.paths.front(), "could not write",
-            [&] { return platform::FlushMany(besides); });
+  Perform(files, {Kind::flush, together.paths.front()}, "could not write",
+          [&] { return platform::FlushMany(besides); });
   for (std::size_t i = 0; i < besides.size(); ++i) {
     const std::string& path = together.paths[i];
     if (together.spelled.contains(path)) {
@@ -93,59 +94,57 @@ void DropWhole(WholeFiles& together, std::size_t keep) {
 }
 
 void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes) {
-  WriteBeside(files, path, [&](int handle) { Put(files, handle, 0, bytes); });
+  WriteBeside(files, path, [&](File& file) { Put(file, 0, bytes); });
 }
 
-void CopyBytes(Files& files, int from, std::uint64_t fromOffset, int to, std::uint64_t toOffset, std::uint64_t count) {
+void CopyBytes(File& from, std::uint64_t fromOffset, File& to, std::uint64_t toOffset, std::uint64_t count) {
   Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(count, blockSize)));
   for (std::uint64_t done = 0; done < count; done += block.size()) {
     const std::span piece(block.data(), static_cast<std::size_t>(std::min<std::uint64_t>(block.size(), count - done)));
-    Get(files, from, fromOffset + done, piece);
-    Put(files, to, toOffset + done, piece);
-    StartFlush(files, to, toOffset + done, piece.size());
+    Get(from, fromOffset + done, piece);
+    Put(to, toOffset + done, piece);
+    StartFlush(to, toOffset + done, piece.size());
   }
 }
 
-void CopyInto(Files& files, const std::string& from, int to) {
-  const OpenedFile source(files, from, OpenFor::reading);
-  CopyBytes(files, source.handle, 0, to, 0, LengthOf(files, source.handle));
+void CopyInto(File& to, const std::string& from) {
+  File source(*to.files, from, OpenFor::reading);
+  CopyBytes(source, 0, to, 0, source.length);
 }
 
 void CopyWhole(Files& files, const std::string& from, const std::string& to) {
   // The source is opened first: a missing one makes no file beside.
-  const OpenedFile source(files, from, OpenFor::reading);
-  WriteBeside(files, to,
-              [&](int handle) { CopyBytes(files, source.handle, 0, handle, 0, LengthOf(files, source.handle)); });
+  File source(files, from, OpenFor::reading);
+  WriteBeside(files, to, [&](File& file) { CopyBytes(source, 0, file, 0, source.length); });
 }
 
 void EraseFile(Files& files, const std::string& path) {
-  DoOrThrow(files, FileOperation::Kind::erase, path, "could not delete", [&] { return platform::EraseNative(path); });
+  Perform(files, {Kind::erase, path}, "could not delete", [&] { return platform::EraseNative(path); });
 }
 
 void RenameOver(Files& files, const std::string& from, const std::string& to) {
-  DoOrThrow(files, FileOperation::Kind::rename, to, "could not write",
-            [&] { return platform::RenameNative(from, to); });
+  Perform(files, {Kind::rename, from, to}, "could not write", [&] { return platform::RenameNative(from, to); });
 }
 
 void RenameSpelled(Files& files, const std::string& folder, const std::string& from, const std::string& to) {
-  DoOrThrow(files, FileOperation::Kind::rename, folder + to, "could not write",
-            [&] { return platform::RenameSpelledNative(folder, from, to); });
+  Perform(files, {Kind::rename, folder + from, folder + to}, "could not write",
+          [&] { return platform::RenameSpelledNative(folder, from, to); });
 }
 
 void MakeFolder(Files& files, const std::string& path) {
-  DoOrThrow(files, FileOperation::Kind::makeFolder, path, "could not make the folder",
-            [&] { return platform::MakeFolderNative(path); });
+  Perform(files, {Kind::makeFolder, path}, "could not make the folder",
+          [&] { return platform::MakeFolderNative(path); });
 }
 
 bool SameContent(Files& files, const std::string& a, const std::string& b) {
   if (!FileExists(std::string(a)) || !FileExists(std::string(b)) || FileLength(a) != FileLength(b)) return false;
-  const OpenedFile first(files, a, OpenFor::reading);
-  const OpenedFile second(files, b, OpenFor::reading);
+  File first(files, a, OpenFor::reading);
+  File second(files, b, OpenFor::reading);
   Bytes blockA(blockSize / 4);
   Bytes blockB(blockSize / 4);
   for (std::uint64_t at = 0;; at += blockA.size()) {
-    const std::size_t countA = GetSome(files, first.handle, at, blockA);
-    const std::size_t countB = GetSome(files, second.handle, at, blockB);
+    const std::size_t countA = GetSome(first, at, blockA);
+    const std::size_t countB = GetSome(second, at, blockB);
     if (countA != countB ||
         !std::equal(blockA.begin(), blockA.begin() + static_cast<std::ptrdiff_t>(countA), blockB.begin())) {
       return false;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/bytes.h"
-#include "files/files.h"
+#include "files/file.h"
 
 /// Files as a whole. A file that is written whole is written beside itself first, flushed to the disk and then renamed
 /// over the old one: there is no moment without it. Every failure is a RunTimeError.
@@ -26,8 +26,8 @@ Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most);
 /// Writes a whole file.
 void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// Writes a whole file, piece by piece: `write` is given the handle of the file beside and puts the pieces into it.
-void WriteBeside(Files& files, const std::string& path, const std::function<void(int handle)>& write);
+/// Writes a whole file, piece by piece: `write` puts the pieces into the temporary file it is given.
+void WriteBeside(Files& files, const std::string& path, const std::function<void(File& file)>& write);
 
 /// Several files that are written whole together: they are flushed in one go and only then take their names.
 struct WholeFiles {
@@ -37,11 +37,11 @@ struct WholeFiles {
 
 /// Writes one more of them beside its name.
 void AddWhole(Files& files, WholeFiles& together, const std::string& path,
-              const std::function<void(int handle)>& write);
+              const std::function<void(File& file)>& write);
 
 /// The same for a file of which the caller knows that its folder has none of that name, in whatever spelling. Nobody
 /// looks for one, so that it does not matter how full the folder is.
-void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(int handle)>& write);
+void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(File& file)>& write);
 
 /// Flushes them and renames each over the old file of its name.
 void CommitWhole(Files& files, WholeFiles& together);
@@ -51,10 +51,10 @@ void DropWhole(WholeFiles& together, std::size_t keep);
 
 /// Copies bytes from one open file to another, in blocks. The system begins to bring them to the disk while the rest is
 /// being copied.
-void CopyBytes(Files& files, int from, std::uint64_t fromOffset, int to, std::uint64_t toOffset, std::uint64_t count);
+void CopyBytes(File& from, std::uint64_t fromOffset, File& to, std::uint64_t toOffset, std::uint64_t count);
 
 /// Puts the content of a whole file into an open one, from its beginning on.
-void CopyInto(Files& files, const std::string& from, int to);
+void CopyInto(File& to, const std::string& from);
 
 /// Copies a whole file, in blocks.
 void CopyWhole(Files& files, const std::string& from, const std::string& to);

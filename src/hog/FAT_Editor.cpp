@@ -8,6 +8,7 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 
 namespace oravin {
@@ -37,21 +38,21 @@ Number BigEndian(std::uint32_t value) {
 }
 
 /// The entry as the file has it now.
-HogEntry ReadBack(Files& files, const HogEntry& known) {
+HogEntry ReadBack(File& hog, const HogEntry& known) {
   HogEntry entry;
   entry.FatPos = known.FatPos;
-  entry.Offset = ReadLongBE(files, entry.FatPos, hogHandle);
-  entry.Size = ReadLongBE(files, std::uint64_t{entry.FatPos} + 4, hogHandle);
+  entry.Offset = ReadLongBE(hog, entry.FatPos);
+  entry.Size = ReadLongBE(hog, std::uint64_t{entry.FatPos} + 4);
   Bytes name(known.Name.size() + 1);
-  Get(files, hogHandle, std::uint64_t{entry.FatPos} + hogNameInEntry, name);
+  Get(hog, std::uint64_t{entry.FatPos} + hogNameInEntry, name);
   entry.Name = TextOf(name);
   entry.Name.resize(std::min(entry.Name.find('\0'), known.Name.size()));
   return entry;
 }
 
 /// True when the table still has what was read from it: else the place may belong to another entry by now.
-bool IsAsRead(Host& host, const HogTab& tab, const HogEntry& entry) {
-  if (ReadBack(host.files, entry) == entry) return true;
+bool IsAsRead(Host& host, HogTab& tab, const HogEntry& entry) {
+  if (ReadBack(tab.archive.file, entry) == entry) return true;
   Refuse(host, "Another program has changed the table of " + Presentable(tab.archive.path) +
                    "\nsince it was opened. Open the archive again. Changes not saved");
   return false;
@@ -64,13 +65,14 @@ bool SaveEntry(Host& host, HogTab& tab, std::size_t index, const Change& change,
   Trap(host, procedure, [&] {
     HogEntry& entry = tab.archive.entries.at(index);
     if (!IsAsRead(host, tab, entry)) return;
+    File& hog = tab.archive.file;
     const std::uint64_t at = entry.FatPos;
-    Put(host.files, hogHandle, at, change.offset);
-    Put(host.files, hogHandle, at + 4, change.size);
+    Put(hog, at, change.offset);
+    Put(hog, at + 4, change.size);
     // The old zero byte behind the name stays in its place.
-    if (!change.name.empty()) Put(host.files, hogHandle, at + hogNameInEntry, BytesOf(change.name));
-    Flush(host.files, hogHandle);
-    entry = ReadBack(host.files, entry);
+    if (!change.name.empty()) Put(hog, at + hogNameInEntry, BytesOf(change.name));
+    Flush(hog);
+    entry = ReadBack(tab.archive.file, entry);
     saved = true;
   });
   ++tab.hogList.revision;

@@ -8,14 +8,13 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr std::size_t firstBlock = 65536;
 constexpr std::size_t largestReserve = 65536;
@@ -29,8 +28,7 @@ constexpr std::size_t longName = std::size_t{1} << 20;
 
 /// The table's bytes as they come from the file, block by block.
 struct TableBlocks {
-  Files& files;
-  int handle;
+  File& file;
   std::uint64_t blockAt = hogTableOffset;  ///< the file offset of the block's first byte
   Bytes block = {};
   std::size_t at = 0;  ///< the next byte in the block that has not been taken
@@ -44,16 +42,16 @@ bool ReadOn(TableBlocks& table) {
   const std::size_t kept = table.block.size();
   table.block.resize(kept + std::max(firstBlock, kept));  // a name without an end doubles the block, to the file's end
   const std::span<std::uint8_t> fresh(table.block.data() + kept, table.block.size() - kept);
-  const std::size_t count = GetSome(table.files, table.handle, table.blockAt + kept, fresh);
+  const std::size_t count = GetSome(table.file, table.blockAt + kept, fresh);
   table.block.resize(kept + count);
   return count > 0;
 }
 
 /// True when a zero byte stands anywhere behind the block: looked for without keeping what lies before it.
-bool ZeroAhead(const TableBlocks& table) {
+bool ZeroAhead(TableBlocks& table) {
   Bytes block(firstBlock);
   for (std::uint64_t at = table.blockAt + table.block.size();; at += block.size()) {
-    const std::size_t count = GetSome(table.files, table.handle, at, block);
+    const std::size_t count = GetSome(table.file, at, block);
     if (std::memchr(block.data(), 0, count) != nullptr) return true;
     if (count < block.size()) return false;
   }
@@ -93,32 +91,32 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
 
 std::uint32_t RepairCount(Host& host, const std::string& path) {
   Show(host, "Error in resource.hog - Hog says number of items = 0 - attempting to correct", Icon::exclamation);
-  const OpenedFile file(host.files, path, OpenFor::changing);
+  File file(host.files, path, OpenFor::changing);
   // Little-endian, although the count is read big-endian: meant, see the header.
-  Put(host.files, file.handle, hogCountOffset, DecToByteArray(repairedHogCount));
+  Put(file, hogCountOffset, DecToByteArray(repairedHogCount));
   return repairedHogCount;
 }
 
 std::vector<HogEntry> ReadTable(Host& host, const std::string& path, bool& repaired) {
-  const OpenedFile file(host.files, path, OpenFor::reading);
-  std::uint32_t count = ReadLongBE(host.files, hogCountOffset, file.handle);
+  File file(host.files, path, OpenFor::reading);
+  std::uint32_t count = ReadLongBE(file, hogCountOffset);
   if (count == 0) {
     count = RepairCount(host, path);
     repaired = true;
   }
-  return ReadHogTable(host.files, file.handle, path, count);
+  return ReadHogTable(file, path, count);
 }
 
 }  // namespace
 
-std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count) {
-  if (hogTableOffset + count * smallestHogEntry > LengthOf(files, handle)) {
+std::vector<HogEntry> ReadHogTable(File& file, const std::string& path, std::uint32_t count) {
+  if (hogTableOffset + count * smallestHogEntry > file.length) {
     throw RunTimeError("could not read", path,
                        "it says that it holds " + Grouped(count) + " files, more than it has room for");
   }
   std::vector<HogEntry> entries;
   entries.reserve(std::min<std::size_t>(count, largestReserve));
-  TableBlocks table{files, handle};
+  TableBlocks table{file};
   for (std::uint32_t i = 0; i < count; ++i) entries.push_back(TakeEntry(table, path));
   return entries;
 }
@@ -131,9 +129,9 @@ int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries,
   return static_cast<int>(entries.size());
 }
 
-bool IsBIGF(Files& files) {
+bool IsBIGF(File& file) {
   std::array<std::uint8_t, 4> magic{};
-  return GetSome(files, hogHandle, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
+  return GetSome(file, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
 }
 
 int FindHogEntry(const std::vector<HogEntry>& entries, int count, const std::string& name) {

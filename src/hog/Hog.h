@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "desk/host.h"
+#include "files/file.h"
 
 /// The game's archive, `resource.hog`. Numbers are big-endian and unsigned.
 ///
@@ -36,9 +37,6 @@ inline constexpr std::uint64_t longestHogTable = std::uint64_t{1} << 25;
 /// What a damaged count of 0 is repaired to: the number of entries of the game's archive.
 inline constexpr std::uint32_t repairedHogCount = 967;
 
-/// The handle under which the archive browser keeps its archive open.
-inline constexpr int hogHandle = 1;
-
 struct HogEntry {
   std::string Name;
   std::uint32_t Size = 0;
@@ -63,10 +61,10 @@ int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries,
 /// @param path the archive's, for the error
 /// @throws RunTimeError when the file has no room for that many entries, ends in the middle of one, or their table is
 ///   longer than longestHogTable
-std::vector<HogEntry> ReadHogTable(Files& files, int handle, const std::string& path, std::uint32_t count);
+std::vector<HogEntry> ReadHogTable(File& file, const std::string& path, std::uint32_t count);
 
-/// True when the file on handle 1 begins with "BIGF", in capitals.
-bool IsBIGF(Files& files);
+/// True when the file begins with "BIGF", in capitals.
+bool IsBIGF(File& file);
 
 /// The index of the first entry of that name, without blanks at the ends and without regard to case; -1 without one.
 int FindHogEntry(const std::vector<HogEntry>& entries, int count, const std::string& name);

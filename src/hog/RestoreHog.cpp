@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -11,8 +12,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr const char* procedure = "RestoreHog";
 
@@ -43,14 +42,14 @@ std::string SpellingOf(const HogTable& backup, const std::string& model, std::ui
   return model;
 }
 
-bool RestoreStock(Host& host, int hog, const std::string& shipsFolder, const ShipRecord& ship, const HogTable& backup,
+bool RestoreStock(Host& host, File& hog, const std::string& shipsFolder, const ShipRecord& ship, const HogTable& backup,
                   std::vector<std::string>& passedOver) {
   const std::string model = ModelOf(ship);
   const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
   bool named = true;
   if (fatPos != 0) {
     named = Trap(host, procedure, [&] {
-      if (PutNameBack(host.files, hog, fatPos, model, SpellingOf(backup, model, fatPos))) return;
+      if (PutNameBack(hog, fatPos, model, SpellingOf(backup, model, fatPos))) return;
       passedOver.push_back(model);
     });
   }
@@ -78,14 +77,14 @@ bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder,
   std::vector<std::string> passedOver;
   bool all = true;
   const bool through = Trap(host, procedure, [&] {
-    const OpenedFile hog(host.files, hogPath, OpenFor::changing);
+    File hog(host.files, hogPath, OpenFor::changing);
     bool asked = false;
     for (std::size_t i = 0; i < ships.size(); ++i) {
       const ShipRecord& ship = ships[i];
       if (IsInert(ship)) continue;
       ShowProgress(host, "Restoring " + ModelOf(ship), static_cast<int>(i), static_cast<int>(ships.size()));
       if (!ship.Imported) {
-        all = RestoreStock(host, hog.handle, shipsFolder, ship, backup, passedOver) && all;
+        all = RestoreStock(host, hog, shipsFolder, ship, backup, passedOver) && all;
       } else if (FileExists(addOnFolder + ModelOf(ship))) {
         all = EraseAddOn(host, shipsFolder, addOnFolder, ModelOf(ship)) && all;
       } else {
@@ -95,7 +94,7 @@ bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder,
         all = EraseModelAndBackup(host, shipsFolder, ModelOf(ship), ".bak") && all;
       }
     }
-    Flush(host.files, hog.handle);
+    Flush(hog);
   });
   EndProgress(host);
   NamePassedOver(host, passedOver);
@@ -109,16 +108,16 @@ bool RestoreHogByBackup(Host& host, std::string hogPath, const std::string& ship
   }
   bool all = true;
   const bool through = Trap(host, procedure, [&] {
-    const OpenedFile hog(host.files, hogPath, OpenFor::changing);
+    File hog(host.files, hogPath, OpenFor::changing);
     for (const HogEntry& entry : backup.entries) {
-      if (!IsPlainFileName(entry.Name) || !NamesDisguised(host.files, hog.handle, entry.FatPos, entry.Name)) continue;
+      if (!IsPlainFileName(entry.Name) || !NamesDisguised(hog, entry.FatPos, entry.Name)) continue;
       // The loose model goes first: as long as the name is disguised, another run knows that it is the program's own.
       const bool erased = EraseModelAndBackup(host, shipsFolder, entry.Name, ".org");
       all = erased && all;
       if (!erased) continue;
-      PutNameBack(host.files, hog.handle, entry.FatPos, entry.Name, entry.Name);
+      PutNameBack(hog, entry.FatPos, entry.Name, entry.Name);
     }
-    Flush(host.files, hog.handle);
+    Flush(hog);
   });
   return through && all;
 }

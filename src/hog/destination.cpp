@@ -6,7 +6,9 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "files/file.h"
 #include "files/whole_file.h"
+#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -104,7 +106,7 @@ std::string WhyNotExtracted(const Destination& destination, const EntryPath& ent
 }
 
 void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
-                    const std::function<void()>& write) {
+                    const std::function<void(File& file)>& write) {
   Destination::Folder* folder = &destination.folders.at("");
   std::string key;
   for (const std::string& name : entry.folders) {
@@ -114,15 +116,14 @@ void WriteExtracted(Files& files, Destination& destination, const EntryPath& ent
   const Destination::Item* old = Find(*folder, entry.file);
   const std::string name = old != nullptr ? old->spelling : entry.file;
   try {
-    OpenSpelled(files, extractedHandle, folder->path, nameBeside);
-    write();
+    File file(files, folder->path, nameBeside);
+    write(file);
     // What is not there yet cannot be lost: the archive still has it. Waiting for the disk at every file would take
     // most of the time.
-    if (old != nullptr) Flush(files, extractedHandle);
-    Close(files, extractedHandle);
+    if (old != nullptr) Flush(file);
+    Close(file);
     RenameSpelled(files, folder->path, nameBeside, name);
   } catch (...) {
-    Close(files, extractedHandle);
     platform::EraseNative(folder->path + nameBeside);
     throw;
   }

@@ -5,13 +5,10 @@
 #include <string>
 #include <unordered_map>
 
-#include "files/files.h"
+#include "files/file.h"
 #include "hog/entry_path.h"
 
 namespace oravin {
-
-/// The handle of the file that is being extracted.
-inline constexpr int extractedHandle = 2;
 
 /// A folder that files are extracted to, and the folders below it that were looked into. Each folder is listed once, so
 /// that it does not matter how many files there are.
@@ -40,9 +37,10 @@ std::string WhyNotExtracted(const Destination& destination, const EntryPath& ent
 
 /// Writes an entry's file whole: beside its name at first, which it takes when all of it is written. Makes the folders
 /// that are missing. A file that is replaced has its successor on the disk first.
-/// @param write puts the bytes into extractedHandle
+/// @param write puts the bytes into the file it is given
 /// @throws RunTimeError, or whatever `write` throws; then the file is as it was
-void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry, const std::function<void()>& write);
+void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
+                    const std::function<void(File& file)>& write);
 
 /// Deletes the file that WriteExtracted would replace, where there is one, and nothing else. Folders that are missing
 /// are not made.

@@ -1,6 +1,7 @@
 #include "hog/disguise.h"
 
 #include "base/text.h"
+#include "files/file.h"
 #include "hog/Hog.h"
 
 namespace oravin {
@@ -10,11 +11,10 @@ namespace {
 constexpr std::string_view mark = "S47";
 
 /// The name's characters at a table position, as many as the model has; empty when no zero byte ends them there.
-std::string NameAt(Files& files, int handle, std::uint32_t fatPos, std::size_t length) {
+std::string NameAt(File& file, std::uint32_t fatPos, std::size_t length) {
   if (fatPos < hogTableOffset) return {};
   Bytes bytes(length + 1);
-  if (GetSome(files, handle, std::uint64_t{fatPos} + hogNameInEntry, bytes) != bytes.size() || bytes.back() != 0)
-    return {};
+  if (GetSome(file, std::uint64_t{fatPos} + hogNameInEntry, bytes) != bytes.size() || bytes.back() != 0) return {};
   bytes.pop_back();
   return TextOf(bytes);
 }
@@ -27,26 +27,25 @@ std::string Disguised(const std::string& model) {
   return name;
 }
 
-bool NamesModel(Files& files, int handle, std::uint32_t fatPos, const std::string& model) {
-  const std::string name = UpperCase(NameAt(files, handle, fatPos, model.size()));
+bool NamesModel(File& file, std::uint32_t fatPos, const std::string& model) {
+  const std::string name = UpperCase(NameAt(file, fatPos, model.size()));
   return !name.empty() && (name == UpperCase(model) || name == UpperCase(Disguised(model)));
 }
 
-bool NamesDisguised(Files& files, int handle, std::uint32_t fatPos, const std::string& model) {
-  const std::string name = UpperCase(NameAt(files, handle, fatPos, model.size()));
+bool NamesDisguised(File& file, std::uint32_t fatPos, const std::string& model) {
+  const std::string name = UpperCase(NameAt(file, fatPos, model.size()));
   return !name.empty() && name != UpperCase(model) && name == UpperCase(Disguised(model));
 }
 
-bool DisguiseName(Files& files, int handle, std::uint32_t fatPos, const std::string& model) {
-  if (Disguised(model) == model || !NamesModel(files, handle, fatPos, model)) return false;
-  Put(files, handle, std::uint64_t{fatPos} + hogNameInEntry, BytesOf(Disguised(model)));
+bool DisguiseName(File& file, std::uint32_t fatPos, const std::string& model) {
+  if (Disguised(model) == model || !NamesModel(file, fatPos, model)) return false;
+  Put(file, std::uint64_t{fatPos} + hogNameInEntry, BytesOf(Disguised(model)));
   return true;
 }
 
-bool PutNameBack(Files& files, int handle, std::uint32_t fatPos, const std::string& model,
-                 const std::string& spelling) {
-  if (spelling.size() != model.size() || !NamesModel(files, handle, fatPos, model)) return false;
-  Put(files, handle, std::uint64_t{fatPos} + hogNameInEntry, BytesOf(spelling));
+bool PutNameBack(File& file, std::uint32_t fatPos, const std::string& model, const std::string& spelling) {
+  if (spelling.size() != model.size() || !NamesModel(file, fatPos, model)) return false;
+  Put(file, std::uint64_t{fatPos} + hogNameInEntry, BytesOf(spelling));
   return true;
 }
 

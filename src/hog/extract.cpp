@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/path.h"
@@ -41,35 +42,34 @@ void StopIfAsked(Host& host) {
 
 /// Reads the stored bytes of a compressed entry, as far as they can count.
 void ReadCompressed(Extraction& extraction, const HogEntry& entry) {
-  Files& files = extraction.host.files;
+  File& hog = extraction.tab.archive.file;
   constexpr std::uint64_t header = 5;
   if (entry.Size < header) throw RunTimeError("could not unpack", Presentable(entry.Name), "it is too short");
-  const std::uint64_t size = Read24BE(files, std::uint64_t{entry.Offset} + 2, hogHandle);
+  const std::uint64_t size = Read24BE(hog, std::uint64_t{entry.Offset} + 2);
   extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(entry.Size, LongestStream(size))));
-  Get(files, hogHandle, entry.Offset, extraction.block);
+  Get(hog, entry.Offset, extraction.block);
 }
 
-void PutStored(Extraction& extraction, const HogEntry& entry) {
-  Files& files = extraction.host.files;
+void PutStored(Extraction& extraction, const HogEntry& entry, File& extracted) {
   for (std::uint64_t at = 0; at < entry.Size; at += extractBlock) {
     if (at > 0) StopIfAsked(extraction.host);
     extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(extractBlock, entry.Size - at)));
-    Get(files, hogHandle, entry.Offset + at, extraction.block);
-    Put(files, extractedHandle, at, extraction.block);
+    Get(extraction.tab.archive.file, entry.Offset + at, extraction.block);
+    Put(extracted, at, extraction.block);
   }
 }
 
 void WriteStored(Extraction& extraction, const HogEntry& entry, const EntryPath& path) {
-  WriteExtracted(extraction.host.files, extraction.destination, path, [&] { PutStored(extraction, entry); });
+  WriteExtracted(extraction.host.files, extraction.destination, path,
+                 [&](File& extracted) { PutStored(extraction, entry, extracted); });
   ++extraction.files;
 }
 
 void WriteUnpacked(Extraction& extraction, const HogEntry& entry, const EntryPath& path) {
-  Files& files = extraction.host.files;
   ReadCompressed(extraction, entry);
   Decompress(extraction.block, extraction.unpacked, Presentable(entry.Name));
-  WriteExtracted(files, extraction.destination, path, [&] {
-    if (extraction.unpacked.size > 0) Put(files, extractedHandle, 0, extraction.unpacked.Span());
+  WriteExtracted(extraction.host.files, extraction.destination, path, [&](File& extracted) {
+    if (extraction.unpacked.size > 0) Put(extracted, 0, extraction.unpacked.Span());
   });
   ++extraction.files;
 }
@@ -88,16 +88,16 @@ Answer AskAboutStored(Extraction& extraction, const HogEntry& entry) {
 
 /// @return false when the person wants no more
 bool ExtractEntry(Extraction& extraction, const HogEntry& entry, std::size_t done, std::size_t total) {
-  Files& files = extraction.host.files;
+  File& hog = extraction.tab.archive.file;
   const EntryPath path = PathOfEntry(entry.Name);
   const std::string whyNot = WhyNotExtracted(extraction.destination, path);
   if (!whyNot.empty()) {
     extraction.notWritten.push_back(Presentable(entry.Name) + ": " + whyNot);
     return true;
   }
-  const std::string outside = WhyNotInside(files, entry);
+  const std::string outside = WhyNotInside(hog, entry);
   if (!outside.empty()) throw RunTimeError("could not extract", Presentable(entry.Name), outside);
-  if (extraction.way == Way::unpacked && IsCompressed(files, entry)) {
+  if (extraction.way == Way::unpacked && IsCompressed(hog, entry)) {
     Say(extraction, "Unpacking and Extracting " + Presentable(entry.Name), done, total);
     WriteUnpacked(extraction, entry, path);
     return true;
@@ -107,7 +107,7 @@ bool ExtractEntry(Extraction& extraction, const HogEntry& entry, std::size_t don
     if (answer != Answer::yes) {
       // Intentional: also a file that lay there before is deleted. Whoever declines the stored bytes must not take an
       // older file of that name for this entry.
-      EraseExtracted(files, extraction.destination, path);
+      EraseExtracted(extraction.host.files, extraction.destination, path);
       return answer == Answer::no;
     }
   }
@@ -168,12 +168,12 @@ void Extract(Host& host, HogTab& tab, Way way, const char* procedure, const char
 
 }  // namespace
 
-bool IsCompressed(Files& files, const HogEntry& entry) {
-  return entry.Size >= 2 && ReadWordBE(files, entry.Offset, hogHandle) == compressedSignature;
+bool IsCompressed(File& hog, const HogEntry& entry) {
+  return entry.Size >= 2 && ReadWordBE(hog, entry.Offset) == compressedSignature;
 }
 
-std::string WhyNotInside(Files& files, const HogEntry& entry) {
-  const bool inside = std::uint64_t{entry.Offset} + entry.Size <= LengthOf(files, hogHandle);
+std::string WhyNotInside(const File& hog, const HogEntry& entry) {
+  const bool inside = std::uint64_t{entry.Offset} + entry.Size <= hog.length;
   return inside ? std::string() : "its place in the archive lies past that file's end";
 }
 

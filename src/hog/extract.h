@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desk/host.h"
+#include "files/file.h"
 #include "hog/hog_tab.h"
 
 namespace oravin {
@@ -19,9 +20,9 @@ void cmdExtract_Click(Host& host, HogTab& tab);
 void cmdUnpackExtract_Click(Host& host, HogTab& tab);
 
 /// True when an entry's bytes begin with the signature of compressed ones.
-bool IsCompressed(Files& files, const HogEntry& entry);
+bool IsCompressed(File& hog, const HogEntry& entry);
 
-/// Tells why an entry's bytes cannot be read from the open archive: they do not lie inside it. Empty where they can.
-std::string WhyNotInside(Files& files, const HogEntry& entry);
+/// Tells why an entry's bytes cannot be read from an archive: they do not lie inside it. Empty where they can.
+std::string WhyNotInside(const File& hog, const HogEntry& entry);
 
 }  // namespace oravin

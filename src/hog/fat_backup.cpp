@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
@@ -11,36 +12,34 @@ namespace oravin {
 
 namespace {
 
-using platform::OpenFor;
-
 constexpr std::size_t backupBlock = 1U << 18U;
 
 /// H, or where it is not believable the end of the table's last entry.
-std::uint64_t BackupLength(Files& files, int hog, const std::vector<HogEntry>& entries) {
+std::uint64_t BackupLength(File& hog, const std::vector<HogEntry>& entries) {
   const std::uint64_t tableEnd = entries.empty() ? hogTableOffset : EndOf(entries.back());
-  const std::uint64_t stated = ReadLongBE(files, hogTableSizeOffset, hog);
-  return stated < hogTableOffset || stated > LengthOf(files, hog) || stated < tableEnd ? tableEnd : stated;
+  const std::uint64_t stated = ReadLongBE(hog, hogTableSizeOffset);
+  return stated < hogTableOffset || stated > hog.length || stated < tableEnd ? tableEnd : stated;
 }
 
 /// Hands out the bytes that a backup made now would hold, block by block, until `take` returns false.
 template <typename Take>
-bool EachBlock(Files& files, int hog, const HogTable& live, bool repaired, Take&& take) {
-  const std::uint64_t length = BackupLength(files, hog, live.entries);
+bool EachBlock(File& hog, const HogTable& live, bool repaired, Take&& take) {
+  const std::uint64_t length = BackupLength(hog, live.entries);
   for (std::uint64_t at = 0; at < length; at += backupBlock) {
     Bytes block(static_cast<std::size_t>(std::min<std::uint64_t>(backupBlock, length - at)));
-    Get(files, hog, at, block);
+    Get(hog, at, block);
     if (at == 0 && repaired) PutBigEndian32(&block.at(hogCountOffset), static_cast<std::uint32_t>(live.entries.size()));
     if (!take(at, block)) return false;
   }
   return true;
 }
 
-bool EqualsBackup(Files& files, int hog, const std::string& backup, const HogTable& live, bool repaired) {
-  if (FileLength(backup) != BackupLength(files, hog, live.entries)) return false;
-  const OpenedFile old(files, backup, OpenFor::reading);
-  return EachBlock(files, hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
+bool EqualsBackup(File& hog, const std::string& backup, const HogTable& live, bool repaired) {
+  if (FileLength(backup) != BackupLength(hog, live.entries)) return false;
+  File old(*hog.files, backup, OpenFor::reading);
+  return EachBlock(hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
     Bytes kept(block.size());
-    Get(files, old.handle, at, kept);
+    Get(old, at, kept);
     return kept == block;
   });
 }
@@ -51,14 +50,14 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
                    bool repaired, const std::vector<std::string>& models) {
   if (std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); })) return;
   const std::string backup = programPath + fatBackupName;
-  const OpenedFile hog(files, gamePath + "resource.hog", OpenFor::reading);
+  File hog(files, gamePath + "resource.hog", OpenFor::reading);
   if (FileExists(std::string(backup))) {
-    if (EqualsBackup(files, hog.handle, backup, live, repaired)) return;
+    if (EqualsBackup(hog, backup, live, repaired)) return;
     CopyWhole(files, backup, FreeOldName(programPath + "backup\\resource"));
   }
-  WriteBeside(files, backup, [&](int handle) {
-    EachBlock(files, hog.handle, live, repaired, [&](std::uint64_t at, const Bytes& block) {
-      Put(files, handle, at, block);
+  WriteBeside(files, backup, [&](File& file) {
+    EachBlock(hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
+      Put(file, at, block);
       return true;
     });
   });
@@ -66,8 +65,8 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
 
 std::uint64_t FatBackupSize(Files& files, const std::string& gamePath, const std::string& programPath,
                             const HogTable& live) {
-  const OpenedFile hog(files, gamePath + "resource.hog", OpenFor::reading);
-  return BackupLength(files, hog.handle, live.entries) + FileLength(programPath + fatBackupName);
+  File hog(files, gamePath + "resource.hog", OpenFor::reading);
+  return BackupLength(hog, live.entries) + FileLength(programPath + fatBackupName);
 }
 
 HogTable ReadFatBackup(Host& host, const std::string& programPath) {

@@ -5,6 +5,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "files/file.h"
 #include "hog/extract.h"
 
 namespace oravin {
@@ -23,12 +24,12 @@ std::string Hex(std::size_t value, int digits) {
 /// What is shown for a byte: printable ASCII as it is; what other bytes mean depends on the file.
 char CharacterOf(std::uint8_t byte) { return byte >= ' ' && byte < 127 ? static_cast<char>(byte) : '.'; }
 
-std::string ViewOf(Files& files, const HogEntry& entry) {
-  const std::string outside = WhyNotInside(files, entry);
+std::string ViewOf(File& hog, const HogEntry& entry) {
+  const std::string outside = WhyNotInside(hog, entry);
   if (!outside.empty()) return Presentable(entry.Name) + ": " + outside + ".";
   Bytes bytes(std::min<std::size_t>(entry.Size, firstBytesShown));
-  Get(files, hogHandle, entry.Offset, bytes);
-  const char* kind = IsCompressed(files, entry) ? ", packed" : ", stored";
+  Get(hog, entry.Offset, bytes);
+  const char* kind = IsCompressed(hog, entry) ? ", packed" : ", stored";
   return Presentable(entry.Name) + kind + "\n" + HexView(bytes);
 }
 
@@ -49,23 +50,23 @@ std::string HexView(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
-void hogList_ItemClick(Host& host, HogTab& tab) {
+void hogList_ItemClick(HogTab& tab) {
   TellSelection(tab);
   tab.txtFirstBytes.text.clear();
   const auto index = SelectedEntry(tab);
   if (!index || !tab.txtFirstBytes.shown) return;
   try {
-    tab.txtFirstBytes.text = ViewOf(host.files, tab.archive.entries.at(*index));
+    tab.txtFirstBytes.text = ViewOf(tab.archive.file, tab.archive.entries.at(*index));
   } catch (const RunTimeError& error) {
     // A look at a file is not worth a box.
     tab.txtFirstBytes.text = error.what();
   }
 }
 
-void cmdFirstBytes_Click(Host& host, HogTab& tab) {
+void cmdFirstBytes_Click(HogTab& tab) {
   tab.txtFirstBytes.shown = !tab.txtFirstBytes.shown;
   tab.cmdFirstBytes.caption = tab.txtFirstBytes.shown ? "Hide first b&ytes" : "Show first b&ytes";
-  hogList_ItemClick(host, tab);
+  hogList_ItemClick(tab);
 }
 
 }  // namespace oravin

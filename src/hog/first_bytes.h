@@ -14,10 +14,10 @@ inline constexpr std::size_t firstBytesShown = 256;
 
 /// Shows the first bytes of the first selected entry, in hexadecimal and as text, in txtFirstBytes; nothing without
 /// one, and while the view is folded away. Also brings the line about the selection up to date.
-void hogList_ItemClick(Host& host, HogTab& tab);
+void hogList_ItemClick(HogTab& tab);
 
 /// Folds the view away, or out again.
-void cmdFirstBytes_Click(Host& host, HogTab& tab);
+void cmdFirstBytes_Click(HogTab& tab);
 
 /// Bytes in lines of sixteen: their offset, each in hexadecimal, and their characters.
 std::string HexView(std::span<const std::uint8_t> bytes);

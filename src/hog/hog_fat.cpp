@@ -5,6 +5,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
@@ -14,23 +15,21 @@ namespace oravin {
 
 namespace {
 
-using platform::OpenFor;
-
 constexpr std::size_t tableBlock = std::size_t{1} << 20;
 
 /// Copies the first bytes of one open file over those of another.
-void CopyStart(Files& files, int from, int to, std::uint64_t size) {
+void CopyStart(File& from, File& to, std::uint64_t size) {
   Bytes block;
   for (std::uint64_t at = 0; at < size; at += block.size()) {
     block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(tableBlock, size - at)));
-    Get(files, from, at, block);
-    Put(files, to, at, block);
+    Get(from, at, block);
+    Put(to, at, block);
   }
 }
 
 /// True when H covers the header and lies inside the archive.
-bool CanBeRight(Files& files, std::uint32_t tableSize) {
-  return tableSize >= hogTableOffset && tableSize <= LengthOf(files, hogHandle);
+bool CanBeRight(const File& hog, std::uint32_t tableSize) {
+  return tableSize >= hogTableOffset && tableSize <= hog.length;
 }
 
 [[noreturn]] void WrongTableSize(const char* what, const std::string& path, std::uint32_t tableSize) {
@@ -41,15 +40,15 @@ bool CanBeRight(Files& files, std::uint32_t tableSize) {
 
 /// The number of bytes that a backup gives back: the H of the archive or, where that one is damaged, of the backup. The
 /// backup must be an archive's and have all of them.
-std::uint32_t SizeToRestore(Files& files, int handle, const std::string& path, const OpenArchive& archive) {
+std::uint32_t SizeToRestore(File& backup, const OpenArchive& archive) {
   std::array<std::uint8_t, 4> magic{};
-  const bool valid = GetSome(files, handle, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
-  if (!valid) throw RunTimeError("could not restore from", path, "it is no backup of an archive's table");
-  const std::uint32_t kept = ReadLongBE(files, hogTableSizeOffset, handle);
-  const std::uint32_t size = CanBeRight(files, archive.tableSize) ? archive.tableSize : kept;
-  if (!CanBeRight(files, size)) WrongTableSize("could not restore from", path, size);
-  if (LengthOf(files, handle) < size) {
-    throw RunTimeError("could not restore from", path, "it is shorter than the archive's table");
+  const bool valid = GetSome(backup, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
+  if (!valid) throw RunTimeError("could not restore from", backup.path, "it is no backup of an archive's table");
+  const std::uint32_t kept = ReadLongBE(backup, hogTableSizeOffset);
+  const std::uint32_t size = CanBeRight(archive.file, archive.tableSize) ? archive.tableSize : kept;
+  if (!CanBeRight(archive.file, size)) WrongTableSize("could not restore from", backup.path, size);
+  if (backup.length < size) {
+    throw RunTimeError("could not restore from", backup.path, "it is shorter than the archive's table");
   }
   return size;
 }
@@ -65,11 +64,10 @@ void cmdBackupFAT_Click(Host& host, HogTab& tab) {
     return;
   }
   Trap(host, "cmdBackupFAT_Click()", [&] {
-    if (!CanBeRight(host.files, tab.archive.tableSize)) {
+    if (!CanBeRight(tab.archive.file, tab.archive.tableSize)) {
       WrongTableSize("could not back up the table of", tab.archive.path, tab.archive.tableSize);
     }
-    WriteBeside(host.files, backup,
-                [&](int handle) { CopyStart(host.files, hogHandle, handle, tab.archive.tableSize); });
+    WriteBeside(host.files, backup, [&](File& file) { CopyStart(tab.archive.file, file, tab.archive.tableSize); });
     tab.lblFilePath.caption = "The table was saved as " + backup;
   });
   EnableHogControls(tab);
@@ -90,9 +88,9 @@ void cmdRestoreFAT_Click(Host& host, HogTab& tab) {
       "Hog File Allocation Table Restore", Icon::information, Buttons::okCancel};
   if (host.desk.showBox(warning) != Answer::ok) return;
   const bool restored = Trap(host, "cmdRestoreFAT_Click()", [&] {
-    const OpenedFile file(host.files, backup, OpenFor::reading);
-    CopyStart(host.files, file.handle, hogHandle, SizeToRestore(host.files, file.handle, backup, tab.archive));
-    Flush(host.files, hogHandle);
+    File file(host.files, backup, OpenFor::reading);
+    CopyStart(file, tab.archive.file, SizeToRestore(file, tab.archive));
+    Flush(tab.archive.file);
   });
   // What the list shows must be what the table holds, whatever has become of it.
   if (ReadArchive(host, tab) && restored) tab.lblFilePath.caption = "The table was restored from " + backup;

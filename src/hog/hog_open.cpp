@@ -1,19 +1,20 @@
 #include "hog/hog_open.h"
 
 #include <optional>
+#include <utility>
 
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/path.h"
+#include "platform/file_system.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr std::uint32_t mostEntries = 100000;
 
@@ -24,9 +25,8 @@ struct Header {
   std::uint32_t tableSize = 0;
 };
 
-Header HeaderOf(Files& files, int handle) {
-  return {ReadLongBE(files, hogSizeOffset, handle), ReadLongBE(files, hogCountOffset, handle),
-          ReadLongBE(files, hogTableSizeOffset, handle)};
+Header HeaderOf(File& file) {
+  return {ReadLongBE(file, hogSizeOffset), ReadLongBE(file, hogCountOffset), ReadLongBE(file, hogTableSizeOffset)};
 }
 
 bool IsDamaged(const Header& header) { return header.count == 0 || header.count > mostEntries; }
@@ -35,10 +35,10 @@ std::string InWords(const Header& header) { return "It says that it holds " + Gr
 
 /// The header that counts: the archive's own, or that of the table's backup where the archive's is damaged. Nothing
 /// when that cannot be had; then a box has been shown.
-std::optional<Header> ReadHeader(Host& host, const std::string& path) {
-  const Header own = HeaderOf(host.files, hogHandle);
+std::optional<Header> ReadHeader(Host& host, OpenArchive& archive) {
+  const Header own = HeaderOf(archive.file);
   if (!IsDamaged(own)) return own;
-  const std::string backup = FatBackupOf(path);
+  const std::string backup = FatBackupOf(archive.path);
   if (!FileExists(std::string(backup))) {
     Show(host,
          "The table of this archive is damaged. " + InWords(own) + "\nWith a backup of the table beside it, " +
@@ -46,8 +46,8 @@ std::optional<Header> ReadHeader(Host& host, const std::string& path) {
          Icon::exclamation);
     return std::nullopt;
   }
-  const OpenedFile file(host.files, backup, OpenFor::reading);
-  const Header kept = HeaderOf(host.files, file.handle);
+  File file(host.files, backup, OpenFor::reading);
+  const Header kept = HeaderOf(file);
   if (!IsDamaged(kept)) return kept;
   Show(host,
        "The table of this archive is damaged, and so is its backup,\n" + Presentable(backup) + ". " + InWords(kept) +
@@ -59,16 +59,16 @@ std::optional<Header> ReadHeader(Host& host, const std::string& path) {
 /// A size with its digits grouped. A size of 0 has no digits at all: that is how the pattern "##,###,###,###" shows it.
 std::string Formatted(std::uint32_t size) { return size == 0 ? std::string() : Grouped(size); }
 
-/// Puts an archive on handle 1, for writing where that is possible.
+/// Opens an archive, for writing where that is possible.
+/// @param file must be closed: whoever holds the archive open cannot be told apart from another program
 /// @return why it can only be read; empty where it can be written
-std::string PutOnHandle(Files& files, const std::string& path) {
+std::string OpenHog(Files& files, const std::string& path, File& file) {
   std::string whyOnlyRead = platform::WhyNotWritable(path);
-  OpenBinary(files, hogHandle, path, whyOnlyRead.empty() ? OpenFor::changing : OpenFor::reading);
+  file = File(files, path, whyOnlyRead.empty() ? OpenFor::changing : OpenFor::reading);
   return whyOnlyRead;
 }
 
-void Forget(Host& host, HogTab& tab) {
-  Close(host.files, hogHandle);
+void Forget(HogTab& tab) {
   tab.archive = {};
   tab.lblHogSize.caption.clear();
   tab.lblHogFiles.caption.clear();
@@ -78,20 +78,21 @@ void Forget(Host& host, HogTab& tab) {
   EnableHogControls(tab);
 }
 
-/// Puts the archive on handle 1 if it is one. If it is not, one that was open before is put there again, so that the
-/// list shows what is open.
-bool TakeUp(Host& host, HogTab& tab, const std::string& path, std::string& whyOnlyRead) {
-  Close(host.files, hogHandle);
+/// Opens a file if it is an archive. If it is not, the archive that was open before is opened again, so that the list
+/// shows what is open.
+bool TakeUp(Host& host, HogTab& tab, const std::string& path, OpenArchive& opened) {
+  Close(tab.archive.file);
   bool valid = false;
-  const bool opened = Trap(host, "cmdOpen_Click()", [&] {
-    whyOnlyRead = PutOnHandle(host.files, path);
-    valid = IsBIGF(host.files);
+  opened.path = path;
+  const bool done = Trap(host, "cmdOpen_Click()", [&] {
+    opened.whyOnlyRead = OpenHog(host.files, path, opened.file);
+    valid = IsBIGF(opened.file);
   });
-  if (opened && valid) return true;
-  Close(host.files, hogHandle);
-  if (opened) Show(host, "This file is not a valid SL Hog file", Icon::exclamation, "Extractor");
+  if (done && valid) return true;
+  Close(opened.file);
+  if (done) Show(host, "This file is not a valid SL Hog file", Icon::exclamation, "Extractor");
   if (!IsArchiveOpen(tab)) return false;
-  if (!Trap(host, "cmdOpen_Click()", [&] { PutOnHandle(host.files, tab.archive.path); })) Forget(host, tab);
+  if (!Trap(host, "cmdOpen_Click()", [&] { OpenHog(host.files, tab.archive.path, tab.archive.file); })) Forget(tab);
   return false;
 }
 
@@ -112,12 +113,12 @@ bool ReadArchive(Host& host, HogTab& tab) {
   OpenArchive& archive = tab.archive;
   std::optional<Header> header;
   const bool whole = Trap(host, "cmdOpen_Click()", [&] {
-    header = ReadHeader(host, archive.path);
+    header = ReadHeader(host, archive);
     if (!header) return;
-    archive.entries = ReadHogTable(host.files, hogHandle, archive.path, header->count);
+    archive.entries = ReadHogTable(archive.file, archive.path, header->count);
   });
   if (!whole || !header) {
-    Forget(host, tab);
+    Forget(tab);
     return false;
   }
   archive.size = header->size;
@@ -135,12 +136,9 @@ void cmdOpen_Click(Host& host, HogTab& tab) {
     Show(host, "File not found", Icon::exclamation, "File path error");
     return;
   }
-  const std::string path = tab.txtHogPath.text;
-  std::string whyOnlyRead;
-  if (!TakeUp(host, tab, path, whyOnlyRead)) return;
-  tab.archive = {};
-  tab.archive.path = path;
-  tab.archive.whyOnlyRead = whyOnlyRead;
+  OpenArchive opened;
+  if (!TakeUp(host, tab, tab.txtHogPath.text, opened)) return;
+  tab.archive = std::move(opened);
   tab.hogList.sorted.reset();
   tab.txtFilter.text.clear();
   tab.txtFirstBytes.text.clear();
@@ -148,10 +146,9 @@ void cmdOpen_Click(Host& host, HogTab& tab) {
   ReadArchive(host, tab);
 }
 
-void cmdCloseHog_Click(Host& host, HogTab& tab) {
-  CloseAll(host.files);
+void cmdCloseHog_Click(HogTab& tab) {
   tab.txtFilter.text.clear();
-  Forget(host, tab);
+  Forget(tab);
 }
 
 }  // namespace oravin

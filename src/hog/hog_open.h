@@ -11,7 +11,7 @@ void cmdBrowseHogPath_Click(Host& host, HogTab& tab);
 /// Asks for the folder that files are extracted to; it goes into txtHogDest, with a backslash at its end.
 void cmdBrowseHogDest_Click(Host& host, HogTab& tab);
 
-/// Opens the archive that txtHogPath names on handle 1 and lists its entries. Where it cannot be written it is opened
+/// Opens the archive that txtHogPath names and lists its entries. Where it cannot be written it is opened
 /// for reading.
 ///
 /// A count of 0 or of more than 100,000 is taken to be damaged: then size, count and table size come from the table's
@@ -21,8 +21,8 @@ void cmdBrowseHogDest_Click(Host& host, HogTab& tab);
 /// one for a damaged count without a backup, and the error trap's for a damaged table, after which none is open.
 void cmdOpen_Click(Host& host, HogTab& tab);
 
-/// Closes every open file, not the archive alone, and empties the list.
-void cmdCloseHog_Click(Host& host, HogTab& tab);
+/// Closes the archive and empties the list.
+void cmdCloseHog_Click(HogTab& tab);
 
 /// Reads the header and the table of the open archive anew and lists them.
 /// @return whether they could be read; if not, the box has been shown and no archive is open

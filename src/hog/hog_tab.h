@@ -7,12 +7,14 @@
 
 #include "desk/controls.h"
 #include "desk/host.h"
+#include "files/file.h"
 #include "hog/Hog.h"
 
 namespace oravin {
 
-/// The archive that the tab keeps open on handle 1.
+/// The archive that the tab keeps open.
 struct OpenArchive {
+  File file;                    ///< closed while none is open
   std::string path;             ///< empty while none is open
   std::string whyOnlyRead;      ///< why it cannot be written, in words; empty where it can
   std::uint32_t size = 0;       ///< in bytes, as its header says

@@ -1,5 +1,6 @@
 #include "hog/model_entry.h"
 
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "hog/disguise.h"
 
@@ -17,11 +18,10 @@ const HogEntry* OnlyNamed(const HogTable& table, const std::string& name) {
 }
 
 bool RecordHolds(Files& files, const std::string& hogPath, const ShipRecord& ship) {
-  const OpenedFile file(files, hogPath, platform::OpenFor::reading);
+  File file(files, hogPath, OpenFor::reading);
   const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
-  return NamesModel(files, file.handle, fatPos, ModelOf(ship)) &&
-         ReadLongBE(files, fatPos, file.handle) == Unsigned32(ship.HogOffset) &&
-         ReadLongBE(files, std::uint64_t{fatPos} + 4, file.handle) == Unsigned32(ship.HogSize);
+  return NamesModel(file, fatPos, ModelOf(ship)) && ReadLongBE(file, fatPos) == Unsigned32(ship.HogOffset) &&
+         ReadLongBE(file, std::uint64_t{fatPos} + 4) == Unsigned32(ship.HogSize);
 }
 
 }  // namespace

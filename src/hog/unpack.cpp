@@ -7,6 +7,7 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/path.h"
@@ -20,46 +21,44 @@ namespace oravin {
 
 namespace {
 
-using platform::OpenFor;
-
 constexpr std::uint64_t unpackBlock = 1U << 20U;
 constexpr const char* archiveName = "resource.hog";
 
 /// A compressed entry's bytes and storedExcess more, as far as they can count; zeros stand in for what lies past the
 /// archive's end.
-Bytes ReadCompressed(Files& files, int hog, std::uint32_t size, std::uint32_t offset) {
+Bytes ReadCompressed(File& hog, std::uint32_t size, std::uint32_t offset) {
   std::array<std::uint8_t, 5> header{};
-  GetSome(files, hog, offset, header);
+  GetSome(hog, offset, header);
   const std::uint64_t unpacked = BigEndian32(&header[1]) & 0xFFFFFFU;
   Bytes stored(static_cast<std::size_t>(std::min(size + storedExcess, LongestStream(unpacked))));
-  GetSome(files, hog, offset, stored);
+  GetSome(hog, offset, stored);
   return stored;
 }
 
 /// The next bytes of a stored entry; zeros stand in for what lies past the archive's end.
 /// @param at how many of its `length` bytes came before
-Bytes StoredBlock(Files& files, int hog, std::uint32_t offset, std::uint64_t at, std::uint64_t length) {
+Bytes StoredBlock(File& hog, std::uint32_t offset, std::uint64_t at, std::uint64_t length) {
   Bytes block(static_cast<std::size_t>(std::min(unpackBlock, length - at)));
-  GetSome(files, hog, offset + at, block);
+  GetSome(hog, offset + at, block);
   return block;
 }
 
-void WriteStored(Files& files, int hog, int handle, std::uint32_t size, std::uint32_t offset) {
+void WriteStored(File& hog, File& file, std::uint32_t size, std::uint32_t offset) {
   const std::uint64_t length = size + storedExcess;
   for (std::uint64_t at = 0; at < length; at += unpackBlock) {
-    Put(files, handle, at, StoredBlock(files, hog, offset, at, length));
+    Put(file, at, StoredBlock(hog, offset, at, length));
   }
 }
 
 /// True when a file holds what WriteStored would write.
-bool SameAsStored(Files& files, int hog, const std::string& path, std::uint32_t size, std::uint32_t offset) {
+bool SameAsStored(File& hog, const std::string& path, std::uint32_t size, std::uint32_t offset) {
   const std::uint64_t length = size + storedExcess;
-  const OpenedFile loose(files, path, OpenFor::reading);
+  File loose(*hog.files, path, OpenFor::reading);
   Bytes block;
   for (std::uint64_t at = 0; at < length; at += unpackBlock) {
-    const Bytes stored = StoredBlock(files, hog, offset, at, length);
+    const Bytes stored = StoredBlock(hog, offset, at, length);
     block.resize(stored.size());
-    Get(files, loose.handle, at, block);
+    Get(loose, at, block);
     if (block != stored) return false;
   }
   return true;
@@ -68,7 +67,7 @@ bool SameAsStored(Files& files, int hog, const std::string& path, std::uint32_t 
 /// Writes one more file beside its name. Two ships may share a model: a destination that was written before takes its
 /// name once, with what was written last.
 void AddOnce(Files& files, WholeFiles& together, const std::string& destination,
-             const std::function<void(int handle)>& write) {
+             const std::function<void(File& file)>& write) {
   std::erase_if(together.paths, [&](const std::string& path) { return SameName(path, destination); });
   AddWhole(files, together, destination, write);
 }
@@ -113,14 +112,14 @@ void UnpackModels(Host& host, const std::string& gamePath, const Ships& ships) {
 void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships) {
   std::vector<std::string> passedOver;
   Trap(host, "UnpackSetup", [&] {
-    const OpenedFile hog(host.files, gamePath + archiveName, OpenFor::changing);
+    File hog(host.files, gamePath + archiveName, OpenFor::changing);
     for (const ShipRecord& ship : ships) {
       const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
       if (!IsStock(ship) || fatPos == 0) continue;
       const bool loose = FileExists(gamePath + "ships\\" + ModelOf(ship));
-      if (!loose || !DisguiseName(host.files, hog.handle, fatPos, ModelOf(ship))) passedOver.push_back(ModelOf(ship));
+      if (!loose || !DisguiseName(hog, fatPos, ModelOf(ship))) passedOver.push_back(ModelOf(ship));
     }
-    Flush(host.files, hog.handle);
+    Flush(hog);
   });
   if (passedOver.empty()) return;
   Show(host,
@@ -132,10 +131,10 @@ void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships)
 
 }  // namespace
 
-std::uint64_t UnpackedSize(Files& files, int hog, std::uint32_t size, std::uint32_t offset) {
-  if (offset + std::uint64_t{5} > LengthOf(files, hog)) return size + storedExcess;
-  const bool compressed = ReadWordBE(files, offset, hog) == compressedSignature;
-  return compressed ? Read24BE(files, std::uint64_t{offset} + 2, hog) : size + storedExcess;
+std::uint64_t UnpackedSize(File& hog, std::uint32_t size, std::uint32_t offset) {
+  if (offset + std::uint64_t{5} > hog.length) return size + storedExcess;
+  const bool compressed = ReadWordBE(hog, offset) == compressedSignature;
+  return compressed ? Read24BE(hog, std::uint64_t{offset} + 2) : size + storedExcess;
 }
 
 std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::string& destination, std::uint32_t size,
@@ -148,47 +147,47 @@ std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::s
 
 std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string& hogPath,
                           const std::string& destination, std::uint32_t size, std::uint32_t offset) {
-  const OpenedFile hog(files, hogPath, OpenFor::reading);
-  if (std::uint64_t{offset} + size > LengthOf(files, hog.handle)) {
+  File hog(files, hogPath, OpenFor::reading);
+  if (std::uint64_t{offset} + size > hog.length) {
     throw RunTimeError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end");
   }
-  const std::uint32_t signature = ReadWordBE(files, offset, hog.handle);
+  const std::uint32_t signature = ReadWordBE(hog, offset);
   if (signature != compressedSignature) {
-    AddOnce(files, together, destination, [&](int handle) { WriteStored(files, hog.handle, handle, size, offset); });
+    AddOnce(files, together, destination, [&](File& file) { WriteStored(hog, file, size, offset); });
     return signature;
   }
   Unpacked unpacked;
-  Decompress(ReadCompressed(files, hog.handle, size, offset), unpacked, destination);
-  AddOnce(files, together, destination, [&](int handle) { Put(files, handle, 0, unpacked.Span()); });
+  Decompress(ReadCompressed(hog, size, offset), unpacked, destination);
+  AddOnce(files, together, destination, [&](File& file) { Put(file, 0, unpacked.Span()); });
   return signature;
 }
 
-Bytes ContentOf(Files& files, int hog, const HogEntry& entry, std::uint64_t most) {
-  if (std::uint64_t{entry.Offset} + entry.Size > LengthOf(files, hog)) {
+Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most) {
+  if (std::uint64_t{entry.Offset} + entry.Size > hog.length) {
     throw RunTimeError("could not unpack", entry.Name, "its place lies past the archive's end");
   }
   if (entry.Size > most) throw RunTimeError("could not unpack", entry.Name, "it is too large to be right");
-  if (entry.Size < 2 || ReadWordBE(files, entry.Offset, hog) != compressedSignature) {
+  if (entry.Size < 2 || ReadWordBE(hog, entry.Offset) != compressedSignature) {
     Bytes stored(entry.Size);
-    Get(files, hog, entry.Offset, stored);
+    Get(hog, entry.Offset, stored);
     return stored;
   }
   Unpacked unpacked;
-  Decompress(ReadCompressed(files, hog, entry.Size, entry.Offset), unpacked, entry.Name);
+  Decompress(ReadCompressed(hog, entry.Size, entry.Offset), unpacked, entry.Name);
   return {unpacked.Span().begin(), unpacked.Span().end()};
 }
 
 bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
                     std::uint32_t offset) {
-  const OpenedFile hog(files, hogPath, OpenFor::reading);
-  const std::uint64_t length = UnpackedSize(files, hog.handle, size, offset);
-  if (std::uint64_t{offset} + size > LengthOf(files, hog.handle) || FileLength(path) != length) return false;
-  if (ReadWordBE(files, offset, hog.handle) != compressedSignature) {
-    return SameAsStored(files, hog.handle, path, size, offset);
+  File hog(files, hogPath, OpenFor::reading);
+  const std::uint64_t length = UnpackedSize(hog, size, offset);
+  if (std::uint64_t{offset} + size > hog.length || FileLength(path) != length) return false;
+  if (ReadWordBE(hog, offset) != compressedSignature) {
+    return SameAsStored(hog, path, size, offset);
   }
   const Bytes loose = ReadWhole(files, path, length);
   Unpacked unpacked;
-  Decompress(ReadCompressed(files, hog.handle, size, offset), unpacked, path);
+  Decompress(ReadCompressed(hog, size, offset), unpacked, path);
   return std::equal(loose.begin(), loose.end(), unpacked.Span().begin(), unpacked.Span().end());
 }
 

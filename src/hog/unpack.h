@@ -5,6 +5,7 @@
 
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
+#include "files/file.h"
 #include "files/whole_file.h"
 #include "hog/Hog.h"
 
@@ -35,7 +36,7 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
 /// @param hog the archive, open for reading
 /// @param most the greatest size as stored, in bytes, that is still read
 /// @throws RunTimeError when the entry is larger, does not lie inside the archive, is damaged, or cannot be read
-Bytes ContentOf(Files& files, int hog, const HogEntry& entry, std::uint64_t most);
+Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most);
 
 /// UnpackEntry into a folder, with boxes titled "UnpackFile()": "Error - Path(s) not found" when the folder or the
 /// archive is missing, and the error trap's.
@@ -66,6 +67,6 @@ bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship,
 void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships);
 
 /// The most bytes that UnpackEntry may write for an entry, read from its first bytes.
-std::uint64_t UnpackedSize(Files& files, int hog, std::uint32_t size, std::uint32_t offset);
+std::uint64_t UnpackedSize(File& hog, std::uint32_t size, std::uint32_t offset);
 
 }  // namespace oravin

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "ships/model_chunks.h"
@@ -46,8 +47,8 @@ TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string&
     FindStructOffset(host, cachePath, anyName);  // it tells that the cache is missing
     return {};
   }
-  const OpenedFile file(host.files, cachePath, platform::OpenFor::reading);
-  const TcacheBytes cache = ReadTcache(host.files, file.handle);
+  File file(host.files, cachePath, OpenFor::reading);
+  const TcacheBytes cache = ReadTcache(file);
   TcacheTable table;
   for (int slot = 0; slot < SlotsIn(cache); ++slot) table.push_back(EntryOf(cache, slot));
   return table;

@@ -7,15 +7,15 @@
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
+#include "platform/file_system.h"
 #include "switcher/add_on_ship.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr const char* batchTitle = "cmdImportShips_Click()";
 constexpr std::uint64_t longestKept = std::uint64_t{64} << 20;
@@ -43,9 +43,9 @@ OldFiles KeepOldFiles(Files& files, const Installation& installation, const Impo
 /// Puts the blocks of the statistics back, in their place.
 void PutDefaultsBack(Files& files, const OldFiles& old) {
   if (old.defaults.empty() || ReadWhole(files, old.defaultsPath, longestKept) == old.defaults) return;
-  const OpenedFile file(files, old.defaultsPath, OpenFor::changing);
-  Put(files, file.handle, 0, old.defaults);
-  SetLength(files, file.handle, old.defaults.size());
+  File file(files, old.defaultsPath, OpenFor::changing);
+  Put(file, 0, old.defaults);
+  SetLength(file, old.defaults.size());
 }
 
 /// Tries to undo a commit that failed. What cannot be undone either is told in one box.
@@ -132,12 +132,10 @@ std::string NewShipList(Files& files, const Installation& installation, const Im
 /// whatever happens then; the list last, so that it names no ship whose files are not there.
 void AddLists(Files& files, const Installation& installation, ImportBatch& batch) {
   const Bytes catalogue = NewCatalogue(files, installation, batch);
-  AddWhole(files, batch.files, installation.ProgramPath + catalogueName,
-           [&](int handle) { Put(files, handle, 0, catalogue); });
+  AddWhole(files, batch.files, installation.ProgramPath + catalogueName, [&](File& file) { Put(file, 0, catalogue); });
   std::rotate(batch.files.paths.begin(), batch.files.paths.end() - 1, batch.files.paths.end());
   const Bytes list = BytesOf(NewShipList(files, installation, batch));
-  AddWhole(files, batch.files, installation.ProgramPath + shipListName,
-           [&](int handle) { Put(files, handle, 0, list); });
+  AddWhole(files, batch.files, installation.ProgramPath + shipListName, [&](File& file) { Put(file, 0, list); });
 }
 
 }  // namespace
@@ -167,7 +165,7 @@ bool CanBeCopied(Files& files, ImportBatch& batch, const std::string& from, cons
 
 bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
   if (FileFor(batch, to)) return CanBeCopied(files, batch, from, to);
-  AddNew(files, batch.files, to, [&](int handle) { CopyInto(files, from, handle); });
+  AddNew(files, batch.files, to, [&](File& file) { CopyInto(file, from); });
   batch.copies[LowerCase(to)] = from;
   return true;
 }

@@ -6,29 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "platform/file_types.h"
+
 /// The file system's own rules, system by system. Every path is a Windows path of the core (see native_path.h); every
 /// size and offset is in bytes. A procedure that can fail returns the system's reason in plain words, empty when it
 /// succeeded.
 namespace oravin::platform {
-
-/// An open file of the system: a descriptor or a handle. `noFile` stands for none.
-using NativeFile = std::intptr_t;
-inline constexpr NativeFile noFile = -1;
-
-enum class OpenFor {
-  reading,    ///< an existing file, to be read
-  changing,   ///< an existing file, to be read and written
-  creating,   ///< read and written; made when it is missing, kept when it is there
-  replacing,  ///< read and written; made when it is missing, emptied when it is there
-};
-
-struct FileFacts {
-  std::string name;  ///< as it is spelled on disk, without its folder; empty from FactsOf
-  bool folder = false;
-  bool hidden = false;
-  bool system = false;
-  std::uint64_t length = 0;
-};
 
 std::string OpenNative(const std::string& path, OpenFor purpose, NativeFile& file);
 /// Opens `name` in a folder for replacing. The name is taken as it is spelled, without a look at the folder's others.

@@ -10,6 +10,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 
 namespace oravin {
@@ -234,9 +235,9 @@ bool PutAttachments(Host& host, std::string path, std::span<const ShpAttachment>
   if (!ModelThere(host, path)) return false;
   return Trap(host, "PutAttachments", [&] {
     const std::vector<Patch> patches = PatchesFor(host.files, path, attachments);
-    const OpenedFile file(host.files, path, platform::OpenFor::changing);
-    for (const Patch& patch : patches) Put(host.files, file.handle, patch.at, patch.bytes);
-    Flush(host.files, file.handle);
+    File file(host.files, path, OpenFor::changing);
+    for (const Patch& patch : patches) Put(file, patch.at, patch.bytes);
+    Flush(file);
   });
 }
 
@@ -290,11 +291,11 @@ bool IsCloaked(Host& host, std::string path) {
 void ToggleCloak(Host& host, std::string path) {
   if (!Present(host, path, "IsCloaked")) return;
   Trap(host, "ToggleCloak", [&] {
-    const OpenedFile file(host.files, path, platform::OpenFor::changing);
+    File file(host.files, path, OpenFor::changing);
     std::array<std::uint8_t, 1> byte{};
-    Get(host.files, file.handle, classByteOffset, byte);
+    Get(file, classByteOffset, byte);
     byte[0] = byte[0] == cloaked ? std::uint8_t{0} : cloaked;
-    Put(host.files, file.handle, classByteOffset, byte);
+    Put(file, classByteOffset, byte);
   });
 }
 

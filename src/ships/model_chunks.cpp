@@ -16,13 +16,10 @@ std::uint32_t Word(const std::uint8_t* at) { return at[0] + std::uint32_t{at[1]}
 }  // namespace
 
 ModelReader::ModelReader(Files& owner, std::string modelPath)
-    : files(owner),
-      path(std::move(modelPath)),
-      file(std::in_place, owner, path, platform::OpenFor::reading),
-      length(LengthOf(owner, file->handle)) {}
+    : path(std::move(modelPath)), file(std::in_place, owner, path, OpenFor::reading), length(file->length) {}
 
-ModelReader::ModelReader(Files& owner, std::string modelName, Bytes content)
-    : files(owner), path(std::move(modelName)), length(content.size()), block(std::move(content)) {}
+ModelReader::ModelReader(std::string modelName, Bytes content)
+    : path(std::move(modelName)), length(content.size()), block(std::move(content)) {}
 
 std::span<const std::uint8_t> BytesAt(ModelReader& reader, std::uint64_t offset, std::size_t count) {
   if (offset >= reader.length) return {};
@@ -33,7 +30,7 @@ std::span<const std::uint8_t> BytesAt(ModelReader& reader, std::uint64_t offset,
     const std::size_t most = std::max(blockSize, wanted);
     reader.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(most, reader.length - offset)));
     reader.blockAt = offset;
-    Get(reader.files, reader.file->handle, offset, reader.block);
+    Get(*reader.file, offset, reader.block);
   }
   return std::span(reader.block).subspan(static_cast<std::size_t>(offset - reader.blockAt), wanted);
 }

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "files/file.h"
 #include "files/files.h"
 
 /// A ship model (`*.shp`) as far as the program reads it: chunks from offset 0 to the end of the file. All integers are
@@ -43,14 +44,13 @@ struct ModelReader {
   /// @throws RunTimeError when the file cannot be opened
   ModelReader(Files& owner, std::string modelPath);
   /// A model whose bytes are in memory already, under the name that errors give it.
-  ModelReader(Files& owner, std::string modelName, Bytes content);
+  ModelReader(std::string modelName, Bytes content);
 
-  Files& files;
   std::string path;
-  std::optional<OpenedFile> file;  ///< none for a model in memory, whose bytes are all in the block
-  std::uint64_t length;            ///< of the file in bytes
-  std::uint64_t next = 0;          ///< where the next chunk begins
-  Bytes block;                     ///< some of the file's bytes, beginning at `blockAt`
+  std::optional<File> file;  ///< none for a model in memory, whose bytes are all in the block
+  std::uint64_t length;      ///< of the file in bytes
+  std::uint64_t next = 0;    ///< where the next chunk begins
+  Bytes block;               ///< some of the file's bytes, beginning at `blockAt`
   std::uint64_t blockAt = 0;
 };
 

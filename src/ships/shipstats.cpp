@@ -11,14 +11,13 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr std::uint64_t longestStatsText = 65536;
 
@@ -53,22 +52,22 @@ std::string NameIn(std::span<const std::uint8_t> block) {
 /// Writes bytes into a block, at its begin and further.
 void PutIntoBlock(Files& files, const std::string& path, int shipIndex, std::uint64_t offset,
                   std::span<const std::uint8_t> bytes) {
-  const OpenedFile file(files, path, OpenFor::changing);
-  if (!BlockInside(LengthOf(files, file.handle), shipIndex)) {
+  File file(files, path, OpenFor::changing);
+  if (!BlockInside(file.length, shipIndex)) {
     throw RunTimeError("could not use", path, "it has no block " + std::to_string(shipIndex));
   }
-  Put(files, file.handle, static_cast<std::uint64_t>(shipIndex) * statsBlockSize + offset, bytes);
+  Put(file, static_cast<std::uint64_t>(shipIndex) * statsBlockSize + offset, bytes);
 }
 
 /// The first block behind the first `stockBlocks` ones that is wanted; -1 when there is none.
 template <typename Wanted>
 int FindBlock(Host& host, const std::string& path, int stockBlocks, Wanted wanted) {
   return Trapped(host, "CopyShipStats", -1, [&] {
-    const OpenedFile file(host.files, path, OpenFor::reading);
-    const std::uint64_t blocks = LengthOf(host.files, file.handle) / statsBlockSize;
+    File file(host.files, path, OpenFor::reading);
+    const std::uint64_t blocks = file.length / statsBlockSize;
     std::array<std::uint8_t, statsBlockSize> block{};
     for (std::uint64_t i = static_cast<std::uint64_t>(std::max(stockBlocks, 0)); i < blocks; ++i) {
-      Get(host.files, file.handle, i * statsBlockSize, block);
+      Get(file, i * statsBlockSize, block);
       if (wanted(block)) return static_cast<int>(i);
     }
     return -1;
@@ -109,12 +108,12 @@ void EraseDefaults(Host& host, std::string& defaults) {
 
 }  // namespace
 
-ShipStats ReadBlock(Files& files, int handle, int shipIndex) {
-  if (!BlockInside(LengthOf(files, handle), shipIndex)) {
-    throw RunTimeError("could not use", files.open.at(handle).path, "it has no block " + std::to_string(shipIndex));
+ShipStats ReadBlock(File& file, int shipIndex) {
+  if (!BlockInside(file.length, shipIndex)) {
+    throw RunTimeError("could not use", file.path, "it has no block " + std::to_string(shipIndex));
   }
   std::array<std::uint8_t, statsSize> bytes{};
-  Get(files, handle, StatsAt(shipIndex), bytes);
+  Get(file, StatsAt(shipIndex), bytes);
   ShipStats stats;
   for (std::size_t i = 0; i < statsCount; ++i) {
     stats.values.at(i) = std::bit_cast<float>(LittleEndian32(&bytes.at(4 * i)));
@@ -123,8 +122,8 @@ ShipStats ReadBlock(Files& files, int handle, int shipIndex) {
 }
 
 ShipStats ReadShipsStats(Files& files, const std::string& path, int shipIndex) {
-  const OpenedFile file(files, path, OpenFor::reading);
-  return ReadBlock(files, file.handle, shipIndex);
+  File file(files, path, OpenFor::reading);
+  return ReadBlock(file, shipIndex);
 }
 
 void WriteShipsStats(Files& files, const std::string& path, int shipIndex, const ShipStats& stats) {
@@ -136,10 +135,10 @@ void PutShipBlock(Files& files, const std::string& path, int shipIndex, const st
   PutIntoBlock(files, path, shipIndex, 0, BlockOf(shipName, stats));
 }
 
-void PutShipBlock(Files& files, int handle, int shipIndex, const std::string& shipName, const ShipStats& stats) {
+void PutShipBlock(File& file, int shipIndex, const std::string& shipName, const ShipStats& stats) {
   const std::uint64_t begin = static_cast<std::uint64_t>(shipIndex) * statsBlockSize;
-  if (LengthOf(files, handle) < begin) SetLength(files, handle, begin);
-  Put(files, handle, begin, BlockOf(shipName, stats));
+  if (file.length < begin) SetLength(file, begin);
+  Put(file, begin, BlockOf(shipName, stats));
 }
 
 void PutBlockName(Files& files, const std::string& path, int shipIndex, const std::string& shipName) {
@@ -153,10 +152,10 @@ void ClearShipBlock(Files& files, const std::string& path, int shipIndex) {
 
 std::string NameOfBlock(Files& files, const std::string& path, int shipIndex) {
   if (!FileExists(std::string(path))) return {};
-  const OpenedFile file(files, path, OpenFor::reading);
-  if (!BlockInside(LengthOf(files, file.handle), shipIndex)) return {};
+  File file(files, path, OpenFor::reading);
+  if (!BlockInside(file.length, shipIndex)) return {};
   std::array<std::uint8_t, statsNameWidth> name{};
-  Get(files, file.handle, static_cast<std::uint64_t>(shipIndex) * statsBlockSize, name);
+  Get(file, static_cast<std::uint64_t>(shipIndex) * statsBlockSize, name);
   return NameIn(name);
 }
 
@@ -225,11 +224,11 @@ bool GetImportStats(Host& host, std::string& path, ShipStats& stats) {
 int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const ShipStats& stats) {
   TrimInPlace(path);
   return Trapped(host, "CopyShipStats", 0, [&] {
-    const OpenedFile file(host.files, path, OpenFor::creating);
-    const std::uint64_t length = LengthOf(host.files, file.handle);
+    File file(host.files, path, OpenFor::creating);
+    const std::uint64_t length = file.length;
     if (length == 0) return 0;
     // One write, so that the file never ends inside a block that this procedure began.
-    Put(host.files, file.handle, length, BlockOf(ship.ShipName.Trimmed(), stats));
+    Put(file, length, BlockOf(ship.ShipName.Trimmed(), stats));
     return static_cast<int>(std::nearbyint(static_cast<double>(length) / static_cast<double>(statsBlockSize)));
   });
 }

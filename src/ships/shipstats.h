@@ -6,6 +6,7 @@
 
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
+#include "files/file.h"
 
 /// The ships' flight statistics. `shipstats.bin` and its copy `shipstats.def` are blocks of 352 bytes without a header:
 ///
@@ -74,7 +75,7 @@ void WriteShipsStats(Files& files, const std::string& path, int shipIndex, const
 
 /// Reads the statistics of one block of a file that is open already, for those who need many blocks.
 /// @throws RunTimeError as ReadShipsStats
-ShipStats ReadBlock(Files& files, int handle, int shipIndex);
+ShipStats ReadBlock(File& file, int shipIndex);
 
 /// Puts the statistics of every stock ship back from the defaults and then deletes the defaults.
 /// Box "Error - Path(s) not found" when either file is missing.
@@ -119,7 +120,7 @@ void PutShipBlock(Files& files, const std::string& path, int shipIndex, const st
 /// The same in a file that is open, which grows by zeros up to the block where it ends before it.
 /// @param shipIndex 0 or more
 /// @throws RunTimeError when the file cannot be written
-void PutShipBlock(Files& files, int handle, int shipIndex, const std::string& shipName, const ShipStats& stats);
+void PutShipBlock(File& file, int shipIndex, const std::string& shipName, const ShipStats& stats);
 
 /// The ship's name that a block bears, without blanks at its ends; empty when the file is missing or the block does not
 /// end inside it.

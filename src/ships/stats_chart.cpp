@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <vector>
 
 #include "base/run_time_error.h"
@@ -12,28 +11,28 @@ namespace oravin {
 
 namespace {
 
-/// Opens a file of statistics; null where that fails.
-std::unique_ptr<OpenedFile> OpenIfThere(Files& files, const std::string& path) {
+/// Opens a file of statistics; a closed one where that fails.
+File OpenIfThere(Files& files, const std::string& path) {
   try {
-    return std::make_unique<OpenedFile>(files, path, platform::OpenFor::reading);
+    return File(files, path, OpenFor::reading);
   } catch (const RunTimeError&) {
-    return nullptr;
+    return {};
   }
 }
 
 /// Every ship's statistics by its index; nothing for those that cannot be read.
 std::vector<std::optional<ShipStats>> AllStats(Files& files, const Installation& installation) {
-  const auto current = OpenIfThere(files, installation.GamePath + "shipstats.bin");
-  const auto defaults = OpenIfThere(files, installation.GamePath + "shipstats.def");
+  File current = OpenIfThere(files, installation.GamePath + "shipstats.bin");
+  File defaults = OpenIfThere(files, installation.GamePath + "shipstats.def");
   std::vector<std::optional<ShipStats>> all(installation.ships.size());
   for (std::size_t i = 0; i < all.size(); ++i) {
     const ShipRecord& ship = installation.ships[i];
     if (IsInert(ship)) continue;
     const StatsSource source = SourceOf(installation, ship);
-    const auto& file = source.path.ends_with(".def") ? defaults : current;
-    if (file) {
+    File& file = source.path.ends_with(".def") ? defaults : current;
+    if (IsOpen(file)) {
       try {
-        all[i] = ReadBlock(files, file->handle, source.index);
+        all[i] = ReadBlock(file, source.index);
       } catch (const RunTimeError&) {
         all[i].reset();  // it is passed over, as one without a block
       }

@@ -52,13 +52,12 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
   return GiveBlock(host, installation, ship, StatsFor(host, installation, ship), number).value_or(0);
 }
 
-void PutAddOnBlocks(Host& host, const Installation& installation, int handle) {
+void PutAddOnBlocks(Host& host, const Installation& installation, File& file) {
   const auto stockBlocks = static_cast<std::int64_t>(StockBlocks(installation));
   for (const ShipRecord& ship : installation.ships) {
     const std::int64_t block = WholeNumber(ship.StatsIndex);
     if (IsInert(ship) || !ship.Imported || block < stockBlocks || block > mostBlocks) continue;
-    PutShipBlock(host.files, handle, static_cast<int>(block), ship.ShipName.Trimmed(),
-                 StatsFor(host, installation, ship));
+    PutShipBlock(file, static_cast<int>(block), ship.ShipName.Trimmed(), StatsFor(host, installation, ship));
   }
 }
 

@@ -29,9 +29,9 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
 /// Puts the blocks of the imported ships into defaults that were lost and are being made anew, each where its record's
 /// StatsIndex says: so the catalogue stays as it is. The statistics are those of AddOnStats. A record that names one of
 /// the game's own blocks has none of its own.
-/// @param handle of the new file, open, with the stock blocks in it
+/// @param file the new file with the stock blocks in it
 /// @throws RunTimeError when it cannot be written
-void PutAddOnBlocks(Host& host, const Installation& installation, int handle);
+void PutAddOnBlocks(Host& host, const Installation& installation, File& file);
 
 /// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: behind the stock blocks, and
 /// bearing the name of the ship whose record leads to them.

@@ -120,7 +120,7 @@ void AddMissing(Files& files, const Installation& installation, const Spellings&
       MakeFolder(files, OldModelsFolder(installation));
       CopyWhole(files, LooseModels(installation) + there, FreePlace(installation, there));
     }
-    const auto write = [&](int handle) { CopyInto(files, from, handle); };
+    const auto write = [&](File& file) { CopyInto(file, from); };
     if (sorted.latest.size() > 1) {
       AddNew(files, together, LooseModels(installation) + copy.spelling, write);
     } else {

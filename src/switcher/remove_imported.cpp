@@ -13,6 +13,7 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
+#include "platform/file_system.h"
 #include "ships/shipstats.h"
 #include "ships/stats_show.h"
 #include "switcher/add_on_ship.h"

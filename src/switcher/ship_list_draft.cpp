@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/folder_names.h"
 #include "files/path.h"
 #include "hog/disguise.h"
@@ -159,7 +160,7 @@ void ReadModel(ModelReader& reader, DraftedShip& ship) {
 /// @return false when the person stopped it
 bool ReadModels(Drafting& drafting) {
   const std::string hogPath = drafting.installation.GamePath + "resource.hog";
-  const OpenedFile hog(drafting.host.files, hogPath, platform::OpenFor::reading);
+  File hog(drafting.host.files, hogPath, OpenFor::reading);
   Files& files = drafting.host.files;
   for (std::size_t i = 0; i < drafting.models.size(); ++i) {
     const FoundModel& model = drafting.models[i];
@@ -170,9 +171,9 @@ bool ReadModels(Drafting& drafting) {
     ship.ship.file = model.file;
     // One damaged model must not hold up the others.
     try {
-      ModelReader reader =
-          model.addOn ? ModelReader(files, drafting.installation.ProgramPath + addOnShipsFolder + model.file)
-                      : ModelReader(files, model.file, ContentOf(files, hog.handle, model.entry, largestModel));
+      ModelReader reader = model.addOn
+                               ? ModelReader(files, drafting.installation.ProgramPath + addOnShipsFolder + model.file)
+                               : ModelReader(model.file, ContentOf(hog, model.entry, largestModel));
       ReadModel(reader, ship);
     } catch (const RunTimeError& error) {
       Comment(ship, "damaged model: " + error.reason);

@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "base/text.h"
+#include "files/file.h"
 #include "ships/shipstats.h"
 
 namespace oravin {
@@ -246,12 +247,12 @@ std::vector<StatsMatch> MatchStats(std::span<const NamedModel> models, std::span
 }
 
 std::vector<std::string> BlockNames(Files& files, const std::string& path) {
-  const OpenedFile file(files, path, platform::OpenFor::reading);
-  const std::uint64_t blocks = LengthOf(files, file.handle) / statsBlockSize;
+  File file(files, path, OpenFor::reading);
+  const std::uint64_t blocks = file.length / statsBlockSize;
   std::vector<std::string> names(static_cast<std::size_t>(std::min<std::uint64_t>(blocks, mostMatchedBlocks)));
   std::array<std::uint8_t, statsNameWidth> field{};
   for (std::size_t i = 0; i < names.size(); ++i) {
-    Get(files, file.handle, i * statsBlockSize, field);
+    Get(file, i * statsBlockSize, field);
     const std::string text = TextOf(field);
     names[i] = Trim(std::string_view(text).substr(0, text.find('\0')));
   }

@@ -5,6 +5,7 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "files/look_up.h"
+#include "files/path.h"
 #include "files/whole_file.h"
 #include "hog/unpack.h"
 #include "ships/shipstats.h"

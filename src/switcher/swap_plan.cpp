@@ -4,6 +4,7 @@
 
 #include "base/run_time_error.h"
 #include "catalogue/catalogue.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "hog/unpack.h"
@@ -18,8 +19,8 @@ std::uint64_t ModelSize(Files& files, const Installation& installation, const Sh
   const std::uint64_t loose = std::max(FileLength(folder + ModelOf(ship)), FileLength(folder + BackupOf(ship)));
   if (loose > 0) return loose;
   try {
-    const OpenedFile hog(files, installation.GamePath + "resource.hog", platform::OpenFor::reading);
-    return UnpackedSize(files, hog.handle, Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset));
+    File hog(files, installation.GamePath + "resource.hog", OpenFor::reading);
+    return UnpackedSize(hog, Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset));
   } catch (const RunTimeError&) {
     return 0;  // an archive that cannot be read is told of where the model is unpacked
   }

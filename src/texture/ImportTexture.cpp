@@ -5,6 +5,8 @@
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
 #include "texture/LearnLoadout.h"
+#include "files/file.h"
+#include "files/look_up.h"
 #include "texture/fighter_chain.h"
 #include "texture/import_refusals.h"
 #include "texture/loadout_maps.h"
@@ -14,14 +16,12 @@ namespace oravin {
 
 namespace {
 
-using platform::OpenFor;
-
 /// Adds textures to the cache, all in the same moment.
 void Append(Files& files, const std::string& path, TcacheBytes& cache, const std::vector<NewTexture>& textures) {
   const int fromSlot = cache.count;
-  const OpenedFile file(files, path, OpenFor::changing);
-  for (const NewTexture& texture : textures) AddPixels(files, file.handle, cache, texture);
-  WriteTable(files, file.handle, cache, fromSlot);
+  File file(files, path, OpenFor::changing);
+  for (const NewTexture& texture : textures) AddPixels(file, cache, texture);
+  WriteTable(file, cache, fromSlot);
 }
 
 bool ImportOne(Host& host, std::string& cachePath, const std::string& bitmapPath, const std::string& name,

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "texture/table_bytes.h"
@@ -14,8 +15,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr std::uint64_t learnBlock = 65536;
 
@@ -51,15 +50,15 @@ std::vector<Pair> PairsIn(const TcacheBytes& cache) {
   return pairs;
 }
 
-void CountPair(Files& files, int cache, const Pair& pair, Counts& counts) {
+void CountPair(File& cache, const Pair& pair, Counts& counts) {
   const std::uint64_t size = DataSizeOf(pair.texture).value_or(0);
   Bytes from;
   Bytes to;
   for (std::uint64_t at = 0; at < size; at += learnBlock) {
     from.resize(static_cast<std::size_t>(std::min(learnBlock, size - at)));
     to.resize(from.size());
-    Get(files, cache, static_cast<std::uint64_t>(pair.texture.dataOffset) + at, from);
-    Get(files, cache, static_cast<std::uint64_t>(pair.companion.dataOffset) + at, to);
+    Get(cache, static_cast<std::uint64_t>(pair.texture.dataOffset) + at, from);
+    Get(cache, static_cast<std::uint64_t>(pair.companion.dataOffset) + at, to);
     for (std::size_t i = 0; i < from.size(); ++i) {
       const std::size_t level = LevelAt(static_cast<std::size_t>(at) + i);
       ++counts[CellOf(level, from[i]) * coloursPerLevel + to[i]];
@@ -95,12 +94,12 @@ std::uint8_t FilledValue(const LearnedLoadout& learned, std::size_t level, std::
 }  // namespace
 
 LearnedLoadout LearnLoadout(Files& files, const std::string& cachePath) {
-  const OpenedFile file(files, cachePath, OpenFor::reading);
-  const TcacheBytes cache = ReadTcache(files, file.handle);
+  File file(files, cachePath, OpenFor::reading);
+  const TcacheBytes cache = ReadTcache(file);
   Counts counts(loadoutLevels * coloursPerLevel * coloursPerLevel);
   LearnedLoadout learned;
   for (const Pair& pair : PairsIn(cache)) {
-    CountPair(files, file.handle, pair, counts);
+    CountPair(file, pair, counts);
     ++learned.pairs;
   }
   for (std::size_t cell = 0; cell < learned.cells.size(); ++cell) {

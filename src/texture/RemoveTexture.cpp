@@ -7,16 +7,16 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
+#include "platform/file_system.h"
 #include "texture/table_bytes.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr const char* removeTitle = "RemoveTexture()";
 
@@ -120,11 +120,11 @@ Rebuilt Rebuild(const TcacheBytes& cache, const std::set<std::string>& unwanted)
 }
 
 void WriteRebuilt(Files& files, const std::string& cachePath, const std::string& temp, const Rebuilt& rebuilt) {
-  const OpenedFile old(files, cachePath, OpenFor::reading);
-  const OpenedFile made(files, temp, OpenFor::replacing);
-  Put(files, made.handle, 0, rebuilt.head);
-  for (const CopiedRun& run : rebuilt.runs) CopyBytes(files, old.handle, run.from, made.handle, run.to, run.count);
-  Flush(files, made.handle);
+  File old(files, cachePath, OpenFor::reading);
+  File made(files, temp, OpenFor::replacing);
+  Put(made, 0, rebuilt.head);
+  for (const CopiedRun& run : rebuilt.runs) CopyBytes(old, run.from, made, run.to, run.count);
+  Flush(made);
 }
 
 bool RefuseRemoval(Host& host) {
@@ -137,8 +137,8 @@ std::string UnfinishedRebuild(const std::string& cachePath) { return ParentFolde
 bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std::string>& unwanted) {
   TcacheBytes cache;
   {
-    const OpenedFile file(host.files, cachePath, OpenFor::reading);
-    cache = ReadTcache(host.files, file.handle);
+    File file(host.files, cachePath, OpenFor::reading);
+    cache = ReadTcache(file);
   }
   if (!FactoryPartIsWhole(cache)) return RefuseRemoval(host);
   const Rebuilt rebuilt = Rebuild(cache, unwanted);
@@ -172,9 +172,9 @@ void EraseUnfinishedRebuild(Files& files, const std::string& cachePath) {
   const std::string temp = UnfinishedRebuild(cachePath);
   if (!FileExists(std::string(temp))) return;
   if (FileLength(temp) > 0) {
-    const OpenedFile file(files, temp, OpenFor::reading);
+    File file(files, temp, OpenFor::reading);
     std::array<std::uint8_t, 4> marker{};
-    if (GetSome(files, file.handle, 0, marker) < marker.size() || LittleEndian32(marker.data()) != tcacheMarker) return;
+    if (GetSome(file, 0, marker) < marker.size() || LittleEndian32(marker.data()) != tcacheMarker) return;
   }
   EraseFile(files, temp);
 }

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/path.h"
@@ -17,59 +18,57 @@ namespace oravin {
 
 namespace {
 
-using platform::OpenFor;
-
 constexpr const char* restoreTitle = "RestoreTcacheFile";
 constexpr std::uint64_t restoreBlock = 500000;
 
 /// Zeroes the entries behind `from` that an editor made: an import that was cut short leaves them there, where the
 /// count does not reach.
-void ZeroLeftOverSlots(Files& files, int source, int from, int handle) {
+void ZeroLeftOverSlots(File& source, int from, File& file) {
   std::array<std::uint8_t, 4> mark{};
   const Bytes nothing(tcacheEntrySize);
   for (int slot = from; slot < tcacheCapacity; ++slot) {
-    Get(files, source, TcacheEntryOffset(slot) + tcacheMarkInEntry, mark);
-    if (LittleEndian32(mark.data()) == editorMark) Put(files, handle, TcacheEntryOffset(slot), nothing);
+    Get(source, TcacheEntryOffset(slot) + tcacheMarkInEntry, mark);
+    if (LittleEndian32(mark.data()) == editorMark) Put(file, TcacheEntryOffset(slot), nothing);
   }
 }
 
 /// Copies the first `end` bytes, with the factory's count and data end in the header and the user slots zeroed: one
 /// slot more than the stated count has, but none past the table.
-void WriteFactoryPart(Files& files, int source, const TcacheBytes& cache, int handle) {
+void WriteFactoryPart(File& source, const TcacheBytes& cache, File& file) {
   const std::uint64_t end = FactoryDataEnd(cache);
   Bytes block(static_cast<std::size_t>(std::min(restoreBlock, end)));
   for (std::uint64_t at = 0; at < end; at += restoreBlock) {
     const std::span piece(block.data(), static_cast<std::size_t>(std::min(restoreBlock, end - at)));
-    Get(files, source, at, piece);
-    Put(files, handle, at, piece);
+    Get(source, at, piece);
+    Put(file, at, piece);
   }
-  Put(files, handle, tcacheCountOffset, DecToByteArray(factoryTextures));
-  Put(files, handle, tcacheDataEndOffset, DecToByteArray(end));
+  Put(file, tcacheCountOffset, DecToByteArray(factoryTextures));
+  Put(file, tcacheDataEndOffset, DecToByteArray(end));
   const int slots = std::clamp(cache.count, factoryTextures, tcacheCapacity - 1) - factoryTextures + 1;
-  Put(files, handle, TcacheEntryOffset(factoryTextures), Bytes(static_cast<std::size_t>(slots) * tcacheEntrySize));
-  ZeroLeftOverSlots(files, source, factoryTextures + slots, handle);
+  Put(file, TcacheEntryOffset(factoryTextures), Bytes(static_cast<std::size_t>(slots) * tcacheEntrySize));
+  ZeroLeftOverSlots(source, factoryTextures + slots, file);
 }
 
 /// Reads header and table of a cache that may be missing.
 TcacheBytes ReadIfThere(Files& files, const std::string& path) {
   if (!FileExists(std::string(path))) return {};
-  const OpenedFile cache(files, path, OpenFor::reading);
-  return ReadTcache(files, cache.handle);
+  File cache(files, path, OpenFor::reading);
+  return ReadTcache(cache);
 }
 
 /// True when a file is no more than the first bytes of another one: what an interrupted copy leaves.
 bool IsBeginningOf(Files& files, const std::string& path, const std::string& whole) {
-  const OpenedFile begun(files, path, OpenFor::reading);
-  const OpenedFile source(files, whole, OpenFor::reading);
-  const std::uint64_t length = LengthOf(files, begun.handle);
-  if (length >= LengthOf(files, source.handle)) return false;
+  File begun(files, path, OpenFor::reading);
+  File source(files, whole, OpenFor::reading);
+  const std::uint64_t length = begun.length;
+  if (length >= source.length) return false;
   Bytes a;
   Bytes b;
   for (std::uint64_t at = 0; at < length; at += restoreBlock) {
     a.resize(static_cast<std::size_t>(std::min(restoreBlock, length - at)));
     b.resize(a.size());
-    Get(files, begun.handle, at, a);
-    Get(files, source.handle, at, b);
+    Get(begun, at, a);
+    Get(source, at, b);
     if (a != b) return false;
   }
   return true;
@@ -77,9 +76,9 @@ bool IsBeginningOf(Files& files, const std::string& path, const std::string& who
 
 bool RestoreFrom(Host& host, const std::string& source, const TcacheBytes& cache, const std::string& cachePath) {
   // The source is closed again before the new cache takes its name.
-  WriteBeside(host.files, cachePath, [&](int handle) {
-    const OpenedFile file(host.files, source, OpenFor::reading);
-    WriteFactoryPart(host.files, file.handle, cache, handle);
+  WriteBeside(host.files, cachePath, [&](File& file) {
+    File from(host.files, source, OpenFor::reading);
+    WriteFactoryPart(from, cache, file);
   });
   return true;
 }
@@ -108,8 +107,8 @@ bool RestoreTcacheFile(Host& host, std::string cachePath) {
 
 int TcacheCount(Files& files, const std::string& cachePath) {
   if (!FileExists(std::string(cachePath)) || FileLength(cachePath) < tcacheHeaderSize) return 0;
-  const OpenedFile cache(files, cachePath, OpenFor::reading);
-  return static_cast<int>(std::min(ReadLongLE(files, tcacheCountOffset, cache.handle), 0x7FFFFFFFU));
+  File cache(files, cachePath, OpenFor::reading);
+  return static_cast<int>(std::min(ReadLongLE(cache, tcacheCountOffset), 0x7FFFFFFFU));
 }
 
 }  // namespace oravin

@@ -7,14 +7,13 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "texture/table_bytes.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr const char* tableTitle = "GetTcacheTable";
 
@@ -73,11 +72,11 @@ void SaveTcacheEntry(Host& host, std::string path, const TcacheTable& table, int
   if (index < 0 || static_cast<std::size_t>(index) >= table.size() || index >= tcacheCapacity) {
     throw RunTimeError("could not write", path, "there is no texture number " + std::to_string(index));
   }
-  const OpenedFile cache(host.files, path, OpenFor::changing);
+  File cache(host.files, path, OpenFor::changing);
   Bytes slot(tcacheEntrySize);
-  Get(host.files, cache.handle, TcacheEntryOffset(index), slot);
+  Get(cache, TcacheEntryOffset(index), slot);
   PutRecord(slot, table[static_cast<std::size_t>(index)]);
-  Put(host.files, cache.handle, TcacheEntryOffset(index), slot);
+  Put(cache, TcacheEntryOffset(index), slot);
 }
 
 std::uint32_t FindStructOffset(Host& host, std::string path, const std::string& name) {
@@ -136,8 +135,8 @@ std::uint64_t MemMappedFile(Host& host, std::string path, Bytes& buffer, std::ui
     Show(host, "Path(s) not found", Icon::exclamation, title);
     return 0;
   }
-  const OpenedFile file(host.files, path, OpenFor::reading);
-  const std::uint64_t length = LengthOf(host.files, file.handle);
+  File file(host.files, path, OpenFor::reading);
+  const std::uint64_t length = file.length;
   if (endOffset == 0) endOffset = length;
   if (length == 0) {
     Show(host, "File is empty", Icon::information, title);
@@ -149,7 +148,7 @@ std::uint64_t MemMappedFile(Host& host, std::string path, Bytes& buffer, std::ui
   }
   if (endOffset > length) throw RunTimeError("could not read", path, "it ends too early");
   buffer.assign(static_cast<std::size_t>(endOffset - std::min(startOffset, endOffset)), 0);
-  Get(host.files, file.handle, startOffset, buffer);
+  Get(file, startOffset, buffer);
   return buffer.size();
 }
 

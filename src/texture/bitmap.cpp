@@ -4,6 +4,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "texture/Texture.h"
@@ -11,8 +12,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr std::size_t headerRead = 32;
 constexpr std::uint32_t pixelsPerMetre = 2835;
@@ -54,10 +53,10 @@ bool IsChainSide(std::int32_t side) { return side >= 2 && side <= 256 && (side &
 
 /// True when a bitmap's own header states the depth that its pixels are used with. One of 1 bit a pixel would pass for
 /// one of 8, since its number of bits is the number of bytes of the other.
-bool PixelsAsUsed(Files& files, int handle, const BmpInfo& info) {
+bool PixelsAsUsed(File& file, const BmpInfo& info) {
   std::array<std::uint8_t, headerRead> header{};
   if (info.pixelOffset < header.size()) return true;  // no header to look at
-  if (GetSome(files, handle, 0, header) < header.size()) return false;
+  if (GetSome(file, 0, header) < header.size()) return false;
   const std::uint32_t bits = LittleEndian32(&header[bitmapBitsAt]);
   return (bits == 8 || bits == 16 || bits == 24) && DepthOf(bits) == info.depth;
 }
@@ -71,15 +70,15 @@ bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
     return false;
   }
   return Trap(host, title, [&] {
-    const OpenedFile file(host.files, path, OpenFor::reading);
+    File file(host.files, path, OpenFor::reading);
     std::array<std::uint8_t, headerRead> header{};
-    Get(host.files, file.handle, 0, header);
+    Get(file, 0, header);
     BmpInfo read;
     read.pixelOffset = LittleEndian32(&header[bitmapPixelsAt]);
     read.width = SignedAt(&header[bitmapWidthAt]);
     read.height = SignedAt(&header[bitmapHeightAt]);
     read.depth = DepthOf(LittleEndian32(&header[bitmapBitsAt]));
-    read.imageCount = CountImages(LengthOf(host.files, file.handle), read);
+    read.imageCount = CountImages(file.length, read);
     info = read;
   });
 }
@@ -90,17 +89,17 @@ bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
   // Pixels of other depths are nothing that could be shown or added, whether there is a header to look at or not.
   if (info.depth < 1 || info.depth > 3) return false;
   if (!SidesFit(info) || !FileExists(std::string(path))) return false;
-  const OpenedFile file(files, path, OpenFor::reading);
-  const std::int64_t length = PixelBytes(LengthOf(files, file.handle), info);
+  File file(files, path, OpenFor::reading);
+  const std::int64_t length = PixelBytes(file.length, info);
   return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) &&
-         PixelsAsUsed(files, file.handle, info);
+         PixelsAsUsed(file, info);
 }
 
 std::size_t BuildBitmapHeader(Files& files, const BmpInfo& info, const std::string& templatePath, Bytes& header) {
   if (info.depth == 1) {
     header.assign(paletteHeaderSize, 0);
-    const OpenedFile lender(files, templatePath, OpenFor::reading);
-    Get(files, lender.handle, 0, header);
+    File lender(files, templatePath, OpenFor::reading);
+    Get(lender, 0, header);
   } else {
     header.assign(colourHeaderSize, 0);
     header[0] = 'B';

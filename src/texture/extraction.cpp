@@ -5,6 +5,7 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -14,8 +15,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 bool IsPlain(char c) { return c >= 32 && c < 127 && std::string_view("\\/:*?\"<>|").find(c) == std::string_view::npos; }
 
@@ -68,10 +67,10 @@ bool CanBeExtracted(const TcacheEntry& entry, std::uint64_t cacheLength) {
 }
 
 Bytes ReadTextureData(Files& files, const std::string& cachePath, const TcacheEntry& entry) {
-  const OpenedFile cache(files, cachePath, OpenFor::reading);
-  if (!DataLiesIn(entry, LengthOf(files, cache.handle))) Refuse(entry);
+  File cache(files, cachePath, OpenFor::reading);
+  if (!DataLiesIn(entry, cache.length)) Refuse(entry);
   Bytes data(static_cast<std::size_t>(DataSizeOf(entry).value_or(0)));
-  Get(files, cache.handle, static_cast<std::uint64_t>(entry.dataOffset), data);
+  Get(cache, static_cast<std::uint64_t>(entry.dataOffset), data);
   return data;
 }
 
@@ -90,9 +89,9 @@ void ExtractTexture(Files& files, const std::string& cachePath, const TcacheEntr
   if (entry.pixelFormat == colourFormat) {
     PutLittleEndian32(&header[bitmapFileSizeAt], static_cast<std::uint32_t>(header.size() + pixels.size()));
   }
-  WriteBeside(files, target, [&](int handle) {
-    Put(files, handle, 0, header);
-    Put(files, handle, header.size(), pixels);
+  WriteBeside(files, target, [&](File& file) {
+    Put(file, 0, header);
+    Put(file, header.size(), pixels);
   });
 }
 

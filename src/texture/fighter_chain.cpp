@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "texture/Texture.h"
@@ -15,8 +16,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 constexpr const char* chainTitle = "ConvertFighterText";
 constexpr int fighterSide = 256;
@@ -105,9 +104,9 @@ Bytes JoinLevels(Files& files, const std::string& programPath, std::uint64_t pix
   Bytes chain;
   double size = fighterPixels;
   for (int level = 0; level < levels; ++level) {
-    const OpenedFile bitmap(files, LevelBitmap(programPath, level), OpenFor::reading);
+    File bitmap(files, LevelBitmap(programPath, level), OpenFor::reading);
     Bytes pixels(static_cast<std::size_t>(RoundedSize(size)));
-    Get(files, bitmap.handle, pixelOffset, pixels);
+    Get(bitmap, pixelOffset, pixels);
     chain.insert(chain.end(), pixels.begin(), pixels.end());
     size /= 4;
   }
@@ -132,11 +131,11 @@ bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& ou
   }
   FighterBitmap source;
   {
-    const OpenedFile file(host.files, bitmapPath, OpenFor::reading);
+    File file(host.files, bitmapPath, OpenFor::reading);
     source.header.resize(info.pixelOffset);
     source.pixels.resize(fighterPixels);
-    Get(host.files, file.handle, 0, source.header);
-    Get(host.files, file.handle, info.pixelOffset, source.pixels);
+    Get(file, 0, source.header);
+    Get(file, info.pixelOffset, source.pixels);
   }
   source.palette = PaletteIn(source.header, source.colours);
   std::vector<std::string> bitmaps;

@@ -2,6 +2,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/program_end.h"
+#include "files/file.h"
 #include "files/look_up.h"
 
 namespace oravin {
@@ -11,8 +12,8 @@ bool ReadCacheToAddTo(Host& host, std::string& cachePath, TcacheBytes& cache) {
     Show(host, "Error. Path(s) not found", Icon::exclamation, importTitle);
     return false;
   }
-  const OpenedFile file(host.files, cachePath, platform::OpenFor::reading);
-  cache = ReadTcache(host.files, file.handle);
+  File file(host.files, cachePath, OpenFor::reading);
+  cache = ReadTcache(file);
   return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -23,11 +24,11 @@ std::size_t LevelAt(std::size_t position) {
 
 LoadoutMaps ReadLoadoutMaps(Files& files, const std::string& path) {
   LoadoutMaps maps{};
-  const OpenedFile file(files, path, platform::OpenFor::reading);
-  if (LengthOf(files, file.handle) != maps.size()) {
+  File file(files, path, OpenFor::reading);
+  if (file.length != maps.size()) {
     throw RunTimeError("could not use", path, "it must be 2048 bytes long");
   }
-  Get(files, file.handle, 0, maps);
+  Get(file, 0, maps);
   return maps;
 }
 

@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "base/run_time_error.h"
+#include "files/file.h"
 #include "texture/colour.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 /// How far the data end may lie behind the file's own end: an import of a 24-bit bitmap leaves the last third of what
 /// it takes unwritten, and the largest bitmap has 256 x 256 pixels and all its smaller images.
@@ -39,9 +38,9 @@ Bytes MakeEntry(const TcacheBytes& cache, const NewTexture& texture) {
 }  // namespace
 
 Bytes ReadPixels(Files& files, const std::string& path, const BmpInfo& info) {
-  const OpenedFile file(files, path, OpenFor::reading);
-  Bytes pixels(static_cast<std::size_t>(LengthOf(files, file.handle) - info.pixelOffset));
-  Get(files, file.handle, info.pixelOffset, pixels);
+  File file(files, path, OpenFor::reading);
+  Bytes pixels(static_cast<std::size_t>(file.length - info.pixelOffset));
+  Get(file, info.pixelOffset, pixels);
   return pixels;
 }
 
@@ -81,28 +80,28 @@ void AddEntry(TcacheBytes& cache, const NewTexture& texture) {
   ++cache.count;
 }
 
-void AddPixels(Files& files, int handle, TcacheBytes& cache, const NewTexture& texture) {
+void AddPixels(File& file, TcacheBytes& cache, const NewTexture& texture) {
   const auto at = static_cast<std::uint64_t>(cache.dataEnd);
   if (!HasRoomFor(cache, texture)) {
-    throw RunTimeError("could not write", files.open.at(handle).path, "it would become too large");
+    throw RunTimeError("could not write", file.path, "it would become too large");
   }
-  Put(files, handle, at, texture.pixels);
-  StartFlush(files, handle, at, texture.pixels.size());
+  Put(file, at, texture.pixels);
+  StartFlush(file, at, texture.pixels.size());
   AddEntry(cache, texture);
 }
 
-void WriteTable(Files& files, int handle, const TcacheBytes& cache, int fromSlot) {
+void WriteTable(File& file, const TcacheBytes& cache, int fromSlot) {
   const auto entries = std::span(cache.slots).subspan(static_cast<std::size_t>(fromSlot) * tcacheEntrySize);
-  Put(files, handle, TcacheEntryOffset(fromSlot), entries);
-  Flush(files, handle);
-  PutCounts(files, handle, cache);
+  Put(file, TcacheEntryOffset(fromSlot), entries);
+  Flush(file);
+  PutCounts(file, cache);
 }
 
-void PutCounts(Files& files, int handle, const TcacheBytes& cache) {
+void PutCounts(File& file, const TcacheBytes& cache) {
   Bytes header(8);
   PutLittleEndian32(header.data(), static_cast<std::uint32_t>(cache.count));
   PutLittleEndian32(&header[4], static_cast<std::uint32_t>(cache.dataEnd));
-  Put(files, handle, tcacheCountOffset, header);
+  Put(file, tcacheCountOffset, header);
 }
 
 }  // namespace oravin

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "files/file.h"
 #include "texture/bitmap.h"
 #include "texture/table_bytes.h"
 
@@ -38,13 +39,13 @@ void AddEntry(TcacheBytes& cache, const NewTexture& texture);
 /// file the table stays as it is (WriteTable).
 /// @param cache has a free slot
 /// @throws RunTimeError when the data end would not fit 32 signed bits, or the file cannot be written
-void AddPixels(Files& files, int handle, TcacheBytes& cache, const NewTexture& texture);
+void AddPixels(File& file, TcacheBytes& cache, const NewTexture& texture);
 
 /// Writes the entries from one slot on, brings all to the disk, and then writes count and data end in one write: until
 /// then the cache is what it was.
-void WriteTable(Files& files, int handle, const TcacheBytes& cache, int fromSlot);
+void WriteTable(File& file, const TcacheBytes& cache, int fromSlot);
 
 /// Writes count and data end into the header, in one write.
-void PutCounts(Files& files, int handle, const TcacheBytes& cache);
+void PutCounts(File& file, const TcacheBytes& cache);
 
 }  // namespace oravin

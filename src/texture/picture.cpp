@@ -3,14 +3,13 @@
 #include <algorithm>
 
 #include "base/run_time_error.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "texture/colour.h"
 
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 /// Turns the stored rows into those of a picture: the first becomes the last, and blue, green, red become red, green,
 /// blue.
@@ -61,8 +60,8 @@ std::optional<Picture> TexturePicture(Files& files, const std::string& cachePath
                                       const Palette& palette) {
   if (entry.pixelFormat != paletteFormat && entry.pixelFormat != colourFormat) return std::nullopt;
   if (image < 0 || image >= VisibleImages(entry)) return std::nullopt;
-  const OpenedFile cache(files, cachePath, OpenFor::reading);
-  if (!DataLiesIn(entry, LengthOf(files, cache.handle))) return std::nullopt;
+  File cache(files, cachePath, OpenFor::reading);
+  if (!DataLiesIn(entry, cache.length)) return std::nullopt;
   const int width = entry.width >> image;
   const int height = entry.height >> image;
   Bytes pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
@@ -73,7 +72,7 @@ std::optional<Picture> TexturePicture(Files& files, const std::string& cachePath
   const std::uint64_t larger =
       image == 0 ? 0 : RoundedSize(TextureDataSize(entry.width, entry.height, image, entry.pixelFormat));
   const std::uint64_t before = std::min(larger, room - pixels.size());
-  Get(files, cache.handle, static_cast<std::uint64_t>(entry.dataOffset) + before, pixels);
+  Get(cache, static_cast<std::uint64_t>(entry.dataOffset) + before, pixels);
   return Decode(pixels, width, height, entry.pixelFormat, palette);
 }
 
@@ -96,9 +95,9 @@ Palette TemplatePalette(Files& files, const std::string& templatePath) {
   }
   if (!FileExists(std::string(templatePath))) return palette;
   try {
-    const OpenedFile file(files, templatePath, OpenFor::reading);
+    File file(files, templatePath, OpenFor::reading);
     Bytes header(paletteHeaderSize);
-    Get(files, file.handle, 0, header);
+    Get(file, 0, header);
     int colours = 0;
     return PaletteIn(header, colours);
   } catch (const RunTimeError&) {
@@ -108,12 +107,12 @@ Palette TemplatePalette(Files& files, const std::string& templatePath) {
 
 std::optional<Picture> BitmapPicture(Files& files, const std::string& path, const BmpInfo& info) {
   if (!BitmapFits(files, path, info)) return std::nullopt;
-  const OpenedFile file(files, path, OpenFor::reading);
+  File file(files, path, OpenFor::reading);
   Bytes header(std::min(info.pixelOffset, largestHeader));
-  Get(files, file.handle, 0, header);
+  Get(file, 0, header);
   Bytes pixels(static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height) *
                static_cast<std::size_t>(info.depth));
-  Get(files, file.handle, info.pixelOffset, pixels);
+  Get(file, info.pixelOffset, pixels);
   int colours = 0;
   return Decode(pixels, info.width, info.height, info.depth, PaletteIn(header, colours));
 }

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "files/file.h"
 
 namespace oravin {
 
@@ -13,24 +14,24 @@ std::int32_t Signed(const std::uint8_t* at) { return static_cast<std::int32_t>(L
 
 }  // namespace
 
-TcacheBytes ReadTcache(Files& files, int handle) {
+TcacheBytes ReadTcache(File& file) {
   TcacheBytes cache;
-  cache.length = LengthOf(files, handle);
+  cache.length = file.length;
   if (cache.length < tcacheHeaderSize) return cache;
   std::array<std::uint8_t, tcacheHeaderSize> header{};
-  Get(files, handle, 0, header);
+  Get(file, 0, header);
   cache.count = Signed(&header[tcacheCountOffset]);
   cache.dataEnd = Signed(&header[tcacheDataEndOffset]);
   const std::uint64_t there = (cache.length - tcacheHeaderSize) / tcacheEntrySize;
   const auto used = static_cast<std::uint64_t>(std::clamp(cache.count, 0, tcacheCapacity));
   cache.slots.resize(static_cast<std::size_t>(std::min(there, used) * tcacheEntrySize));
-  Get(files, handle, tcacheHeaderSize, cache.slots);
+  Get(file, tcacheHeaderSize, cache.slots);
   return cache;
 }
 
 TcacheBytes ReadTcache(Files& files, const std::string& path) {
-  const OpenedFile cache(files, path, platform::OpenFor::reading);
-  return ReadTcache(files, cache.handle);
+  File cache(files, path, OpenFor::reading);
+  return ReadTcache(cache);
 }
 
 int SlotsIn(const TcacheBytes& cache) { return static_cast<int>(cache.slots.size() / tcacheEntrySize); }

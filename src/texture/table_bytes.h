@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "files/file.h"
 #include "texture/Texture.h"
 
 /// The cache's header and table as they stand in the file, for the procedures that search and change them.
@@ -16,7 +17,7 @@ struct TcacheBytes {
 };
 
 /// Reads header and used slots in one go. A file that is too short for a header counts as one of zeros.
-TcacheBytes ReadTcache(Files& files, int handle);
+TcacheBytes ReadTcache(File& file);
 TcacheBytes ReadTcache(Files& files, const std::string& path);
 
 /// How many slots have been read.

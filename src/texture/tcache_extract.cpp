@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -123,7 +124,7 @@ void cmdExtractTcache_Click(Host& host, TcacheTab& tab, const Installation& inst
   AddBackslash(run.folder);
   const bool all = Trap(host, "cmdExtractTcache_Click()", [&] {
     // A cache that is gone ends it here, also when nothing is selected.
-    const OpenedFile cache(host.files, tab.openCache, platform::OpenFor::reading);
+    File cache(host.files, tab.openCache, OpenFor::reading);
     ExtractSelected(host, tab, installation, run);
   });
   EndProgress(host);

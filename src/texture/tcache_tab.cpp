@@ -8,6 +8,7 @@
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
 #include "desk/write_plan.h"
+#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -17,8 +18,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 /// The 64-bit FNV-1a sum of some bytes, going on from an earlier one.
 std::uint64_t Sum(std::uint64_t sum, std::span<const std::uint8_t> bytes) {

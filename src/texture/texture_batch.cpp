@@ -4,6 +4,7 @@
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
+#include "files/file.h"
 #include "texture/LearnLoadout.h"
 #include "texture/bitmap.h"
 #include "texture/extraction.h"
@@ -13,8 +14,6 @@
 namespace oravin {
 
 namespace {
-
-using platform::OpenFor;
 
 /// True when a slot holds the very picture that a new texture would be.
 bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTexture& texture) {
@@ -44,8 +43,8 @@ void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture
   }
   const BatchMark mark = MarkOf(batch);
   try {
-    const OpenedFile file(files, batch.cachePath, OpenFor::changing);
-    for (const NewTexture& texture : textures) AddPixels(files, file.handle, batch.cache, texture);
+    File file(files, batch.cachePath, OpenFor::changing);
+    for (const NewTexture& texture : textures) AddPixels(file, batch.cache, texture);
   } catch (const RunTimeError&) {
     GoBackTo(files, batch, mark);
     throw;
@@ -131,26 +130,26 @@ void GoBackTo(Files& files, TextureBatch& batch, const BatchMark& mark) {
   batch.cache.count = mark.count;
   batch.cache.dataEnd = mark.dataEnd;
   batch.cache.length = mark.length;
-  const OpenedFile file(files, batch.cachePath, OpenFor::changing);
-  if (longer || LengthOf(files, file.handle) > mark.length) SetLength(files, file.handle, mark.length);
+  File file(files, batch.cachePath, OpenFor::changing);
+  if (longer || file.length > mark.length) SetLength(file, mark.length);
 }
 
 void CommitTextures(Files& files, TextureBatch& batch) {
   const int added = batch.cache.count - batch.begun.count;
   if (added == 0 || !batch.replaced.empty()) return;
-  const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+  File file(files, batch.cachePath, OpenFor::changing);
   Bytes replaced(static_cast<std::size_t>(added) * tcacheEntrySize);
-  Get(files, file.handle, TcacheEntryOffset(batch.begun.count), replaced);
+  Get(file, TcacheEntryOffset(batch.begun.count), replaced);
   batch.replaced = std::move(replaced);
-  WriteTable(files, file.handle, batch.cache, batch.begun.count);
+  WriteTable(file, batch.cache, batch.begun.count);
 }
 
 void TakeBackTextures(Files& files, TextureBatch& batch) {
   if (!batch.replaced.empty()) {
-    const OpenedFile file(files, batch.cachePath, OpenFor::changing);
+    File file(files, batch.cachePath, OpenFor::changing);
     // The header first: from then on nothing looks at the entries.
-    PutCounts(files, file.handle, batch.begun);
-    Put(files, file.handle, TcacheEntryOffset(batch.begun.count), batch.replaced);
+    PutCounts(file, batch.begun);
+    Put(file, TcacheEntryOffset(batch.begun.count), batch.replaced);
     batch.replaced.clear();
   }
   GoBackTo(files, batch, MarkOf(batch.begun));

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "files/files.h"
+#include "platform/file_system.h"
 
 namespace oravin {
 

@@ -3,6 +3,7 @@
 
 #include "cache/cache_files.h"
 #include "desk/program_end.h"
+#include "files/file.h"
 #include "import_stage.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
@@ -448,8 +449,8 @@ TEST_F(Importing, BitmapsThatTheDiskHasNoRoomForLetNothingBeImported) {
   Make("hawk", "hawk.shp", {red});
   {
     Files files;
-    const OpenedFile file(files, outside.Windows("red.bmp"), platform::OpenFor::changing);
-    SetLength(files, file.handle, std::uint64_t{1} << 40U);  // it takes no room itself
+    File file(files, outside.Windows("red.bmp"), OpenFor::changing);
+    SetLength(file, std::uint64_t{1} << 40U);  // it takes no room itself
   }
   session->desk.AllowOthers([](const Message&) { return Answer::ok; });
   Open("hawk.shp", [&] { Import(); });

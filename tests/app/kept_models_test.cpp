@@ -111,8 +111,9 @@ TEST_F(KeptModelsOnDisk, NothingIsDeletedWhereAModelCannotBePutBack) {
   Keep("bravo.shp", "the player's bravo");
   const FolderImage before = Folder("backup/ships");
   session->main.host.files.before = [&](const FileOperation& operation) {
-    if (operation.kind == FileOperation::Kind::rename && operation.path == installation.gamePath + "ships\\bravo.shp") {
-      throw RunTimeError("could not write", operation.path, "the disk is full");
+    if (operation.kind == FileOperation::Kind::rename &&
+        operation.second == installation.gamePath + "ships\\bravo.shp") {
+      throw RunTimeError("could not write", operation.second, "the disk is full");
     }
   };
   session->desk.ExpectQuestion(disableQuestion, Answer::yes);

@@ -2,20 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/bytes.h"
+
 namespace oravin {
 namespace {
-
-TEST(StrToByteArray, GivesTheCharactersOfTheTrimmedText) {
-  Bytes bytes{9, 9, 9, 9, 9};
-  EXPECT_EQ(StrToByteArray("  a\xE4z ", bytes), 3U);
-  EXPECT_EQ(bytes, (Bytes{'a', 0xE4, 'z'}));
-}
-
-TEST(StrToByteArray, AnEmptyTextGivesOneZeroByte) {
-  Bytes bytes{9, 9};
-  EXPECT_EQ(StrToByteArray("   ", bytes), 0U);
-  EXPECT_EQ(bytes, (Bytes{0}));
-}
 
 using FourBytes = std::array<std::uint8_t, 4>;
 
@@ -81,16 +71,6 @@ TEST(DecToByteArray, ComesBackThroughTheLittleEndianReader) {
   for (const std::uint32_t number : {0U, 1U, 255U, 256U, 967U, 0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU}) {
     EXPECT_EQ(LittleEndian32(DecToByteArray(number).data()), number);
   }
-}
-
-TEST(Shifts, RightDividesAndLeftMultipliesByTwo) {
-  EXPECT_EQ(ShiftRight(967, 3), 120);
-  EXPECT_EQ(ShiftRight(1, 1), 0);
-  EXPECT_EQ(ShiftRight(5, 0), 5);
-  EXPECT_EQ(ShiftRight(-3, 1), -1);  // the remainder is dropped
-  EXPECT_EQ(ShiftLeft(3, 4), 48);
-  EXPECT_EQ(ShiftLeft(1, 40), std::int64_t{1} << 40);
-  EXPECT_EQ(ShiftLeft(5, 0), 5);
 }
 
 }  // namespace

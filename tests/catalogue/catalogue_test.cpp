@@ -1,4 +1,5 @@
 #include "catalogue/catalogue.h"
+#include "files/file.h"
 
 #include <gtest/gtest.h>
 
@@ -123,8 +124,8 @@ TEST_F(Catalogue, AnEnormousFileIsRefusedWithoutReadingIt) {
   {
     // In 32 bits its length would be that of three records. The file system can leave the zeros out.
     Files files;
-    const OpenedFile file(files, Path(), platform::OpenFor::changing);
-    SetLength(files, file.handle, (std::uint64_t{1} << 32) + 3 * shipRecordSize);
+    File file(files, Path(), OpenFor::changing);
+    SetLength(file, (std::uint64_t{1} << 32) + 3 * shipRecordSize);
   }
   ExpectLoadError("it is too large to be a ship catalogue");
   EXPECT_EQ(Load(), 0);
@@ -141,7 +142,7 @@ TEST_F(Catalogue, WhateverFailsGivesOneBoxAndNoShips) {
     EXPECT_EQ(count, fault.happened ? 0 : 3);
     EXPECT_EQ(loaded.size(), fault.happened ? 0U : 3U);
     EXPECT_EQ(failing.desk.shown.size(), fault.happened ? 1U : 0U);
-    EXPECT_TRUE(failing.host.files.open.empty());
+    EXPECT_EQ(failing.host.files.open, 0);
   });
 }
 

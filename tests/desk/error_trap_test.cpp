@@ -1,4 +1,5 @@
 #include "desk/error_trap.h"
+#include "files/file.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +17,7 @@ TEST(ErrorTrap, TellsWhatWentWrongWithWhichFile) {
   const std::string path = folder.Windows("missing.bin");
   ScriptedHost at;
   at.desk.ExpectBox("Error - could not open " + path + ": it does not exist", "GetHogData", Icon::exclamation);
-  EXPECT_FALSE(
-      Trap(at.host, "GetHogData", [&] { const OpenedFile file(at.host.files, path, platform::OpenFor::reading); }));
+  EXPECT_FALSE(Trap(at.host, "GetHogData", [&] { File file(at.host.files, path, OpenFor::reading); }));
 }
 
 TEST(ErrorTrap, GivesTheNeutralValue) {

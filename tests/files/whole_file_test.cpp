@@ -1,4 +1,5 @@
 #include "files/whole_file.h"
+#include "files/file.h"
 #include "files/look_up.h"
 
 #include <gtest/gtest.h>
@@ -73,7 +74,7 @@ TEST(WholeFile, WhateverFailsTheOldContentStaysWholeAndNothingIsLeftOver) {
     }
     EXPECT_EQ(failed, fault.happened);
     EXPECT_TRUE(SameImage({{"file", BytesOf(fault.happened ? "old" : "new content")}}, ImageOf(folder.native)));
-    EXPECT_TRUE(files.open.empty());
+    EXPECT_EQ(files.open, 0);
   });
   EXPECT_EQ(operations, 4);  // open, write, flush, rename
 }
@@ -105,10 +106,10 @@ TEST(WholeFile, AReadOnlyFolderOrFileBesideIsAnErrorAndTheOldContentStays) {
 TEST(WholeFile, ThePiecesOfAWriterFollowOneAnother) {
   const TemporaryFolder folder;
   Files files;
-  WriteBeside(files, folder.Windows("file"), [&](int handle) {
-    Put(files, handle, 0, BytesOf("ab"));
+  WriteBeside(files, folder.Windows("file"), [&](File& file) {
+    Put(file, 0, BytesOf("ab"));
     EXPECT_FALSE(std::filesystem::exists(folder.Native("file")));
-    Put(files, handle, 2, BytesOf("cd"));
+    Put(file, 2, BytesOf("cd"));
   });
   EXPECT_EQ(test::ReadTextAt(folder.Native("file")), "abcd");
 }
@@ -118,7 +119,7 @@ TEST(WholeFiles, TakeTheirNamesTogether) {
   Files files;
   WholeFiles together;
   for (const char* name : {"a", "b"}) {
-    AddWhole(files, together, folder.Windows(name), [&](int handle) { Put(files, handle, 0, BytesOf(name)); });
+    AddWhole(files, together, folder.Windows(name), [&](File& file) { Put(file, 0, BytesOf(name)); });
   }
   EXPECT_FALSE(std::filesystem::exists(folder.Native("a")));
   EXPECT_FALSE(std::filesystem::exists(folder.Native("b")));
@@ -133,8 +134,8 @@ TEST(WholeFiles, NewOnesAreSpelledAsTheyAreGiven) {
   WriteFileAt(folder.Native("Old"), "old");
   Files files;
   WholeFiles together;
-  AddNew(files, together, folder.Windows("New.bin"), [&](int handle) { Put(files, handle, 0, BytesOf("new")); });
-  AddWhole(files, together, folder.Windows("OLD"), [&](int handle) { Put(files, handle, 0, BytesOf("newer")); });
+  AddNew(files, together, folder.Windows("New.bin"), [&](File& file) { Put(file, 0, BytesOf("new")); });
+  AddWhole(files, together, folder.Windows("OLD"), [&](File& file) { Put(file, 0, BytesOf("newer")); });
   EXPECT_FALSE(std::filesystem::exists(folder.Native("New.bin")));
   CommitWhole(files, together);
   EXPECT_TRUE(together.paths.empty());
@@ -146,7 +147,7 @@ TEST(WholeFiles, ANewOneWhoseWriterFailsLeavesNothing) {
   Files files;
   WholeFiles together;
   EXPECT_THROW(AddNew(files, together, folder.Windows("New.bin"),
-                      [](int) { throw RunTimeError("could not read", "its source", "it ends too early"); }),
+                      [](File&) { throw RunTimeError("could not read", "its source", "it ends too early"); }),
                RunTimeError);
   EXPECT_TRUE(together.paths.empty());
   EXPECT_TRUE(ImageOf(folder.native).empty());
@@ -157,7 +158,7 @@ TEST(WholeFiles, DroppedOnesAreDeleted) {
   Files files;
   WholeFiles together;
   for (const char* name : {"a", "b", "c"}) {
-    AddNew(files, together, folder.Windows(name), [&](int handle) { Put(files, handle, 0, BytesOf(name)); });
+    AddNew(files, together, folder.Windows(name), [&](File& file) { Put(file, 0, BytesOf(name)); });
   }
   DropWhole(together, 1);
   CommitWhole(files, together);
@@ -172,12 +173,12 @@ TEST(CopyBytes, CopiesPiecesLongerThanABlockBetweenAnyOffsets) {
   WriteFileAt(folder.Native("from"), content);
   const std::uint64_t count = content.size() - 5;
   {
-    const OpenedFile from(files, folder.Windows("from"), platform::OpenFor::reading);
-    const OpenedFile to(files, folder.Windows("to"), platform::OpenFor::replacing);
-    CopyBytes(files, from.handle, 5, to.handle, 2, count);
-    CopyBytes(files, from.handle, 0, to.handle, 0, 2);
-    CopyBytes(files, from.handle, 1, to.handle, 7, 0);
-    EXPECT_THROW(CopyBytes(files, from.handle, 6, to.handle, 2 + count, count), RunTimeError) << "it ends too early";
+    File from(files, folder.Windows("from"), OpenFor::reading);
+    File to(files, folder.Windows("to"), OpenFor::replacing);
+    CopyBytes(from, 5, to, 2, count);
+    CopyBytes(from, 0, to, 0, 2);
+    CopyBytes(from, 1, to, 7, 0);
+    EXPECT_THROW(CopyBytes(from, 6, to, 2 + count, count), RunTimeError) << "it ends too early";
   }
   Bytes expected(content.begin(), content.begin() + 2);
   expected.insert(expected.end(), content.begin() + 5, content.end());
@@ -197,7 +198,7 @@ TEST(WholeFiles, WhateverFailsOrStopsEachOfThemIsOldOrNew) {
       try {
         WholeFiles together;
         for (const char* name : {"a", "b"}) {
-          AddWhole(files, together, folder.Windows(name), [&](int handle) { Put(files, handle, 0, BytesOf("new")); });
+          AddWhole(files, together, folder.Windows(name), [&](File& file) { Put(file, 0, BytesOf("new")); });
         }
         CommitWhole(files, together);
         EXPECT_FALSE(fault.happened);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "demo/archive_writer.h"
+#include "files/file.h"
 #include "session.h"
 
 /// The list of an archive with as many entries as there may be.

@@ -177,7 +177,7 @@ TEST_F(TheFatEditor, ATableThatAnotherProgramChangedIsNotWritten) {
   changed[second + 8] = 'X';
   stage.Write(changed);
   // The tab still reads the archive that it opened; give it the changed one under the same list.
-  OpenBinary(stage.host.files, hogHandle, stage.hogPath, platform::OpenFor::changing);
+  tab.archive.file = File(stage.host.files, stage.hogPath, OpenFor::changing);
   ExpectRefused("Another program has changed the table of " + stage.hogPath +
                 "\nsince it was opened. Open the archive again. Changes not saved");
   EXPECT_FALSE(Save(1, "d.txt", "1", "2"));
@@ -249,30 +249,30 @@ TEST(HexView, LinesOfSixteenBytesWithTheirCharacters) {
 
 TEST_F(TheFatEditor, TheFirstBytesOfTheSelectedEntryAreShown) {
   Select({1});
-  hogList_ItemClick(stage.host, tab);
+  hogList_ItemClick(tab);
   EXPECT_EQ(tab.txtFirstBytes.text, "b.txt, stored\n" + HexView(BytesOf("xyz")));
   Select({2});
-  hogList_ItemClick(stage.host, tab);
+  hogList_ItemClick(tab);
   EXPECT_EQ(tab.txtFirstBytes.text.substr(0, 9), "c, packed");
   Select({});
-  hogList_ItemClick(stage.host, tab);
+  hogList_ItemClick(tab);
   EXPECT_EQ(tab.txtFirstBytes.text, "");
 }
 
 TEST_F(TheFatEditor, TheViewOfTheFirstBytesFoldsAwayAndOutAgain) {
   Select({1});
-  cmdFirstBytes_Click(stage.host, tab);
+  cmdFirstBytes_Click(tab);
   EXPECT_FALSE(tab.txtFirstBytes.shown);
   EXPECT_EQ(tab.txtFirstBytes.text, "");
   EXPECT_EQ(tab.cmdFirstBytes.caption, "Show first b&ytes");
-  cmdFirstBytes_Click(stage.host, tab);
+  cmdFirstBytes_Click(tab);
   EXPECT_TRUE(tab.txtFirstBytes.shown);
   EXPECT_NE(tab.txtFirstBytes.text, "");
 }
 
 TEST_F(TheFatEditor, AnEntryPastTheEndHasNoFirstBytes) {
   EXPECT_TRUE(Save(1, "b.txt", "FFFFFFFF", "FFFFFFFF"));
-  hogList_ItemClick(stage.host, tab);
+  hogList_ItemClick(tab);
   EXPECT_EQ(tab.txtFirstBytes.text, "b.txt: its place in the archive lies past that file's end.");
 }
 

@@ -1,4 +1,5 @@
 #include "archive_stage.h"
+#include "files/file.h"
 
 namespace oravin::test {
 
@@ -13,8 +14,8 @@ void ArchiveStage::Write(const std::vector<demo::ArchiveFile>& files) const { Wr
 void ArchiveStage::Write(const Bytes& archive) const { WriteFileAt(Game("resource.hog"), archive); }
 
 void ArchiveStage::LengthenTo(std::uint64_t length) {
-  const OpenedFile archive(host.files, hogPath, platform::OpenFor::changing);
-  SetLength(host.files, archive.handle, length);
+  File archive(host.files, hogPath, OpenFor::changing);
+  SetLength(archive, length);
 }
 
 Bytes ArchiveStage::Archive() const { return ReadFileAt(Game("resource.hog")); }

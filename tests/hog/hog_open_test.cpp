@@ -60,7 +60,7 @@ TEST_F(OpeningAHog, EnablesWhatNeedsAnOpenArchiveAndClosingDisablesIt) {
   Open(files);
   EXPECT_EQ(Enabled(), all);
   EXPECT_FALSE(tab.cmdRestoreFAT.enabled);
-  cmdCloseHog_Click(stage.host, tab);
+  cmdCloseHog_Click(tab);
   EXPECT_EQ(Enabled(), none);
   EXPECT_FALSE(tab.cmdRestoreFAT.enabled);
   EXPECT_TRUE(tab.hogList.rows.empty());
@@ -71,16 +71,15 @@ TEST_F(OpeningAHog, RestoringIsEnabledWhereABackupLiesBesideTheArchive) {
   WriteFileAt(stage.Game("RESOURCE.fat"), BytesOf("BIGF"));
   Open(files);
   EXPECT_TRUE(tab.cmdRestoreFAT.enabled);
-  cmdCloseHog_Click(stage.host, tab);
+  cmdCloseHog_Click(tab);
   EXPECT_FALSE(tab.cmdRestoreFAT.enabled);
 }
 
-TEST_F(OpeningAHog, ClosingClosesEveryOpenFile) {
+TEST_F(OpeningAHog, ClosingClosesTheFile) {
   Open(files);
-  OpenBinary(stage.host.files, 7, stage.hogPath, platform::OpenFor::reading);
-  EXPECT_TRUE(IsOpen(stage.host.files, hogHandle));
-  cmdCloseHog_Click(stage.host, tab);
-  EXPECT_TRUE(stage.host.files.open.empty());
+  EXPECT_EQ(stage.host.files.open, 1);
+  cmdCloseHog_Click(tab);
+  EXPECT_EQ(stage.host.files.open, 0);
 }
 
 TEST_F(OpeningAHog, APathThatIsNoFileIsTold) {
@@ -101,7 +100,7 @@ TEST_F(OpeningAHog, AFileThatDoesNotBeginWithBIGFIsRefusedBeforeTheListChanges) 
     EXPECT_EQ(ShownNames(), before);
     EXPECT_EQ(Enabled(), all);
     EXPECT_EQ(tab.archive.path, stage.hogPath);
-    EXPECT_TRUE(IsBIGF(stage.host.files)) << "what the list shows is what is open";
+    EXPECT_TRUE(IsBIGF(tab.archive.file)) << "what the list shows is what is open";
   }
 }
 
@@ -109,7 +108,7 @@ TEST_F(OpeningAHog, AFileThatIsRefusedIsClosedAgain) {
   stage.Write(BytesOf("bigf and more"));
   stage.desk.ExpectBox("This file is not a valid SL Hog file", "Extractor");
   cmdOpen_Click(stage.host, tab);
-  EXPECT_TRUE(stage.host.files.open.empty());
+  EXPECT_EQ(stage.host.files.open, 0);
   EXPECT_EQ(Enabled(), none);
 }
 
@@ -126,7 +125,7 @@ TEST_F(OpeningAHog, ADamagedCountWithABackupListsTheBackupsNumberOfEntries) {
     EXPECT_EQ(tab.lblHogFiles.caption, "3 file(s)");
     EXPECT_EQ(tab.lblHogSize.caption, "Hog Size: 4,321 byte(s)");
     EXPECT_EQ(tab.archive.tableSize, BigEndian32(&archive[12]));
-    cmdCloseHog_Click(stage.host, tab);
+    cmdCloseHog_Click(tab);
     EXPECT_TRUE(SameBytes(WithCount(archive, count), stage.Archive())) << "looking repairs nothing";
   }
 }
@@ -142,7 +141,7 @@ TEST_F(OpeningAHog, ADamagedCountWithoutABackupIsToldAndNothingIsListed) {
       "its files could be listed and the table be repaired. Nothing was changed.");
   cmdOpen_Click(stage.host, tab);
   EXPECT_TRUE(tab.hogList.rows.empty());
-  EXPECT_TRUE(stage.host.files.open.empty());
+  EXPECT_EQ(stage.host.files.open, 0);
   EXPECT_EQ(Enabled(), none);
 }
 
@@ -163,7 +162,7 @@ TEST_F(OpeningAHog, ACountOf100000IsNotDamagedButHasNoRoomHere) {
       "cmdOpen_Click()");
   cmdOpen_Click(stage.host, tab);
   EXPECT_FALSE(IsArchiveOpen(tab));
-  EXPECT_TRUE(stage.host.files.open.empty());
+  EXPECT_EQ(stage.host.files.open, 0);
 }
 
 TEST_F(OpeningAHog, ATableWhoseNamesAreLongerThanAnyArchivesIsRefused) {

@@ -79,11 +79,11 @@ TEST_P(HurtfulArchives, NeverReachBeyondTheDestination) {
     cmdOpen_Click(stage.host, tab);
     opened += IsArchiveOpen(tab) ? 1 : 0;
     cmdSelectAll_Click(tab);
-    hogList_ItemClick(stage.host, tab);
+    hogList_ItemClick(tab);
     cmdExtract_Click(stage.host, tab);
     cmdUnpackExtract_Click(stage.host, tab);
     written += Extracted().size();
-    cmdCloseHog_Click(stage.host, tab);
+    cmdCloseHog_Click(tab);
     ASSERT_TRUE(SameBytes(archive, stage.Archive()));
     std::filesystem::remove_all(stage.folder.Native("out"));
     std::filesystem::remove(stage.Game("resource.fat"));

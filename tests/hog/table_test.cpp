@@ -81,7 +81,7 @@ TEST_F(HogTableReading, ThePathIsTrimmedInPlace) {
 TEST_F(HogTableReading, TheFileIsClosedAfterwards) {
   stage.Write(HeaderAnd(1, TableRow(1, 2, "first")));
   Read();
-  EXPECT_TRUE(stage.host.files.open.empty());
+  EXPECT_EQ(stage.host.files.open, 0);
 }
 
 TEST_F(HogTableReading, AMissingArchiveGivesItsBoxAndThenTheTrapsOwn) {
@@ -252,7 +252,7 @@ TEST_F(HogTableReading, AFailureOfAnyOperationGivesNoEntriesAndOneBox) {
     EXPECT_TRUE(entries.empty());
     ASSERT_EQ(stage.desk.shown.size(), 1U);
     EXPECT_EQ(stage.desk.shown[0].title, "GetHogData");
-    EXPECT_TRUE(stage.host.files.open.empty());
+    EXPECT_EQ(stage.host.files.open, 0);
   });
   stage.host.files.before = nullptr;
   EXPECT_GE(operations, 2);
@@ -266,10 +266,8 @@ TEST(HogEntryPlace, EndsBehindTheNamesZeroByte) {
 struct HogMagic : testing::Test {
   bool Says(const std::string& content) {
     WriteFileAt(folder.Native("file"), content);
-    OpenBinary(files, hogHandle, folder.Windows("file"), platform::OpenFor::reading);
-    const bool says = IsBIGF(files);
-    CloseAll(files);
-    return says;
+    File file(files, folder.Windows("file"), OpenFor::reading);
+    return IsBIGF(file);
   }
 
   TemporaryFolder folder;
@@ -289,16 +287,9 @@ TEST_F(HogMagic, AFileOfLessThanFourBytesIsNone) {
   EXPECT_FALSE(Says(""));
 }
 
-TEST_F(HogMagic, OnlyTheFileOnHandleOneIsAsked) {
-  WriteFileAt(folder.Native("archive"), "BIGF");
-  WriteFileAt(folder.Native("other"), "else");
-  OpenBinary(files, hogHandle, folder.Windows("other"), platform::OpenFor::reading);
-  OpenBinary(files, 2, folder.Windows("archive"), platform::OpenFor::reading);
-  EXPECT_FALSE(IsBIGF(files));
-  OpenBinary(files, hogHandle, folder.Windows("archive"), platform::OpenFor::reading);
-  EXPECT_TRUE(IsBIGF(files));
-  Close(files, hogHandle);
-  EXPECT_THROW(IsBIGF(files), RunTimeError);
+TEST_F(HogMagic, AClosedFileCannotBeAsked) {
+  File file;
+  EXPECT_THROW(IsBIGF(file), RunTimeError);
 }
 
 const std::vector<HogEntry> someEntries = {

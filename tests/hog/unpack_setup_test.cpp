@@ -4,6 +4,7 @@
 #include "base/run_time_error.h"
 #include "demo/compressor.h"
 #include "desk/program_end.h"
+#include "files/file.h"
 #include "hog/disguise.h"
 #include "hog/unpack.h"
 
@@ -188,10 +189,10 @@ TEST_F(UnpackSetupTest, APlaceInsideTheHeaderThatSpellsTheNameIsNotWrittenEither
   const Bytes name = BytesOf(std::string("alpha.shp") + '\0');
   std::copy(name.begin(), name.end(), archive.begin() + 16);
   stage.Write(archive);
-  const OpenedFile hog(stage.host.files, stage.hogPath, platform::OpenFor::changing);
-  EXPECT_FALSE(DisguiseName(stage.host.files, hog.handle, 8, "alpha.shp"));
-  EXPECT_FALSE(PutNameBack(stage.host.files, hog.handle, 8, "alpha.shp", "alpha.shp"));
-  EXPECT_FALSE(NamesModel(stage.host.files, hog.handle, 8, "alpha.shp"));
+  File hog(stage.host.files, stage.hogPath, OpenFor::changing);
+  EXPECT_FALSE(DisguiseName(hog, 8, "alpha.shp"));
+  EXPECT_FALSE(PutNameBack(hog, 8, "alpha.shp", "alpha.shp"));
+  EXPECT_FALSE(NamesModel(hog, 8, "alpha.shp"));
   EXPECT_TRUE(SameBytes(archive, stage.Archive()));
 }
 

@@ -1,6 +1,7 @@
 // Single entries written to disk: unpacked, or with the bytes that follow them.
 
 #include "hog/unpack.h"
+#include "files/file.h"
 
 #include "archive_stage.h"
 #include "base/run_time_error.h"
@@ -38,7 +39,7 @@ struct Unpacking : testing::Test {
 TEST_F(Unpacking, ACompressedEntryIsWrittenUnpackedAndGives4347) {
   EXPECT_EQ(UnpackTo("out.shp", Entry("packed")), 4347U);
   EXPECT_TRUE(SameBytes(content, Loose("out.shp")));
-  EXPECT_TRUE(stage.host.files.open.empty());
+  EXPECT_EQ(stage.host.files.open, 0);
 }
 
 TEST_F(Unpacking, AStoredEntryCarriesThe50000BytesThatFollowIt) {
@@ -240,10 +241,8 @@ TEST_F(Unpacking, ACompressedEntryOfFourGigabytesIsReadAsFarAsItCanCount) {
 }
 
 TEST_F(Unpacking, TheSizeThatWillBeWrittenIsKnownBefore) {
-  const OpenedFile hog(stage.host.files, stage.hogPath, platform::OpenFor::reading);
-  const auto size = [&](const TableEntry& entry) {
-    return UnpackedSize(stage.host.files, hog.handle, entry.size, entry.offset);
-  };
+  File hog(stage.host.files, stage.hogPath, OpenFor::reading);
+  const auto size = [&](const TableEntry& entry) { return UnpackedSize(hog, entry.size, entry.offset); };
   EXPECT_EQ(size(Entry("packed")), content.size());
   EXPECT_EQ(size(Entry("first")), first.size() + 50000);
   EXPECT_EQ(size({"", 0xFFFFFFFF, 10, 0}), 50010U);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "files/file.h"
 #include "files/whole_file.h"
 #include "ships/weapons_edit.h"
 #include "support/fault.h"

@@ -21,7 +21,7 @@ void Watch(Files& files, Fault& fault) {
     fault.happened = true;
     fault.what = InWords(operation);
     if (fault.kind == FaultKind::stop) throw ProcessStopped{};
-    throw RunTimeError("could not " + fault.what.substr(0, fault.what.find(' ')), operation.path, faultReason);
+    throw RunTimeError("could not " + fault.what.substr(0, fault.what.find(' ')), ChangedPath(operation), faultReason);
   };
 }
 
@@ -48,8 +48,9 @@ int AtEachOperation(FaultKind kind, const std::function<void(Fault&)>& attempt) 
 }
 
 std::string InWords(const FileOperation& operation) {
-  static constexpr std::array<const char*, 7> kinds = {"open", "read", "write", "flush", "erase", "rename", "make"};
-  return kinds.at(static_cast<std::size_t>(operation.kind)) + std::string(" ") + operation.path;
+  static constexpr std::array<const char*, 8> kinds = {"open",  "read",  "write",  "cut",
+                                                       "flush", "erase", "rename", "make"};
+  return kinds.at(static_cast<std::size_t>(operation.kind)) + std::string(" ") + ChangedPath(operation);
 }
 
 }  // namespace oravin::test

@@ -409,7 +409,6 @@ TEST_F(CatalogueBuild, StoppedOrFailingAtAnyOperationTheCatalogueIsWholeOldOrNew
       Watch(stage.host.files, fault);
       Stopped([&] { BuildCatalogue(stage.host, stage.installation, list, live, {}); });
       stage.host.files.before = nullptr;
-      CloseAll(stage.host.files);
       const Bytes now = ReadFileAt(stage.files.Program("ships.dat"));
       if (now == old) {
         ++stayedOld;

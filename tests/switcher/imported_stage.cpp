@@ -15,7 +15,6 @@ void ImportedStage::Refill() {
 
 void ImportedStage::Reload() {
   host.files.before = nullptr;
-  CloseAll(host.files);
   LoadCatalogue(host, files.programPath + "ships.dat", installation.ships);
   Refill();
 }

@@ -214,7 +214,6 @@ TEST_F(ShipListFile, WhateverFailsOrStopsTheListIsWhole) {
       });
       EXPECT_EQ(stopped, fault.happened && kind == FaultKind::stop);
       EXPECT_EQ(Now(), fault.happened ? three : after);
-      CloseAll(failing);
     });
   }
 }

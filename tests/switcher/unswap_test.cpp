@@ -272,8 +272,8 @@ TEST_F(Unswapping, AllWithoutTheCatalogueSaysSoThoughNothingIsChanged) {
 
 TEST_F(Unswapping, AllGoesOnBehindAShipThatFails) {
   stage.host.files.before = [&](const FileOperation& operation) {
-    if (operation.kind == FileOperation::Kind::rename && operation.path == stage.ModelPath(alpha)) {
-      throw RunTimeError("could not write", operation.path, "the disk is full");
+    if (operation.kind == FileOperation::Kind::rename && operation.second == stage.ModelPath(alpha)) {
+      throw RunTimeError("could not write", operation.second, "the disk is full");
     }
   };
   stage.desk.ExpectBox("Error - could not write " + stage.ModelPath(alpha) + ": the disk is full", unswapTitle);

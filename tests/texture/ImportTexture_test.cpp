@@ -136,7 +136,7 @@ TEST_F(TheImport, With999TexturesFillsTheCacheAndTheNextOneEndsTheProgram) {
   at.desk.ExpectBox(full, "ERROR!!!", Icon::critical);
   EXPECT_THROW(Import("one too many"), ProgramEnd);
   EXPECT_TRUE(test::SameBytes(filled, Now()));
-  EXPECT_TRUE(at.host.files.open.empty());
+  EXPECT_EQ(at.host.files.open, 0);
 }
 
 TEST_F(TheImport, IntoAMissingCacheIsTold) {

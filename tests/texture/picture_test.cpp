@@ -1,4 +1,5 @@
 #include "texture/picture.h"
+#include "files/file.h"
 
 #include "base/run_time_error.h"
 #include "cache/cache_stage.h"
@@ -183,8 +184,8 @@ TEST_F(ThePicture, OfABitmapWhosePixelsBeginFarBehindItsHeader) {
   SetLong(file, 10, pixelsAt);
   Write("a.bmp", file);
   {
-    const OpenedFile bitmap(at.host.files, folder.Windows("a.bmp"), platform::OpenFor::changing);
-    Put(at.host.files, bitmap.handle, pixelsAt, Pattern(16));
+    File bitmap(at.host.files, folder.Windows("a.bmp"), OpenFor::changing);
+    Put(bitmap, pixelsAt, Pattern(16));
   }
   BmpInfo info;
   EXPECT_TRUE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
