@@ -41,7 +41,7 @@ std::vector<std::string> NamesOfModels(const std::vector<std::string>& models) {
   std::vector<std::string> names;
   for (const std::string& model : models) {
     names.push_back(model);
-    names.push_back(ChangeExtension(std::string(model), ".org"));
+    names.push_back(ChangeExtension(model, ".org"));
   }
   return names;
 }

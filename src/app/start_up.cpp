@@ -53,12 +53,12 @@ bool IsProgramFolder(const std::string& folder) {
 /// that the program's package names.
 void GuessProgramFolder(Installation& installation, const platform::PackagePlaces& package) {
   const auto executable = platform::RegReadString(platform::localMachine, appPathsKey, "");
-  installation.ProgramPath = executable ? ParentFolder(std::string(*executable)) : std::string();
+  installation.ProgramPath = executable ? ParentFolder(*executable) : std::string();
   if (!executable || !FolderExists(installation.ProgramPath)) {
     if (FolderExists(std::string(usualProgramFolder))) {
       platform::SetCurrentFolder(usualProgramFolder);
       installation.ProgramPath = usualProgramFolder;
-    } else if (IsPrintableText(std::string(package.program))) {
+    } else if (IsPrintableText(package.program)) {
       installation.ProgramPath = package.program;
     }
   } else if (FileExists(installation.ProgramPath + "resource.hog")) {
@@ -72,7 +72,7 @@ bool GameFolderFromRegistry(Installation& installation) {
     const auto found = platform::RegReadString(platform::localMachine, value.key, value.name);
     if (!found) continue;
     installation.GamePath = *found;
-    AddBackslash(installation.GamePath);
+    installation.GamePath = AddBackslash(installation.GamePath);
     if (IsGameFolder(installation.GamePath)) return true;
     platform::SetCurrentFolder(installation.ProgramPath);
   }
@@ -88,10 +88,10 @@ bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
     const std::string all = TextOf(ReadWhole(host.files, path, longestIni));
     DelimitedText text{path, all};
     installation.GamePath = TakeText(text);
-    AddBackslash(installation.GamePath);
+    installation.GamePath = AddBackslash(installation.GamePath);
     if (programGiven) return FolderExists(installation.GamePath) && IsGameFolder(installation.GamePath);
     if (!FileExists(installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
-    AddBackslash(installation.ProgramPath);
+    installation.ProgramPath = AddBackslash(installation.ProgramPath);
     return FolderExists(installation.GamePath) && FolderExists(installation.ProgramPath) &&
            FileExists(installation.ProgramPath + "shipsdata.txt") && IsGameFolder(installation.GamePath);
   });
@@ -103,7 +103,7 @@ std::string AskFolder(Host& host, const char* prompt, const char* file, const ch
                       const std::function<bool(const std::string& folder)>& offer = nullptr) {
   for (;;) {
     std::string folder = BrowseForFolder(host, prompt);
-    AddBackslash(folder);
+    folder = AddBackslash(folder);
     if (folder.empty()) throw ProgramEnd();
     if (FileExists(folder + file) || (offer && offer(folder))) return folder;
     Show(host, refusal, Icon::exclamation);
@@ -182,7 +182,7 @@ void SearchFolders(Main& main, const GivenFolders& given) {
 }
 
 [[noreturn]] void RefuseGiven(Host& host, const std::string& folder, const char* refusal) {
-  const char* hint = IsPrintableText(std::string(folder))
+  const char* hint = IsPrintableText(folder)
                          ? ""
                          : "\nIts path holds letters beyond plain English ones; Oravin cannot work in such a folder.";
   Show(host, folder + "\n" + refusal + hint, Icon::exclamation);
@@ -216,7 +216,7 @@ bool TakeGivenProgram(Main& main, const GivenFolders& given) {
     } else {
       installation.GamePath = FolderFrom(given.game);
     }
-    AddBackslash(installation.GamePath);
+    installation.GamePath = AddBackslash(installation.GamePath);
     if (OfferShipList(main, installation.GamePath, program)) {
       if (asked) WriteIni(main.host, installation);
       return true;
@@ -267,7 +267,7 @@ void Form_Load(Main& main, const GivenFolders& given) {
   main.about.lblVersion.caption = VersionText(ORAVIN_VERSION_MAJOR, ORAVIN_VERSION_MINOR, ORAVIN_VERSION_REVISION);
   FindFolders(main, given);
 
-  AddBackslash(installation.GamePath);
+  installation.GamePath = AddBackslash(installation.GamePath);
   main.about.txtSLPath.text = installation.GamePath;
   main.about.txtProgramPath.text = installation.ProgramPath;
   main.hog.txtHogPath.text = installation.GamePath + "Resource.hog";
@@ -294,7 +294,7 @@ void FindGameFolder(Main& main, const GivenFolders& given) {
              !FoldersFromIni(main.host, installation, !given.program.empty())) {
     installation.GamePath = ChosenGameFolder(main.host);
   }
-  AddBackslash(installation.GamePath);
+  installation.GamePath = AddBackslash(installation.GamePath);
   if (!FolderExists(installation.ProgramPath)) installation.ProgramPath = installation.GamePath;
 }
 

@@ -10,6 +10,9 @@ namespace oravin {
 /// The text without the blanks (code 32) at its two ends.
 std::string Trim(std::string_view text);
 
+/// The same as a part of the text that is given; good as long as that lives.
+std::string_view Trimmed(std::string_view text);
+
 /// Removes the blanks at the two ends of the caller's own text.
 void TrimInPlace(std::string& text);
 

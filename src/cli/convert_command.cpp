@@ -7,8 +7,7 @@ namespace oravin {
 
 std::optional<Result> ConvertMesh(Session& session, const Values& values) {
   const std::string& source = values.at(0);
-  const std::string destination =
-      values.arguments.size() > 1 ? values.at(1) : ChangeExtension(std::string(source), ".shp");
+  const std::string destination = values.arguments.size() > 1 ? values.at(1) : ChangeExtension(source, ".shp");
   const Main& main = session.main;
   const auto code = m3DtoSL(session.main.host, main.installation.ProgramPath, source, "", destination);
   if (!code || *code != 0) return std::nullopt;

@@ -25,7 +25,7 @@ bool OpenHog(Session& session, const std::string& file) {
 /// The same for what changes the archive or lies beside it: not while another copy of the program works there.
 bool OpenHogForChanges(Session& session, const std::string& file) {
   Main& main = session.main;
-  main.onlyLooks = !platform::LockFolder(ParentFolder(std::string(file)), main.gameLock);
+  main.onlyLooks = !platform::LockFolder(ParentFolder(file), main.gameLock);
   return OpenHog(session, file);
 }
 

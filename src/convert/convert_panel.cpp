@@ -26,7 +26,7 @@ void cmd3DSourceBrowse_Click(Host& host, ConvertPanel& panel, const Installation
   const std::string file = ChooseFile(host, "", folder, "", "3ds file *.3ds|*.3ds|All Files *.*|*.*");
   if (file.empty()) return;
   panel.txt3DSource.text = file;
-  panel.txt3DDest.text = ChangeExtension(std::string(file), ".shp");
+  panel.txt3DDest.text = ChangeExtension(file, ".shp");
 }
 
 void cmdConvert3dsToSL_Click(Host& host, ConvertPanel& panel, const Installation& installation,

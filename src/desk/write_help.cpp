@@ -38,7 +38,7 @@ std::string VirtualCopies(const std::string& store, const std::string& folder) {
 
 std::string RefusalToWrite(const std::string& path, const std::string& reason, const std::string& store) {
   std::string text = path + " cannot be written: " + reason + ".\n" + Help(reason) + " Nothing has been changed.";
-  const std::string folder = path.ends_with('\\') ? path : ParentFolder(std::string(path));
+  const std::string folder = path.ends_with('\\') ? path : ParentFolder(path);
   const std::string copies = VirtualCopies(store, folder);
   if (!copies.empty()) {
     text += "\n\nWindows keeps copies of files of that folder in\n" + copies +

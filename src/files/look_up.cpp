@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "files/path.h"
 #include "platform/file_system.h"
 
@@ -22,6 +23,7 @@ bool AnyFileMatches(const std::string& path) {
 }  // namespace
 
 bool FileExists(std::string& path) {
+  TrimInPlace(path);
   if (!IsPrintableText(path)) return false;
   const char last = path.back();
   if (last == '\\' || last == ':' || last == '.') return false;
@@ -31,6 +33,7 @@ bool FileExists(std::string& path) {
 }
 
 bool FolderExists(std::string& path) {
+  TrimInPlace(path);
   if (!IsPrintableText(path)) return false;
   if (path.find_first_of("*?") != std::string::npos) return false;
   const auto facts = platform::FactsOf(path.back() == '\\' ? path : path + '\\');

@@ -36,7 +36,7 @@ bool IsPortNumber(std::string_view digit) {
 }
 
 /// True for a name that Windows keeps for a device, whatever follows its first dot. Spaces before the dot do not count.
-bool IsDeviceName(const std::string& name) {
+bool IsDeviceName(std::string_view name) {
   const std::string base = UpperCase(Trim(name.substr(0, name.find('.'))));
   static constexpr std::array<std::string_view, 6> devices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
   if (std::find(devices.begin(), devices.end(), base) != devices.end()) return true;
@@ -44,57 +44,51 @@ bool IsDeviceName(const std::string& name) {
   return port && IsPortNumber(std::string_view(base).substr(3));
 }
 
-std::size_t LastBeforeEnd(const std::string& path, const char* characters) {
-  return path.size() < 2 ? std::string::npos : path.find_last_of(characters, path.size() - 2);
+std::size_t LastBeforeEnd(std::string_view path, const char* characters) {
+  return path.size() < 2 ? std::string_view::npos : path.find_last_of(characters, path.size() - 2);
 }
 
 }  // namespace
 
-bool IsPrintableText(std::string& text) {
-  TrimInPlace(text);
+bool IsPrintableText(std::string_view text) {
+  text = Trimmed(text);
   return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
     const int code = static_cast<std::uint8_t>(c);
     return code >= firstPrintable && code <= lastPrintable;
   });
 }
 
-std::string AddBackslash(std::string& path) {
-  TrimInPlace(path);
-  if (!path.empty() && path.back() != '\\') path += '\\';
-  return path;
+std::string AddBackslash(std::string_view path) {
+  std::string folder = Trim(path);
+  if (!folder.empty() && folder.back() != '\\') folder += '\\';
+  return folder;
 }
 
-std::string ParentFolder(std::string& path) {
-  TrimInPlace(path);
+std::string ParentFolder(std::string_view path) {
+  path = Trimmed(path);
   const std::size_t slash = LastBeforeEnd(path, "\\");
-  return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
+  return slash == std::string_view::npos ? std::string() : std::string(path.substr(0, slash + 1));
 }
 
-std::string FileNameOf(std::string& path) {
-  TrimInPlace(path);
+std::string FileNameOf(std::string_view path) {
+  path = Trimmed(path);
   const std::size_t mark = LastBeforeEnd(path, "\\:");
-  return mark == std::string::npos ? std::string() : path.substr(mark + 1);
+  return mark == std::string_view::npos ? std::string() : std::string(path.substr(mark + 1));
 }
 
-std::string ExtensionOf(const std::string& path) {
-  const std::string trimmed = Trim(path);
-  return LowerCase(std::string_view(trimmed).substr(trimmed.size() - ExtensionLength(trimmed)));
+std::string ExtensionOf(std::string_view path) {
+  path = Trimmed(path);
+  return LowerCase(path.substr(path.size() - ExtensionLength(path)));
 }
 
-std::string ChangeExtension(std::string& path, std::string& extension) {
-  TrimInPlace(path);
-  TrimInPlace(extension);
-  if (path.empty()) return path;
+std::string ChangeExtension(std::string_view path, std::string_view extension) {
+  path = Trimmed(path);
+  if (path.empty()) return {};
   const std::size_t length = ExtensionLength(path);
-  return path.substr(0, path.size() - (length == 0 ? 0 : length + 1)) + extension;
+  return std::string(path.substr(0, path.size() - (length == 0 ? 0 : length + 1))) + std::string(Trimmed(extension));
 }
 
-std::string ParentFolder(std::string&& path) { return ParentFolder(path); }
-std::string FileNameOf(std::string&& path) { return FileNameOf(path); }
-bool IsPrintableText(std::string&& text) { return IsPrintableText(text); }
-std::string ChangeExtension(std::string&& path, std::string&& extension) { return ChangeExtension(path, extension); }
-
-bool IsPlainFileName(const std::string& name) {
+bool IsPlainFileName(std::string_view name) {
   if (name.empty() || name.back() == '.' || name.back() == ' ' || name.front() == ' ') return false;
   if (std::any_of(name.begin(), name.end(), [](char c) {
         const int code = static_cast<std::uint8_t>(c);

@@ -55,7 +55,7 @@ void AddWhole(Files& files, WholeFiles& together, const std::string& path,
 }
 
 void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(File& file)>& write) {
-  const std::string folder = ParentFolder(std::string(path));
+  const std::string folder = ParentFolder(path);
   try {
     File file(files, folder, path.substr(folder.size()) + besideSuffix);
     write(file);
@@ -76,7 +76,7 @@ void CommitWhole(Files& files, WholeFiles& together) {
   for (std::size_t i = 0; i < besides.size(); ++i) {
     const std::string& path = together.paths[i];
     if (together.spelled.contains(path)) {
-      const std::string folder = ParentFolder(std::string(path));
+      const std::string folder = ParentFolder(path);
       RenameSpelled(files, folder, besides[i].substr(folder.size()), path.substr(folder.size()));
     } else {
       RenameOver(files, besides[i], path);

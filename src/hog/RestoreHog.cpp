@@ -21,12 +21,12 @@ bool EraseIfThere(Host& host, const std::string& path) {
 
 bool EraseModelAndBackup(Host& host, const std::string& shipsFolder, const std::string& model, const char* extension) {
   const bool erased = EraseIfThere(host, shipsFolder + model);
-  return EraseIfThere(host, shipsFolder + ChangeExtension(std::string(model), extension)) && erased;
+  return EraseIfThere(host, shipsFolder + ChangeExtension(model, extension)) && erased;
 }
 
 /// Deletes an add-on's loose model, and its backup where that is nothing but the add-on once more.
 bool EraseAddOn(Host& host, const std::string& shipsFolder, const std::string& addOnFolder, const std::string& model) {
-  const std::string backup = shipsFolder + ChangeExtension(std::string(model), ".bak");
+  const std::string backup = shipsFolder + ChangeExtension(model, ".bak");
   const bool same =
       Trapped(host, procedure, false, [&] { return SameContent(host.files, backup, addOnFolder + model); });
   const bool erased = EraseIfThere(host, shipsFolder + model);

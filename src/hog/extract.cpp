@@ -145,7 +145,7 @@ void Extract(Host& host, HogTab& tab, Way way, const char* procedure, const char
     Show(host, "Destination path doesn't exist", Icon::none);
     return;
   }
-  AddBackslash(tab.txtHogDest.text);
+  tab.txtHogDest.text = AddBackslash(tab.txtHogDest.text);
   Extraction extraction{host, tab, way, DestinationAt(tab.txtHogDest.text, tab.archive.path), {}, {}, 0, {}};
   End end = End::complete;
   const bool whole = Trap(host, procedure, [&] { end = ExtractSelected(extraction); });

@@ -99,7 +99,7 @@ bool TakeUp(Host& host, HogTab& tab, const std::string& path, OpenArchive& opene
 }  // namespace
 
 void cmdBrowseHogPath_Click(Host& host, HogTab& tab) {
-  std::string folder = ParentFolder(std::string(tab.txtHogPath.text));
+  std::string folder = ParentFolder(tab.txtHogPath.text);
   const std::string chosen = ChooseFile(host, "Open Hog", folder, "", "SL Hog File *.hog|*.hog|All Files *.*|*.*");
   if (!chosen.empty()) tab.txtHogPath.text = chosen;
 }

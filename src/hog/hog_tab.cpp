@@ -104,7 +104,7 @@ std::optional<std::size_t> SelectedEntry(const HogTab& tab) {
   return row ? std::optional(IndexOf(tab.hogList.rows[*row])) : std::nullopt;
 }
 
-std::string FatBackupOf(const std::string& hogPath) { return ChangeExtension(std::string(hogPath), ".FAT"); }
+std::string FatBackupOf(const std::string& hogPath) { return ChangeExtension(hogPath, ".FAT"); }
 
 void DisplayHog(HogTab& tab) {
   const std::vector<HogEntry>& entries = tab.archive.entries;

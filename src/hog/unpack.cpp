@@ -193,7 +193,7 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
 
 std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
                          std::uint32_t size, std::uint32_t offset) {
-  AddBackslash(folder);
+  folder = AddBackslash(folder);
   if (!FolderExists(folder) || !FileExists(hogPath)) {
     Show(host, "Error - Path(s) not found", Icon::exclamation, "UnpackFile()");
     return 0;
@@ -225,7 +225,7 @@ bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship,
 }
 
 void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships) {
-  AddBackslash(gamePath);
+  gamePath = AddBackslash(gamePath);
   if (!FolderExists(gamePath)) {
     Show(host, "Error - Invalid Path", Icon::critical, "UnpackSetup");
     throw ProgramEnd();

@@ -38,7 +38,7 @@ void Clear(FighterPack& form) {
 std::vector<PackShip> ShipOfModel(Host& host, const std::string& path) {
   const bool capital = IsCapitalShip(host, path);
   if (!FileExists(std::string(path))) return {};
-  const std::string file = FileNameOf(std::string(path));
+  const std::string file = FileNameOf(path);
   PackShip ship;
   ship.shipClass = capital ? capitalClass : fighterClass;
   ship.modelPath = path;
@@ -51,7 +51,7 @@ ListRow RowOf(const PackShip& ship, std::size_t number) {
   ListRow row;
   row.key = "s" + std::to_string(number);
   row.texts = {Trim(ship.shipName), ship.shipClass == capitalClass ? "Capital ship" : "Fighter",
-               FileNameOf(std::string(ship.modelPath)) + (there ? "" : " (not found)"), Trim(ship.suggestedSwitch)};
+               FileNameOf(ship.modelPath) + (there ? "" : " (not found)"), Trim(ship.suggestedSwitch)};
   row.tooltip = ship.modelPath;
   row.checked = true;
   return row;
@@ -147,7 +147,7 @@ FighterPack NewFighterPack() {
 bool LoadPack(Host& host, FighterPack& form, const Installation& installation, const std::string& path) {
   Clear(form);
   const std::string chosen = Trim(path);
-  const std::string folder = ParentFolder(std::string(chosen));
+  const std::string folder = ParentFolder(chosen);
   std::vector<PackShip> ships;
   if (ExtensionOf(chosen) == "shp") {
     ships = ShipOfModel(host, chosen);
@@ -160,7 +160,7 @@ bool LoadPack(Host& host, FighterPack& form, const Installation& installation, c
   }
   form.path = chosen;
   form.folder = folder;
-  form.caption = "Import: < " + FileNameOf(std::string(chosen)) + " >";
+  form.caption = "Import: < " + FileNameOf(chosen) + " >";
   form.ships = std::move(ships);
   form.given.resize(form.ships.size());
   for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(form.ships[i], i + 1));
@@ -240,7 +240,7 @@ void cmdFindBitmap_Click(Host& host, FighterPack& form, const Installation& inst
   const auto row = SelectedRow(form.lstTextures);
   if (!form.ship || !row || *row >= form.textures.size()) return;
   const ListedTexture& texture = form.textures[*row];
-  const std::string folder = texture.given ? ParentFolder(std::string(texture.bitmapPath)) : form.folder;
+  const std::string folder = texture.given ? ParentFolder(texture.bitmapPath) : form.folder;
   const std::string bitmap = AskForBitmap(host, folder, texture.name);
   if (bitmap.empty()) return;
   BmpInfo info;

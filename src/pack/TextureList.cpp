@@ -83,7 +83,7 @@ std::string BitmapKey(const std::string& texture) { return LowerCase(Trim(textur
 std::string BitmapBeside(const std::string& modelPath, const std::string& texture) {
   const std::string name = Trim(texture) + ".bmp";
   if (Trim(texture).empty() || !IsPlainFileName(name)) return "";
-  std::string path = ParentFolder(std::string(modelPath)) + name;
+  std::string path = ParentFolder(modelPath) + name;
   return FileExists(path) ? path : "";
 }
 

@@ -81,7 +81,7 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
 /// The file whose bytes stand at a place, or will: one that is there already, or the one that a copy of the run is made
 /// of. Nothing when the place is free.
 std::optional<std::string> FileFor(ImportBatch& batch, const std::string& place) {
-  const std::string folder = ParentFolder(std::string(place));
+  const std::string folder = ParentFolder(place);
   if (FindIn(FilesIn(batch, folder), place.substr(folder.size())) != nullptr) return place;
   const auto pending = batch.copies.find(LowerCase(place));
   return pending == batch.copies.end() ? std::nullopt : std::optional(pending->second);

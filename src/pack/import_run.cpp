@@ -87,13 +87,13 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   const std::string model = ModelOf(ship.record);
   const std::string loose = run.installation.GamePath + "ships\\" + model;
   AddCopy(files, run.batch, checked.ship.modelPath, loose);
-  AddCopy(files, run.batch, checked.ship.modelPath, ChangeExtension(std::string(loose), ".bak"));
+  AddCopy(files, run.batch, checked.ship.modelPath, ChangeExtension(loose, ".bak"));
   AddToAddOns(run, checked.ship.modelPath, addOnShipsFolder, model);
   for (const NewShipTexture& texture : ship.textures) {
     AddToAddOns(run, texture.bitmap, addOnTexturesFolder, texture.name + ".bmp");
   }
   if (!ship.statsText.empty()) {
-    AddToAddOns(run, ship.statsText, addOnStatsFolder, ChangeExtension(std::string(model), ".txt"));
+    AddToAddOns(run, ship.statsText, addOnStatsFolder, ChangeExtension(model, ".txt"));
   }
   run.batch.ships.push_back({ship.record, ship.stats});
   return true;

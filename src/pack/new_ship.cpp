@@ -37,7 +37,7 @@ std::string BitmapFor(Host& host, const ListedTexture& texture, const std::strin
   if (!texture.bitmapPath.empty()) return texture.bitmapPath;
   const std::string key = BitmapKey(texture.name);
   if (const auto before = given.find(key); before != given.end()) return before->second;
-  std::string bitmap = AskForBitmap(host, ParentFolder(std::string(modelPath)), texture.name);
+  std::string bitmap = AskForBitmap(host, ParentFolder(modelPath), texture.name);
   if (!bitmap.empty()) given[key] = bitmap;
   return bitmap;
 }
@@ -74,8 +74,8 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
 /// @param name of the model's file among the add-ons: the text of another name is another ship's
 void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, const std::string& name,
                NewShip& ship) {
-  const std::string beside = ChangeExtension(std::string(modelPath), ".txt");
-  const std::string added = installation.ProgramPath + addOnStatsFolder + ChangeExtension(std::string(name), ".txt");
+  const std::string beside = ChangeExtension(modelPath, ".txt");
+  const std::string added = installation.ProgramPath + addOnStatsFolder + ChangeExtension(name, ".txt");
   if (FileExists(std::string(beside))) {
     ship.statsText = beside;
     ship.stats = ReadImportStats(host.files, beside);
@@ -98,8 +98,8 @@ bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& 
   }
   const std::string folder = installation.GamePath + "ships\\";
   const FolderNames& there = FilesIn(batch, folder);
-  if (FindIn(there, ChangeExtension(std::string(name), ".org")) != nullptr) return false;
-  for (const std::string& file : {name, ChangeExtension(std::string(name), ".bak")}) {
+  if (FindIn(there, ChangeExtension(name, ".org")) != nullptr) return false;
+  for (const std::string& file : {name, ChangeExtension(name, ".bak")}) {
     if (FindIn(there, file) != nullptr && !SameContent(host.files, folder + file, model)) return false;
   }
   return CanBeCopied(host.files, batch, model, installation.ProgramPath + addOnShipsFolder + name);
@@ -107,7 +107,7 @@ bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& 
 
 /// The name for a model's file, at most as long as a record holds.
 std::string FreeModelName(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model) {
-  const std::string own = FileNameOf(std::string(model));
+  const std::string own = FileNameOf(model);
   const std::string extension =
       ExtensionOf(own).empty() ? ".shp" : own.substr(own.size() - ExtensionOf(own).size() - 1);
   const std::string base = own.substr(0, own.size() - (ExtensionOf(own).empty() ? 0 : extension.size()));
@@ -129,7 +129,7 @@ std::optional<NewShip> Look(Host& host, const Installation& installation, const 
   if (!NameCanBeUsed(host, installation, batch, checked.ship.shipName)) return std::nullopt;
   NewShip ship;
   if (!CollectTextures(host, installation, checked, given, ship)) return std::nullopt;
-  const std::string own = FileNameOf(std::string(model));
+  const std::string own = FileNameOf(model);
   const std::string name = FreeModelName(host, installation, batch, model);
   if (!IsPlainFileName(name) || !CanBeListed(name)) {
     Refuse(host, "The model of the ship '" + checked.ship.shipName + "' needs another file name:\n" + model);

@@ -66,7 +66,7 @@ std::optional<ShpAttachments> StockTable(Host& host, const Installation& install
 
 std::optional<ShpAttachments> ImportedTable(Host& host, const Installation& installation, const ShipRecord& ship) {
   const std::string model = ModelOf(ship);
-  for (const std::string& original : {installation.GamePath + "ships\\" + ChangeExtension(std::string(model), ".bak"),
+  for (const std::string& original : {installation.GamePath + "ships\\" + ChangeExtension(model, ".bak"),
                                       installation.ProgramPath + addOnShipsFolder + model}) {
     if (FileExists(std::string(original))) return TableOf(host, original);
   }

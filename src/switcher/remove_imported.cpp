@@ -212,11 +212,11 @@ WritePlan PlanRemoval(Files& files, const Removal& removal, const Installation& 
   for (const KeptFiles& kept : removal.kept) {
     for (const std::string& path : kept.paths) {
       plan.files.push_back(path);
-      folders.insert(ParentFolder(std::string(path)));
+      folders.insert(ParentFolder(path));
     }
   }
   const std::string below = installation.ProgramPath + addOnRemovedFolder;
-  if (!folders.empty()) folders.insert(FolderExists(std::string(below)) ? below : ParentFolder(std::string(below)));
+  if (!folders.empty()) folders.insert(FolderExists(std::string(below)) ? below : ParentFolder(below));
   plan.folders.insert(plan.folders.end(), folders.begin(), folders.end());
   return plan;
 }
@@ -331,8 +331,7 @@ std::string FolderNameFor(const std::string& shipName) {
   std::string name = Trim(shipName);
   for (char& c : name) {
     // A dot and a blank are no names by themselves, but may stand inside one.
-    const bool right =
-        c == '.' || c == ' ' || (IsPlainFileName(std::string(1, c)) && IsPrintableText(std::string(1, c)));
+    const bool right = c == '.' || c == ' ' || (IsPlainFileName({&c, 1}) && IsPrintableText({&c, 1}));
     if (!right) c = '_';
   }
   if (!name.empty() && name.back() == '.') name.back() = '_';

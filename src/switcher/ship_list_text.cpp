@@ -46,7 +46,7 @@ std::string WhyNotText(const std::string& what, const std::string& text) {
 void KeepOldList(Files& files, const std::string& path, const Bytes& fresh) {
   if (!FileExists(std::string(path))) return;
   if (FileLength(path) == fresh.size() && ReadWhole(files, path, largestOldList) == fresh) return;
-  CopyWhole(files, path, FreeOldName(ChangeExtension(std::string(path), "")));
+  CopyWhole(files, path, FreeOldName(ChangeExtension(path, "")));
 }
 
 ListFault FaultAt(std::span<const ListedShip> ships, std::size_t line, const std::string& why) {
@@ -80,7 +80,7 @@ std::string WhyNotListed(const ListedShip& ship) {
     std::string why = WhyNotText(what, *text);
     if (!why.empty()) return why;
   }
-  if (!IsPrintableText(std::string(ship.file))) return "\"" + ship.file + "\" is no file name";
+  if (!IsPrintableText(ship.file)) return "\"" + ship.file + "\" is no file name";
   if (ExtensionOf(ship.file) != "shp") return "its model's name does not end in .shp";
   return WhyUnreadable(ship);
 }

@@ -93,7 +93,7 @@ void ProvideSource(Host& host, const Installation& installation, const ShipRecor
 
 /// Where the model of a source lies: a changed ship's own model is its backup.
 std::string SourcePath(const std::string& modelPath) {
-  const std::string backup = ChangeExtension(std::string(modelPath), ".org");
+  const std::string backup = ChangeExtension(modelPath, ".org");
   return FileExists(std::string(backup)) ? backup : modelPath;
 }
 
@@ -145,7 +145,7 @@ void RestoreStats(SwapDesk& desk, int target) {
 /// source's model once more; else it may be all that there is of it, and is kept.
 void TakeAway(Files& files, const Installation& installation, const std::string& model, const std::string& source) {
   if (!FileExists(std::string(model))) return;
-  const std::string name = FileNameOf(std::string(source));
+  const std::string name = FileNameOf(source);
   if (IsPlainFileName(name) && SameContent(files, model, SourcePath(source))) {
     EraseFile(files, model);
   } else {

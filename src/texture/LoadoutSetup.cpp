@@ -62,7 +62,7 @@ bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& 
 }  // namespace
 
 bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count) {
-  AddBackslash(folder);
+  folder = AddBackslash(folder);
   if (!FolderExists(folder) || !FileExists(cachePath)) {
     Show(host, "Error - Path(s) not found", Icon::critical, loadoutTitle);
     return false;
@@ -132,7 +132,7 @@ void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string
 bool ExtractRaw(Host& host, std::string cachePath, const std::string& name, const std::string& outputPath) {
   TcacheEntry entry;
   if (FileExists(cachePath)) ReadTcacheEntry(host, cachePath, name, entry);
-  if (entry.entryOffset == 0 || !FolderExists(ParentFolder(std::string(outputPath)))) {
+  if (entry.entryOffset == 0 || !FolderExists(ParentFolder(outputPath))) {
     Show(host, "Error in extracting textures. Path(s) don't exist", Icon::exclamation);
     return false;
   }

@@ -132,7 +132,7 @@ bool RefuseRemoval(Host& host) {
   return false;
 }
 
-std::string UnfinishedRebuild(const std::string& cachePath) { return ParentFolder(std::string(cachePath)) + "temp"; }
+std::string UnfinishedRebuild(const std::string& cachePath) { return ParentFolder(cachePath) + "temp"; }
 
 bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std::string>& unwanted) {
   TcacheBytes cache;

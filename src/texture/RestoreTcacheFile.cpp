@@ -101,7 +101,7 @@ bool Restore(Host& host, const std::string& cachePath, const std::string& old) {
 
 bool RestoreTcacheFile(Host& host, std::string cachePath) {
   TrimInPlace(cachePath);
-  const std::string old = ChangeExtension(std::string(cachePath), ".old");
+  const std::string old = ChangeExtension(cachePath, ".old");
   return Trapped(host, restoreTitle, false, [&] { return Restore(host, cachePath, old); });
 }
 

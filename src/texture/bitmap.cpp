@@ -91,8 +91,7 @@ bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
   if (!SidesFit(info) || !FileExists(std::string(path))) return false;
   File file(files, path, OpenFor::reading);
   const std::int64_t length = PixelBytes(file.length, info);
-  return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) &&
-         PixelsAsUsed(file, info);
+  return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) && PixelsAsUsed(file, info);
 }
 
 std::size_t BuildBitmapHeader(Files& files, const BmpInfo& info, const std::string& templatePath, Bytes& header) {

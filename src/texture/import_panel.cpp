@@ -63,7 +63,7 @@ ImportTexturePanel NewImportTexturePanel() {
 }
 
 void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel) {
-  std::string folder = ParentFolder(std::string(panel.txtImportTexturePath.text));
+  std::string folder = ParentFolder(panel.txtImportTexturePath.text);
   const std::string file =
       ChooseFile(host, "", folder, "", "8-bit / 16-bit / 24-bit Bitmap (*.bmp)|*.bmp|All Files *.*|*.*");
   if (file.empty()) return;

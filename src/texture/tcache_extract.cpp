@@ -121,7 +121,7 @@ void cmdExtractTcache_Click(Host& host, TcacheTab& tab, const Installation& inst
     Show(host, "Destination path not found", Icon::exclamation);
     return;
   }
-  AddBackslash(run.folder);
+  run.folder = AddBackslash(run.folder);
   const bool all = Trap(host, "cmdExtractTcache_Click()", [&] {
     // A cache that is gone ends it here, also when nothing is selected.
     File cache(host.files, tab.openCache, OpenFor::reading);
