@@ -24,12 +24,12 @@ constexpr const char* disableQuestion =
     "If you want to keep any of these files make copies of them.\n"
     "Are you sure you want to continue?";
 
-WritePlan PlanDisable(const Installation& installation) {
+WritePlan PlanDisable(Files& files, const Installation& installation) {
   const std::string shipsFolder = installation.GamePath + "ships\\";
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.ProgramPath};
   for (const std::string& folder : {shipsFolder, KeptModelsFolder(installation), OldModelsFolder(installation)}) {
-    if (FolderExists(std::string(folder))) plan.folders.push_back(folder);
+    if (FolderExists(files, folder)) plan.folders.push_back(folder);
   }
   plan.files = {installation.GamePath + "resource.hog", installation.GamePath + "shipstats.bin",
                 installation.GamePath + "shipstats.def", installation.GamePath + "tcachehw.dat",
@@ -39,8 +39,8 @@ WritePlan PlanDisable(const Installation& installation) {
     plan.files.push_back(shipsFolder + ModelOf(ship));
     plan.files.push_back(shipsFolder + BackupOf(ship));
   }
-  NeedRoom(plan, installation.GamePath, FileLength(installation.GamePath + "tcachehw.dat"));
-  NeedRoom(plan, installation.GamePath, KeptModelsSize(installation));
+  NeedRoom(plan, installation.GamePath, FileLength(files, installation.GamePath + "tcachehw.dat"));
+  NeedRoom(plan, installation.GamePath, KeptModelsSize(files, installation));
   return plan;
 }
 
@@ -59,7 +59,7 @@ bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
   bool restored =
       RestoreHog(host, hog, shipsFolder, installation.ProgramPath + addOnShipsFolder, installation.ships, backup);
   // Names of ships that have left the ship list since they were disguised are known to the backup alone.
-  if (FileExists(std::string(hog))) restored = RestoreHogByBackup(host, hog, shipsFolder, backup) && restored;
+  if (FileExists(host.files, hog)) restored = RestoreHogByBackup(host, hog, shipsFolder, backup) && restored;
   RestoreShipStats(host, current, defaults, installation.ships);
   return restored;
 }
@@ -70,7 +70,7 @@ bool ForgetCatalogue(Main& main) {
   Installation& installation = main.installation;
   const bool erased = Trap(main.host, "cmdDisable_Click()", [&] {
     const std::string catalogue = installation.ProgramPath + catalogueName;
-    if (FileExists(std::string(catalogue))) EraseFile(main.host.files, catalogue);
+    if (FileExists(main.host.files, catalogue)) EraseFile(main.host.files, catalogue);
   });
   if (!erased) return false;
   installation.ships.clear();
@@ -84,15 +84,16 @@ void cmdDisable_Click(Main& main) {
   Installation& installation = main.installation;
   if (!AskYesNo(main.host, disableQuestion)) return;
   CloseOpenFiles(main);
-  if (!ReadyToWrite(main.host, PlanDisable(installation))) return;
+  if (!ReadyToWrite(main.host, PlanDisable(main.host.files, installation))) return;
 
   Trap(main.host, "cmdDisable_Click()", [&] { EraseAllLeftovers(main.host.files, installation); });
-  if (FeaturesEnabled(installation.ProgramPath)) KeepDefaults(main.host, installation);
+  if (FeaturesEnabled(main.host.files, installation.ProgramPath)) KeepDefaults(main.host, installation);
   const bool restored = RestoreArchiveAndStats(main.host, installation);
   // Intentional: the catalogue stays, and with it the features stay enabled, while something could not be restored.
   // The next Disable goes by it, and nothing else tells which loose models came from the add-ons. A missing archive is
   // no reason to stay enabled: there is nothing left in it to restore.
-  const bool forget = (restored || !FileExists(installation.GamePath + "resource.hog")) && ForgetCatalogue(main);
+  const bool forget =
+      (restored || !FileExists(main.host.files, installation.GamePath + "resource.hog")) && ForgetCatalogue(main);
   RestoreTcacheFile(main.host, installation.GamePath + "tcachehw.dat");
   main.stats.lblWeapons.caption = "Weapons:";
   if (forget) Trap(main.host, "cmdDisable_Click()", [&] { PutKeptModelsBack(main.host.files, installation); });

@@ -70,14 +70,16 @@ bool ReadArchive(Main& main, Preparation& preparation) {
 /// Adds what the models will take: each is written beside the one that it replaces.
 void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
   const Installation& installation = main.installation;
-  for (const std::string& path : LooseFiles(installation, preparation.models)) plan.files.push_back(path);
+  for (const std::string& path : LooseFiles(main.host.files, installation, preparation.models))
+    plan.files.push_back(path);
   File hog(main.host.files, installation.GamePath + "resource.hog", OpenFor::reading);
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   for (const ListedShip& ship : preparation.list) {
     const std::string model = Trim(ship.file);
     if (model.empty()) continue;
     if (ship.kind == importedKind) {
-      NeedRoom(plan, installation.GamePath, FileLength(installation.ProgramPath + addOnShipsFolder + model));
+      NeedRoom(plan, installation.GamePath,
+               FileLength(main.host.files, installation.ProgramPath + addOnShipsFolder + model));
     } else if (const auto entry = FindModel(model, preparation.live, backup)) {
       NeedRoom(plan, installation.GamePath, UnpackedSize(hog, entry->Size, entry->Offset));
     }
@@ -89,15 +91,17 @@ WritePlan PlanEnable(Main& main, const Preparation& preparation) {
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.ProgramPath};
   for (const char* folder : {"backup\\", "backup\\ships\\"}) {
-    if (FolderExists(installation.ProgramPath + folder)) plan.folders.push_back(installation.ProgramPath + folder);
+    if (FolderExists(main.host.files, installation.ProgramPath + folder))
+      plan.folders.push_back(installation.ProgramPath + folder);
   }
-  if (FolderExists(installation.GamePath + "ships\\")) plan.folders.push_back(installation.GamePath + "ships\\");
+  if (FolderExists(main.host.files, installation.GamePath + "ships\\"))
+    plan.folders.push_back(installation.GamePath + "ships\\");
   plan.files = {installation.GamePath + "resource.hog",   installation.GamePath + "shipstats.bin",
                 installation.GamePath + "shipstats.def",  installation.ProgramPath + catalogueName,
                 installation.ProgramPath + fatBackupName, installation.ProgramPath + "backup\\shipstats.def",
                 installation.GamePath + "tcachehw.dat"};
   PlanModels(main, preparation, plan);
-  NeedRoom(plan, installation.GamePath, FileLength(installation.GamePath + "shipstats.bin"));
+  NeedRoom(plan, installation.GamePath, FileLength(main.host.files, installation.GamePath + "shipstats.bin"));
   NeedRoom(plan, installation.ProgramPath, preparation.list.size() * shipRecordSize);
   NeedRoom(plan, installation.ProgramPath,
            FatBackupSize(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live));
@@ -112,7 +116,7 @@ bool Prepare(Main& main, Preparation& preparation) {
   preparation.list = ReadShipList(main.host, main.installation.ProgramPath);
   if (preparation.list.empty()) return false;
   CollectModels(preparation);
-  preparation.wasEnabled = FeaturesEnabled(main.installation.ProgramPath);
+  preparation.wasEnabled = FeaturesEnabled(main.host.files, main.installation.ProgramPath);
   if (!ReadArchive(main, preparation)) return false;
   // Found out later, it would end the program between the new catalogue and the models that go with it.
   if (!CacheHasSlotsFor(main.installation, preparation.list)) EndForFullCache(main.host);

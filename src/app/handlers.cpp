@@ -40,7 +40,7 @@ void Toggle(Main& main) { cmdToggle_Click(main.host, main.switcher, main.install
 
 void SelectShips(Main& main) { EnableSwitcherControls(main.switcher, main.installation); }
 
-void ViewSelected(Main& main) { ViewModel(main.switcher.swapOrgList, main.installation); }
+void ViewSelected(Main& main) { ViewModel(main.host.files, main.switcher.swapOrgList, main.installation); }
 
 void Readme(Main& main) {
   const std::string readme = main.installation.ProgramPath + "readme.txt";

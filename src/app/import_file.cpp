@@ -11,7 +11,9 @@ namespace oravin {
 void ImportFile(Main& main, const std::string& path) {
   std::string chosen = Trim(path);
   if (chosen.empty()) return;
-  if (!FileExists(chosen)) return Show(main.host, "This file was not found:\n" + chosen, Icon::exclamation);
+  TrimInPlace(chosen);
+  if (!FileExists(main.host.files, chosen))
+    return Show(main.host, "This file was not found:\n" + chosen, Icon::exclamation);
   main.imports.txtImportFighter.text = chosen;
   if (!CanBeImportedInto(main.host, main.installation)) return;
   if (!LoadPack(main.host, main.Fighter_PACK, main.installation, chosen)) return;

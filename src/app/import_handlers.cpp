@@ -46,7 +46,7 @@ void RenameImported(Main& main) {
   if (lstImported_AfterLabelEdit(main.host, main.imports, main.installation)) RefillShipLists(main);
 }
 
-void ViewImported(Main& main) { ViewModel(main.imports.lstImported, main.installation); }
+void ViewImported(Main& main) { ViewModel(main.host.files, main.imports.lstImported, main.installation); }
 
 void Remove(Main& main) {
   SwapDesk desk = SwapDeskOf(main);

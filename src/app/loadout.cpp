@@ -11,7 +11,7 @@ namespace oravin {
 bool ReadyLoadoutMaps(Main& main) {
   const Installation& installation = main.installation;
   const std::string cache = installation.GamePath + tcacheName;
-  if (!FileExists(std::string(cache))) return false;
+  if (!FileExists(main.host.files, cache)) return false;
   return Trapped(main.host, learnTitle, false, [&] {
     return ProvideLoadoutMaps(main.host, cache, installation.ProgramPath + loadoutMapsName).has_value();
   });
@@ -20,7 +20,7 @@ bool ReadyLoadoutMaps(Main& main) {
 void SetUpLoadouts(Main& main) {
   const Installation& installation = main.installation;
   const std::string cache = installation.GamePath + tcacheName;
-  if (!FileExists(std::string(cache))) return;
+  if (!FileExists(main.host.files, cache)) return;
   const Ships lacking = Trapped(main.host, "LoadoutSetup", Ships(),
                                 [&] { return LackingCompanions(main.host.files, cache, installation.ships); });
   if (lacking.empty()) return;

@@ -4,7 +4,6 @@
 #include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
-#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -16,18 +15,18 @@ constexpr const char* manual = "readme.txt";
 void MakeFolders(Files& files, const std::string& folder) {
   for (std::size_t at = folder.find('\\'); at != std::string::npos; at = folder.find('\\', at + 1)) {
     const std::string part = folder.substr(0, at + 1);
-    if (!FolderExists(std::string(part))) MakeFolder(files, part);
+    if (!FolderExists(files, part)) MakeFolder(files, part);
   }
 }
 
 void CopyMissing(Files& files, const std::string& from, const std::string& to) {
   MakeFolders(files, to);
-  for (const platform::FileFacts& item : platform::ListNative(from).value_or(std::vector<platform::FileFacts>())) {
+  for (const FileFacts& item : ListFolder(files, from).items) {
     if (item.folder) {
       CopyMissing(files, from + item.name + "\\", to + item.name + "\\");
       continue;
     }
-    const bool there = FileExists(to + item.name);
+    const bool there = FileExists(files, to + item.name);
     const bool renew = there && item.name == manual && !SameContent(files, from + item.name, to + item.name);
     if (!there || renew) CopyWhole(files, from + item.name, to + item.name);
   }

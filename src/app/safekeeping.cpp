@@ -9,7 +9,6 @@
 #include "files/path.h"
 #include "files/whole_file.h"
 #include "hog/unpack.h"
-#include "platform/file_system.h"
 #include "ships/shipstats.h"
 #include "switcher/add_on_ship.h"
 #include "switcher/kept_models.h"
@@ -48,8 +47,8 @@ std::vector<std::string> NamesOfModels(const std::vector<std::string>& models) {
 
 void KeepLooseModels(Files& files, const Installation& installation, const std::vector<std::string>& models,
                      const HogTable& live, const HogTable& backup) {
-  Spellings there = SpellingsIn(LooseModels(installation));
-  KeptModels kept = ReadKeptModels(installation);
+  Spellings there = SpellingsIn(files, LooseModels(installation));
+  KeptModels kept = ReadKeptModels(files, installation);
   // Names that are disguised although the features are not enabled tell of a catalogue that was lost.
   const bool lost =
       std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); });
@@ -69,9 +68,9 @@ void KeepTextures(Files& files, const Installation& installation) {
   const std::string cache = installation.GamePath + "tcachehw.dat";
   if (TcacheCount(files, cache) <= factoryTextures) return;
   const std::string kept = BackupFolder(installation) + "tcachehw.dat";
-  if (FileExists(std::string(kept))) {
+  if (FileExists(files, kept)) {
     if (SameContent(files, cache, kept)) return;
-    RenameOver(files, kept, FreeOldName(BackupFolder(installation) + "tcachehw"));
+    RenameOver(files, kept, FreeOldName(files, BackupFolder(installation) + "tcachehw"));
   }
   CopyWhole(files, cache, kept);
 }
@@ -82,15 +81,15 @@ void KeepDefaults(Host& host, const Installation& installation) {
   const std::string current = installation.GamePath + "shipstats.bin";
   const std::string defaults = installation.GamePath + "shipstats.def";
   const std::string kept = BackupFolder(installation) + "shipstats.def";
-  const bool lost = FeaturesEnabled(installation.ProgramPath) && !FileExists(std::string(defaults));
+  const bool lost = FeaturesEnabled(host.files, installation.ProgramPath) && !FileExists(host.files, defaults);
   // Only the current file tells which blocks are the game's: without it BackupShipStats has its box, and the next start
   // tries again.
-  if (!lost || !FileExists(std::string(current))) {
+  if (!lost || !FileExists(host.files, current)) {
     BackupShipStats(host, installation.GamePath);
     return;
   }
   // Where the backup cannot be read, the current file is no substitute: changed statistics would become the defaults.
-  const std::string source = FileExists(std::string(kept)) ? kept : current;
+  const std::string source = FileExists(host.files, kept) ? kept : current;
   Trap(host, "BackupShipStats", [&] {
     WriteBeside(host.files, defaults, [&](File& file) {
       CopyInto(file, source);
@@ -110,15 +109,16 @@ void KeepPlayersFiles(Files& files, const Installation& installation, const std:
   KeepLooseModels(files, installation, models, live, backup);
   KeepTextures(files, installation);
   const std::string defaults = installation.GamePath + "shipstats.def";
-  if (FileExists(std::string(defaults))) CopyWhole(files, defaults, BackupFolder(installation) + "shipstats.def");
+  if (FileExists(files, defaults)) CopyWhole(files, defaults, BackupFolder(installation) + "shipstats.def");
 }
 
 void EraseKeptSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models) {
   EraseSpareSpellings(files, installation, NamesOfModels(models));
 }
 
-std::vector<std::string> LooseFiles(const Installation& installation, const std::vector<std::string>& models) {
-  const Spellings there = SpellingsIn(LooseModels(installation));
+std::vector<std::string> LooseFiles(Files& files, const Installation& installation,
+                                    const std::vector<std::string>& models) {
+  const Spellings there = SpellingsIn(files, LooseModels(installation));
   std::vector<std::string> paths;
   for (const std::string& name : NamesOfModels(models)) {
     const auto found = there.find(UpperCase(name));
@@ -129,10 +129,10 @@ std::vector<std::string> LooseFiles(const Installation& installation, const std:
 }
 
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models) {
-  std::uint64_t size = FileLength(installation.GamePath + "shipstats.bin");
-  for (const std::string& path : LooseFiles(installation, models)) size += FileLength(path);
+  std::uint64_t size = FileLength(files, installation.GamePath + "shipstats.bin");
+  for (const std::string& path : LooseFiles(files, installation, models)) size += FileLength(files, path);
   const std::string cache = installation.GamePath + "tcachehw.dat";
-  return TcacheCount(files, cache) > factoryTextures ? size + FileLength(cache) : size;
+  return TcacheCount(files, cache) > factoryTextures ? size + FileLength(files, cache) : size;
 }
 
 void EraseAllLeftovers(Files& files, const Installation& installation) {

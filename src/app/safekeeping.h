@@ -40,7 +40,8 @@ void EraseKeptSpellings(Files& files, const Installation& installation, const st
 
 /// The paths of these models and of their ".org" in the game's ships folder, in all spellings, as far as they are
 /// there.
-std::vector<std::string> LooseFiles(const Installation& installation, const std::vector<std::string>& models);
+std::vector<std::string> LooseFiles(Files& files, const Installation& installation,
+                                    const std::vector<std::string>& models);
 
 /// The most bytes that KeepPlayersFiles writes.
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models);

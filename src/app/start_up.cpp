@@ -41,39 +41,39 @@ constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"
                                                             {directPlayKey, "Path"},
                                                             {appPathsKey, chosenGameValue}}};
 
-bool IsGameFolder(const std::string& folder) { return FileExists(folder + "resource.hog"); }
+bool IsGameFolder(Files& files, const std::string& folder) { return FileExists(files, folder + "resource.hog"); }
 
 /// True when a program folder that is given can be worked on. A lost ship list must not keep the player from "Disable /
 /// Restore", which works by the catalogue.
-bool IsProgramFolder(const std::string& folder) {
-  return FileExists(folder + "shipsData.txt") || FeaturesEnabled(folder);
+bool IsProgramFolder(Files& files, const std::string& folder) {
+  return FileExists(files, folder + "shipsData.txt") || FeaturesEnabled(files, folder);
 }
 
 /// The program folder, first guess: where the registry says that the program is, else the usual folder, else the one
 /// that the program's package names.
-void GuessProgramFolder(Installation& installation, const platform::PackagePlaces& package) {
+void GuessProgramFolder(Files& files, Installation& installation, const platform::PackagePlaces& package) {
   const auto executable = platform::RegReadString(platform::localMachine, appPathsKey, "");
   installation.ProgramPath = executable ? ParentFolder(*executable) : std::string();
-  if (!executable || !FolderExists(installation.ProgramPath)) {
-    if (FolderExists(std::string(usualProgramFolder))) {
+  if (!executable || !FolderExists(files, installation.ProgramPath)) {
+    if (FolderExists(files, usualProgramFolder)) {
       platform::SetCurrentFolder(usualProgramFolder);
       installation.ProgramPath = usualProgramFolder;
     } else if (IsPrintableText(package.program)) {
       installation.ProgramPath = package.program;
     }
-  } else if (FileExists(installation.ProgramPath + "resource.hog")) {
+  } else if (FileExists(files, installation.ProgramPath + "resource.hog")) {
     // The archive is looked for here, not the catalogue: meant.
     platform::SetCurrentFolder(installation.ProgramPath);
   }
 }
 
-bool GameFolderFromRegistry(Installation& installation) {
+bool GameFolderFromRegistry(Files& files, Installation& installation) {
   for (const RegistryValue& value : gameFolderValues) {
     const auto found = platform::RegReadString(platform::localMachine, value.key, value.name);
     if (!found) continue;
     installation.GamePath = *found;
     installation.GamePath = AddBackslash(installation.GamePath);
-    if (IsGameFolder(installation.GamePath)) return true;
+    if (IsGameFolder(files, installation.GamePath)) return true;
     platform::SetCurrentFolder(installation.ProgramPath);
   }
   return false;
@@ -83,17 +83,19 @@ bool GameFolderFromRegistry(Installation& installation) {
 /// @param programGiven the program folder is settled; only the game folder is taken from the file
 bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
   const std::string path = installation.ProgramPath + "oravin.ini";
-  if (!FileExists(std::string(path)) || FileLength(path) == 0) return false;
+  if (!FileExists(host.files, path) || FileLength(host.files, path) == 0) return false;
   return Trapped(host, "Form_Load", false, [&] {
     const std::string all = TextOf(ReadWhole(host.files, path, longestIni));
     DelimitedText text{path, all};
     installation.GamePath = TakeText(text);
     installation.GamePath = AddBackslash(installation.GamePath);
-    if (programGiven) return FolderExists(installation.GamePath) && IsGameFolder(installation.GamePath);
-    if (!FileExists(installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
+    if (programGiven)
+      return FolderExists(host.files, installation.GamePath) && IsGameFolder(host.files, installation.GamePath);
+    if (!FileExists(host.files, installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
     installation.ProgramPath = AddBackslash(installation.ProgramPath);
-    return FolderExists(installation.GamePath) && FolderExists(installation.ProgramPath) &&
-           FileExists(installation.ProgramPath + "shipsdata.txt") && IsGameFolder(installation.GamePath);
+    return FolderExists(host.files, installation.GamePath) && FolderExists(host.files, installation.ProgramPath) &&
+           FileExists(host.files, installation.ProgramPath + "shipsdata.txt") &&
+           IsGameFolder(host.files, installation.GamePath);
   });
 }
 
@@ -105,7 +107,7 @@ std::string AskFolder(Host& host, const char* prompt, const char* file, const ch
     std::string folder = BrowseForFolder(host, prompt);
     folder = AddBackslash(folder);
     if (folder.empty()) throw ProgramEnd();
-    if (FileExists(folder + file) || (offer && offer(folder))) return folder;
+    if (FileExists(host.files, folder + file) || (offer && offer(folder))) return folder;
     Show(host, refusal, Icon::exclamation);
   }
 }
@@ -138,16 +140,18 @@ std::function<bool(const std::string& folder)> Offer(Main& main, const std::stri
 void OfferListForPackage(Main& main, const GivenFolders& given) {
   const Installation& installation = main.installation;
   if (!IsPackages(installation, given) || !given.offerShipList) return;
-  if (FileExists(installation.ProgramPath + "shipsData.txt") || FeaturesEnabled(installation.ProgramPath)) return;
+  if (FileExists(main.host.files, installation.ProgramPath + "shipsData.txt") ||
+      FeaturesEnabled(main.host.files, installation.ProgramPath))
+    return;
   OfferShipList(main, installation.GamePath, installation.ProgramPath);
 }
 
 void SettleProgramFolder(Main& main, const GivenFolders& given) {
   Host& host = main.host;
   Installation& installation = main.installation;
-  if (FileExists(std::string(usualProgramFolder) + "shipsData.txt")) {
+  if (FileExists(host.files, std::string(usualProgramFolder) + "shipsData.txt")) {
     installation.ProgramPath = usualProgramFolder;
-  } else if (installation.ProgramPath.empty() || !FileExists(installation.ProgramPath + "shipsData.txt")) {
+  } else if (installation.ProgramPath.empty() || !FileExists(host.files, installation.ProgramPath + "shipsData.txt")) {
     Show(host, "Can't find Oravin local path in registry", Icon::exclamation);
     installation.ProgramPath =
         AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)", "shipsdata.txt",
@@ -167,7 +171,7 @@ void WriteIni(Host& host, Installation& installation) {
 /// @return whether the person was asked
 bool SearchGameFolder(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
-  if (GameFolderFromRegistry(installation)) return false;
+  if (GameFolderFromRegistry(main.host.files, installation)) return false;
   if (FoldersFromIni(main.host, installation, !given.program.empty())) return false;
   AskGameFolder(main.host, installation);
   return true;
@@ -196,7 +200,7 @@ std::string FolderFrom(const std::string& given) {
 
 void TakeGivenGame(Host& host, Installation& installation, const std::string& given) {
   installation.GamePath = FolderFrom(given);
-  if (!IsGameFolder(installation.GamePath)) {
+  if (!IsGameFolder(host.files, installation.GamePath)) {
     RefuseGiven(host, installation.GamePath, "This is not a StarLancer game directory");
   }
 }
@@ -208,8 +212,8 @@ bool TakeGivenProgram(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
   const std::string program = FolderFrom(given.program);
   installation.ProgramPath = program;
-  if (IsProgramFolder(program)) return false;
-  if (given.offerShipList && FolderExists(std::string(program))) {
+  if (IsProgramFolder(main.host.files, program)) return false;
+  if (given.offerShipList && FolderExists(main.host.files, program)) {
     bool asked = false;
     if (given.game.empty()) {
       asked = SearchGameFolder(main, given);
@@ -229,7 +233,7 @@ void FindFolders(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
   bool gameKnown = false;
   if (given.program.empty()) {
-    GuessProgramFolder(installation, given.package);
+    GuessProgramFolder(main.host.files, installation, given.package);
     if (IsPackages(installation, given)) LayOutProgramFolder(main.host, given.package);
   } else {
     gameKnown = TakeGivenProgram(main, given);
@@ -274,7 +278,7 @@ void Form_Load(Main& main, const GivenFolders& given) {
   main.tcache.txtTcacheSource.text = installation.GamePath + "tcachehw.dat";
 
   LockInstallation(main);
-  if (FeaturesEnabled(installation.ProgramPath)) {
+  if (FeaturesEnabled(main.host.files, installation.ProgramPath)) {
     LoadCatalogue(main.host, installation.ProgramPath + catalogueName, installation.ships);
     FillLists(main);
   }
@@ -284,18 +288,19 @@ void Form_Load(Main& main, const GivenFolders& given) {
 void FindGameFolder(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
   if (given.program.empty()) {
-    GuessProgramFolder(installation, given.package);
+    GuessProgramFolder(main.host.files, installation, given.package);
   } else {
     installation.ProgramPath = FolderFrom(given.program);
   }
   if (!given.game.empty()) {
     TakeGivenGame(main.host, installation, given.game);
-  } else if (!GameFolderFromRegistry(installation) &&
+  } else if (!GameFolderFromRegistry(main.host.files, installation) &&
              !FoldersFromIni(main.host, installation, !given.program.empty())) {
     installation.GamePath = ChosenGameFolder(main.host);
   }
   installation.GamePath = AddBackslash(installation.GamePath);
-  if (!FolderExists(installation.ProgramPath)) installation.ProgramPath = installation.GamePath;
+  TrimInPlace(installation.ProgramPath);
+  if (!FolderExists(main.host.files, installation.ProgramPath)) installation.ProgramPath = installation.GamePath;
 }
 
 }  // namespace oravin

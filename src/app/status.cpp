@@ -20,14 +20,14 @@ std::uint64_t ArchiveCount(Files& files, const std::string& path) {
 }
 
 template <typename Count>
-GameFile Look(const std::string& folder, const std::string& name, const char* counted, Count&& count) {
+GameFile Look(Files& files, const std::string& folder, const std::string& name, const char* counted, Count&& count) {
   GameFile file;
   file.name = name;
   file.counted = counted;
   const std::string path = folder + name;
-  file.found = FileExists(std::string(path));
+  file.found = FileExists(files, path);
   if (!file.found) return file;
-  file.size = FileLength(path);
+  file.size = FileLength(files, path);
   try {
     file.count = count(path);
   } catch (const RunTimeError&) {
@@ -43,7 +43,7 @@ Status StatusOf(Main& main) {
   Status status;
   status.gameFolder = installation.GamePath;
   status.programFolder = installation.ProgramPath;
-  status.enabled = FeaturesEnabled(installation.ProgramPath);
+  status.enabled = FeaturesEnabled(main.host.files, installation.ProgramPath);
   status.onlyLooks = main.onlyLooks;
   for (const ShipRecord& ship : installation.ships) {
     if (IsInert(ship)) continue;
@@ -51,14 +51,14 @@ Status StatusOf(Main& main) {
     if (ship.Changed) ++status.changedShips;
   }
   Files& files = main.host.files;
-  const auto blocks = [](const std::string& path) { return FileLength(path) / statsBlockSize; };
-  status.files.push_back(Look(installation.GamePath, "resource.hog", "entries",
+  const auto blocks = [&](const std::string& path) { return FileLength(files, path) / statsBlockSize; };
+  status.files.push_back(Look(files, installation.GamePath, "resource.hog", "entries",
                               [&](const std::string& path) { return ArchiveCount(files, path); }));
-  status.files.push_back(Look(installation.GamePath, "tcachehw.dat", "textures", [&](const std::string& path) {
+  status.files.push_back(Look(files, installation.GamePath, "tcachehw.dat", "textures", [&](const std::string& path) {
     return static_cast<std::uint64_t>(TcacheCount(files, path));
   }));
-  status.files.push_back(Look(installation.GamePath, "shipstats.bin", "blocks", blocks));
-  status.files.push_back(Look(installation.GamePath, "shipstats.def", "blocks", blocks));
+  status.files.push_back(Look(files, installation.GamePath, "shipstats.bin", "blocks", blocks));
+  status.files.push_back(Look(files, installation.GamePath, "shipstats.def", "blocks", blocks));
   return status;
 }
 

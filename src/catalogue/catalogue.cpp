@@ -38,9 +38,9 @@ Bytes SlotIn(const std::string& path, const ShipRecord& ship) {
 
 }  // namespace
 
-bool FeaturesEnabled(const std::string& programPath) {
+bool FeaturesEnabled(Files& files, const std::string& programPath) {
   const std::string path = programPath + catalogueName;
-  return FileExists(std::string(path)) && FileLength(path) > 0;
+  return FileExists(files, path) && FileLength(files, path) > 0;
 }
 
 int LoadCatalogue(Host& host, const std::string& path, Ships& ships) {

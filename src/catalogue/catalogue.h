@@ -13,7 +13,7 @@ namespace oravin {
 inline constexpr const char* catalogueName = "ships.dat";
 
 /// The editing features are enabled exactly while the catalogue exists and is not empty.
-bool FeaturesEnabled(const std::string& programPath);
+bool FeaturesEnabled(Files& files, const std::string& programPath);
 
 /// Loads the catalogue. The array gets one element more than the file holds records; that last one is empty. This is
 /// meant: nothing shows it, and every loop passes it over (IsInert). Then every ship's second part is found anew

@@ -214,7 +214,7 @@ std::optional<Result> PreviewTexture(Session& session, const Values& values) {
 std::optional<Result> LearnLoadoutMaps(Session& session, const Values& values) {
   Main& main = session.main;
   const std::string path = values.Has("--to") ? values.Of("--to") : main.installation.ProgramPath + loadoutMapsName;
-  if (FileExists(std::string(path))) {
+  if (FileExists(main.host.files, path)) {
     SayError(session.console, path + " is there already, and is never overwritten");
     return std::nullopt;
   }

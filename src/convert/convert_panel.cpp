@@ -49,7 +49,7 @@ void cmdConvert3dsToSL_Click(Host& host, ConvertPanel& panel, const Installation
   import.txtImportFighter.text = destination;
   // Intentional: the import form does not come up over a conversion that left no model. Where nothing was made there is
   // nothing to import, and the form would only refuse it; a model that was there before is not what was asked for.
-  if (code && FileExists(destination)) import.show(destination);
+  if (code && FileExists(host.files, destination)) import.show(destination);
 }
 
 void cmd3d2SLReadme_Click(const Installation& installation) {

@@ -10,7 +10,6 @@
 #include "files/whole_file.h"
 #include "platform/converter.h"
 #include "platform/current_folder.h"
-#include "platform/file_system.h"
 #include "platform/native_path.h"
 
 namespace oravin {
@@ -52,11 +51,11 @@ std::optional<std::int32_t> m3DtoSL(Host& host, const std::string& programPath, 
   // The current folder is about to become another one.
   std::string from = platform::FromTheRoot(Trim(source));
   std::string to = platform::FromTheRoot(Trim(destination));
-  if (!FileExists(from)) {
+  if (!FileExists(host.files, from)) {
     Refuse(host, "File not Found");
     return std::nullopt;
   }
-  if (platform::IsSameFile(from, to)) {
+  if (IsSameFile(host.files, from, to)) {
     Refuse(host, "The destination is the source file itself. Nothing was converted.");
     return std::nullopt;
   }
@@ -70,7 +69,7 @@ std::optional<std::int32_t> m3DtoSL(Host& host, const std::string& programPath, 
     return std::nullopt;
   }
   const bool free = Trap(host, "m3DtoSL", [&] {
-    if (FileExists(to)) EraseFile(host.files, to);
+    if (FileExists(host.files, to)) EraseFile(host.files, to);
   });
   if (!free) return std::nullopt;
   const std::vector<char> sourceText = ZeroEnded(platform::ToNativePath(from));

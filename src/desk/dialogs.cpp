@@ -1,5 +1,7 @@
 #include "desk/dialogs.h"
 
+#include "base/text.h"
+
 #include "files/look_up.h"
 #include "files/path.h"
 
@@ -21,11 +23,12 @@ std::string BrowseForFolder(Host& host, const std::string& prompt) {
   return host.desk.browseForFolder ? host.desk.browseForFolder(prompt) : std::string();
 }
 
-std::string ChooseFile(Host& host, const std::string& title, std::string& folder, const std::string& name,
+std::string ChooseFile(Host& host, const std::string& title, const std::string& folder, const std::string& name,
                        const std::string& filter) {
   if (!host.desk.openDialog) return {};
   std::string chosen = host.desk.openDialog({title, AddBackslash(folder), name, filter});
-  return FileExists(chosen) ? chosen : std::string();
+  TrimInPlace(chosen);
+  return FileExists(host.files, chosen) ? chosen : std::string();
 }
 
 void ShowProgress(Host& host, const std::string& text, int done, int total) {

@@ -19,8 +19,8 @@ bool AskYesNo(Host& host, const std::string& text, const std::string& title = pr
 std::string BrowseForFolder(Host& host, const std::string& prompt = "Select Folder");
 
 /// Asks for an existing file; empty when the person cancels or the choice is not there.
-/// @param folder where the dialog begins; a backslash is appended to the caller's variable
-std::string ChooseFile(Host& host, const std::string& title, std::string& folder, const std::string& name,
+/// @param folder where the dialog begins, with or without a backslash at its end
+std::string ChooseFile(Host& host, const std::string& title, const std::string& folder, const std::string& name,
                        const std::string& filter);
 
 /// Tells how far a long action has come.

@@ -1,7 +1,7 @@
 #include "desk/write_help.h"
 
+#include "files/look_up.h"
 #include "files/path.h"
-#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -21,25 +21,22 @@ std::string Help(const std::string& reason) {
 }
 
 /// A folder that was only made and never filled holds no copies.
-bool HoldsFiles(const std::string& folder) {
-  const auto items = platform::ListNative(folder);
-  return items && !items->empty();
-}
+bool HoldsFiles(Files& files, const std::string& folder) { return !ListFolder(files, folder).items.empty(); }
 
 }  // namespace
 
-std::string VirtualCopies(const std::string& store, const std::string& folder) {
+std::string VirtualCopies(Files& files, const std::string& store, const std::string& folder) {
   constexpr std::size_t drive = 3;  // as in C:\...
   const bool fromTheRoot = folder.size() > drive && folder[1] == ':' && folder[2] == '\\';
   if (store.empty() || !fromTheRoot) return {};
   std::string copies = store + folder.substr(drive);
-  return HoldsFiles(copies) ? copies : std::string();
+  return HoldsFiles(files, copies) ? copies : std::string();
 }
 
-std::string RefusalToWrite(const std::string& path, const std::string& reason, const std::string& store) {
+std::string RefusalToWrite(Files& files, const std::string& path, const std::string& reason, const std::string& store) {
   std::string text = path + " cannot be written: " + reason + ".\n" + Help(reason) + " Nothing has been changed.";
   const std::string folder = path.ends_with('\\') ? path : ParentFolder(path);
-  const std::string copies = VirtualCopies(store, folder);
+  const std::string copies = VirtualCopies(files, store, folder);
   if (!copies.empty()) {
     text += "\n\nWindows keeps copies of files of that folder in\n" + copies +
             "\nand shows them to the game in place of the real ones. As long as they are there, the game does not see "

@@ -1,10 +1,9 @@
 #include "desk/write_plan.h"
 
-#include "platform/file_system.h"
-
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/write_help.h"
+#include "files/look_up.h"
 #include "platform/virtual_store.h"
 
 namespace oravin {
@@ -15,7 +14,7 @@ namespace {
 constexpr std::uint64_t spareRoom = std::uint64_t{1} << 20;
 
 void Refuse(Host& host, const std::string& path, const std::string& reason) {
-  Show(host, RefusalToWrite(path, reason, platform::VirtualStore()), Icon::exclamation);
+  Show(host, RefusalToWrite(host.files, path, reason, platform::VirtualStore()), Icon::exclamation);
 }
 
 void RefuseRoom(Host& host, const std::string& folder, std::uint64_t needed, std::uint64_t free) {
@@ -29,7 +28,7 @@ bool RoomFor(Host& host, const WritePlan& plan) {
   // Folders whose disks have the very same room left are taken to lie on one disk, which then must hold all of it.
   std::map<std::uint64_t, std::uint64_t> neededByFree;
   for (const auto& [folder, bytes] : plan.room) {
-    const auto free = platform::FreeSpace(folder);
+    const auto free = FreeSpace(host.files, folder);
     if (!free) continue;
     const std::uint64_t needed = neededByFree[*free] += bytes;
     if (needed + spareRoom <= *free) continue;
@@ -45,14 +44,14 @@ void NeedRoom(WritePlan& plan, const std::string& folder, std::uint64_t bytes) {
 
 bool ReadyToWrite(Host& host, const WritePlan& plan) {
   for (const std::string& folder : plan.folders) {
-    const std::string reason = platform::WhyNoNewFiles(folder);
+    const std::string reason = WhyNoNewFiles(host.files, folder);
     if (reason.empty()) continue;
     Refuse(host, folder, reason);
     return false;
   }
   for (const std::string& file : plan.files) {
-    if (!platform::FactsOf(file)) continue;
-    const std::string reason = platform::WhyNotWritable(file);
+    if (LookFor(host.files, file).presence == Presence::absent) continue;
+    const std::string reason = WhyNotWritable(host.files, file);
     if (reason.empty()) continue;
     Refuse(host, file, reason);
     return false;

@@ -4,6 +4,8 @@
 
 namespace oravin {
 
+bool IsQuestion(FileOperation::Kind kind) { return kind >= FileOperation::Kind::look; }
+
 const std::string& ChangedPath(const FileOperation& operation) {
   return operation.second.empty() ? operation.path : operation.second;
 }

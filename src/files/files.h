@@ -12,7 +12,21 @@ namespace oravin {
 
 /// One operation on a file, as the hook sees it just before it is done.
 struct FileOperation {
-  enum class Kind { open, read, write, cut, flush, erase, rename, makeFolder };
+  enum class Kind {
+    open,
+    read,
+    write,
+    cut,  ///< to a length, which may also lie after the end
+    flush,
+    erase,
+    rename,
+    makeFolder,
+    cleanUp,     ///< deletes a temporary file; a failure is passed over
+    look,        ///< at one path, or at two
+    list,        ///< a folder
+    askToWrite,  ///< whether a file could be changed, or files be made in a folder
+    askForRoom,  ///< on the disk of a folder
+  };
 
   Kind kind;
   std::string path;                          ///< of a rename the old path
@@ -21,6 +35,9 @@ struct FileOperation {
   std::uint64_t length = 0;                  ///< of a read or write in bytes; of a cut the new length of the file
   std::span<const std::uint8_t> bytes = {};  ///< what is written
 };
+
+/// True for an operation that asks and can change nothing: look, list, askToWrite and askForRoom.
+bool IsQuestion(FileOperation::Kind kind);
 
 /// The path whose file an operation changes or asks for: of a rename the new one.
 const std::string& ChangedPath(const FileOperation& operation);

@@ -1,15 +1,13 @@
 #include "files/folder_names.h"
 
 #include "base/text.h"
-#include "platform/file_system.h"
+#include "files/look_up.h"
 
 namespace oravin {
 
-FolderNames NamesIn(const std::string& folder) {
+FolderNames NamesIn(Files& files, const std::string& folder) {
   FolderNames names;
-  const auto items = platform::ListNative(folder);
-  if (!items) return names;
-  for (const platform::FileFacts& item : *items) {
+  for (const FileFacts& item : ListFolder(files, folder).items) {
     if (item.folder || item.hidden || item.system) continue;
     const FolderNames::Item here{item.name, item.length};
     const auto [known, fresh] = names.items.emplace(UpperCase(item.name), here);

@@ -4,6 +4,8 @@
 #include <string>
 #include <unordered_map>
 
+#include "files/files.h"
+
 namespace oravin {
 
 /// The files of one folder by name, listed once: for actions that ask for many names of the same folder. Hidden and
@@ -17,7 +19,7 @@ struct FolderNames {
 };
 
 /// Lists a folder; one that is missing has no files. Of several spellings of one name the first in byte order is taken.
-FolderNames NamesIn(const std::string& folder);
+FolderNames NamesIn(Files& files, const std::string& folder);
 
 /// A file of the folder, without regard to case; null when it is not there.
 const FolderNames::Item* FindIn(const FolderNames& names, const std::string& name);

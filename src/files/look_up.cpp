@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "files/path.h"
 #include "platform/file_system.h"
@@ -10,42 +11,86 @@ namespace oravin {
 
 namespace {
 
-bool AnyFileMatches(const std::string& path) {
+using Kind = FileOperation::Kind;
+
+/// Shows a look to the hook. A failure that the hook makes of it is one of the system's.
+/// @return the failure's reason; empty where the look is to be done
+std::string Announce(Files& files, const FileOperation& look) {
+  if (!files.before) return {};
+  try {
+    files.before(look);
+    return {};
+  } catch (const RunTimeError& error) {
+    return error.reason;
+  }
+}
+
+bool AnyFileMatches(Files& files, const std::string& path) {
   const std::size_t slash = path.find_last_of("\\:");
   const std::string folder = slash == std::string::npos ? ".\\" : path.substr(0, slash + 1);
   const std::string pattern = slash == std::string::npos ? path : path.substr(slash + 1);
-  const auto items = platform::ListNative(folder);
-  return items && std::any_of(items->begin(), items->end(), [&](const platform::FileFacts& item) {
-           return !item.folder && !item.hidden && !item.system && MatchesPattern(item.name, pattern);
-         });
+  const Listing listing = ListFolder(files, folder);
+  return std::any_of(listing.items.begin(), listing.items.end(), [&](const FileFacts& item) {
+    return !item.folder && !item.hidden && !item.system && MatchesPattern(item.name, pattern);
+  });
 }
 
 }  // namespace
 
-bool FileExists(std::string& path) {
-  TrimInPlace(path);
+bool FileExists(Files& files, std::string_view path) {
   if (!IsPrintableText(path)) return false;
-  const char last = path.back();
+  const std::string trimmed = Trim(path);
+  const char last = trimmed.back();
   if (last == '\\' || last == ':' || last == '.') return false;
-  if (path.find_first_of("*?") != std::string::npos) return AnyFileMatches(path);
-  const auto facts = platform::FactsOf(path);
-  return facts && !facts->folder && !facts->hidden && !facts->system;
+  if (trimmed.find_first_of("*?") != std::string::npos) return AnyFileMatches(files, trimmed);
+  const LookUp found = LookFor(files, trimmed);
+  return found.presence == Presence::visible && !found.facts.folder;
 }
 
-bool FolderExists(std::string& path) {
-  TrimInPlace(path);
-  if (!IsPrintableText(path)) return false;
-  if (path.find_first_of("*?") != std::string::npos) return false;
-  const auto facts = platform::FactsOf(path.back() == '\\' ? path : path + '\\');
-  return facts && facts->folder;
+bool FolderExists(Files& files, std::string_view path) {
+  if (!IsPrintableText(path) || path.find_first_of("*?") != std::string_view::npos) return false;
+  const LookUp found = LookFor(files, AddBackslash(path));
+  return (found.presence == Presence::visible || found.presence == Presence::hidden) && found.facts.folder;
 }
 
-std::uint64_t FileLength(const std::string& path) {
-  const auto facts = platform::FactsOf(path);
-  return facts ? facts->length : 0;
+std::uint64_t FileLength(Files& files, const std::string& path) { return LookFor(files, path).facts.length; }
+
+LookUp LookFor(Files& files, const std::string& path) {
+  const std::string failure = Announce(files, {Kind::look, path});
+  return failure.empty() ? platform::LookAt(path) : LookUp{Presence::failed, {}, failure};
 }
 
-bool FileExists(std::string&& path) { return FileExists(path); }
-bool FolderExists(std::string&& path) { return FolderExists(path); }
+LookUp LookCloselyFor(Files& files, const std::string& path) {
+  const std::string failure = Announce(files, {Kind::look, path});
+  return failure.empty() ? platform::LookCloselyAt(path) : LookUp{Presence::failed, {}, failure};
+}
+
+Listing ListFolder(Files& files, const std::string& folder) {
+  const std::string failure = Announce(files, {Kind::list, folder});
+  return failure.empty() ? platform::ListNative(folder) : Listing{Presence::failed, {}, failure};
+}
+
+std::string SpellingOf(Files& files, const std::string& path) {
+  const std::string failure = Announce(files, {Kind::look, path});
+  return failure.empty() ? platform::SpellingOf(path) : path.substr(path.find_last_of('\\') + 1);
+}
+
+bool IsSameFile(Files& files, const std::string& a, const std::string& b) {
+  return Announce(files, {Kind::look, a, b}).empty() && platform::IsSameFile(a, b);
+}
+
+std::string WhyNotWritable(Files& files, const std::string& path) {
+  std::string failure = Announce(files, {Kind::askToWrite, path});
+  return failure.empty() ? platform::WhyNotWritable(path) : failure;
+}
+
+std::string WhyNoNewFiles(Files& files, const std::string& folder) {
+  std::string failure = Announce(files, {Kind::askToWrite, folder});
+  return failure.empty() ? platform::WhyNoNewFiles(folder) : failure;
+}
+
+std::optional<std::uint64_t> FreeSpace(Files& files, const std::string& folder) {
+  return Announce(files, {Kind::askForRoom, folder}).empty() ? platform::FreeSpace(folder) : std::nullopt;
+}
 
 }  // namespace oravin

@@ -36,7 +36,7 @@ void WriteBeside(Files& files, const std::string& path, const std::function<void
     }
     RenameOver(files, beside, path);
   } catch (const RunTimeError&) {
-    platform::EraseNative(beside);
+    EraseIfThere(files, beside);
     throw;
   }
 }
@@ -48,7 +48,7 @@ void AddWhole(Files& files, WholeFiles& together, const std::string& path,
     File file(files, beside, OpenFor::replacing);
     write(file);
   } catch (const RunTimeError&) {
-    platform::EraseNative(beside);
+    EraseIfThere(files, beside);
     throw;
   }
   together.paths.push_back(path);
@@ -60,7 +60,7 @@ void AddNew(Files& files, WholeFiles& together, const std::string& path, const s
     File file(files, folder, path.substr(folder.size()) + besideSuffix);
     write(file);
   } catch (const RunTimeError&) {
-    platform::EraseNative(path + besideSuffix);
+    EraseIfThere(files, path + besideSuffix);
     throw;
   }
   together.paths.push_back(path);
@@ -85,9 +85,9 @@ void CommitWhole(Files& files, WholeFiles& together) {
   together = {};
 }
 
-void DropWhole(WholeFiles& together, std::size_t keep) {
+void DropWhole(Files& files, WholeFiles& together, std::size_t keep) {
   for (std::size_t i = keep; i < together.paths.size(); ++i) {
-    platform::EraseNative(together.paths[i] + besideSuffix);
+    EraseIfThere(files, together.paths[i] + besideSuffix);
     together.spelled.erase(together.paths[i]);
   }
   together.paths.resize(std::min(keep, together.paths.size()));
@@ -122,6 +122,15 @@ void EraseFile(Files& files, const std::string& path) {
   Perform(files, {Kind::erase, path}, "could not delete", [&] { return platform::EraseNative(path); });
 }
 
+void EraseIfThere(Files& files, const std::string& path) {
+  try {
+    if (files.before) files.before({Kind::cleanUp, path});
+    platform::EraseNative(path);
+  } catch (const RunTimeError&) {
+    // What is left has a name of its own, and the next run overwrites or erases it.
+  }
+}
+
 void RenameOver(Files& files, const std::string& from, const std::string& to) {
   Perform(files, {Kind::rename, from, to}, "could not write", [&] { return platform::RenameNative(from, to); });
 }
@@ -137,7 +146,7 @@ void MakeFolder(Files& files, const std::string& path) {
 }
 
 bool SameContent(Files& files, const std::string& a, const std::string& b) {
-  if (!FileExists(std::string(a)) || !FileExists(std::string(b)) || FileLength(a) != FileLength(b)) return false;
+  if (!FileExists(files, a) || !FileExists(files, b) || FileLength(files, a) != FileLength(files, b)) return false;
   File first(files, a, OpenFor::reading);
   File second(files, b, OpenFor::reading);
   Bytes blockA(blockSize / 4);
@@ -153,16 +162,14 @@ bool SameContent(Files& files, const std::string& a, const std::string& b) {
   }
 }
 
-std::string FreeOldName(const std::string& base) {
+std::string FreeOldName(Files& files, const std::string& base) {
   std::string name = base + ".old";
-  for (int number = 2; FileExists(std::string(name)); ++number) name = base + ".old" + std::to_string(number);
+  for (int number = 2; FileExists(files, name); ++number) name = base + ".old" + std::to_string(number);
   return name;
 }
 
 void EraseLeftovers(Files& files, const std::string& folder) {
-  const auto items = platform::ListNative(folder);
-  if (!items) return;
-  for (const platform::FileFacts& item : *items) {
+  for (const FileFacts& item : ListFolder(files, folder).items) {
     if (!item.folder && item.name.ends_with(besideSuffix)) EraseFile(files, folder + item.name);
   }
 }

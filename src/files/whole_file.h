@@ -47,7 +47,7 @@ void AddNew(Files& files, WholeFiles& together, const std::string& path, const s
 void CommitWhole(Files& files, WholeFiles& together);
 
 /// Gives up the files behind the first `keep` ones: what was written beside is deleted.
-void DropWhole(WholeFiles& together, std::size_t keep);
+void DropWhole(Files& files, WholeFiles& together, std::size_t keep);
 
 /// Copies bytes from one open file to another, in blocks. The system begins to bring them to the disk while the rest is
 /// being copied.
@@ -60,6 +60,9 @@ void CopyInto(File& to, const std::string& from);
 void CopyWhole(Files& files, const std::string& from, const std::string& to);
 
 void EraseFile(Files& files, const std::string& path);
+
+/// Deletes a temporary file that may be there; that it could not be deleted is passed over.
+void EraseIfThere(Files& files, const std::string& path);
 
 /// Renames a file, over another one where that is there.
 void RenameOver(Files& files, const std::string& from, const std::string& to);
@@ -74,7 +77,7 @@ void MakeFolder(Files& files, const std::string& path);
 bool SameContent(Files& files, const std::string& a, const std::string& b);
 
 /// The first name that is not there yet for an old version to be kept under: `base` + ".old", ".old2", ".old3", ...
-std::string FreeOldName(const std::string& base);
+std::string FreeOldName(Files& files, const std::string& base);
 
 /// Erases what a run that was cut short left half-written in one folder (not in the folders below it).
 void EraseLeftovers(Files& files, const std::string& folder);

@@ -122,7 +122,8 @@ std::vector<HogEntry> ReadHogTable(File& file, const std::string& path, std::uin
 }
 
 int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries, bool* repaired) {
-  if (!FileExists(hogPath)) Show(host, "Error - hog not found", Icon::exclamation, "GetHogData");
+  TrimInPlace(hogPath);
+  if (!FileExists(host.files, hogPath)) Show(host, "Error - hog not found", Icon::exclamation, "GetHogData");
   bool repairedNow = false;
   entries = Trapped(host, "GetHogData", std::vector<HogEntry>(), [&] { return ReadTable(host, hogPath, repairedNow); });
   if (repaired != nullptr) *repaired = repairedNow;

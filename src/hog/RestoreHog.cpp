@@ -16,7 +16,7 @@ namespace {
 constexpr const char* procedure = "RestoreHog";
 
 bool EraseIfThere(Host& host, const std::string& path) {
-  return !FileExists(std::string(path)) || Trap(host, procedure, [&] { EraseFile(host.files, path); });
+  return !FileExists(host.files, path) || Trap(host, procedure, [&] { EraseFile(host.files, path); });
 }
 
 bool EraseModelAndBackup(Host& host, const std::string& shipsFolder, const std::string& model, const char* extension) {
@@ -70,7 +70,8 @@ void NamePassedOver(Host& host, const std::vector<std::string>& passedOver) {
 
 bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder, const std::string& addOnFolder,
                 const Ships& ships, const HogTable& backup) {
-  if (!FileExists(hogPath)) {
+  TrimInPlace(hogPath);
+  if (!FileExists(host.files, hogPath)) {
     Show(host, "Error - hog not found", Icon::exclamation, procedure);
     return false;
   }
@@ -85,7 +86,7 @@ bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder,
       ShowProgress(host, "Restoring " + ModelOf(ship), static_cast<int>(i), static_cast<int>(ships.size()));
       if (!ship.Imported) {
         all = RestoreStock(host, hog, shipsFolder, ship, backup, passedOver) && all;
-      } else if (FileExists(addOnFolder + ModelOf(ship))) {
+      } else if (FileExists(host.files, addOnFolder + ModelOf(ship))) {
         all = EraseAddOn(host, shipsFolder, addOnFolder, ModelOf(ship)) && all;
       } else {
         // The answer is not looked at: meant, see the header.
@@ -102,7 +103,8 @@ bool RestoreHog(Host& host, std::string hogPath, const std::string& shipsFolder,
 }
 
 bool RestoreHogByBackup(Host& host, std::string hogPath, const std::string& shipsFolder, const HogTable& backup) {
-  if (!FileExists(hogPath)) {
+  TrimInPlace(hogPath);
+  if (!FileExists(host.files, hogPath)) {
     Show(host, "Error - hog not found", Icon::exclamation, procedure);
     return false;
   }

@@ -7,8 +7,8 @@
 #include "base/run_time_error.h"
 #include "base/text.h"
 #include "files/file.h"
+#include "files/look_up.h"
 #include "files/whole_file.h"
-#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -18,12 +18,10 @@ namespace {
 /// by the next one.
 const std::string nameBeside = std::string("extracting") + besideSuffix;
 
-Destination::Folder ListedFolder(const std::string& path) {
+Destination::Folder ListedFolder(Files& files, const std::string& path) {
   Destination::Folder folder;
   folder.path = path;
-  const auto items = platform::ListNative(path);
-  if (!items) return folder;
-  for (const platform::FileFacts& item : *items) {
+  for (const FileFacts& item : ListFolder(files, path).items) {
     folder.items.emplace(UpperCase(item.name), Destination::Item{item.name, item.folder});
   }
   return folder;
@@ -56,7 +54,7 @@ Destination::Folder& Enter(Files& files, Destination& destination, const std::st
   if (known != destination.folders.end()) return known->second;
   const Destination::Item* item = Find(above, name);
   const std::string path = above.path + (item != nullptr ? item->spelling : name) + "\\";
-  if (item != nullptr) return destination.folders[key] = ListedFolder(path);
+  if (item != nullptr) return destination.folders[key] = ListedFolder(files, path);
   MakeFolder(files, path);
   above.items.emplace(UpperCase(name), Destination::Item{name, true, true});
   Destination::Folder& made = destination.folders[key];
@@ -64,25 +62,26 @@ Destination::Folder& Enter(Files& files, Destination& destination, const std::st
   return made;
 }
 
-std::string WhyNotReplaced(const Destination& destination, const std::string& path, const Destination::Item& item) {
+std::string WhyNotReplaced(Files& files, const Destination& destination, const std::string& path,
+                           const Destination::Item& item) {
   if (item.folder) return "a folder bears its name";
   if (item.ours) return "another file of the same name was extracted before it";
-  if (platform::IsSameFile(path, destination.spared)) return "it would overwrite the archive itself";
-  const std::string why = platform::WhyNotWritable(path);
+  if (IsSameFile(files, path, destination.spared)) return "it would overwrite the archive itself";
+  const std::string why = WhyNotWritable(files, path);
   return why.empty() ? why : "there is a file of its name, and " + why;
 }
 
 }  // namespace
 
-Destination DestinationAt(const std::string& path, const std::string& spared) {
+Destination DestinationAt(Files& files, const std::string& path, const std::string& spared) {
   Destination destination;
   destination.path = path;
   destination.spared = spared;
-  destination.folders[""] = ListedFolder(path);
+  destination.folders[""] = ListedFolder(files, path);
   return destination;
 }
 
-std::string WhyNotExtracted(const Destination& destination, const EntryPath& entry) {
+std::string WhyNotExtracted(Files& files, const Destination& destination, const EntryPath& entry) {
   if (!entry.whyNot.empty()) return entry.whyNot;
   const Destination::Folder* folder = &destination.folders.at("");
   Destination::Folder unseen;
@@ -97,12 +96,12 @@ std::string WhyNotExtracted(const Destination& destination, const EntryPath& ent
     if (known != destination.folders.end()) {
       folder = &known->second;
     } else {
-      unseen = ListedFolder(folder->path + item->spelling + "\\");
+      unseen = ListedFolder(files, folder->path + item->spelling + "\\");
       folder = &unseen;
     }
   }
   const Destination::Item* item = Find(*folder, entry.file);
-  return item == nullptr ? std::string() : WhyNotReplaced(destination, folder->path + item->spelling, *item);
+  return item == nullptr ? std::string() : WhyNotReplaced(files, destination, folder->path + item->spelling, *item);
 }
 
 void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
@@ -124,7 +123,7 @@ void WriteExtracted(Files& files, Destination& destination, const EntryPath& ent
     Close(file);
     RenameSpelled(files, folder->path, nameBeside, name);
   } catch (...) {
-    platform::EraseNative(folder->path + nameBeside);
+    EraseIfThere(files, folder->path + nameBeside);
     throw;
   }
   Forget(*folder, name);

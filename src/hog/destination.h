@@ -28,12 +28,12 @@ struct Destination {
 };
 
 /// @param path an existing folder, ending in a backslash
-Destination DestinationAt(const std::string& path, const std::string& spared);
+Destination DestinationAt(Files& files, const std::string& path, const std::string& spared);
 
 /// Tells why an entry cannot be written: its name, something of another kind that stands in its place, or an entry of
 /// that name that was written before. Makes and writes nothing.
 /// @return the reason in words; empty when it can be written
-std::string WhyNotExtracted(const Destination& destination, const EntryPath& entry);
+std::string WhyNotExtracted(Files& files, const Destination& destination, const EntryPath& entry);
 
 /// Writes an entry's file whole: beside its name at first, which it takes when all of it is written. Makes the folders
 /// that are missing. A file that is replaced has its successor on the disk first.

@@ -90,7 +90,7 @@ Answer AskAboutStored(Extraction& extraction, const HogEntry& entry) {
 bool ExtractEntry(Extraction& extraction, const HogEntry& entry, std::size_t done, std::size_t total) {
   File& hog = extraction.tab.archive.file;
   const EntryPath path = PathOfEntry(entry.Name);
-  const std::string whyNot = WhyNotExtracted(extraction.destination, path);
+  const std::string whyNot = WhyNotExtracted(extraction.host.files, extraction.destination, path);
   if (!whyNot.empty()) {
     extraction.notWritten.push_back(Presentable(entry.Name) + ": " + whyNot);
     return true;
@@ -141,12 +141,14 @@ void TellNotWritten(Extraction& extraction) {
 /// @param complete what the closing box says
 void Extract(Host& host, HogTab& tab, Way way, const char* procedure, const char* complete) {
   if (!IsArchiveOpen(tab)) return;
-  if (!FolderExists(tab.txtHogDest.text)) {
+  TrimInPlace(tab.txtHogDest.text);
+  if (!FolderExists(host.files, tab.txtHogDest.text)) {
     Show(host, "Destination path doesn't exist", Icon::none);
     return;
   }
   tab.txtHogDest.text = AddBackslash(tab.txtHogDest.text);
-  Extraction extraction{host, tab, way, DestinationAt(tab.txtHogDest.text, tab.archive.path), {}, {}, 0, {}};
+  Extraction extraction{host, tab, way, DestinationAt(host.files, tab.txtHogDest.text, tab.archive.path),
+                        {},   {},  0,   {}};
   End end = End::complete;
   const bool whole = Trap(host, procedure, [&] { end = ExtractSelected(extraction); });
   EndProgress(host);

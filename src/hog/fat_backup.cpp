@@ -35,7 +35,7 @@ bool EachBlock(File& hog, const HogTable& live, bool repaired, Take&& take) {
 }
 
 bool EqualsBackup(File& hog, const std::string& backup, const HogTable& live, bool repaired) {
-  if (FileLength(backup) != BackupLength(hog, live.entries)) return false;
+  if (FileLength(*hog.files, backup) != BackupLength(hog, live.entries)) return false;
   File old(*hog.files, backup, OpenFor::reading);
   return EachBlock(hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
     Bytes kept(block.size());
@@ -51,9 +51,9 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
   if (std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); })) return;
   const std::string backup = programPath + fatBackupName;
   File hog(files, gamePath + "resource.hog", OpenFor::reading);
-  if (FileExists(std::string(backup))) {
+  if (FileExists(files, backup)) {
     if (EqualsBackup(hog, backup, live, repaired)) return;
-    CopyWhole(files, backup, FreeOldName(programPath + "backup\\resource"));
+    CopyWhole(files, backup, FreeOldName(files, programPath + "backup\\resource"));
   }
   WriteBeside(files, backup, [&](File& file) {
     EachBlock(hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
@@ -66,13 +66,13 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
 std::uint64_t FatBackupSize(Files& files, const std::string& gamePath, const std::string& programPath,
                             const HogTable& live) {
   File hog(files, gamePath + "resource.hog", OpenFor::reading);
-  return BackupLength(hog, live.entries) + FileLength(programPath + fatBackupName);
+  return BackupLength(hog, live.entries) + FileLength(files, programPath + fatBackupName);
 }
 
 HogTable ReadFatBackup(Host& host, const std::string& programPath) {
   std::string path = programPath + fatBackupName;
   std::vector<HogEntry> entries;
-  if (FileExists(path)) GetHogData(host, path, entries);
+  if (FileExists(host.files, path)) GetHogData(host, path, entries);
   return TableOf(std::move(entries));
 }
 

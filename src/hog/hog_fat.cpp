@@ -58,7 +58,7 @@ std::uint32_t SizeToRestore(File& backup, const OpenArchive& archive) {
 void cmdBackupFAT_Click(Host& host, HogTab& tab) {
   if (!IsArchiveOpen(tab)) return;
   const std::string backup = FatBackupOf(tab.archive.path);
-  if (FileExists(std::string(backup)) &&
+  if (FileExists(host.files, backup) &&
       !AskYesNo(host, "A hog FAT backup file already exists at this location.\nDo you want to overwrite this file?",
                 "Backup FAT table")) {
     return;
@@ -71,13 +71,13 @@ void cmdBackupFAT_Click(Host& host, HogTab& tab) {
     tab.lblFilePath.caption = "The table was saved as " + backup;
   });
   EnableHogControls(tab);
-  if (!FileExists(std::string(backup))) Show(host, "Couldn't create FAT backup file.", Icon::critical, "Error");
+  if (!FileExists(host.files, backup)) Show(host, "Couldn't create FAT backup file.", Icon::critical, "Error");
 }
 
 void cmdRestoreFAT_Click(Host& host, HogTab& tab) {
   if (!IsArchiveOpen(tab) || !MayWriteArchive(host, tab)) return;
   const std::string backup = FatBackupOf(tab.archive.path);
-  if (!FileExists(std::string(backup))) {
+  if (!FileExists(host.files, backup)) {
     Show(host, "Restore file can't be found. Restore aborted.", Icon::critical, "Error");
     return;
   }

@@ -10,7 +10,6 @@
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/path.h"
-#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -39,7 +38,7 @@ std::optional<Header> ReadHeader(Host& host, OpenArchive& archive) {
   const Header own = HeaderOf(archive.file);
   if (!IsDamaged(own)) return own;
   const std::string backup = FatBackupOf(archive.path);
-  if (!FileExists(std::string(backup))) {
+  if (!FileExists(host.files, backup)) {
     Show(host,
          "The table of this archive is damaged. " + InWords(own) + "\nWith a backup of the table beside it, " +
              Presentable(backup) + ",\nits files could be listed and the table be repaired. Nothing was changed.",
@@ -63,7 +62,7 @@ std::string Formatted(std::uint32_t size) { return size == 0 ? std::string() : G
 /// @param file must be closed: whoever holds the archive open cannot be told apart from another program
 /// @return why it can only be read; empty where it can be written
 std::string OpenHog(Files& files, const std::string& path, File& file) {
-  std::string whyOnlyRead = platform::WhyNotWritable(path);
+  std::string whyOnlyRead = WhyNotWritable(files, path);
   file = File(files, path, whyOnlyRead.empty() ? OpenFor::changing : OpenFor::reading);
   return whyOnlyRead;
 }
@@ -132,7 +131,8 @@ bool ReadArchive(Host& host, HogTab& tab) {
 }
 
 void cmdOpen_Click(Host& host, HogTab& tab) {
-  if (!FileExists(tab.txtHogPath.text)) {
+  TrimInPlace(tab.txtHogPath.text);
+  if (!FileExists(host.files, tab.txtHogPath.text)) {
     Show(host, "File not found", Icon::exclamation, "File path error");
     return;
   }

@@ -163,7 +163,8 @@ void EnableHogControls(HogTab& tab) {
                          &tab.cmdBackupFAT, &tab.cmdCloseHog}) {
     button->enabled = open;
   }
-  tab.cmdRestoreFAT.enabled = open && tab.archive.whyOnlyRead.empty() && FileExists(FatBackupOf(tab.archive.path));
+  tab.cmdRestoreFAT.enabled =
+      open && tab.archive.whyOnlyRead.empty() && FileExists(*tab.archive.file.files, FatBackupOf(tab.archive.path));
   tab.txtFilter.enabled = open;
   TellSelection(tab);
 }

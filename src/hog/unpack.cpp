@@ -116,7 +116,7 @@ void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships)
     for (const ShipRecord& ship : ships) {
       const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
       if (!IsStock(ship) || fatPos == 0) continue;
-      const bool loose = FileExists(gamePath + "ships\\" + ModelOf(ship));
+      const bool loose = FileExists(host.files, gamePath + "ships\\" + ModelOf(ship));
       if (!loose || !DisguiseName(hog, fatPos, ModelOf(ship))) passedOver.push_back(ModelOf(ship));
     }
     Flush(hog);
@@ -181,7 +181,7 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
                     std::uint32_t offset) {
   File hog(files, hogPath, OpenFor::reading);
   const std::uint64_t length = UnpackedSize(hog, size, offset);
-  if (std::uint64_t{offset} + size > hog.length || FileLength(path) != length) return false;
+  if (std::uint64_t{offset} + size > hog.length || FileLength(files, path) != length) return false;
   if (ReadWordBE(hog, offset) != compressedSignature) {
     return SameAsStored(hog, path, size, offset);
   }
@@ -194,7 +194,9 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
 std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
                          std::uint32_t size, std::uint32_t offset) {
   folder = AddBackslash(folder);
-  if (!FolderExists(folder) || !FileExists(hogPath)) {
+  TrimInPlace(folder);
+  TrimInPlace(hogPath);
+  if (!FolderExists(host.files, folder) || !FileExists(host.files, hogPath)) {
     Show(host, "Error - Path(s) not found", Icon::exclamation, "UnpackFile()");
     return 0;
   }
@@ -207,7 +209,8 @@ bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string&
   std::string hog = hogPath;
   std::string into = folder;
   HogEntry entry;
-  if (FileExists(hog)) {  // UnpackFile has the box for an archive that is missing
+  TrimInPlace(hog);
+  if (FileExists(host.files, hog)) {  // UnpackFile has the box for an archive that is missing
     std::optional<HogEntry> found;
     if (!Trap(host, "UnpackFile()", [&] { found = LiveEntryOf(host, hog, ship); })) return true;
     if (!found || found->Size == 0) return false;
@@ -226,7 +229,8 @@ bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship,
 
 void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships) {
   gamePath = AddBackslash(gamePath);
-  if (!FolderExists(gamePath)) {
+  TrimInPlace(gamePath);
+  if (!FolderExists(host.files, gamePath)) {
     Show(host, "Error - Invalid Path", Icon::critical, "UnpackSetup");
     throw ProgramEnd();
   }

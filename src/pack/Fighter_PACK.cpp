@@ -37,7 +37,7 @@ void Clear(FighterPack& form) {
 /// The one ship of a single model; none where the model is missing, after its box.
 std::vector<PackShip> ShipOfModel(Host& host, const std::string& path) {
   const bool capital = IsCapitalShip(host, path);
-  if (!FileExists(std::string(path))) return {};
+  if (!FileExists(host.files, path)) return {};
   const std::string file = FileNameOf(path);
   PackShip ship;
   ship.shipClass = capital ? capitalClass : fighterClass;
@@ -46,8 +46,8 @@ std::vector<PackShip> ShipOfModel(Host& host, const std::string& path) {
   return {ship};
 }
 
-ListRow RowOf(const PackShip& ship, std::size_t number) {
-  const bool there = FileExists(std::string(ship.modelPath));
+ListRow RowOf(Files& files, const PackShip& ship, std::size_t number) {
+  const bool there = FileExists(files, ship.modelPath);
   ListRow row;
   row.key = "s" + std::to_string(number);
   row.texts = {Trim(ship.shipName), ship.shipClass == capitalClass ? "Capital ship" : "Fighter",
@@ -95,7 +95,7 @@ void ShowShip(Host& host, FighterPack& form, const Installation& installation, s
   if (form.ship) {
     const std::string& model = form.ships[*form.ship].modelPath;
     // The list says that a model is missing; going through its lines must not bring up a box at each.
-    const bool there = FileExists(std::string(model));
+    const bool there = FileExists(host.files, model);
     why = there ? "This model's textures cannot be listed." : "The model was not found: " + model;
     if (there && TextureList(host, model, installation.GamePath + tcacheName, form.given[*form.ship], form.textures)) {
       why = "This model names no textures.";
@@ -163,7 +163,7 @@ bool LoadPack(Host& host, FighterPack& form, const Installation& installation, c
   form.caption = "Import: < " + FileNameOf(chosen) + " >";
   form.ships = std::move(ships);
   form.given.resize(form.ships.size());
-  for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(form.ships[i], i + 1));
+  for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(host.files, form.ships[i], i + 1));
   ColourPack(form, installation);
   if (!form.ships.empty()) SelectOnly(form.lstPack, 0);
   // Nobody has chosen that ship: what is wrong with its model is told in the form, and in boxes when it is clicked.

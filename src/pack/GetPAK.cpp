@@ -1,5 +1,7 @@
 #include "pack/GetPAK.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -84,7 +86,8 @@ std::vector<PackShip> TakePackShips(DelimitedText& text, const std::string& fold
 }  // namespace
 
 int GetPAK(Host& host, std::string path, const std::string& folder, std::vector<PackShip>& ships) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Error in GetPAK - file not found", Icon::information);
     throw ProgramEnd();
   }
@@ -96,7 +99,7 @@ int GetPAK(Host& host, std::string path, const std::string& folder, std::vector<
     for (std::size_t i = 0; i < count; ++i) {
       PackShip& ship = read[i];
       // A box for each of many missing models would help nobody.
-      const bool capital = FileExists(std::string(ship.modelPath)) && IsCapitalShip(host, ship.modelPath);
+      const bool capital = FileExists(host.files, ship.modelPath) && IsCapitalShip(host, ship.modelPath);
       ship.shipClass = capital ? capitalClass : fighterClass;
     }
     ships = std::move(read);

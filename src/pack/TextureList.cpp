@@ -43,7 +43,7 @@ bool IsAllChunks(Files& files, const std::string& path) {
 
 /// The cache's table, read once for all names; nothing for a cache that is not there, after its box.
 TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string& anyName) {
-  if (!FileExists(std::string(cachePath))) {
+  if (!FileExists(host.files, cachePath)) {
     FindStructOffset(host, cachePath, anyName);  // it tells that the cache is missing
     return {};
   }
@@ -54,13 +54,14 @@ TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string&
   return table;
 }
 
-std::string BitmapFor(const std::string& modelPath, const std::string& name, const GivenBitmaps& given, bool& isGiven) {
+std::string BitmapFor(Files& files, const std::string& modelPath, const std::string& name, const GivenBitmaps& given,
+                      bool& isGiven) {
   const auto chosen = given.find(BitmapKey(name));
-  isGiven = chosen != given.end() && FileExists(std::string(chosen->second));
-  return isGiven ? chosen->second : BitmapBeside(modelPath, name);
+  isGiven = chosen != given.end() && FileExists(files, chosen->second);
+  return isGiven ? chosen->second : BitmapBeside(files, modelPath, name);
 }
 
-ListedTexture NewListed(const std::string& name, const TcacheTable& table, const std::string& modelPath,
+ListedTexture NewListed(Files& files, const std::string& name, const TcacheTable& table, const std::string& modelPath,
                         const GivenBitmaps& given) {
   ListedTexture texture;
   texture.name = name;
@@ -71,7 +72,7 @@ ListedTexture NewListed(const std::string& name, const TcacheTable& table, const
     texture.cachedPalette = TemplateFor(table, entry.name);
     break;
   }
-  texture.bitmapPath = BitmapFor(modelPath, name, given, texture.given);
+  texture.bitmapPath = BitmapFor(files, modelPath, name, given, texture.given);
   if (!texture.bitmapPath.empty()) texture.unusable = WhyUnusable(texture.bitmapPath, texture.info);
   return texture;
 }
@@ -80,11 +81,12 @@ ListedTexture NewListed(const std::string& name, const TcacheTable& table, const
 
 std::string BitmapKey(const std::string& texture) { return LowerCase(Trim(texture)); }
 
-std::string BitmapBeside(const std::string& modelPath, const std::string& texture) {
+std::string BitmapBeside(Files& files, const std::string& modelPath, const std::string& texture) {
   const std::string name = Trim(texture) + ".bmp";
   if (Trim(texture).empty() || !IsPlainFileName(name)) return "";
   std::string path = ParentFolder(modelPath) + name;
-  return FileExists(path) ? path : "";
+  TrimInPlace(path);
+  return FileExists(files, path) ? path : "";
 }
 
 std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, const GivenBitmaps& given) {
@@ -92,7 +94,7 @@ std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, c
   try {
     for (const std::string& name : ReadShpTextureNames(files, modelPath)) {
       bool isGiven = false;
-      std::string bitmap = BitmapFor(modelPath, name, given, isGiven);
+      std::string bitmap = BitmapFor(files, modelPath, name, given, isGiven);
       if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
     }
   } catch (const RunTimeError&) {
@@ -123,7 +125,8 @@ bool TextureList(Host& host, std::string modelPath, const std::string& cachePath
   bool listed = false;
   Trap(host, "TextureList", [&] {
     std::vector<std::string> names;
-    if (!FileExists(modelPath)) {
+    TrimInPlace(modelPath);
+    if (!FileExists(host.files, modelPath)) {
       GetShpTextureNames(host, modelPath, names);  // it tells that the model is missing
       return;
     }
@@ -135,7 +138,7 @@ bool TextureList(Host& host, std::string modelPath, const std::string& cachePath
     std::vector<ListedTexture> found;
     if (!names.empty()) {
       const TcacheTable table = TableOf(host, cachePath, names.front());
-      for (const std::string& name : names) found.push_back(NewListed(name, table, modelPath, given));
+      for (const std::string& name : names) found.push_back(NewListed(host.files, name, table, modelPath, given));
     }
     textures = std::move(found);
     listed = true;

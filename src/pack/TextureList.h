@@ -30,7 +30,7 @@ struct ListedTexture {
 };
 
 /// The bitmap of a texture's name beside a model; empty when there is none, or the name is none that a file can bear.
-std::string BitmapBeside(const std::string& modelPath, const std::string& texture);
+std::string BitmapBeside(Files& files, const std::string& modelPath, const std::string& texture);
 
 /// The bitmaps that a model's textures can be imported from, the given ones first. Empty when the model cannot be read;
 /// there is no box.

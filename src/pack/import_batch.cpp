@@ -10,7 +10,6 @@
 #include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
-#include "platform/file_system.h"
 #include "switcher/add_on_ship.h"
 
 namespace oravin {
@@ -31,7 +30,7 @@ struct OldFiles {
 OldFiles KeepOldFiles(Files& files, const Installation& installation, const ImportBatch& batch) {
   OldFiles old;
   old.defaultsPath = installation.GamePath + "shipstats.def";
-  if (FileExists(std::string(old.defaultsPath))) old.defaults = ReadWhole(files, old.defaultsPath, longestKept);
+  if (FileExists(files, old.defaultsPath)) old.defaults = ReadWhole(files, old.defaultsPath, longestKept);
   for (const char* name : {catalogueName, shipListName}) {
     const std::string path = installation.ProgramPath + name;
     old.whole.emplace_back(path, ReadWhole(files, path, longestKept));
@@ -67,10 +66,10 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
   }
   for (const std::string& path : old.made) {
     attempt([&] {
-      if (FileExists(std::string(path))) EraseFile(host.files, path);
+      if (FileExists(host.files, path)) EraseFile(host.files, path);
     });
   }
-  attempt([&] { DropWhole(batch.files, 0); });
+  attempt([&] { DropWhole(host.files, batch.files, 0); });
   attempt([&] { TakeBackTextures(host.files, batch.textures); });
   attempt([&] { PutDefaultsBack(host.files, old); });
   if (whole) return;
@@ -80,9 +79,9 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
 
 /// The file whose bytes stand at a place, or will: one that is there already, or the one that a copy of the run is made
 /// of. Nothing when the place is free.
-std::optional<std::string> FileFor(ImportBatch& batch, const std::string& place) {
+std::optional<std::string> FileFor(Files& files, ImportBatch& batch, const std::string& place) {
   const std::string folder = ParentFolder(place);
-  if (FindIn(FilesIn(batch, folder), place.substr(folder.size())) != nullptr) return place;
+  if (FindIn(FilesIn(files, batch, folder), place.substr(folder.size())) != nullptr) return place;
   const auto pending = batch.copies.find(LowerCase(place));
   return pending == batch.copies.end() ? std::nullopt : std::optional(pending->second);
 }
@@ -144,7 +143,7 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
   batch = {};
   const bool ready = Trap(host, batchTitle, [&] {
     for (const char* folder : {"addons\\", addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-      if (!FolderExists(installation.ProgramPath + folder)) {
+      if (!FolderExists(host.files, installation.ProgramPath + folder)) {
         MakeFolder(host.files, installation.ProgramPath + folder);
       }
     }
@@ -153,18 +152,19 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
   return ready && BeginTextures(host, installation.GamePath + tcacheName, installation.ProgramPath, batch.textures);
 }
 
-const FolderNames& FilesIn(ImportBatch& batch, const std::string& folder) {
+const FolderNames& FilesIn(Files& files, ImportBatch& batch, const std::string& folder) {
   const auto known = batch.folders.find(folder);
-  return known != batch.folders.end() ? known->second : batch.folders.emplace(folder, NamesIn(folder)).first->second;
+  return known != batch.folders.end() ? known->second
+                                      : batch.folders.emplace(folder, NamesIn(files, folder)).first->second;
 }
 
 bool CanBeCopied(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
-  const std::optional<std::string> there = FileFor(batch, to);
-  return !there || *there == from || platform::IsSameFile(*there, from) || SameContent(files, from, *there);
+  const std::optional<std::string> there = FileFor(files, batch, to);
+  return !there || *there == from || IsSameFile(files, *there, from) || SameContent(files, from, *there);
 }
 
 bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to) {
-  if (FileFor(batch, to)) return CanBeCopied(files, batch, from, to);
+  if (FileFor(files, batch, to)) return CanBeCopied(files, batch, from, to);
   AddNew(files, batch.files, to, [&](File& file) { CopyInto(file, from); });
   batch.copies[LowerCase(to)] = from;
   return true;
@@ -178,7 +178,7 @@ void GoBackTo(Host& host, ImportBatch& batch, const ImportMark& mark) {
   Trap(host, batchTitle, [&] { GoBackTo(host.files, batch.textures, mark.textures); });
   for (std::size_t i = mark.files; i < batch.files.paths.size(); ++i)
     batch.copies.erase(LowerCase(batch.files.paths[i]));
-  DropWhole(batch.files, mark.files);
+  DropWhole(host.files, batch.files, mark.files);
   batch.ships.erase(batch.ships.begin() + static_cast<std::ptrdiff_t>(mark.ships), batch.ships.end());
   batch.notes.resize(mark.notes);
 }

@@ -37,7 +37,7 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
 
 /// The files of a folder that files are added to, without those of the run.
 /// @param folder ends in a backslash
-const FolderNames& FilesIn(ImportBatch& batch, const std::string& folder);
+const FolderNames& FilesIn(Files& files, ImportBatch& batch, const std::string& folder);
 
 /// True when the place of a new file is free, or when the file that is there already, or is to be, holds the same
 /// bytes.

@@ -152,8 +152,8 @@ void NeedRoomForBitmaps(Files& files, WritePlan& plan, const Installation& insta
   for (const CheckedShip& ship : ships) {
     for (const std::string& bitmap : BitmapsOf(files, ship.ship.modelPath, ship.given)) {
       if (!counted.insert(UpperCase(bitmap)).second) continue;
-      NeedRoom(plan, installation.ProgramPath, FileLength(bitmap));
-      NeedRoom(plan, installation.GamePath, 2 * FileLength(bitmap));
+      NeedRoom(plan, installation.ProgramPath, FileLength(files, bitmap));
+      NeedRoom(plan, installation.GamePath, 2 * FileLength(files, bitmap));
     }
   }
 }
@@ -162,13 +162,14 @@ WritePlan PlanImport(Files& files, const Installation& installation, const std::
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.GamePath + "ships\\", installation.ProgramPath};
   for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-    if (FolderExists(installation.ProgramPath + folder)) plan.folders.push_back(installation.ProgramPath + folder);
+    if (FolderExists(files, installation.ProgramPath + folder))
+      plan.folders.push_back(installation.ProgramPath + folder);
   }
   plan.files = {installation.GamePath + tcacheName, installation.GamePath + "shipstats.def",
                 installation.ProgramPath + catalogueName, installation.ProgramPath + shipListName};
   for (const CheckedShip& ship : ships) {
-    NeedRoom(plan, installation.GamePath, 2 * FileLength(ship.ship.modelPath));
-    NeedRoom(plan, installation.ProgramPath, FileLength(ship.ship.modelPath) + shipRecordSize);
+    NeedRoom(plan, installation.GamePath, 2 * FileLength(files, ship.ship.modelPath));
+    NeedRoom(plan, installation.ProgramPath, FileLength(files, ship.ship.modelPath) + shipRecordSize);
   }
   NeedRoomForBitmaps(files, plan, installation, ships);
   return plan;
@@ -210,7 +211,7 @@ void TellResult(const Run& run) {
 
 void StartShipTool(const Run& run) {
   const std::string tool = run.installation.GamePath + "sltool.exe";
-  if (run.imported.empty() || !FileExists(std::string(tool))) return;
+  if (run.imported.empty() || !FileExists(run.host.files, tool)) return;
   std::string command = platform::AsWord(tool);
   for (const PackShip& ship : run.imported) command += " " + platform::AsWord(ship.shipName);
   platform::StartProgram(command);
@@ -234,7 +235,7 @@ bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<Checke
 }  // namespace
 
 bool CanBeImportedInto(Host& host, const Installation& installation) {
-  if (FeaturesEnabled(installation.ProgramPath) && !installation.ships.empty()) return true;
+  if (FeaturesEnabled(host.files, installation.ProgramPath) && !installation.ships.empty()) return true;
   Show(host, "Press \"Enable\" on the Switcher tab first. Then ships can be imported.", Icon::exclamation);
   return false;
 }

@@ -76,10 +76,10 @@ void TakeStats(Host& host, const Installation& installation, const std::string& 
                NewShip& ship) {
   const std::string beside = ChangeExtension(modelPath, ".txt");
   const std::string added = installation.ProgramPath + addOnStatsFolder + ChangeExtension(name, ".txt");
-  if (FileExists(std::string(beside))) {
+  if (FileExists(host.files, beside)) {
     ship.statsText = beside;
     ship.stats = ReadImportStats(host.files, beside);
-  } else if (FileExists(std::string(added))) {
+  } else if (FileExists(host.files, added)) {
     ship.statsText = added;
     ship.stats = ReadImportStats(host.files, added);
   } else {
@@ -97,7 +97,7 @@ bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& 
     return false;
   }
   const std::string folder = installation.GamePath + "ships\\";
-  const FolderNames& there = FilesIn(batch, folder);
+  const FolderNames& there = FilesIn(host.files, batch, folder);
   if (FindIn(there, ChangeExtension(name, ".org")) != nullptr) return false;
   for (const std::string& file : {name, ChangeExtension(name, ".bak")}) {
     if (FindIn(there, file) != nullptr && !SameContent(host.files, folder + file, model)) return false;
@@ -122,7 +122,7 @@ std::string FreeModelName(Host& host, const Installation& installation, ImportBa
 std::optional<NewShip> Look(Host& host, const Installation& installation, const CheckedShip& checked,
                             GivenBitmaps& given, ImportBatch& batch) {
   const std::string& model = checked.ship.modelPath;
-  if (!FileExists(std::string(model))) {
+  if (!FileExists(host.files, model)) {
     Refuse(host, "The model of the ship '" + checked.ship.shipName + "' was not found:\n" + model);
     return std::nullopt;
   }

@@ -39,13 +39,15 @@ std::string RenameSpelledNative(const std::string& folder, const std::string& fr
 /// Makes one folder; one that is there already is no failure.
 std::string MakeFolderNative(const std::string& path);
 
-/// What the file system says of one path, without the name; nothing when there is no such file or folder.
-std::optional<FileFacts> FactsOf(const std::string& path);
+/// What the file system says of one path, without the name. A path that ends in a backslash stands for a folder alone.
+LookUp LookAt(const std::string& path);
+/// The same with identity and number of names, which cost some systems an open file.
+LookUp LookCloselyAt(const std::string& path);
 /// The name of a file or folder as it is spelled on disk; of one that is not there, as the path spells it. The folder
-/// is searched for it, which FactsOf does without.
+/// is searched for it, which LookAt does without.
 std::string SpellingOf(const std::string& path);
-/// The files and folders of one folder, without `.` and `..`, in no set order; nothing when it cannot be listed.
-std::optional<std::vector<FileFacts>> ListNative(const std::string& folder);
+/// The files and folders of one folder.
+Listing ListNative(const std::string& folder);
 
 /// True when both paths lead to one and the same existing file, by whatever names.
 bool IsSameFile(const std::string& a, const std::string& b);

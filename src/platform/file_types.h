@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// What is said of files, and how they are opened. The operations themselves are in file_system.h.
 namespace oravin::platform {
@@ -34,6 +35,28 @@ struct FileFacts {
   std::int64_t modified = 0;  ///< when the content was last changed, in nanoseconds since 1970 (UTC)
   std::uint32_t links = 1;    ///< how many names the file has on its disk
   FileIdentity identity;
+};
+
+/// What is on the disk under a path.
+enum class Presence {
+  absent,   ///< nothing of that name
+  visible,  ///< a file or folder
+  hidden,   ///< one that is marked hidden or system: most of the program does not see it
+  failed    ///< the system could not say
+};
+
+/// A look at one path.
+struct LookUp {
+  Presence presence = Presence::absent;
+  FileFacts facts;     ///< of what is there
+  std::string reason;  ///< why the system could not say, in plain words
+};
+
+/// A look into one folder; absent where there is no such folder.
+struct Listing {
+  Presence presence = Presence::absent;
+  std::vector<FileFacts> items;  ///< files and folders, without `.` and `..`, in no set order
+  std::string reason;            ///< why it could not be listed, in plain words
 };
 
 }  // namespace oravin::platform

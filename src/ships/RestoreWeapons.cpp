@@ -44,7 +44,7 @@ std::optional<ShpAttachments> TableOf(Host& host, const std::string& path) {
 /// @return false when a box has said why it is still there
 bool EraseTemporary(Host& host, const std::string& path) {
   return Trap(host, title, [&] {
-    if (FileExists(std::string(path))) EraseFile(host.files, path);
+    if (FileExists(host.files, path)) EraseFile(host.files, path);
   });
 }
 
@@ -57,7 +57,7 @@ std::optional<ShpAttachments> StockTable(Host& host, const Installation& install
   std::optional<ShpAttachments> table;
   Trap(host, title, [&] {
     held = unpack(installation.ProgramPath, temporaryModel, ship);
-    if (FileExists(std::string(path))) table = ReadAttachments(host.files, path);
+    if (FileExists(host.files, path)) table = ReadAttachments(host.files, path);
   });
   EraseTemporary(host, path);
   if (!held) TellNoOriginal(host);
@@ -68,7 +68,7 @@ std::optional<ShpAttachments> ImportedTable(Host& host, const Installation& inst
   const std::string model = ModelOf(ship);
   for (const std::string& original : {installation.GamePath + "ships\\" + ChangeExtension(model, ".bak"),
                                       installation.ProgramPath + addOnShipsFolder + model}) {
-    if (FileExists(std::string(original))) return TableOf(host, original);
+    if (FileExists(host.files, original)) return TableOf(host, original);
   }
   TellNoOriginal(host);
   return std::nullopt;
@@ -88,7 +88,7 @@ std::vector<std::string> ModelsOf(const Installation& installation, const ShipRe
 /// True when every one of the models can take the table; else a box has said why not.
 bool Fits(Host& host, const ShpAttachments& table, const std::vector<std::string>& models) {
   for (const std::string& model : models) {
-    if (!FileExists(std::string(model))) {
+    if (!FileExists(host.files, model)) {
       Show(host, "Error - Path not found", Icon::exclamation);
       return false;
     }
@@ -118,7 +118,7 @@ bool RestoreWeapons(Host& host, const Installation& installation, std::size_t nu
   // Intentional: the "t_" variant gets the table too. A change of a weapon writes both models, so restoring the ship's
   // own model alone would leave that change in the one that the game flies as its variant.
   const std::string variant = VariantOf(installation, ship);
-  if (FileExists(std::string(variant))) {
+  if (FileExists(host.files, variant)) {
     const auto present = TableOf(host, variant);
     if (!present) return false;
     if (SameForm(*table, *present)) models.push_back(variant);

@@ -1,5 +1,7 @@
 #include "ships/SHP_Editing.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -71,13 +73,15 @@ std::string NameOf(const std::array<const char*, Count>& names, int code, const 
 }
 
 bool ModelThere(Host& host, std::string& path) {
-  if (FileExists(path)) return true;
+  TrimInPlace(path);
+  if (FileExists(host.files, path)) return true;
   Show(host, "Error - Path not found", Icon::exclamation);
   return false;
 }
 
 bool Present(Host& host, std::string& path, const std::string& title) {
-  if (FileExists(path)) return true;
+  TrimInPlace(path);
+  if (FileExists(host.files, path)) return true;
   Show(host, "Error - file not found", Icon::exclamation, title);
   return false;
 }

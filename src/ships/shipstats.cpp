@@ -76,17 +76,20 @@ int FindBlock(Host& host, const std::string& path, int stockBlocks, Wanted wante
 
 /// The two checks that reading and writing begin with.
 bool BlockThere(Host& host, std::string& path, int shipIndex, const std::string& titleWhenMissing) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Error - file not found", Icon::exclamation, titleWhenMissing);
     return false;
   }
-  if (BlockInside(FileLength(path), shipIndex)) return true;
+  if (BlockInside(FileLength(host.files, path), shipIndex)) return true;
   Show(host, "Error - invalid ship", Icon::exclamation, "PutShipsStats");
   return false;
 }
 
 bool BothThere(Host& host, std::string& current, std::string& defaults) {
-  const bool both = FileExists(current) && FileExists(defaults);
+  TrimInPlace(current);
+  TrimInPlace(defaults);
+  const bool both = FileExists(host.files, current) && FileExists(host.files, defaults);
   if (!both) Show(host, "Error - Path(s) not found", Icon::exclamation, "RestoreShipStats");
   return both;
 }
@@ -94,7 +97,8 @@ bool BothThere(Host& host, std::string& current, std::string& defaults) {
 /// Copies one block's statistics from the defaults. False when a file failed although the block is there: then the
 /// defaults are still needed.
 bool RestoreBlock(Host& host, std::string& current, std::string& defaults, int index) {
-  const bool there = BlockInside(FileLength(current), index) && BlockInside(FileLength(defaults), index);
+  const bool there =
+      BlockInside(FileLength(host.files, current), index) && BlockInside(FileLength(host.files, defaults), index);
   ShipStats stats;
   const bool done = GetShipsStats(host, defaults, index, stats) && PutShipsStats(host, current, index, stats);
   return done || !there;
@@ -102,7 +106,7 @@ bool RestoreBlock(Host& host, std::string& current, std::string& defaults, int i
 
 void EraseDefaults(Host& host, std::string& defaults) {
   Trap(host, "RestoreShipStats", [&] {
-    if (FileExists(defaults)) EraseFile(host.files, defaults);
+    if (FileExists(host.files, defaults)) EraseFile(host.files, defaults);
   });
 }
 
@@ -151,7 +155,7 @@ void ClearShipBlock(Files& files, const std::string& path, int shipIndex) {
 }
 
 std::string NameOfBlock(Files& files, const std::string& path, int shipIndex) {
-  if (!FileExists(std::string(path))) return {};
+  if (!FileExists(files, path)) return {};
   File file(files, path, OpenFor::reading);
   if (!BlockInside(file.length, shipIndex)) return {};
   std::array<std::uint8_t, statsNameWidth> name{};
@@ -180,7 +184,7 @@ void RestoreShipStats(Host& host, std::string currentPath, std::string defaultsP
 
 void RestoreAllBlocks(Host& host, std::string currentPath, std::string defaultsPath) {
   if (!BothThere(host, currentPath, defaultsPath)) return;
-  const std::uint64_t shorter = std::min(FileLength(currentPath), FileLength(defaultsPath));
+  const std::uint64_t shorter = std::min(FileLength(host.files, currentPath), FileLength(host.files, defaultsPath));
   const int blocks = static_cast<int>(std::min<std::uint64_t>(shorter / statsBlockSize, highestIndex));
   for (int i = 0; i < blocks; ++i) {
     if (!RestoreBlock(host, currentPath, defaultsPath, i)) return;
@@ -214,7 +218,8 @@ ShipStats ReadImportStats(Files& files, const std::string& path) {
 }
 
 bool GetImportStats(Host& host, std::string& path, ShipStats& stats) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "File not found!", Icon::critical, "GetImportStats");
     return false;
   }
@@ -249,11 +254,11 @@ int FindFreeBlock(Host& host, const std::string& path, int stockBlocks) {
 void BackupShipStats(Host& host, const std::string& gamePath) {
   const std::string current = gamePath + "shipstats.bin";
   const std::string defaults = gamePath + "shipstats.def";
-  if (!FileExists(std::string(current))) {
+  if (!FileExists(host.files, current)) {
     Show(host, "Can't find shipstats.bin", Icon::exclamation);
     return;
   }
-  if (FileExists(std::string(defaults))) return;
+  if (FileExists(host.files, defaults)) return;
   Trap(host, "BackupShipStats", [&] { CopyWhole(host.files, current, defaults); });
 }
 

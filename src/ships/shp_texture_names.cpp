@@ -1,5 +1,7 @@
 #include "ships/shp_texture_names.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -39,7 +41,8 @@ std::vector<std::string> ReadShpTextureNames(Files& files, const std::string& pa
 }
 
 int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& names) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Error - Path not found", Icon::exclamation, "ORAVIN");
     return 0;
   }

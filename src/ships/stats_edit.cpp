@@ -51,8 +51,8 @@ void PutDefaults(Files& files, const Installation& installation, const ShipRecor
 }
 
 /// True for an imported ship that nothing can be restored for.
-bool HasNoDefault(const Installation& installation, const ShipRecord& ship) {
-  return ship.Imported && (WholeNumber(ship.StatsIndex) == 0 || !FileExists(StatsTextOf(installation, ship)));
+bool HasNoDefault(Files& files, const Installation& installation, const ShipRecord& ship) {
+  return ship.Imported && (WholeNumber(ship.StatsIndex) == 0 || !FileExists(files, StatsTextOf(installation, ship)));
 }
 
 /// The records of a ship: its own, and that of its second part.
@@ -68,7 +68,7 @@ std::optional<ShipStats> DefaultsToRestore(Host& host, const Installation& insta
   ShipStats stats;
   if (part.Imported) {
     std::string text = StatsTextOf(installation, part);
-    const bool read = !HasNoDefault(installation, part) && GetImportStats(host, text, stats);
+    const bool read = !HasNoDefault(host.files, installation, part) && GetImportStats(host, text, stats);
     return read ? std::optional(stats) : std::nullopt;
   }
   std::string defaults = installation.GamePath + "shipstats.def";
@@ -96,7 +96,7 @@ void RestoreParts(Host& host, const Installation& installation, std::span<const 
 std::string RestoreQuietly(Files& files, const Installation& installation, std::span<const ShipRecord> parts) {
   std::string why;
   for (const ShipRecord& part : parts) {
-    std::string problem = HasNoDefault(installation, part) ? noDefault : "";
+    std::string problem = HasNoDefault(files, installation, part) ? noDefault : "";
     try {
       if (problem.empty()) PutDefaults(files, installation, part);
     } catch (const RunTimeError& error) {

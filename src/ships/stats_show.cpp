@@ -72,7 +72,7 @@ void DisplayWeapons(Host& host, StatsTab& tab, const Installation& installation)
   if (const ShipRecord* ship = ShipAt(installation, SelectedShip(tab)); ship != nullptr) {
     const std::string model = installation.GamePath + "ships\\" + ModelOf(*ship);
     GetAttachments(host, model, tab.attachments);
-    if (FileExists(std::string(model))) ShowClass(host, tab, model);  // else the one box says it
+    if (FileExists(host.files, model)) ShowClass(host, tab, model);  // else the one box says it
   }
   tab.pairs = FindWeaponPairs(tab.attachments);
   AddWeaponRows(tab, selected);

@@ -30,7 +30,7 @@ ShipStats ReadDefaults(Files& files, const Installation& installation, const Shi
 }
 
 std::optional<ShipStats> DefaultsOf(Files& files, const Installation& installation, const ShipRecord& ship) {
-  if (ship.Imported && !FileExists(StatsTextOf(installation, ship))) return std::nullopt;
+  if (ship.Imported && !FileExists(files, StatsTextOf(installation, ship))) return std::nullopt;
   try {
     return ReadDefaults(files, installation, ship);
   } catch (const RunTimeError&) {

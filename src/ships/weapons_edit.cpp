@@ -59,14 +59,14 @@ std::vector<ChangedTable> TablesOf(Host& host, const StatsTab& tab, const Instal
                                    const ShipRecord& ship) {
   std::vector<ChangedTable> tables;
   const std::string model = ModelPath(installation, ship);
-  if (!FileExists(std::string(model))) {
+  if (!FileExists(host.files, model)) {
     Show(host, "Error - Path not found", Icon::exclamation);
     return {};
   }
   tables.push_back({model, ReadAttachments(host.files, model)});
   if (!StillListed(host, tab, tables[0])) return {};
   const std::string variant = VariantOf(installation, ship);
-  if (!FileExists(std::string(variant))) return tables;
+  if (!FileExists(host.files, variant)) return tables;
   tables.push_back({variant, ReadAttachments(host.files, variant)});
   if (tables[0].attachments.size() == tables[1].attachments.size()) return tables;
   Show(host, "Error - standard ship and Tiger ship attachments don't match", Icon::exclamation);
@@ -104,7 +104,7 @@ void ChangeSelected(Host& host, StatsTab& tab, const Installation& installation,
   const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
   if (ship == nullptr || !SelectedAttachment(tab)) return;
   Trap(host, procedure, [&] { ChangeWeapon(host, tab, installation, *ship, weapon); });
-  if (FileExists(ModelPath(installation, *ship))) DisplayWeapons(host, tab, installation);
+  if (FileExists(host.files, ModelPath(installation, *ship))) DisplayWeapons(host, tab, installation);
 }
 
 }  // namespace
@@ -129,7 +129,7 @@ void chkHasCloak_MouseUp(Host& host, StatsTab& tab, const Installation& installa
   if (ship == nullptr) return;
   const std::string model = ModelPath(installation, *ship);
   ToggleCloak(host, model);
-  if (FileExists(std::string(model))) ShowClass(host, tab, model);
+  if (FileExists(host.files, model)) ShowClass(host, tab, model);
 }
 
 void cmdRestoreWeapons_Click(Host& host, StatsTab& tab, const Installation& installation, const UnpackModel& unpack) {
@@ -137,7 +137,7 @@ void cmdRestoreWeapons_Click(Host& host, StatsTab& tab, const Installation& inst
   const ShipRecord* ship = ShipAt(installation, index);
   if (ship == nullptr) return;
   RestoreWeapons(host, installation, static_cast<std::size_t>(index), unpack);
-  if (FileExists(ModelPath(installation, *ship))) DisplayWeapons(host, tab, installation);
+  if (FileExists(host.files, ModelPath(installation, *ship))) DisplayWeapons(host, tab, installation);
 }
 
 }  // namespace oravin

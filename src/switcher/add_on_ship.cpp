@@ -14,8 +14,8 @@ namespace {
 constexpr std::int64_t mostBlocks = 32767;  // a record's index is a 16-bit signed number
 
 /// The number of the game's own blocks: only the defaults get blocks of imported ships.
-std::uint64_t StockBlocks(const Installation& installation) {
-  return FileLength(installation.GamePath + "shipstats.bin") / statsBlockSize;
+std::uint64_t StockBlocks(Files& files, const Installation& installation) {
+  return FileLength(files, installation.GamePath + "shipstats.bin") / statsBlockSize;
 }
 
 /// The statistics of an add-on ship's text, else those of the first block of `shipstats.bin`.
@@ -23,7 +23,7 @@ ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecor
   std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
   std::string current = installation.GamePath + "shipstats.bin";
   ShipStats stats;
-  if (!FileExists(text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
+  if (!FileExists(host.files, text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
   return stats;
 }
 
@@ -32,15 +32,15 @@ ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecor
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
                              const ShipStats& stats, std::size_t number) {
   std::string defaults = installation.GamePath + "shipstats.def";
-  const int stockBlocks = static_cast<int>(StockBlocks(installation));
+  const int stockBlocks = static_cast<int>(StockBlocks(host.files, installation));
   const std::string name = ship.ShipName.Trimmed();
   const int known = FindAddedBlock(host, defaults, name, stockBlocks, number);
   // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
-  if (known < 0 && !FileExists(std::string(defaults))) return 0;
+  if (known < 0 && !FileExists(host.files, defaults)) return 0;
   if (known >= 0) return PutShipsStats(host, defaults, known, stats) ? std::optional(known) : std::nullopt;
   const int free = FindFreeBlock(host, defaults, stockBlocks);
   if (free < 0) {
-    const bool empty = FileLength(defaults) == 0;  // such a file is never added to
+    const bool empty = FileLength(host.files, defaults) == 0;  // such a file is never added to
     const int added = CopyShipStats(host, defaults, ship, stats);
     return added > 0 || empty ? std::optional(added) : std::nullopt;
   }
@@ -53,7 +53,7 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
 }
 
 void PutAddOnBlocks(Host& host, const Installation& installation, File& file) {
-  const auto stockBlocks = static_cast<std::int64_t>(StockBlocks(installation));
+  const auto stockBlocks = static_cast<std::int64_t>(StockBlocks(host.files, installation));
   for (const ShipRecord& ship : installation.ships) {
     const std::int64_t block = WholeNumber(ship.StatsIndex);
     if (IsInert(ship) || !ship.Imported || block < stockBlocks || block > mostBlocks) continue;
@@ -63,7 +63,7 @@ void PutAddOnBlocks(Host& host, const Installation& installation, File& file) {
 
 std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices) {
   const Ships& ships = installation.ships;
-  const std::uint64_t stockBlocks = StockBlocks(installation);
+  const std::uint64_t stockBlocks = StockBlocks(files, installation);
   if (stockBlocks == 0) return {};  // then nobody can tell which blocks are the game's
   const std::set<std::size_t> own(indices.begin(), indices.end());
   std::set<std::int64_t> others;

@@ -37,7 +37,7 @@ std::vector<std::string> WantedTextures(const Ships& ships) {
 void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
-    if (FileExists(std::string(batch.mapsPath))) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
+    if (FileExists(files, batch.mapsPath)) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
   } catch (const RunTimeError&) {
     batch.maps.reset();
   }
@@ -58,7 +58,7 @@ void AddAll(Host& host, const Installation& installation, TextureBatch& batch, c
   for (std::size_t i = 0; i < names.size(); ++i) {
     ShowProgress(host, "Adding the texture " + names[i], static_cast<int>(i), static_cast<int>(names.size()));
     const std::string bitmap = installation.ProgramPath + addOnTexturesFolder + names[i] + ".bmp";
-    if (IsPlainFileName(names[i] + ".bmp") && FileExists(std::string(bitmap))) {
+    if (IsPlainFileName(names[i] + ".bmp") && FileExists(host.files, bitmap)) {
       AddTexture(host, batch, names[i], bitmap, AlreadyThere::byName);
     } else if (SlotNamed(batch.cache, names[i]) < 0) {
       missing.push_back(names[i]);
@@ -88,9 +88,9 @@ void SetTextures(ShipRecord& ship, const std::vector<std::string>& names) {
 
 bool AddOnTexturesHaveSlots(const Installation& installation, const Ships& ships) {
   const std::string cache = installation.GamePath + tcacheName;
-  if (!FileExists(std::string(cache))) return true;
   Host quiet;
   quiet.desk.showBox = [](const Message&) { return Answer::ok; };
+  if (!FileExists(quiet.files, cache)) return true;
   TextureBatch batch;
   try {
     // Of a cache that nothing can be added to the table is there all the same, and LoadoutSetup looks at it.
@@ -108,7 +108,7 @@ bool AddOnTexturesHaveSlots(const Installation& installation, const Ships& ships
 void InstallAddOnTextures(Host& host, const Installation& installation) {
   const std::vector<std::string> names = WantedTextures(installation.ships);
   const std::string cache = installation.GamePath + tcacheName;
-  if (names.empty() || !FileExists(std::string(cache))) return;
+  if (names.empty() || !FileExists(host.files, cache)) return;
   TextureBatch batch;
   if (!BeginTextures(host, cache, installation.ProgramPath, batch)) return;
   UseMapsThatAreThere(host.files, batch);

@@ -6,9 +6,9 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "platform/file_system.h"
 
 namespace oravin {
 
@@ -73,10 +73,11 @@ int VersionFor(Files& files, const Installation& installation, const std::vector
 }
 
 /// A name in `backup\old\` that nothing has yet.
-std::string FreePlace(const Installation& installation, const std::string& spelling) {
+std::string FreePlace(Files& files, const Installation& installation, const std::string& spelling) {
   const std::string base = OldModelsFolder(installation) + spelling;
   std::string path = base;
-  for (int number = 2; platform::FactsOf(path); ++number) path = base + "." + std::to_string(number);
+  for (int number = 2; LookFor(files, path).presence != Presence::absent; ++number)
+    path = base + "." + std::to_string(number);
   return path;
 }
 
@@ -118,7 +119,7 @@ void AddMissing(Files& files, const Installation& installation, const Spellings&
     if (!there.empty()) {
       if (SameContent(files, LooseModels(installation) + there, from)) continue;
       MakeFolder(files, OldModelsFolder(installation));
-      CopyWhole(files, LooseModels(installation) + there, FreePlace(installation, there));
+      CopyWhole(files, LooseModels(installation) + there, FreePlace(files, installation, there));
     }
     const auto write = [&](File& file) { CopyInto(file, from); };
     if (sorted.latest.size() > 1) {
@@ -130,13 +131,13 @@ void AddMissing(Files& files, const Installation& installation, const Spellings&
 }
 
 void CopyBack(Files& files, const Installation& installation, const std::vector<Sorted>& all) {
-  const Spellings loose = SpellingsIn(LooseModels(installation));
+  const Spellings loose = SpellingsIn(files, LooseModels(installation));
   WholeFiles together;
   try {
     for (const Sorted& sorted : all) AddMissing(files, installation, loose, sorted, together);
     CommitWhole(files, together);
   } catch (const RunTimeError&) {
-    DropWhole(together, 0);
+    DropWhole(files, together, 0);
     throw;
   }
 }
@@ -154,16 +155,14 @@ void CheckSpellings(Files& files, const Installation& installation, Sorted& sort
 
 void MoveToOld(Files& files, const Installation& installation, const KeptCopy& copy) {
   MakeFolder(files, OldModelsFolder(installation));
-  RenameOver(files, KeptModelsFolder(installation) + copy.file, FreePlace(installation, copy.spelling));
+  RenameOver(files, KeptModelsFolder(installation) + copy.file, FreePlace(files, installation, copy.spelling));
 }
 
 }  // namespace
 
-Spellings SpellingsIn(const std::string& folder) {
+Spellings SpellingsIn(Files& files, const std::string& folder) {
   Spellings names;
-  const auto items = platform::ListNative(folder);
-  if (!items) return names;
-  for (const platform::FileFacts& item : *items) {
+  for (const FileFacts& item : ListFolder(files, folder).items) {
     if (!item.folder) names[UpperCase(item.name)].push_back(item.name);
   }
   for (auto& [name, spellings] : names) std::sort(spellings.begin(), spellings.end());
@@ -174,10 +173,10 @@ std::string KeptModelsFolder(const Installation& installation) { return BackupFo
 
 std::string OldModelsFolder(const Installation& installation) { return BackupFolder(installation) + "old\\"; }
 
-KeptModels ReadKeptModels(const Installation& installation) {
+KeptModels ReadKeptModels(Files& files, const Installation& installation) {
   KeptModels kept;
-  for (const auto& [name, files] : SpellingsIn(KeptModelsFolder(installation))) {
-    for (const std::string& file : files) {
+  for (const auto& [name, spellings] : SpellingsIn(files, KeptModelsFolder(installation))) {
+    for (const std::string& file : spellings) {
       const KeptCopy copy = CopyNamed(file);
       if (!IsPlainFileName(copy.spelling) || file.ends_with(besideSuffix)) continue;
       kept[UpperCase(copy.spelling)].push_back(copy);
@@ -208,19 +207,19 @@ void KeepModels(Files& files, const Installation& installation, KeptModels& kept
 void MoveToKept(Files& files, const Installation& installation, const std::string& path) {
   MakeFolder(files, BackupFolder(installation));
   MakeFolder(files, KeptModelsFolder(installation));
-  KeptModels kept = ReadKeptModels(installation);
-  KeepModels(files, installation, kept, {platform::SpellingOf(path)});
+  KeptModels kept = ReadKeptModels(files, installation);
+  KeepModels(files, installation, kept, {SpellingOf(files, path)});
   EraseFile(files, path);
 }
 
 void EraseSpareSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models) {
-  const Spellings loose = SpellingsIn(LooseModels(installation));
-  const KeptModels kept = ReadKeptModels(installation);
+  const Spellings loose = SpellingsIn(files, LooseModels(installation));
+  const KeptModels kept = ReadKeptModels(files, installation);
   for (const std::string& model : models) {
     const auto there = loose.find(UpperCase(model));
     const auto copies = kept.find(UpperCase(model));
     if (there == loose.end() || there->second.size() < 2 || copies == kept.end()) continue;
-    const std::string stays = platform::SpellingOf(LooseModels(installation) + model);
+    const std::string stays = SpellingOf(files, LooseModels(installation) + model);
     for (const std::string& spelling : there->second) {
       const KeptCopy* copy = CopyOf(copies->second, LatestVersion(copies->second), spelling);
       if (spelling == stays || copy == nullptr) continue;
@@ -232,7 +231,7 @@ void EraseSpareSpellings(Files& files, const Installation& installation, const s
 
 void PutKeptModelsBack(Files& files, const Installation& installation) {
   std::vector<Sorted> all;
-  for (auto& [name, copies] : ReadKeptModels(installation)) all.push_back(SortedByVersion(copies));
+  for (auto& [name, copies] : ReadKeptModels(files, installation)) all.push_back(SortedByVersion(copies));
   CopyBack(files, installation, all);
   for (Sorted& sorted : all) CheckSpellings(files, installation, sorted);
   // The older ones go first: whenever this stops, the highest number that is left is still the latest.
@@ -244,10 +243,9 @@ void PutKeptModelsBack(Files& files, const Installation& installation) {
   }
 }
 
-std::uint64_t KeptModelsSize(const Installation& installation) {
+std::uint64_t KeptModelsSize(Files& files, const Installation& installation) {
   std::uint64_t size = 0;
-  for (const platform::FileFacts& item :
-       platform::ListNative(KeptModelsFolder(installation)).value_or(std::vector<platform::FileFacts>())) {
+  for (const FileFacts& item : ListFolder(files, KeptModelsFolder(installation)).items) {
     size += item.length;
   }
   return size;

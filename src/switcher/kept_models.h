@@ -23,7 +23,7 @@ namespace oravin {
 
 /// The files of a folder by upper-cased name: every spelling of each, in byte order. A missing folder has none.
 using Spellings = std::map<std::string, std::vector<std::string>>;
-Spellings SpellingsIn(const std::string& folder);
+Spellings SpellingsIn(Files& files, const std::string& folder);
 
 struct KeptCopy {
   std::string file;      ///< its name in `backup\ships\`
@@ -39,7 +39,7 @@ std::string KeptModelsFolder(const Installation& installation);
 std::string OldModelsFolder(const Installation& installation);
 
 /// Lists what is kept. What the program cannot have kept, such as folders, does not count.
-KeptModels ReadKeptModels(const Installation& installation);
+KeptModels ReadKeptModels(Files& files, const Installation& installation);
 
 /// Keeps copies of the models of one name that lie in the game's ships folder, in all their spellings. Where they are
 /// the latest version already, or a part of it, that one serves. A version that was cut short is completed; any other
@@ -67,6 +67,6 @@ void EraseSpareSpellings(Files& files, const Installation& installation, const s
 void PutKeptModelsBack(Files& files, const Installation& installation);
 
 /// The bytes of the kept models.
-std::uint64_t KeptModelsSize(const Installation& installation);
+std::uint64_t KeptModelsSize(Files& files, const Installation& installation);
 
 }  // namespace oravin

@@ -13,7 +13,6 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "platform/file_system.h"
 #include "ships/shipstats.h"
 #include "ships/stats_show.h"
 #include "switcher/add_on_ship.h"
@@ -99,7 +98,7 @@ std::string WithExtension(const ShipRecord& ship, const char* extension) {
 
 /// The models in the game's ships folder and the originals of their weapons, as far as no ship that stays has a file of
 /// that name.
-std::vector<std::string> ModelsOf(const Removal& removal, const Installation& installation) {
+std::vector<std::string> ModelsOf(Files& files, const Removal& removal, const Installation& installation) {
   Names others;
   for (const ShipRecord& ship : removal.remaining) {
     if (IsInert(ship)) continue;
@@ -110,7 +109,7 @@ std::vector<std::string> ModelsOf(const Removal& removal, const Installation& in
     for (const std::string& name : {ModelOf(ship), WithExtension(ship, ".bak")}) {
       const std::string path = installation.GamePath + "ships\\" + name;
       // A name that was met already, with this ship or another one, is not met again.
-      if (others.insert(UpperCase(name)).second && FileExists(std::string(path))) models.push_back(path);
+      if (others.insert(UpperCase(name)).second && FileExists(files, path)) models.push_back(path);
     }
   }
   return models;
@@ -143,12 +142,12 @@ Needed NeededBy(const Ships& remaining) {
 }
 
 /// One ship's add-on files. `seen` holds those of the ships before it: a file is moved once.
-KeptFiles KeptFilesOf(const ShipRecord& ship, const Removal& removal, const Installation& installation,
+KeptFiles KeptFilesOf(Files& files, const ShipRecord& ship, const Removal& removal, const Installation& installation,
                       const Needed& needed, Names& seen) {
   KeptFiles kept{FolderNameFor(ship.ShipName.Trimmed()), {}};
   const auto keep = [&](const char* folder, const std::string& name) {
     const std::string path = installation.ProgramPath + folder + name;
-    if (IsPlainFileName(name) && FileExists(std::string(path)) && seen.insert(UpperCase(path)).second) {
+    if (IsPlainFileName(name) && FileExists(files, path) && seen.insert(UpperCase(path)).second) {
       kept.paths.push_back(path);
     }
   };
@@ -163,11 +162,11 @@ KeptFiles KeptFilesOf(const ShipRecord& ship, const Removal& removal, const Inst
   return kept;
 }
 
-void FindKeptFiles(Removal& removal, const Installation& installation) {
+void FindKeptFiles(Files& files, Removal& removal, const Installation& installation) {
   const Needed needed = NeededBy(removal.remaining);
   Names seen;
   for (const ShipRecord& ship : removal.removed) {
-    KeptFiles kept = KeptFilesOf(ship, removal, installation, needed, seen);
+    KeptFiles kept = KeptFilesOf(files, ship, removal, installation, needed, seen);
     if (!kept.paths.empty()) removal.kept.push_back(std::move(kept));
   }
 }
@@ -175,7 +174,7 @@ void FindKeptFiles(Removal& removal, const Installation& installation) {
 /// The list without the ships' lines; where there is no list, there is no line.
 /// @throws RunTimeError when there is a list that cannot be used
 void FindLines(Files& files, Removal& removal, const Installation& installation) {
-  if (!FileExists(installation.ProgramPath + shipListName)) return;
+  if (!FileExists(files, installation.ProgramPath + shipListName)) return;
   const ShipListText list = ReadShipListText(files, installation.ProgramPath);
   std::set<std::size_t> lines;
   for (const auto line : FindImportedLines(list, removal.removed)) {
@@ -199,10 +198,10 @@ WritePlan PlanRemoval(Files& files, const Removal& removal, const Installation& 
   plan.files.insert(plan.files.end(), removal.models.begin(), removal.models.end());
   if (!removal.models.empty()) plan.folders.push_back(installation.GamePath + "ships\\");
   const std::string cache = installation.GamePath + tcacheName;
-  if (removal.textures && FileExists(std::string(cache))) {
+  if (removal.textures && FileExists(files, cache)) {
     plan.files.push_back(cache);
     plan.folders.push_back(installation.GamePath);
-    NeedRoom(plan, installation.GamePath, FileLength(cache));
+    NeedRoom(plan, installation.GamePath, FileLength(files, cache));
   }
   if (removal.list) {
     plan.files.push_back(removal.list->path);
@@ -216,19 +215,19 @@ WritePlan PlanRemoval(Files& files, const Removal& removal, const Installation& 
     }
   }
   const std::string below = installation.ProgramPath + addOnRemovedFolder;
-  if (!folders.empty()) folders.insert(FolderExists(std::string(below)) ? below : ParentFolder(below));
+  if (!folders.empty()) folders.insert(FolderExists(files, below) ? below : ParentFolder(below));
   plan.folders.insert(plan.folders.end(), folders.begin(), folders.end());
   return plan;
 }
 
 /// A folder of that name, or with the next number, in which nothing lies yet.
-std::string FreeFolder(const std::string& below, const std::string& name) {
+std::string FreeFolder(Files& files, const std::string& below, const std::string& name) {
   for (int number = 1;; ++number) {
     const std::string path = below + name + (number == 1 ? "" : std::to_string(number));
-    const auto there = platform::FactsOf(path);
-    if (!there) return path + "\\";
-    const auto items = there->folder ? platform::ListNative(path + "\\") : std::nullopt;
-    if (items && items->empty()) return path + "\\";
+    const LookUp there = LookFor(files, path);
+    if (there.presence == Presence::absent) return path + "\\";
+    const Listing inside = there.facts.folder ? ListFolder(files, path + "\\") : Listing();
+    if (inside.presence == Presence::visible && inside.items.empty()) return path + "\\";
   }
 }
 
@@ -237,9 +236,9 @@ void MoveKeptFiles(Files& files, const Removal& removal, const Installation& ins
   const std::string below = installation.ProgramPath + addOnRemovedFolder;
   MakeFolder(files, below);
   for (const KeptFiles& kept : removal.kept) {
-    const std::string folder = FreeFolder(below, kept.folder);
+    const std::string folder = FreeFolder(files, below, kept.folder);
     MakeFolder(files, folder);
-    for (const std::string& path : kept.paths) RenameOver(files, path, folder + platform::SpellingOf(path));
+    for (const std::string& path : kept.paths) RenameOver(files, path, folder + SpellingOf(files, path));
   }
 }
 
@@ -294,7 +293,7 @@ bool PutTargetsBack(SwapDesk& desk, const Removal& removal) {
 bool RemoveTextures(SwapDesk& desk, const Removal& removal) {
   const std::string cache = desk.installation.GamePath + tcacheName;
   if (!removal.textures) return true;
-  const bool there = FileExists(std::string(cache));
+  const bool there = FileExists(desk.host.files, cache);
   if (RemoveTexture(desk.host, cache, removal.removed, removal.remaining) || !there) return true;
   Show(desk.host,
        "The textures could not be removed, as the message before this one says, so the ships stay listed. Put that "
@@ -347,8 +346,8 @@ bool cmdRemoveShips_Click(SwapDesk& desk, ImportTab& tab, const RefillLists& ref
   removal.textures = AskYesNo(host, textureQuestion);
   desk.closeOthers();
   removal.targets = TargetsOf(removal, installation.ships);
-  removal.models = ModelsOf(removal, installation);
-  FindKeptFiles(removal, installation);
+  removal.models = ModelsOf(host.files, removal, installation);
+  FindKeptFiles(host.files, removal, installation);
   if (!Trap(host, removeTitle, [&] { FindLines(host.files, removal, installation); })) return false;
   if (!ReadyToWrite(host, PlanRemoval(host.files, removal, installation))) return false;
   bool removed = false;

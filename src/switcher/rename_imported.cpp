@@ -58,7 +58,7 @@ bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
 /// Finds the lines of the ship's parts. Where there are none the ship can be renamed all the same.
 /// @throws RunTimeError when there is a list that cannot be used
 void FindLines(Files& files, const Installation& installation, Rename& rename) {
-  if (!FileExists(installation.ProgramPath + shipListName)) {
+  if (!FileExists(files, installation.ProgramPath + shipListName)) {
     rename.listProblem = "it does not exist";
     return;
   }

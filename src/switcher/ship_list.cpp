@@ -108,7 +108,7 @@ std::string ShipListLine(const ListedShip& ship) {
 
 std::vector<ListedShip> ReadShipList(Host& host, const std::string& programPath) {
   const std::string path = programPath + shipListName;
-  if (!FileExists(std::string(path))) {
+  if (!FileExists(host.files, path)) {
     Show(host, "shipsData.txt not found", Icon::critical);
     return {};
   }

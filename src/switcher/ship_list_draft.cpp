@@ -102,7 +102,8 @@ bool FindArchiveModels(Drafting& drafting) {
 
 void FindAddOnModels(Drafting& drafting) {
   std::vector<std::string> names;
-  for (const auto& [name, item] : NamesIn(drafting.installation.ProgramPath + addOnShipsFolder).items) {
+  for (const auto& [name, item] :
+       NamesIn(drafting.host.files, drafting.installation.ProgramPath + addOnShipsFolder).items) {
     if (ExtensionOf(item.spelling) == "shp") names.push_back(item.spelling);
   }
   std::sort(names.begin(), names.end());

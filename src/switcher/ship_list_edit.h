@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "catalogue/ship_record.h"
+#include "files/files.h"
 #include "switcher/ship_list.h"
 
 /// Changes to `shipsData.txt` that keep every other byte of it: a player may have written it by hand.

@@ -44,9 +44,9 @@ std::string WhyNotText(const std::string& what, const std::string& text) {
 
 /// Keeps a list that is about to be replaced, unless it has these bytes already.
 void KeepOldList(Files& files, const std::string& path, const Bytes& fresh) {
-  if (!FileExists(std::string(path))) return;
-  if (FileLength(path) == fresh.size() && ReadWhole(files, path, largestOldList) == fresh) return;
-  CopyWhole(files, path, FreeOldName(ChangeExtension(path, "")));
+  if (!FileExists(files, path)) return;
+  if (FileLength(files, path) == fresh.size() && ReadWhole(files, path, largestOldList) == fresh) return;
+  CopyWhole(files, path, FreeOldName(files, ChangeExtension(path, "")));
 }
 
 ListFault FaultAt(std::span<const ListedShip> ships, std::size_t line, const std::string& why) {

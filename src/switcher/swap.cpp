@@ -78,11 +78,11 @@ void WriteNoChange(SwapDesk& desk, int target) {
 void UnpackMissing(Host& host, const Installation& installation, const ShipRecord& ship) {
   if (!UnpackShip(host, installation.GamePath, ship, ModelOf(ship))) return;
   const std::string backup = BackupPath(installation, ship);
-  if (FileExists(std::string(backup))) EraseFile(host.files, backup);
+  if (FileExists(host.files, backup)) EraseFile(host.files, backup);
 }
 
 void ProvideSource(Host& host, const Installation& installation, const ShipRecord& source) {
-  if (FileExists(ModelPath(installation, source))) return;
+  if (FileExists(host.files, ModelPath(installation, source))) return;
   if (source.Imported) {
     // The swap goes on all the same, and the copy fails: meant.
     Show(host, "Error - imported ship '" + ModelOf(source) + "' not found", Icon::none);
@@ -92,21 +92,21 @@ void ProvideSource(Host& host, const Installation& installation, const ShipRecor
 }
 
 /// Where the model of a source lies: a changed ship's own model is its backup.
-std::string SourcePath(const std::string& modelPath) {
+std::string SourcePath(Files& files, const std::string& modelPath) {
   const std::string backup = ChangeExtension(modelPath, ".org");
-  return FileExists(std::string(backup)) ? backup : modelPath;
+  return FileExists(files, backup) ? backup : modelPath;
 }
 
 /// Moves one part's stock model aside, unless a backup has it already, and puts the source's model in its place.
 void ReplaceModel(Host& host, const Installation& installation, const ShipRecord& part, const ShipRecord& source) {
   const std::string model = ModelPath(installation, part);
   const std::string backup = BackupPath(installation, part);
-  if (!FileExists(std::string(model))) UnpackMissing(host, installation, part);
+  if (!FileExists(host.files, model)) UnpackMissing(host, installation, part);
   // A ship whose model is nowhere has nothing to come back to: the renaming fails before another model takes its place.
-  if (!FileExists(std::string(backup))) RenameOver(host.files, model, backup);
-  const std::string from = SourcePath(ModelPath(installation, source));
+  if (!FileExists(host.files, backup)) RenameOver(host.files, model, backup);
+  const std::string from = SourcePath(host.files, ModelPath(installation, source));
   // Without anything to copy, an earlier swap's model must not stay: the copy fails and says so.
-  if (!FileExists(std::string(from)) && FileExists(std::string(model))) EraseFile(host.files, model);
+  if (!FileExists(host.files, from) && FileExists(host.files, model)) EraseFile(host.files, model);
   CopyWhole(host.files, from, model);
 }
 
@@ -144,9 +144,9 @@ void RestoreStats(SwapDesk& desk, int target) {
 /// Takes what a swap put under the name of a ship whose own model is nowhere away. It is deleted where it is the
 /// source's model once more; else it may be all that there is of it, and is kept.
 void TakeAway(Files& files, const Installation& installation, const std::string& model, const std::string& source) {
-  if (!FileExists(std::string(model))) return;
+  if (!FileExists(files, model)) return;
   const std::string name = FileNameOf(source);
-  if (IsPlainFileName(name) && SameContent(files, model, SourcePath(source))) {
+  if (IsPlainFileName(name) && SameContent(files, model, SourcePath(files, source))) {
     EraseFile(files, model);
   } else {
     MoveToKept(files, installation, model);
@@ -158,7 +158,7 @@ void TakeAway(Files& files, const Installation& installation, const std::string&
 void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part, const std::string& source) {
   const std::string model = ModelPath(installation, part);
   const std::string backup = BackupPath(installation, part);
-  if (FileExists(std::string(backup))) {
+  if (FileExists(host.files, backup)) {
     RenameOver(host.files, backup, model);
     return;
   }
@@ -228,7 +228,7 @@ int SelectedShip(const ListView& list) {
 }  // namespace
 
 bool CatalogueThere(Host& host, const Installation& installation, const char* title) {
-  if (FileExists(installation.ProgramPath + catalogueName)) return true;
+  if (FileExists(host.files, installation.ProgramPath + catalogueName)) return true;
   Show(host, "Error - ships.dat not found - Reinstall", Icon::exclamation, title);
   return false;
 }

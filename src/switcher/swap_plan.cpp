@@ -16,7 +16,8 @@ namespace {
 /// The most bytes that a ship's model takes, whether it is loose or has to be unpacked first.
 std::uint64_t ModelSize(Files& files, const Installation& installation, const ShipRecord& ship) {
   const std::string folder = installation.GamePath + "ships\\";
-  const std::uint64_t loose = std::max(FileLength(folder + ModelOf(ship)), FileLength(folder + BackupOf(ship)));
+  const std::uint64_t loose =
+      std::max(FileLength(files, folder + ModelOf(ship)), FileLength(files, folder + BackupOf(ship)));
   if (loose > 0) return loose;
   try {
     File hog(files, installation.GamePath + "resource.hog", OpenFor::reading);
@@ -47,7 +48,8 @@ WritePlan PlanSwap(Files& files, const Installation& installation, int target, i
   const std::uint64_t sourceSize = ModelSize(files, installation, by);
   NeedRoom(plan, installation.GamePath, sourceSize);
   // A source that only the archive has is unpacked first, and an older backup of it is deleted.
-  if (!by.Imported && !FileExists(installation.GamePath + "ships\\" + ModelOf(by))) AddModel(plan, installation, by);
+  if (!by.Imported && !FileExists(files, installation.GamePath + "ships\\" + ModelOf(by)))
+    AddModel(plan, installation, by);
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
     NeedRoom(plan, installation.GamePath, sourceSize + ModelSize(files, installation, installation.ships[part]));
@@ -61,8 +63,8 @@ WritePlan PlanUnswap(Files& files, const Installation& installation, int target)
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
     // Where the archive does not have the model either, what lies in its place may have to be kept.
-    if (!FileExists(installation.GamePath + "ships\\" + BackupOf(installation.ships[part]))) {
-      NeedRoom(plan, installation.ProgramPath, FileLength(ModelPath(installation, installation.ships[part])));
+    if (!FileExists(files, installation.GamePath + "ships\\" + BackupOf(installation.ships[part]))) {
+      NeedRoom(plan, installation.ProgramPath, FileLength(files, ModelPath(installation, installation.ships[part])));
     }
     NeedRoom(plan, installation.GamePath, ModelSize(files, installation, installation.ships[part]));
   }

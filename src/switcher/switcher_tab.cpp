@@ -54,7 +54,7 @@ SwitcherTab NewSwitcherTab() {
 }
 
 bool IsImportedCapital(Host& host, const Installation& installation, const ShipRecord& ship) {
-  return FileExists(installation.GamePath + "ships\\" + ModelOf(ship)) && Capital(host, installation, ship);
+  return FileExists(host.files, installation.GamePath + "ships\\" + ModelOf(ship)) && Capital(host, installation, ship);
 }
 
 int ImageOfImported(bool capital) { return capital ? importedCapitalImage : importedFighterImage; }
@@ -102,12 +102,12 @@ void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installat
   }
 }
 
-void ViewModel(const ListView& list, const Installation& installation) {
+void ViewModel(Files& files, const ListView& list, const Installation& installation) {
   const auto row = SelectedRow(list);
   const int index = row ? IndexOfKey(list.rows[*row].key) : -1;
   if (index < 0 || static_cast<std::size_t>(index) >= installation.ships.size()) return;
   const std::string viewer = installation.GamePath + "sltool.exe";
-  if (!FileExists(std::string(viewer))) return;
+  if (!FileExists(files, viewer)) return;
   const std::string model =
       installation.GamePath + "ships\\" + ModelOf(installation.ships[static_cast<std::size_t>(index)]);
   platform::StartProgram(platform::AsWord(viewer) + " " + platform::AsWord(model));

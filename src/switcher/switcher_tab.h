@@ -55,6 +55,6 @@ void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installat
 
 /// Starts the game folder's model viewer with the model of the selected ship; nothing happens where the game folder has
 /// none.
-void ViewModel(const ListView& list, const Installation& installation);
+void ViewModel(Files& files, const ListView& list, const Installation& installation);
 
 }  // namespace oravin

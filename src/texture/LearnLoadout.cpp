@@ -122,14 +122,14 @@ LoadoutMaps MapsOf(const LearnedLoadout& learned) {
 }
 
 std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const std::string& cachePath, const std::string& mapsPath) {
-  if (FileExists(std::string(mapsPath))) return ReadLoadoutMaps(files, mapsPath);
+  if (FileExists(files, mapsPath)) return ReadLoadoutMaps(files, mapsPath);
   const LearnedLoadout learned = LearnLoadout(files, cachePath);
   if (learned.seenCells == 0) return std::nullopt;
   return MapsOf(learned);
 }
 
 std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath) {
-  if (FileExists(std::string(mapsPath))) return ReadLoadoutMaps(host.files, mapsPath);
+  if (FileExists(host.files, mapsPath)) return ReadLoadoutMaps(host.files, mapsPath);
   return Trapped(host, learnTitle, std::optional<LoadoutMaps>(), [&] {
     const std::optional<LoadoutMaps> maps = FindLoadoutMaps(host.files, cachePath, mapsPath);
     if (maps) {

@@ -23,8 +23,8 @@ namespace {
 constexpr const char* loadoutTitle = "LoadoutSetup";
 
 /// A name for a work file that no file of the folder bears.
-std::string FreeWorkName(const std::string& folder, std::string name) {
-  while (FileExists(folder + name)) name += "_";
+std::string FreeWorkName(Files& files, const std::string& folder, std::string name) {
+  while (FileExists(files, folder + name)) name += "_";
   return name;
 }
 
@@ -49,9 +49,9 @@ bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& 
     return false;
   }
   if (entry.pixelFormat != paletteFormat) return true;
-  const std::string raw = FreeWorkName(folder, SafeFileName(name));
-  const std::string mapped = FreeWorkName(folder, SafeFileName("g" + name));
-  const WorkFiles work({folder + raw, folder + mapped});
+  const std::string raw = FreeWorkName(host.files, folder, SafeFileName(name));
+  const std::string mapped = FreeWorkName(host.files, folder, SafeFileName("g" + name));
+  const WorkFiles work(host.files, {folder + raw, folder + mapped});
   if (!ExtractRaw(host, cachePath, name, folder + raw)) return false;
   if (!ConvertTexture(host, folder + raw, folder, mapped, folder + loadoutMapsName)) return false;
   const BmpInfo info{0, entry.width, entry.height, entry.pixelFormat, entry.imageCount};
@@ -63,7 +63,9 @@ bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& 
 
 bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count) {
   folder = AddBackslash(folder);
-  if (!FolderExists(folder) || !FileExists(cachePath)) {
+  TrimInPlace(folder);
+  TrimInPlace(cachePath);
+  if (!FolderExists(host.files, folder) || !FileExists(host.files, cachePath)) {
     Show(host, "Error - Path(s) not found", Icon::critical, loadoutTitle);
     return false;
   }
@@ -131,8 +133,9 @@ void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string
 
 bool ExtractRaw(Host& host, std::string cachePath, const std::string& name, const std::string& outputPath) {
   TcacheEntry entry;
-  if (FileExists(cachePath)) ReadTcacheEntry(host, cachePath, name, entry);
-  if (entry.entryOffset == 0 || !FolderExists(ParentFolder(outputPath))) {
+  TrimInPlace(cachePath);
+  if (FileExists(host.files, cachePath)) ReadTcacheEntry(host, cachePath, name, entry);
+  if (entry.entryOffset == 0 || !FolderExists(host.files, ParentFolder(outputPath))) {
     Show(host, "Error in extracting textures. Path(s) don't exist", Icon::exclamation);
     return false;
   }

@@ -11,7 +11,6 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "platform/file_system.h"
 #include "texture/table_bytes.h"
 
 namespace oravin {
@@ -149,7 +148,7 @@ bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std
     WriteRebuilt(host.files, cachePath, temp, rebuilt);
     RenameOver(host.files, temp, cachePath);
   } catch (const RunTimeError&) {
-    platform::EraseNative(temp);
+    EraseIfThere(host.files, temp);
     throw;
   }
   return true;
@@ -158,7 +157,8 @@ bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std
 }  // namespace
 
 bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, const Ships& remaining) {
-  if (!FileExists(cachePath)) {
+  TrimInPlace(cachePath);
+  if (!FileExists(host.files, cachePath)) {
     Show(host, "TCACHE not found!", Icon::exclamation, removeTitle);
     return false;
   }
@@ -170,8 +170,8 @@ bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, cons
 
 void EraseUnfinishedRebuild(Files& files, const std::string& cachePath) {
   const std::string temp = UnfinishedRebuild(cachePath);
-  if (!FileExists(std::string(temp))) return;
-  if (FileLength(temp) > 0) {
+  if (!FileExists(files, temp)) return;
+  if (FileLength(files, temp) > 0) {
     File file(files, temp, OpenFor::reading);
     std::array<std::uint8_t, 4> marker{};
     if (GetSome(file, 0, marker) < marker.size() || LittleEndian32(marker.data()) != tcacheMarker) return;

@@ -51,7 +51,7 @@ void WriteFactoryPart(File& source, const TcacheBytes& cache, File& file) {
 
 /// Reads header and table of a cache that may be missing.
 TcacheBytes ReadIfThere(Files& files, const std::string& path) {
-  if (!FileExists(std::string(path))) return {};
+  if (!FileExists(files, path)) return {};
   File cache(files, path, OpenFor::reading);
   return ReadTcache(cache);
 }
@@ -84,7 +84,7 @@ bool RestoreFrom(Host& host, const std::string& source, const TcacheBytes& cache
 }
 
 bool Restore(Host& host, const std::string& cachePath, const std::string& old) {
-  const bool there = FileExists(std::string(cachePath));
+  const bool there = FileExists(host.files, cachePath);
   const TcacheBytes cache = ReadIfThere(host.files, cachePath);
   if (FactoryPartIsWhole(cache)) return RestoreFrom(host, cachePath, cache, cachePath);
   const TcacheBytes kept = ReadIfThere(host.files, old);
@@ -106,7 +106,7 @@ bool RestoreTcacheFile(Host& host, std::string cachePath) {
 }
 
 int TcacheCount(Files& files, const std::string& cachePath) {
-  if (!FileExists(std::string(cachePath)) || FileLength(cachePath) < tcacheHeaderSize) return 0;
+  if (!FileExists(files, cachePath) || FileLength(files, cachePath) < tcacheHeaderSize) return 0;
   File cache(files, cachePath, OpenFor::reading);
   return static_cast<int>(std::min(ReadLongLE(cache, tcacheCountOffset), 0x7FFFFFFFU));
 }

@@ -46,7 +46,8 @@ void PutRecord(Bytes& slot, const TcacheEntry& entry) {
 }  // namespace
 
 int GetTcacheTable(Host& host, std::string path, TcacheTable& table) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Error - Path(s) not found.", Icon::exclamation, tableTitle);
     return 0;
   }
@@ -65,7 +66,8 @@ int GetTcacheTable(Host& host, std::string path, TcacheTable& table) {
 }
 
 void SaveTcacheEntry(Host& host, std::string path, const TcacheTable& table, int index) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Error - Path(s) not found.", Icon::exclamation, tableTitle);
     return;
   }
@@ -80,7 +82,8 @@ void SaveTcacheEntry(Host& host, std::string path, const TcacheTable& table, int
 }
 
 std::uint32_t FindStructOffset(Host& host, std::string path, const std::string& name) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "TCACHE file not found", Icon::exclamation, "FindStructOffset");
     return 0;
   }
@@ -89,7 +92,8 @@ std::uint32_t FindStructOffset(Host& host, std::string path, const std::string& 
 }
 
 std::uint32_t FindStructType(Host& host, std::string path, std::int32_t pixelFormat) {
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "TCACHE file not found", Icon::exclamation, "FindStructType");
     return 0;
   }
@@ -131,7 +135,8 @@ bool DataLiesIn(const TcacheEntry& entry, std::uint64_t fileLength) {
 std::uint64_t MemMappedFile(Host& host, std::string path, Bytes& buffer, std::uint64_t startOffset,
                             std::uint64_t& endOffset) {
   constexpr const char* title = "MemMappedFile";
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Path(s) not found", Icon::exclamation, title);
     return 0;
   }

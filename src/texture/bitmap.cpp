@@ -1,5 +1,7 @@
 #include "texture/bitmap.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 
 #include "desk/dialogs.h"
@@ -65,7 +67,8 @@ bool PixelsAsUsed(File& file, const BmpInfo& info) {
 
 bool GetBMPInfo(Host& host, std::string path, BmpInfo& info) {
   constexpr const char* title = "GetBMPInfo";
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "File not found", Icon::exclamation, title);
     return false;
   }
@@ -88,7 +91,7 @@ bool SidesFit(const BmpInfo& info) { return IsChainSide(info.width) && IsChainSi
 bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info) {
   // Pixels of other depths are nothing that could be shown or added, whether there is a header to look at or not.
   if (info.depth < 1 || info.depth > 3) return false;
-  if (!SidesFit(info) || !FileExists(std::string(path))) return false;
+  if (!SidesFit(info) || !FileExists(files, path)) return false;
   File file(files, path, OpenFor::reading);
   const std::int64_t length = PixelBytes(file.length, info);
   return length > 0 && static_cast<std::uint64_t>(length) == SizeOf(info, info.imageCount) && PixelsAsUsed(file, info);

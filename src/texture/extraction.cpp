@@ -32,7 +32,7 @@ Bytes BitmapPixels(const TcacheEntry& entry, Bytes data) {
 
 void WriteZeros(Files& files, const std::string& cachePath, const TcacheEntry& entry, const std::string& target,
                 std::size_t headerSize) {
-  if (!CanBeExtracted(entry, FileLength(cachePath))) Refuse(entry);
+  if (!CanBeExtracted(entry, FileLength(files, cachePath))) Refuse(entry);
   WriteWhole(files, target, Bytes(headerSize + static_cast<std::size_t>(DataSizeOf(entry).value_or(0))));
 }
 

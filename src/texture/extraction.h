@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include "files/files.h"
 #include "texture/Texture.h"
 
 /// Textures as bitmap files.

@@ -120,13 +120,13 @@ bool RefuseFighterBitmap(Host& host) {
 
 bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& outputPath,
                 const std::string& programPath) {
-  if (FileExists(std::string(outputPath))) EraseFile(host.files, outputPath);
+  if (FileExists(host.files, outputPath)) EraseFile(host.files, outputPath);
   BmpInfo info;
   if (!GetBMPInfo(host, bitmapPath, info)) return false;
   // What follows the first image, as in a bitmap that holds a chain already, is not looked at.
   if (info.depth != 1 || info.width != fighterSide || info.height != fighterSide ||
       info.pixelOffset < colourHeaderSize || info.pixelOffset > largestHeader ||
-      FileLength(bitmapPath) < std::uint64_t{info.pixelOffset} + fighterPixels) {
+      FileLength(host.files, bitmapPath) < std::uint64_t{info.pixelOffset} + fighterPixels) {
     return RefuseFighterBitmap(host);
   }
   FighterBitmap source;
@@ -141,7 +141,7 @@ bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& ou
   std::vector<std::string> bitmaps;
   bitmaps.reserve(levels);
   for (int level = 0; level < levels; ++level) bitmaps.push_back(LevelBitmap(programPath, level));
-  const WorkFiles work(std::move(bitmaps));
+  const WorkFiles work(host.files, std::move(bitmaps));
   CopyWhole(host.files, bitmapPath, LevelBitmap(programPath, 0));
   WriteLevels(host.files, programPath, source);
   WriteWhole(host.files, outputPath, JoinLevels(host.files, programPath, info.pixelOffset));
@@ -151,7 +151,8 @@ bool BuildChain(Host& host, const std::string& bitmapPath, const std::string& ou
 }  // namespace
 
 bool ConvertFighterText(Host& host, std::string bitmapPath, std::string outputPath, const std::string& programPath) {
-  if (!FileExists(bitmapPath)) {
+  TrimInPlace(bitmapPath);
+  if (!FileExists(host.files, bitmapPath)) {
     Show(host, "File not found", Icon::exclamation, "FighterResize");
     return false;
   }

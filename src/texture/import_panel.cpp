@@ -38,9 +38,9 @@ bool ImportFighter(Host& host, const Installation& installation, const std::stri
   const std::string& folder = installation.ProgramPath;
   const std::string cache = installation.GamePath + tcacheName;
   const std::string maps = folder + loadoutMapsName;
-  const WorkFiles work({folder + "import", folder + "gimport"});
+  const WorkFiles work(host.files, {folder + "import", folder + "gimport"});
   if (!ConvertFighterText(host, bitmap, folder + "import", folder)) return false;
-  const bool toLearn = !FileExists(std::string(maps)) && FileExists(std::string(cache));
+  const bool toLearn = !FileExists(host.files, maps) && FileExists(host.files, cache);
   if (toLearn && !ProvideLoadoutMaps(host, cache, maps)) {
     return ImportTexture(host, cache, folder + "import", name, fighterChain);
   }
@@ -75,10 +75,11 @@ void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel) {
 void txtImportTexturePath_LostFocus(ImportTexturePanel& panel) {
   ShowNoTexture(panel.preview, "");
   ClearInfo(panel);
-  if (!FileExists(panel.txtImportTexturePath.text)) return;
+  TrimInPlace(panel.txtImportTexturePath.text);
   // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
   Host quiet;
   quiet.desk.showBox = [](const Message&) { return Answer::ok; };
+  if (!FileExists(quiet.files, panel.txtImportTexturePath.text)) return;
   BmpInfo info;
   if (ShowInfo(quiet, panel, panel.txtImportTexturePath.text, info)) {
     ShowBitmap(quiet, panel.preview, panel.txtImportTexturePath.text, info);
@@ -87,7 +88,8 @@ void txtImportTexturePath_LostFocus(ImportTexturePanel& panel) {
 
 void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Installation& installation) {
   std::string bitmap = panel.txtImportTexturePath.text;
-  if (!FileExists(bitmap)) {
+  TrimInPlace(bitmap);
+  if (!FileExists(host.files, bitmap)) {
     Show(host, "Import texture not found.", Icon::exclamation);
     return;
   }

@@ -1,5 +1,7 @@
 #include "texture/import_refusals.h"
 
+#include "base/text.h"
+
 #include "desk/dialogs.h"
 #include "desk/program_end.h"
 #include "files/file.h"
@@ -8,7 +10,8 @@
 namespace oravin {
 
 bool ReadCacheToAddTo(Host& host, std::string& cachePath, TcacheBytes& cache) {
-  if (!FileExists(cachePath)) {
+  TrimInPlace(cachePath);
+  if (!FileExists(host.files, cachePath)) {
     Show(host, "Error. Path(s) not found", Icon::exclamation, importTitle);
     return false;
   }

@@ -1,5 +1,7 @@
 #include "texture/loadout_maps.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 
 #include "desk/dialogs.h"
@@ -44,7 +46,11 @@ void MapPixels(std::span<std::uint8_t> pixels, const LoadoutMaps& maps) {
 bool ConvertTexture(Host& host, std::string sourcePath, std::string destinationFolder,
                     const std::string& destinationName, std::string tablePath) {
   constexpr const char* title = "ConvertTexture";
-  if (!FolderExists(destinationFolder) || !FileExists(sourcePath) || !FileExists(tablePath)) {
+  TrimInPlace(destinationFolder);
+  TrimInPlace(sourcePath);
+  TrimInPlace(tablePath);
+  if (!FolderExists(host.files, destinationFolder) || !FileExists(host.files, sourcePath) ||
+      !FileExists(host.files, tablePath)) {
     Show(host, "Path(s) not found", Icon::exclamation, title);
     return false;
   }

@@ -93,7 +93,7 @@ Palette TemplatePalette(Files& files, const std::string& templatePath) {
     const auto shade = static_cast<std::uint8_t>(i);
     palette.at(i) = {shade, shade, shade};
   }
-  if (!FileExists(std::string(templatePath))) return palette;
+  if (!FileExists(files, templatePath)) return palette;
   try {
     File file(files, templatePath, OpenFor::reading);
     Bytes header(paletteHeaderSize);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "files/files.h"
 #include "texture/Texture.h"
 #include "texture/bitmap.h"
 

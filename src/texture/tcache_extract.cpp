@@ -62,7 +62,7 @@ void ShowStep(Host& host, TcacheTab& tab, const TcacheEntry& entry, int done, in
 }
 
 void ExtractSelected(Host& host, TcacheTab& tab, const Installation& installation, ExtractionRun& run) {
-  const std::uint64_t length = FileLength(tab.openCache);
+  const std::uint64_t length = FileLength(host.files, tab.openCache);
   std::vector<const TcacheEntry*> selected;
   for (const ListRow& row : tab.lstTcache.rows) {
     const TcacheEntry* entry = row.selected ? EntryOfRow(tab, row) : nullptr;
@@ -97,11 +97,11 @@ void TellEnd(Host& host, const ExtractionRun& run) {
 /// Extracts one texture for the paint program.
 bool ExtractForPainting(Host& host, const TcacheTab& tab, const Installation& installation, const TcacheEntry& entry,
                         const std::string& target) {
-  if (!FileExists(std::string(tab.openCache))) {
+  if (!FileExists(host.files, tab.openCache)) {
     Show(host, "TCACHE path not found", Icon::exclamation);
     return false;
   }
-  if (!FolderExists(std::string(installation.ProgramPath))) {
+  if (!FolderExists(host.files, installation.ProgramPath)) {
     Show(host, "Destination path not found", Icon::exclamation);
     return false;
   }
@@ -117,7 +117,8 @@ bool ExtractForPainting(Host& host, const TcacheTab& tab, const Installation& in
 void cmdExtractTcache_Click(Host& host, TcacheTab& tab, const Installation& installation) {
   ExtractionRun run;
   run.folder = tab.txtTcacheDestination.text;
-  if (!FolderExists(run.folder)) {
+  TrimInPlace(run.folder);
+  if (!FolderExists(host.files, run.folder)) {
     Show(host, "Destination path not found", Icon::exclamation);
     return;
   }

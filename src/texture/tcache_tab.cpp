@@ -110,7 +110,8 @@ void cmdBrowseTcacheDestination_Click(Host& host, TcacheTab& tab) {
 
 void cmdOpenTcache_Click(Host& host, TcacheTab& tab) {
   std::string path = tab.txtTcacheSource.text;
-  if (!FileExists(path)) {
+  TrimInPlace(path);
+  if (!FileExists(host.files, path)) {
     Show(host, "Error - File not found", Icon::exclamation, "Oravin - cmdOpenTcache_Click()");
     return;
   }
@@ -158,7 +159,7 @@ void cmdReopenTcache_Click(Host& host, TcacheTab& tab) {
 void CheckTcacheOnDisk(Host& host, TcacheTab& tab) {
   if (tab.openCache.empty()) return;
   bool changed = true;
-  if (FileExists(std::string(tab.openCache))) {
+  if (FileExists(host.files, tab.openCache)) {
     // It is only a look: a cache that cannot be read just now is no reason for a box.
     try {
       changed = SealOf(ReadTcache(host.files, tab.openCache)) != tab.seal;
@@ -230,7 +231,7 @@ void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& in
 }
 
 void cmdRestoreTCACHE_Click(Host& host, const Installation& installation) {
-  if (FeaturesEnabled(installation.ProgramPath)) {
+  if (FeaturesEnabled(host.files, installation.ProgramPath)) {
     Show(host, "This operation can't be preformed while other editing options are enabled.", Icon::exclamation);
     return;
   }
@@ -240,9 +241,9 @@ void cmdRestoreTCACHE_Click(Host& host, const Installation& installation) {
   const std::string cache = installation.GamePath + tcacheName;
   WritePlan plan;
   plan.files = {cache};
-  if (FolderExists(std::string(installation.GamePath))) {
+  if (FolderExists(host.files, installation.GamePath)) {
     plan.folders = {installation.GamePath};
-    NeedRoom(plan, installation.GamePath, FileLength(cache));
+    NeedRoom(plan, installation.GamePath, FileLength(host.files, cache));
   }
   if (!ReadyToWrite(host, plan)) return;
   if (RestoreTcacheFile(host, cache)) ShowSuccess(host, "TCACHE Restoration complete", Icon::exclamation);

@@ -3,20 +3,20 @@
 #include <string>
 #include <vector>
 
-#include "files/files.h"
-#include "platform/file_system.h"
+#include "files/whole_file.h"
 
 namespace oravin {
 
 /// Files that are only needed for a while: they are deleted when this record goes, on every way out.
 struct WorkFiles {
-  explicit WorkFiles(std::vector<std::string> all) : paths(std::move(all)) {}
+  WorkFiles(Files& owner, std::vector<std::string> all) : files(owner), paths(std::move(all)) {}
   WorkFiles(const WorkFiles&) = delete;
   WorkFiles& operator=(const WorkFiles&) = delete;
   ~WorkFiles() {
-    for (const std::string& path : paths) platform::EraseNative(path);
+    for (const std::string& path : paths) EraseIfThere(files, path);
   }
 
+  Files& files;
   std::vector<std::string> paths;
 };
 

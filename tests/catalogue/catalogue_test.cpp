@@ -188,11 +188,12 @@ TEST_F(Catalogue, TheSurplusElementIsNobodysSecondPart) {
 }
 
 TEST_F(Catalogue, EnabledIsWhileTheFileExistsAndIsNotEmpty) {
-  EXPECT_FALSE(FeaturesEnabled(folder.windows));
+  Files files;
+  EXPECT_FALSE(FeaturesEnabled(files, folder.windows));
   WriteFileAt(Native(), "");
-  EXPECT_FALSE(FeaturesEnabled(folder.windows));
+  EXPECT_FALSE(FeaturesEnabled(files, folder.windows));
   WriteFileAt(Native(), "x");
-  EXPECT_TRUE(FeaturesEnabled(folder.windows));
+  EXPECT_TRUE(FeaturesEnabled(files, folder.windows));
 }
 
 struct PutRecord : Catalogue {

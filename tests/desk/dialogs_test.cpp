@@ -57,9 +57,8 @@ TEST(ChooseFile, AsksAndReturnsAFileThatIsThere) {
   test::WriteFileAt(folder.Native("a.hog"), "x");
   ScriptedHost at;
   at.desk.AnswerFile(folder.Windows("a.hog"));
-  std::string begin = " C:\\Game ";
+  const std::string begin = " C:\\Game ";
   EXPECT_EQ(ChooseFile(at.host, "Open", begin, "resource.hog", "Hog *.hog|*.hog"), folder.Windows("a.hog"));
-  EXPECT_EQ(begin, "C:\\Game\\");  // the caller's variable gets its backslash
   ASSERT_EQ(at.desk.fileQuestions.size(), 1U);
   EXPECT_EQ(at.desk.fileQuestions[0].title, "Open");
   EXPECT_EQ(at.desk.fileQuestions[0].folder, "C:\\Game\\");

@@ -32,13 +32,15 @@ struct Store {
 };
 
 TEST(WriteHelp, TellsWhatHelpsWithoutRights) {
-  EXPECT_EQ(RefusalToWrite(gameFolder, noPermission, ""),
+  Files files;
+  EXPECT_EQ(RefusalToWrite(files, gameFolder, noPermission, ""),
             std::string(gameFolder) + " cannot be written: you have no permission.\n" + helpWithoutRights);
 }
 
 TEST(WriteHelp, NamesTheCopiesOfAFoldersFiles) {
+  Files files;
   const Store store;
-  EXPECT_EQ(RefusalToWrite(gameFolder, noPermission, store.path),
+  EXPECT_EQ(RefusalToWrite(files, gameFolder, noPermission, store.path),
             std::string(gameFolder) + " cannot be written: you have no permission.\n" + helpWithoutRights +
                 "\n\nWindows keeps copies of files of that folder in\n" + store.copies +
                 "\nand shows them to the game in place of the real ones. As long as they are there, the game does not "
@@ -46,39 +48,49 @@ TEST(WriteHelp, NamesTheCopiesOfAFoldersFiles) {
 }
 
 TEST(WriteHelp, NamesTheCopiesBesideAFileThatHasNone) {
+  Files files;
   const Store store;
-  const std::string text = RefusalToWrite(std::string(gameFolder) + "resource.hog", "it is read-only", store.path);
+  const std::string text =
+      RefusalToWrite(files, std::string(gameFolder) + "resource.hog", "it is read-only", store.path);
   EXPECT_NE(text.find("\nWindows keeps copies of files of that folder in\n" + store.copies + "\n"), std::string::npos)
       << text;
 }
 
-TEST(VirtualCopies, AreNoneWhereTheSystemKeepsNone) { EXPECT_EQ(VirtualCopies("", gameFolder), ""); }
+TEST(VirtualCopies, AreNoneWhereTheSystemKeepsNone) {
+  Files files;
+  EXPECT_EQ(VirtualCopies(files, "", gameFolder), "");
+}
 
 TEST(VirtualCopies, AreNoneOfAnotherFolder) {
+  Files files;
   const Store store;
-  EXPECT_EQ(VirtualCopies(store.path, "C:\\Games\\StarLancer\\"), "");
+  EXPECT_EQ(VirtualCopies(files, store.path, "C:\\Games\\StarLancer\\"), "");
 }
 
 TEST(VirtualCopies, LieUnderThePathWithoutItsDrive) {
+  Files files;
   const Store store;
-  EXPECT_EQ(VirtualCopies(store.path, "D:\\Program Files\\StarLancer\\"), store.copies);
+  EXPECT_EQ(VirtualCopies(files, store.path, "D:\\Program Files\\StarLancer\\"), store.copies);
 }
 
 TEST(VirtualCopies, AnEmptyFolderHoldsNone) {
+  Files files;
   const Store store;
   MakeFolderAt(store.folder.Native("VirtualStore/Games"));
-  EXPECT_EQ(VirtualCopies(store.path, "C:\\Games\\"), "");
+  EXPECT_EQ(VirtualCopies(files, store.path, "C:\\Games\\"), "");
 }
 
 TEST(VirtualCopies, ADriveItselfHasNone) {
+  Files files;
   const Store store;
-  EXPECT_EQ(VirtualCopies(store.path, "C:\\"), "") << "the store's own folder is no copy of the drive's";
+  EXPECT_EQ(VirtualCopies(files, store.path, "C:\\"), "") << "the store's own folder is no copy of the drive's";
 }
 
 TEST(VirtualCopies, ARelativePathHasNone) {
+  Files files;
   const Store store;
-  EXPECT_EQ(VirtualCopies(store.path, "Program Files\\StarLancer\\"), "");
-  EXPECT_EQ(VirtualCopies(store.path, ""), "");
+  EXPECT_EQ(VirtualCopies(files, store.path, "Program Files\\StarLancer\\"), "");
+  EXPECT_EQ(VirtualCopies(files, store.path, ""), "");
 }
 
 }  // namespace

@@ -9,10 +9,11 @@ namespace oravin {
 namespace {
 
 TEST(FolderNames, FindsFilesWithoutRegardToCase) {
+  Files files;
   const test::TemporaryFolder folder;
   test::WriteFileAt(folder.Native("Model.SHP"), "abc");
   test::WriteFileAt(folder.Native("empty"), "");
-  const FolderNames names = NamesIn(folder.windows);
+  const FolderNames names = NamesIn(files, folder.windows);
   ASSERT_NE(FindIn(names, "MODEL.shp"), nullptr);
   EXPECT_EQ(FindIn(names, "MODEL.shp")->spelling, "Model.SHP");
   EXPECT_EQ(FindIn(names, "MODEL.shp")->length, 3U);
@@ -22,20 +23,23 @@ TEST(FolderNames, FindsFilesWithoutRegardToCase) {
 }
 
 TEST(FolderNames, AFileThatIsNotThereIsNotFound) {
+  Files files;
   const test::TemporaryFolder folder;
   test::WriteFileAt(folder.Native("a"), "abc");
-  const FolderNames names = NamesIn(folder.windows);
+  const FolderNames names = NamesIn(files, folder.windows);
   EXPECT_EQ(FindIn(names, "b"), nullptr);
   EXPECT_EQ(LengthIn(names, "b"), 0U);
 }
 
 TEST(FolderNames, FoldersDoNotCount) {
+  Files files;
   const test::TemporaryFolder folder;
   test::MakeFolderAt(folder.Native("sub"));
-  EXPECT_TRUE(NamesIn(folder.windows).items.empty());
+  EXPECT_TRUE(NamesIn(files, folder.windows).items.empty());
 }
 
 TEST(FolderNames, HiddenAndSystemFilesDoNotCount) {
+  Files files;
   const test::TemporaryFolder folder;
   test::WriteFileAt(folder.Native("hidden"), "x");
   test::WriteFileAt(folder.Native("system"), "x");
@@ -43,12 +47,13 @@ TEST(FolderNames, HiddenAndSystemFilesDoNotCount) {
     GTEST_SKIP() << "the file system of the temporary folder keeps no extended attributes";
   }
   test::SetDosAttributes(folder.Native("system"), test::systemMark);
-  EXPECT_TRUE(NamesIn(folder.windows).items.empty());
+  EXPECT_TRUE(NamesIn(files, folder.windows).items.empty());
 }
 
 TEST(FolderNames, AMissingFolderHasNoFiles) {
+  Files files;
   const test::TemporaryFolder folder;
-  EXPECT_TRUE(NamesIn(folder.Windows("missing/")).items.empty());
+  EXPECT_TRUE(NamesIn(files, folder.Windows("missing/")).items.empty());
 }
 
 }  // namespace

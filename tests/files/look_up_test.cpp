@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "base/run_time_error.h"
 #include "support/environment.h"
+#include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/temporary_folder.h"
 
@@ -13,60 +15,64 @@ using test::TemporaryFolder;
 using test::WriteFileAt;
 
 TEST(FileExists, AnExistingFileInWhateverCase) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("Ships/Model.SHP"), "x");
-  EXPECT_TRUE(FileExists(folder.Windows("ships/model.shp")));
-  EXPECT_FALSE(FileExists(folder.Windows("ships/other.shp")));
+  EXPECT_TRUE(FileExists(files, folder.Windows("ships/model.shp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("ships/other.shp")));
 }
 
-TEST(FileExists, TrimsTheCallersVariable) {
+TEST(FileExists, SpacesAtTheEndsDoNotCount) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("a.txt"), "x");
-  std::string path = "  " + folder.Windows("a.txt") + "   ";
-  EXPECT_TRUE(FileExists(path));
-  EXPECT_EQ(path, folder.Windows("a.txt"));
-  std::string missing = " missing ";
-  EXPECT_FALSE(FileExists(missing));
-  EXPECT_EQ(missing, "missing");
+  EXPECT_TRUE(FileExists(files, "  " + folder.Windows("a.txt") + "   "));
+  EXPECT_FALSE(FileExists(files, " missing "));
 }
 
 TEST(FileExists, AnEmptyPathDoesNotExist) {
-  EXPECT_FALSE(FileExists(std::string()));
-  EXPECT_FALSE(FileExists("   "));
+  Files files;
+  EXPECT_FALSE(FileExists(files, std::string()));
+  EXPECT_FALSE(FileExists(files, "   "));
 }
 
 TEST(FileExists, APathThatEndsInABackslashAColonOrADotDoesNotExist) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("colon:"), "x");
   WriteFileAt(folder.Native("dot."), "x");
   test::MakeFolderAt(folder.Native("game"));
-  EXPECT_FALSE(FileExists(folder.Windows("game/")));
-  EXPECT_FALSE(FileExists(folder.Windows("colon:")));
-  EXPECT_FALSE(FileExists(folder.Windows("dot.")));
-  EXPECT_FALSE(FileExists("C:"));
-  EXPECT_FALSE(FileExists("C:\\game\\"));
+  EXPECT_FALSE(FileExists(files, folder.Windows("game/")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("colon:")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("dot.")));
+  EXPECT_FALSE(FileExists(files, "C:"));
+  EXPECT_FALSE(FileExists(files, "C:\\game\\"));
 }
 
 TEST(FileExists, APathWithACharacterAbove127DoesNotExist) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("J\xC3\xA4ger.shp"), "x");
   ASSERT_TRUE(std::filesystem::exists(folder.Native("J\xC3\xA4ger.shp")));
-  EXPECT_FALSE(FileExists(folder.Windows("J\xC3\xA4ger.shp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("J\xC3\xA4ger.shp")));
 }
 
 TEST(FileExists, CharacterCode127IsAccepted) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("a\x7F"), "x");
-  EXPECT_TRUE(FileExists(folder.Windows("a\x7F")));
+  EXPECT_TRUE(FileExists(files, folder.Windows("a\x7F")));
 }
 
 TEST(FileExists, AFolderIsNoFile) {
+  Files files;
   const TemporaryFolder folder;
   test::MakeFolderAt(folder.Native("game"));
-  EXPECT_FALSE(FileExists(folder.Windows("game")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("game")));
 }
 
 TEST(FileExists, HiddenAndSystemFilesDoNotCount) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("hidden.shp"), "x");
   WriteFileAt(folder.Native("system.shp"), "x");
@@ -74,51 +80,141 @@ TEST(FileExists, HiddenAndSystemFilesDoNotCount) {
     GTEST_SKIP() << "the file system of the temporary folder keeps no extended attributes";
   }
   test::SetDosAttributes(folder.Native("system.shp"), test::systemMark);
-  EXPECT_FALSE(FileExists(folder.Windows("hidden.shp")));
-  EXPECT_FALSE(FileExists(folder.Windows("system.shp")));
-  EXPECT_FALSE(FileExists(folder.Windows("*.shp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("hidden.shp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("system.shp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("*.shp")));
   WriteFileAt(folder.Native("plain.shp"), "x");
-  EXPECT_TRUE(FileExists(folder.Windows("*.shp")));
+  EXPECT_TRUE(FileExists(files, folder.Windows("*.shp")));
 }
 
 TEST(FileExists, APathWithWildcardsExistsWhenAnythingMatches) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("Model1.SHP"), "x");
   test::MakeFolderAt(folder.Native("folder.bmp"));
-  EXPECT_TRUE(FileExists(folder.Windows("*.shp")));
-  EXPECT_TRUE(FileExists(folder.Windows("model?.shp")));
-  EXPECT_TRUE(FileExists(folder.Windows("*")));
-  EXPECT_FALSE(FileExists(folder.Windows("model??.shp")));
-  EXPECT_FALSE(FileExists(folder.Windows("*.bmp")));
-  EXPECT_FALSE(FileExists(folder.Windows("missing/*")));
+  EXPECT_TRUE(FileExists(files, folder.Windows("*.shp")));
+  EXPECT_TRUE(FileExists(files, folder.Windows("model?.shp")));
+  EXPECT_TRUE(FileExists(files, folder.Windows("*")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("model??.shp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("*.bmp")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("missing/*")));
 }
 
 TEST(FileExists, OnAnUnknownDriveNothingExists) {
+  Files files;
   const TemporaryFolder folder;
   const test::Environment prefix("WINEPREFIX", folder.native.string());
-  EXPECT_FALSE(FileExists("Q:\\file.txt"));
-  EXPECT_FALSE(FileExists("Q:\\*"));
+  EXPECT_FALSE(FileExists(files, "Q:\\file.txt"));
+  EXPECT_FALSE(FileExists(files, "Q:\\*"));
 }
 
 TEST(FolderExists, WithAndWithoutTheBackslashAtItsEnd) {
+  Files files;
   const TemporaryFolder folder;
   test::MakeFolderAt(folder.Native("Game"));
-  std::string path = " " + folder.Windows("game") + " ";
-  EXPECT_TRUE(FolderExists(path));
-  EXPECT_EQ(path, folder.Windows("game"));
-  EXPECT_TRUE(FolderExists(folder.Windows("GAME/")));
-  EXPECT_FALSE(FolderExists(folder.Windows("other")));
+  EXPECT_TRUE(FolderExists(files, " " + folder.Windows("game") + " "));
+  EXPECT_TRUE(FolderExists(files, folder.Windows("GAME/")));
+  EXPECT_FALSE(FolderExists(files, folder.Windows("other")));
 }
 
 TEST(FolderExists, NeitherAFileNorAnEmptyNorAnUnprintablePath) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("file"), "x");
   test::MakeFolderAt(folder.Native("\xC3\x84"));
-  EXPECT_FALSE(FolderExists(folder.Windows("file")));
-  EXPECT_FALSE(FolderExists(folder.Windows("file/")));
-  EXPECT_FALSE(FolderExists(""));
-  EXPECT_FALSE(FolderExists("  "));
-  EXPECT_FALSE(FolderExists(folder.Windows("\xC3\x84")));
+  EXPECT_FALSE(FolderExists(files, folder.Windows("file")));
+  EXPECT_FALSE(FolderExists(files, folder.Windows("file/")));
+  EXPECT_FALSE(FolderExists(files, ""));
+  EXPECT_FALSE(FolderExists(files, "  "));
+  EXPECT_FALSE(FolderExists(files, folder.Windows("\xC3\x84")));
+}
+
+/// Lets every operation of one kind fail.
+void Fail(Files& files, FileOperation::Kind kind) {
+  files.before = [kind](const FileOperation& operation) {
+    if (operation.kind == kind) throw RunTimeError("could not look at", operation.path, "the disk does not answer");
+  };
+}
+
+TEST(LookFor, TellsAbsentVisibleHiddenAndFailedApart) {
+  const TemporaryFolder folder;
+  Files files;
+  for (const char* name : {"plain", "hidden"}) WriteFileAt(folder.Native(name), "abc");
+  EXPECT_EQ(LookFor(files, folder.Windows("missing")).presence, Presence::absent);
+  EXPECT_EQ(LookFor(files, folder.Windows("plain")).presence, Presence::visible);
+  EXPECT_EQ(LookFor(files, folder.Windows("plain")).facts.length, 3U);
+  if (test::SetDosAttributes(folder.Native("hidden"), test::hiddenMark)) {
+    EXPECT_EQ(LookFor(files, folder.Windows("hidden")).presence, Presence::hidden);
+  }
+  Fail(files, FileOperation::Kind::look);
+  EXPECT_EQ(LookFor(files, folder.Windows("plain")).presence, Presence::failed);
+  EXPECT_EQ(LookFor(files, folder.Windows("plain")).reason, "the disk does not answer");
+  EXPECT_EQ(LookCloselyFor(files, folder.Windows("plain")).presence, Presence::failed);
+}
+
+TEST(FileExists, WhatTheSystemCannotSayIsNo) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("file"), "abc");
+  Fail(files, FileOperation::Kind::look);
+  EXPECT_FALSE(FileExists(files, folder.Windows("file")));
+  EXPECT_FALSE(FolderExists(files, folder.windows));
+  EXPECT_EQ(FileLength(files, folder.Windows("file")), 0U);
+}
+
+TEST(ListFolder, TellsAMissingFolderFromOneThatCannotBeListed) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("file"), "abc");
+  EXPECT_EQ(ListFolder(files, folder.windows).presence, Presence::visible);
+  EXPECT_EQ(ListFolder(files, folder.windows).items.size(), 1U);
+  EXPECT_EQ(ListFolder(files, folder.Windows("missing/")).presence, Presence::absent);
+  Fail(files, FileOperation::Kind::list);
+  EXPECT_EQ(ListFolder(files, folder.windows).presence, Presence::failed);
+  EXPECT_EQ(ListFolder(files, folder.windows).reason, "the disk does not answer");
+  EXPECT_FALSE(FileExists(files, folder.Windows("*")));
+}
+
+TEST(Questions, ThatFailAreAnsweredOnTheSafeSide) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("file"), "abc");
+  const std::string file = folder.Windows("file");
+  EXPECT_EQ(WhyNotWritable(files, file), "");
+  EXPECT_EQ(WhyNoNewFiles(files, folder.windows), "");
+  EXPECT_TRUE(FreeSpace(files, folder.windows));
+  Fail(files, FileOperation::Kind::askToWrite);
+  EXPECT_EQ(WhyNotWritable(files, file), "the disk does not answer");
+  EXPECT_EQ(WhyNoNewFiles(files, folder.windows), "the disk does not answer");
+  Fail(files, FileOperation::Kind::askForRoom);
+  EXPECT_FALSE(FreeSpace(files, folder.windows));
+  Fail(files, FileOperation::Kind::look);
+  EXPECT_FALSE(IsSameFile(files, file, file));
+  EXPECT_EQ(SpellingOf(files, folder.Windows("FILE")), "FILE");
+}
+
+TEST(Questions, AreAllSeenByTheHook) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("file"), "abc");
+  const std::string file = folder.Windows("file");
+  std::vector<std::string> seen;
+  files.before = [&](const FileOperation& operation) {
+    EXPECT_TRUE(IsQuestion(operation.kind));
+    seen.push_back(test::InWords(operation));
+  };
+  FileExists(files, file);
+  FolderExists(files, folder.windows);
+  FileLength(files, file);
+  SpellingOf(files, file);
+  IsSameFile(files, file, folder.windows);
+  ListFolder(files, folder.windows);
+  WhyNotWritable(files, file);
+  WhyNoNewFiles(files, folder.windows);
+  FreeSpace(files, folder.windows);
+  EXPECT_EQ(seen, (std::vector<std::string>{"look " + file, "look " + folder.windows, "look " + file, "look " + file,
+                                            "look " + folder.windows, "list " + folder.windows, "ask to write " + file,
+                                            "ask to write " + folder.windows, "ask for room " + folder.windows}));
 }
 
 }  // namespace

@@ -160,7 +160,7 @@ TEST(WholeFiles, DroppedOnesAreDeleted) {
   for (const char* name : {"a", "b", "c"}) {
     AddNew(files, together, folder.Windows(name), [&](File& file) { Put(file, 0, BytesOf(name)); });
   }
-  DropWhole(together, 1);
+  DropWhole(files, together, 1);
   CommitWhole(files, together);
   EXPECT_EQ(ImageOf(folder.native), (FolderImage{{"a", BytesOf("a")}}));
 }
@@ -321,10 +321,11 @@ TEST(SameContent, WholeBlocksAndEmptyFilesAreEqual) {
 }
 
 TEST(FileLength, OfAMissingFileIsZero) {
+  Files files;
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("a"), "abc");
-  EXPECT_EQ(FileLength(folder.Windows("A")), 3U);
-  EXPECT_EQ(FileLength(folder.Windows("b")), 0U);
+  EXPECT_EQ(FileLength(files, folder.Windows("A")), 3U);
+  EXPECT_EQ(FileLength(files, folder.Windows("b")), 0U);
 }
 
 TEST(EraseLeftovers, ErasesThemAndNothingElse) {

@@ -88,7 +88,8 @@ TEST_F(FatBackup, AnEqualOneIsNotTouched) {
   const auto written = std::filesystem::last_write_time(stage.Program("backup/resource.fat"));
   std::vector<std::string> writes;
   stage.host.files.before = [&](const FileOperation& operation) {
-    if (operation.kind != FileOperation::Kind::open && operation.kind != FileOperation::Kind::read) {
+    if (operation.kind != FileOperation::Kind::open && operation.kind != FileOperation::Kind::read &&
+        !IsQuestion(operation.kind)) {
       writes.push_back(InWords(operation));
     }
   };

@@ -133,18 +133,53 @@ TEST(MakeFolderNative, AFolderThatIsThereIsNoFailureButAFileIs) {
   EXPECT_EQ(test::ImageOf(folder.native), (test::FolderImage{{"file", {'x'}}, {"new/", {}}}));
 }
 
-TEST(FactsOf, TellsKindAndLength) {
+TEST(LookAt, TellsKindAndLength) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("Ships/Model.shp"), "abc");
-  const auto file = FactsOf(folder.Windows("ships/MODEL.SHP"));
-  ASSERT_TRUE(file);
-  EXPECT_FALSE(file->folder);
-  EXPECT_EQ(file->length, 3U);
-  const auto ships = FactsOf(folder.Windows("SHIPS"));
-  ASSERT_TRUE(ships);
-  EXPECT_TRUE(ships->folder);
-  EXPECT_EQ(ships->length, 0U);
-  EXPECT_FALSE(FactsOf(folder.Windows("missing")));
+  const LookUp file = LookAt(folder.Windows("ships/MODEL.SHP"));
+  EXPECT_EQ(file.presence, Presence::visible);
+  EXPECT_FALSE(file.facts.folder);
+  EXPECT_EQ(file.facts.length, 3U);
+  const LookUp ships = LookAt(folder.Windows("SHIPS"));
+  EXPECT_EQ(ships.presence, Presence::visible);
+  EXPECT_TRUE(ships.facts.folder);
+  EXPECT_EQ(ships.facts.length, 0U);
+}
+
+TEST(LookAt, WhatIsNotThereIsAbsent) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "abc");
+  EXPECT_EQ(LookAt(folder.Windows("missing")).presence, Presence::absent);
+  EXPECT_EQ(LookAt(folder.Windows("missing/file")).presence, Presence::absent);
+  EXPECT_EQ(LookAt(folder.Windows("file/file")).presence, Presence::absent);
+  EXPECT_EQ(LookAt(folder.Windows("file/")).presence, Presence::absent) << "a folder was asked for";
+}
+
+TEST(LookAt, TellsWhenAFileWasChanged) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "abc");
+  const std::int64_t written = LookAt(folder.Windows("file")).facts.modified;
+  constexpr std::int64_t secondsOf2020 = 1577836800;
+  EXPECT_GT(written, secondsOf2020 * 1000000000);
+  std::filesystem::last_write_time(folder.Native("file"),
+                                   std::filesystem::last_write_time(folder.Native("file")) - std::chrono::hours(1));
+  constexpr std::int64_t hour = std::int64_t{3600} * 1000000000;
+  EXPECT_EQ(LookAt(folder.Windows("file")).facts.modified, written - hour);
+}
+
+TEST(LookCloselyAt, TwoNamesOfOneFileHaveOneIdentity) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("file"), "abc");
+  WriteFileAt(folder.Native("other"), "abc");
+  EXPECT_EQ(LookCloselyAt(folder.Windows("file")).facts.links, 1U);
+  std::error_code failed;
+  std::filesystem::create_hard_link(folder.Native("file"), folder.Native("link"), failed);
+  if (failed) GTEST_SKIP() << "the file system of the temporary folder knows no second names";
+  const FileFacts file = LookCloselyAt(folder.Windows("file")).facts;
+  EXPECT_EQ(file.links, 2U);
+  EXPECT_EQ(file.identity, LookCloselyAt(folder.Windows("link")).facts.identity);
+  EXPECT_FALSE(file.identity == LookCloselyAt(folder.Windows("other")).facts.identity);
+  EXPECT_EQ(LookCloselyAt(folder.Windows("missing")).presence, Presence::absent);
 }
 
 TEST(SpellingOf, IsTheOneOnDisk) {
@@ -156,7 +191,7 @@ TEST(SpellingOf, IsTheOneOnDisk) {
   EXPECT_EQ(SpellingOf(folder.Windows("ships/Missing.SHP")), "Missing.SHP");
 }
 
-TEST(FactsOf, TellsHiddenAndSystemFiles) {
+TEST(LookAt, TellsHiddenAndSystemFiles) {
   const TemporaryFolder folder;
   for (const char* name : {"plain", "hidden", "system", "both"}) WriteFileAt(folder.Native(name), "x");
   if (!test::SetDosAttributes(folder.Native("hidden"), test::hiddenMark)) {
@@ -165,8 +200,9 @@ TEST(FactsOf, TellsHiddenAndSystemFiles) {
   test::SetDosAttributes(folder.Native("system"), test::systemMark);
   test::SetDosAttributes(folder.Native("both"), test::hiddenMark | test::systemMark);
   const auto marks = [&](const char* name) {
-    const auto facts = FactsOf(folder.Windows(name));
-    return std::pair(facts->hidden, facts->system);
+    const LookUp found = LookAt(folder.Windows(name));
+    EXPECT_EQ(found.presence == Presence::hidden, found.facts.hidden || found.facts.system) << name;
+    return std::pair(found.facts.hidden, found.facts.system);
   };
   EXPECT_EQ(marks("plain"), std::pair(false, false));
   EXPECT_EQ(marks("hidden"), std::pair(true, false));
@@ -178,22 +214,23 @@ TEST(ListNative, ListsFilesAndFoldersWithoutTheDots) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("B.txt"), "xy");
   test::MakeFolderAt(folder.Native("a"));
-  auto items = ListNative(folder.windows);
-  ASSERT_TRUE(items);
-  std::sort(items->begin(), items->end(), [](const auto& x, const auto& y) { return x.name < y.name; });
-  ASSERT_EQ(items->size(), 2U);
-  EXPECT_EQ((*items)[0].name, "B.txt");
-  EXPECT_EQ((*items)[0].length, 2U);
-  EXPECT_FALSE((*items)[0].folder);
-  EXPECT_EQ((*items)[1].name, "a");
-  EXPECT_TRUE((*items)[1].folder);
+  Listing listing = ListNative(folder.windows);
+  EXPECT_EQ(listing.presence, Presence::visible);
+  std::vector<FileFacts>& items = listing.items;
+  std::sort(items.begin(), items.end(), [](const auto& x, const auto& y) { return x.name < y.name; });
+  ASSERT_EQ(items.size(), 2U);
+  EXPECT_EQ(items[0].name, "B.txt");
+  EXPECT_EQ(items[0].length, 2U);
+  EXPECT_FALSE(items[0].folder);
+  EXPECT_EQ(items[1].name, "a");
+  EXPECT_TRUE(items[1].folder);
 }
 
-TEST(ListNative, AMissingFolderCannotBeListed) {
+TEST(ListNative, AMissingFolderIsAbsent) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("file"), "x");
-  EXPECT_FALSE(ListNative(folder.Windows("missing/")));
-  EXPECT_FALSE(ListNative(folder.Windows("file")));
+  EXPECT_EQ(ListNative(folder.Windows("missing/")).presence, Presence::absent);
+  EXPECT_EQ(ListNative(folder.Windows("file")).presence, Presence::absent);
 }
 
 TEST(WhyNotWritable, NothingSpeaksAgainstAnOrdinaryFile) {

@@ -181,7 +181,8 @@ TEST_F(CatalogueBuild, AddOnModelsAreCopiedIntoTheShipsFolderAndNothingElseIs) {
 TEST_F(CatalogueBuild, AnAddOnModelThatCannotBeCopiedIsToldOfAndTheOthersAreCopied) {
   const std::string from = stage.files.programPath + "addons\\ships\\manta.shp";
   stage.host.files.before = [&](const FileOperation& operation) {
-    if (operation.path == from) throw RunTimeError("could not open", from, "you have no permission");
+    if (operation.path != from || IsQuestion(operation.kind)) return;
+    throw RunTimeError("could not open", from, "you have no permission");
   };
   for (const char* title : {"GetShpTextureNames", "BuildCatalogue"}) {
     stage.desk.ExpectBox("Error - could not open " + from + ": you have no permission", title);

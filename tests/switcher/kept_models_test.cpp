@@ -14,7 +14,7 @@ struct Keeping : testing::Test {
     WriteFileAt(stage.files.Game("ships/" + name), text);
   }
   void Keep(const std::string& name) {
-    KeptModels kept = ReadKeptModels(stage.installation);
+    KeptModels kept = ReadKeptModels(stage.host.files, stage.installation);
     KeepModels(stage.host.files, stage.installation, kept, {name});
   }
   [[nodiscard]] std::vector<std::string> Files() const {
@@ -55,7 +55,7 @@ TEST_F(Keeping, NamesThatNoVersionHasAreSpellings) {
                                  "a.2~99999999999", "a.1000000000"}) {
     WriteFileAt(stage.files.Program("backup/ships/" + name), name);
   }
-  const KeptModels kept = ReadKeptModels(stage.installation);
+  const KeptModels kept = ReadKeptModels(stage.host.files, stage.installation);
   EXPECT_EQ(kept.size(), 11U);
   for (const auto& [name, copies] : kept) {
     ASSERT_EQ(copies.size(), 1U) << name;
@@ -66,7 +66,7 @@ TEST_F(Keeping, NamesThatNoVersionHasAreSpellings) {
 
 TEST_F(Keeping, AFileInTheMakingIsNoKeptModel) {
   WriteFileAt(stage.files.Program("backup/ships/alpha.shp.oravin-new"), "half");
-  EXPECT_TRUE(ReadKeptModels(stage.installation).empty());
+  EXPECT_TRUE(ReadKeptModels(stage.host.files, stage.installation).empty());
 }
 
 TEST_F(Keeping, AMovedModelIsKeptAndGoneWithFoldersThatAreMadeForIt) {

@@ -44,6 +44,9 @@ std::string Reason(int error) {
   }
 }
 
+/// Whether a look that failed found nothing, or could not tell.
+Presence WhyNoFacts(int error) { return error == ENOENT || error == ENOTDIR ? Presence::absent : Presence::failed; }
+
 int Descriptor(NativeFile file) { return static_cast<int>(file); }
 
 std::string Sum(bool done) { return done ? std::string() : Reason(errno); }
@@ -63,6 +66,9 @@ FileFacts FactsFrom(const std::string& name, const std::string& path, const stru
   const unsigned attributes = DosAttributes(path);
   facts.hidden = (attributes & 2U) != 0;
   facts.system = (attributes & 4U) != 0;
+  facts.modified = std::int64_t{status.st_mtim.tv_sec} * 1000000000 + status.st_mtim.tv_nsec;
+  facts.links = static_cast<std::uint32_t>(status.st_nlink);
+  facts.identity = {status.st_dev, status.st_ino};
   return facts;
 }
 
@@ -194,12 +200,18 @@ std::string MakeFolderNative(const std::string& path) {
   return Reason(error);
 }
 
-std::optional<FileFacts> FactsOf(const std::string& path) {
+LookUp LookAt(const std::string& path) {
   const std::string native = ToNativePath(path);
   struct stat status;
-  if (native.empty() || stat(native.c_str(), &status) != 0) return std::nullopt;
-  return FactsFrom(std::string(), native, status);
+  if (native.empty()) return {};
+  if (stat(native.c_str(), &status) != 0) return {WhyNoFacts(errno), {}, Reason(errno)};
+  LookUp found{Presence::visible, FactsFrom(std::string(), native, status), {}};
+  if (path.ends_with('\\') && !found.facts.folder) return {};
+  if (found.facts.hidden || found.facts.system) found.presence = Presence::hidden;
+  return found;
 }
+
+LookUp LookCloselyAt(const std::string& path) { return LookAt(path); }
 
 std::string SpellingOf(const std::string& path) {
   std::string native = ToNativePath(path);
@@ -207,21 +219,25 @@ std::string SpellingOf(const std::string& path) {
   return native.substr(native.find_last_of('/') + 1);
 }
 
-std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {
+Listing ListNative(const std::string& folder) {
   std::string native = ToNativePath(folder);
-  if (native.empty()) return std::nullopt;
+  if (native.empty()) return {};
   if (native.back() != '/') native += '/';
   DIR* listing = opendir(native.c_str());
-  if (listing == nullptr) return std::nullopt;
-  std::vector<FileFacts> items;
-  while (const dirent* item = readdir(listing)) {
+  if (listing == nullptr) return {WhyNoFacts(errno), {}, Reason(errno)};
+  Listing found{Presence::visible, {}, {}};
+  for (;;) {
+    errno = 0;
+    const dirent* item = readdir(listing);
+    if (item == nullptr) break;
     const std::string name = static_cast<const char*>(item->d_name);
     struct stat status;
     if (name == "." || name == ".." || stat((native + name).c_str(), &status) != 0) continue;
-    items.push_back(FactsFrom(name, native + name, status));
+    found.items.push_back(FactsFrom(name, native + name, status));
   }
+  if (errno != 0) found = {Presence::failed, {}, Reason(errno)};
   closedir(listing);
-  return items;
+  return found;
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {

@@ -93,6 +93,27 @@ DWORD Piece(std::size_t count) {
 
 std::uint64_t Joined(DWORD high, DWORD low) { return static_cast<std::uint64_t>(high) << 32U | low; }
 
+/// Windows counts in steps of 100 nanoseconds since 1601.
+std::int64_t NanosecondsSince1970(const FILETIME& time) {
+  constexpr std::int64_t stepsBefore1970 = 116444736000000000;
+  return (static_cast<std::int64_t>(Joined(time.dwHighDateTime, time.dwLowDateTime)) - stepsBefore1970) * 100;
+}
+
+/// Whether a look that failed found nothing, or could not tell.
+Presence WhyNoFacts(DWORD error) {
+  switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_DIRECTORY:
+      return Presence::absent;
+    default:
+      return Presence::failed;
+  }
+}
+
 template <typename Data>
 FileFacts FactsFrom(const std::wstring& name, const Data& data) {
   FileFacts facts;
@@ -101,6 +122,7 @@ FileFacts FactsFrom(const std::wstring& name, const Data& data) {
   facts.hidden = (data.dwFileAttributes & FILE_ATTRIBUTE_HIDDEN) != 0;
   facts.system = (data.dwFileAttributes & FILE_ATTRIBUTE_SYSTEM) != 0;
   facts.length = facts.folder ? 0 : Joined(data.nFileSizeHigh, data.nFileSizeLow);
+  facts.modified = NanosecondsSince1970(data.ftLastWriteTime);
   return facts;
 }
 
@@ -234,40 +256,61 @@ std::string MakeFolderNative(const std::string& path) {
   return (there & FILE_ATTRIBUTE_DIRECTORY) != 0 ? "" : "a file of that name is there";
 }
 
-std::optional<FileFacts> FactsOf(const std::string& path) {
+LookUp LookAt(const std::string& path) {
   const std::wstring given = CallPath(path);
-  if (given.empty()) return std::nullopt;
+  if (given.empty()) return {};
   const std::wstring native = WithoutEndingBackslash(given);
   // What a folder says of a file's length may be old while the file is open.
   WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &data) == FALSE) return std::nullopt;
-  const bool saidToBeFolder = given.back() == L'\\';
-  FileFacts facts = FactsFrom(std::wstring(), data);
-  if (saidToBeFolder && !facts.folder) return std::nullopt;
-  return facts;
+  if (GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &data) == FALSE) {
+    const DWORD error = GetLastError();
+    return {WhyNoFacts(error), {}, Reason(error, native)};
+  }
+  LookUp found{Presence::visible, FactsFrom(std::wstring(), data), {}};
+  if (given.back() == L'\\' && !found.facts.folder) return {};
+  if (found.facts.hidden || found.facts.system) found.presence = Presence::hidden;
+  return found;
+}
+
+LookUp LookCloselyAt(const std::string& path) {
+  LookUp found = LookAt(path);
+  if (found.presence == Presence::absent || found.presence == Presence::failed) return found;
+  const std::wstring native = WithoutEndingBackslash(CallPath(path));
+  const Opened file(OpenAt(native, 0, shareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS));
+  BY_HANDLE_FILE_INFORMATION data{};
+  if (!file.There() || GetFileInformationByHandle(file.handle, &data) == FALSE) {
+    return {Presence::failed, {}, Reason(GetLastError(), native)};
+  }
+  found.facts.links = data.nNumberOfLinks;
+  found.facts.identity = {data.dwVolumeSerialNumber, Joined(data.nFileIndexHigh, data.nFileIndexLow)};
+  return found;
 }
 
 std::string SpellingOf(const std::string& path) {
   return FromWide(SpellingOnDisk(WithoutEndingBackslash(CallPath(path))));
 }
 
-std::optional<std::vector<FileFacts>> ListNative(const std::string& folder) {
+Listing ListNative(const std::string& folder) {
   const std::wstring native = CallPath(folder.ends_with('\\') ? folder : folder + '\\');
-  if (native.empty()) return std::nullopt;
+  if (native.empty()) return {};
   WIN32_FIND_DATAW found{};
   const HANDLE search = FindFirstFileExW((native + L"*").c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
                                          nullptr, FIND_FIRST_EX_LARGE_FETCH);
-  std::vector<FileFacts> items;
-  // The root of an empty disk has not even the dots.
-  if (search == INVALID_HANDLE_VALUE)
-    return GetLastError() == ERROR_FILE_NOT_FOUND ? std::optional(items) : std::nullopt;
+  Listing listing{Presence::visible, {}, {}};
+  if (search == INVALID_HANDLE_VALUE) {
+    const DWORD error = GetLastError();
+    // The root of an empty disk has not even the dots.
+    if (error == ERROR_FILE_NOT_FOUND) return listing;
+    return {WhyNoFacts(error), {}, Reason(error, native)};
+  }
   do {
     const std::wstring name = static_cast<const wchar_t*>(found.cFileName);
-    if (name != L"." && name != L"..") items.push_back(FactsFrom(name, found));
+    if (name != L"." && name != L"..") listing.items.push_back(FactsFrom(name, found));
   } while (FindNextFileW(search, &found) != FALSE);
-  const bool all = GetLastError() == ERROR_NO_MORE_FILES;
+  const DWORD error = GetLastError();
   FindClose(search);
-  return all ? std::optional(items) : std::nullopt;
+  if (error != ERROR_NO_MORE_FILES) return {Presence::failed, {}, Reason(error, native)};
+  return listing;
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {

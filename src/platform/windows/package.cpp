@@ -17,7 +17,7 @@ PackagePlaces PlacesOfPackage() {
   const std::size_t backslash = executable.find_last_of(L'\\');
   if (backslash == std::wstring::npos) return {};
   const std::string folder = FromWide(executable.substr(0, backslash + 1));
-  if (!FactsOf(folder + "readme.txt")) return {};
+  if (LookAt(folder + "readme.txt").presence != Presence::visible) return {};
   return {folder, folder};
 }
 

@@ -41,6 +41,7 @@ TEST(WritePlan, NamesAFolderInWhichNoFilesCanBeMade) {
 }
 
 TEST(WritePlan, NamesTheVirtualStoresCopies) {
+  Files files;
   const std::string locked = LockedFolder();
   if (locked.empty()) GTEST_SKIP() << "nobody names a folder without rights";
   const TemporaryFolder local;
@@ -48,7 +49,7 @@ TEST(WritePlan, NamesTheVirtualStoresCopies) {
   const std::string store = local.windows + "VirtualStore\\";
   const std::string copies = store + locked.substr(3);
   test::WriteFileAt(copies + "shipstats.bin", "x");
-  const std::string text = RefusalToWrite(locked, "you have no permission", store);
+  const std::string text = RefusalToWrite(files, locked, "you have no permission", store);
   EXPECT_NE(text.find("\n" + copies + "\n"), std::string::npos) << text;
   ExpectRefusal(locked, text);
 }

@@ -10,19 +10,21 @@ namespace oravin {
 namespace {
 
 TEST(FolderNames, OfSeveralSpellingsTheFirstInByteOrderIsTaken) {
+  Files files;
   const test::TemporaryFolder folder;
   // More than a listing would happen to give in the right order.
   for (const char* name : {"model.shp", "Model.shp", "MODEL.shp", "mODEL.shp", "moDEL.shp", "MODEL.SHP", "modeL.shp"}) {
     test::WriteFileAt(folder.Native(name), name);
   }
-  ASSERT_NE(FindIn(NamesIn(folder.windows), "model.shp"), nullptr);
-  EXPECT_EQ(FindIn(NamesIn(folder.windows), "model.shp")->spelling, "MODEL.SHP");
+  ASSERT_NE(FindIn(NamesIn(files, folder.windows), "model.shp"), nullptr);
+  EXPECT_EQ(FindIn(NamesIn(files, folder.windows), "model.shp")->spelling, "MODEL.SHP");
 }
 
 TEST(FileExists, APathWithAControlCharacterDoesNotExist) {
+  Files files;
   const test::TemporaryFolder folder;
   test::WriteFileAt(folder.Native("a\tb"), "x");
-  EXPECT_FALSE(FileExists(folder.Windows("a\tb")));
+  EXPECT_FALSE(FileExists(files, folder.Windows("a\tb")));
 }
 
 }  // namespace

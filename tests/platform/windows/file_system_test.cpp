@@ -76,7 +76,7 @@ TEST(OpenNative, AHiddenFileIsReplacedAndKeepsItsMark) {
   EXPECT_EQ(OpenNative(folder.Windows("file"), OpenFor::replacing, file), "");
   CloseNative(file);
   EXPECT_EQ(test::ReadTextAt(folder.Native("file")), "");
-  EXPECT_TRUE(FactsOf(folder.Windows("file"))->hidden);
+  EXPECT_TRUE(LookAt(folder.Windows("file")).facts.hidden);
 }
 
 TEST(OpenNative, DevicesPartsOfFilesAndWildcardsAreNoFiles) {
@@ -87,7 +87,7 @@ TEST(OpenNative, DevicesPartsOfFilesAndWildcardsAreNoFiles) {
     EXPECT_EQ(OpenNative(folder.Windows(name), OpenFor::creating, file), "no file can have this name") << name;
     EXPECT_EQ(file, noFile);
   }
-  EXPECT_FALSE(FactsOf(folder.Windows("fil*")));
+  EXPECT_EQ(LookAt(folder.Windows("fil*")).presence, Presence::absent);
   EXPECT_EQ(test::ImageOf(folder.native).size(), 1U);
 }
 
@@ -106,23 +106,21 @@ TEST(OpenNative, APathMayBeLongerThanTheSystemTakesPlain) {
   EXPECT_EQ(WriteNative(file, 0, bytes), "");
   CloseNative(file);
   EXPECT_EQ(RenameNative(path + "new", path + "Kept"), "");
-  const auto facts = FactsOf(path + "KEPT");
-  ASSERT_TRUE(facts);
+  const LookUp found = LookAt(path + "KEPT");
+  EXPECT_EQ(found.presence, Presence::visible);
   EXPECT_EQ(SpellingOf(path + "KEPT"), "Kept");
-  EXPECT_EQ(facts->length, 3U);
-  const auto items = ListNative(path);
-  ASSERT_TRUE(items);
-  EXPECT_EQ(items->size(), 1U);
+  EXPECT_EQ(found.facts.length, 3U);
+  EXPECT_EQ(ListNative(path).items.size(), 1U);
   EXPECT_EQ(EraseNative(path + "kept"), "");
 }
 
-TEST(FactsOf, TheLengthOfAnOpenFileIsTheTrueOne) {
+TEST(LookAt, TheLengthOfAnOpenFileIsTheTrueOne) {
   const TemporaryFolder folder;
   NativeFile file = noFile;
   ASSERT_EQ(OpenNative(folder.Windows("file"), OpenFor::creating, file), "");
   const std::vector<std::uint8_t> bytes(5000, 1);
   EXPECT_EQ(WriteNative(file, 0, bytes), "");
-  EXPECT_EQ(FactsOf(folder.Windows("file"))->length, 5000U);
+  EXPECT_EQ(LookAt(folder.Windows("file")).facts.length, 5000U);
   CloseNative(file);
 }
 

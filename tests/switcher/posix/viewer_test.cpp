@@ -20,11 +20,12 @@ struct Viewer : testing::Test {
   TemporaryFolder folder;
   StandInProgram program{"wine"};
   Installation installation;
+  Files files;
   ListView list;
 };
 
 TEST_F(Viewer, IsStartedWithTheModelOfTheSelectedShip) {
-  ViewModel(list, installation);
+  ViewModel(files, list, installation);
   ASSERT_TRUE(program.Ended());
   EXPECT_EQ(program.Words(),
             "[" + folder.Windows("my game\\sltool.exe") + "]\n[" + folder.Windows("my game\\ships\\bravo.shp") + "]\n");
@@ -32,25 +33,25 @@ TEST_F(Viewer, IsStartedWithTheModelOfTheSelectedShip) {
 
 TEST_F(Viewer, IsNotStartedWhereTheGameFolderHasNone) {
   std::filesystem::remove(folder.Native("my game/sltool.exe"));
-  ViewModel(list, installation);
+  ViewModel(files, list, installation);
   EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(Viewer, IsNotStartedWithoutASelectedShip) {
   SelectOnly(list, std::nullopt);
-  ViewModel(list, installation);
+  ViewModel(files, list, installation);
   EXPECT_FALSE(program.Ended());
-  ViewModel(ListView(), installation);
+  ViewModel(files, ListView(), installation);
   EXPECT_FALSE(program.Ended());
 }
 
 TEST_F(Viewer, IsNotStartedForAShipThatTheCatalogueDoesNotHave) {
   list.rows[1].key = "s3";
-  ViewModel(list, installation);
+  ViewModel(files, list, installation);
   list.rows[1].key = "s0";
-  ViewModel(list, installation);
+  ViewModel(files, list, installation);
   list.rows[1].key = "what";
-  ViewModel(list, installation);
+  ViewModel(files, list, installation);
   EXPECT_FALSE(program.Ended());
 }
 
