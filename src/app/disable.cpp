@@ -25,39 +25,37 @@ constexpr const char* disableQuestion =
     "Are you sure you want to continue?";
 
 WritePlan PlanDisable(Files& files, const Installation& installation) {
-  const std::string shipsFolder = installation.GamePath + "ships\\";
+  const std::string shipsFolder = installation.modelsFolder();
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.ProgramPath};
   for (const std::string& folder : {shipsFolder, KeptModelsFolder(installation), OldModelsFolder(installation)}) {
     if (FolderExists(files, folder)) plan.folders.push_back(folder);
   }
-  plan.files = {installation.GamePath + "resource.hog", installation.GamePath + "shipstats.bin",
-                installation.GamePath + "shipstats.def", installation.GamePath + "tcachehw.dat",
-                installation.ProgramPath + catalogueName};
+  plan.files = {installation.archivePath(), installation.statsPath(), installation.defaultsPath(),
+                installation.cachePath(), installation.cataloguePath()};
   for (const ShipRecord& ship : installation.ships) {
     if (IsInert(ship)) continue;
     plan.files.push_back(shipsFolder + ModelOf(ship));
     plan.files.push_back(shipsFolder + BackupOf(ship));
   }
-  NeedRoom(plan, installation.GamePath, FileLength(files, installation.GamePath + "tcachehw.dat"));
+  NeedRoom(plan, installation.GamePath, FileLength(files, installation.cachePath()));
   NeedRoom(plan, installation.GamePath, KeptModelsSize(files, installation));
   return plan;
 }
 
 /// Returns whether the archive and the ships folder are as they were; until then the catalogue is needed.
 bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
-  const std::string hog = installation.GamePath + "resource.hog";
-  const std::string shipsFolder = installation.GamePath + "ships\\";
-  const std::string current = installation.GamePath + "shipstats.bin";
-  const std::string defaults = installation.GamePath + "shipstats.def";
+  const std::string hog = installation.archivePath();
+  const std::string shipsFolder = installation.modelsFolder();
+  const std::string current = installation.statsPath();
+  const std::string defaults = installation.defaultsPath();
   const HogTable backup = ReadFatBackup(host, installation.ProgramPath);
   if (installation.ships.empty()) {
     const bool restored = RestoreHogByBackup(host, hog, shipsFolder, backup);
     RestoreAllBlocks(host, current, defaults);
     return restored;
   }
-  bool restored =
-      RestoreHog(host, hog, shipsFolder, installation.ProgramPath + addOnShipsFolder, installation.ships, backup);
+  bool restored = RestoreHog(host, hog, shipsFolder, installation.addOnModelsFolder(), installation.ships, backup);
   // Names of ships that have left the ship list since they were disguised are known to the backup alone.
   if (FileExists(host.files, hog)) restored = RestoreHogByBackup(host, hog, shipsFolder, backup) && restored;
   RestoreShipStats(host, current, defaults, installation.ships);
@@ -69,7 +67,7 @@ bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
 bool ForgetCatalogue(Main& main) {
   Installation& installation = main.installation;
   const bool erased = Trap(main.host, "cmdDisable_Click()", [&] {
-    const std::string catalogue = installation.ProgramPath + catalogueName;
+    const std::string catalogue = installation.cataloguePath();
     if (FileExists(main.host.files, catalogue)) EraseFile(main.host.files, catalogue);
   });
   if (!erased) return false;
@@ -92,9 +90,8 @@ void cmdDisable_Click(Main& main) {
   // Intentional: the catalogue stays, and with it the features stay enabled, while something could not be restored.
   // The next Disable goes by it, and nothing else tells which loose models came from the add-ons. A missing archive is
   // no reason to stay enabled: there is nothing left in it to restore.
-  const bool forget =
-      (restored || !FileExists(main.host.files, installation.GamePath + "resource.hog")) && ForgetCatalogue(main);
-  RestoreTcacheFile(main.host, installation.GamePath + "tcachehw.dat");
+  const bool forget = (restored || !FileExists(main.host.files, installation.archivePath())) && ForgetCatalogue(main);
+  RestoreTcacheFile(main.host, installation.cachePath());
   main.stats.lblWeapons.caption = "Weapons:";
   if (forget) Trap(main.host, "cmdDisable_Click()", [&] { PutKeptModelsBack(main.host.files, installation); });
   EndProgress(main.host);

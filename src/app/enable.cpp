@@ -54,7 +54,7 @@ void CollectModels(Preparation& preparation) {
 }
 
 bool ReadArchive(Main& main, Preparation& preparation) {
-  std::string hog = main.installation.GamePath + "resource.hog";
+  std::string hog = main.installation.archivePath();
   std::vector<HogEntry> entries;
   const int count = GetHogData(main.host, hog, entries, &preparation.repaired);
   preparation.live = TableOf(std::move(entries));
@@ -72,14 +72,13 @@ void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
   const Installation& installation = main.installation;
   for (const std::string& path : LooseFiles(main.host.files, installation, preparation.models))
     plan.files.push_back(path);
-  File hog(main.host.files, installation.GamePath + "resource.hog", OpenFor::reading);
+  File hog(main.host.files, installation.archivePath(), OpenFor::reading);
   const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
   for (const ListedShip& ship : preparation.list) {
     const std::string model = Trim(ship.file);
     if (model.empty()) continue;
     if (ship.kind == importedKind) {
-      NeedRoom(plan, installation.GamePath,
-               FileLength(main.host.files, installation.ProgramPath + addOnShipsFolder + model));
+      NeedRoom(plan, installation.GamePath, FileLength(main.host.files, installation.addOnModelPath(model)));
     } else if (const auto entry = FindModel(model, preparation.live, backup)) {
       NeedRoom(plan, installation.GamePath, UnpackedSize(hog, entry->Size, entry->Offset));
     }
@@ -91,17 +90,19 @@ WritePlan PlanEnable(Main& main, const Preparation& preparation) {
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.ProgramPath};
   for (const char* folder : {"backup\\", "backup\\ships\\"}) {
-    if (FolderExists(main.host.files, installation.ProgramPath + folder))
-      plan.folders.push_back(installation.ProgramPath + folder);
+    if (FolderExists(main.host.files, installation.programFile(folder)))
+      plan.folders.push_back(installation.programFile(folder));
   }
-  if (FolderExists(main.host.files, installation.GamePath + "ships\\"))
-    plan.folders.push_back(installation.GamePath + "ships\\");
-  plan.files = {installation.GamePath + "resource.hog",   installation.GamePath + "shipstats.bin",
-                installation.GamePath + "shipstats.def",  installation.ProgramPath + catalogueName,
-                installation.ProgramPath + fatBackupName, installation.ProgramPath + "backup\\shipstats.def",
-                installation.GamePath + "tcachehw.dat"};
+  if (FolderExists(main.host.files, installation.modelsFolder())) plan.folders.push_back(installation.modelsFolder());
+  plan.files = {installation.archivePath(),
+                installation.statsPath(),
+                installation.defaultsPath(),
+                installation.cataloguePath(),
+                installation.backupPath("resource.fat"),
+                installation.backupPath(defaultsName),
+                installation.cachePath()};
   PlanModels(main, preparation, plan);
-  NeedRoom(plan, installation.GamePath, FileLength(main.host.files, installation.GamePath + "shipstats.bin"));
+  NeedRoom(plan, installation.GamePath, FileLength(main.host.files, installation.statsPath()));
   NeedRoom(plan, installation.ProgramPath, preparation.list.size() * shipRecordSize);
   NeedRoom(plan, installation.ProgramPath,
            FatBackupSize(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live));
@@ -161,8 +162,7 @@ void cmdEnable_Click(Main& main) {
   if (!BuildCatalogue(main.host, installation, preparation.list, preparation.live, backup)) return;
   Trap(main.host, "cmdEnable_Click()", [&] { EraseKeptSpellings(main.host.files, installation, preparation.models); });
   UnpackSetup(main.host, installation.GamePath, installation.ships);
-  SetUpShipStats(main.host, installation.GamePath + "shipstats.bin", installation.GamePath + "shipstats.def",
-                 installation.ships);
+  SetUpShipStats(main.host, installation.statsPath(), installation.defaultsPath(), installation.ships);
   if (companions) SetUpLoadouts(main);
   EndProgress(main.host);
   FillLists(main);

@@ -43,7 +43,7 @@ void SelectShips(Main& main) { EnableSwitcherControls(main.switcher, main.instal
 void ViewSelected(Main& main) { ViewModel(main.host.files, main.switcher.swapOrgList, main.installation); }
 
 void Readme(Main& main) {
-  const std::string readme = main.installation.ProgramPath + "readme.txt";
+  const std::string readme = main.installation.manualPath();
   if (platform::StartProgram("notepad " + readme)) return;
   Show(main.host, "The readme could not be opened. It is this file:\n" + readme, Icon::exclamation);
 }

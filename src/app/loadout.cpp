@@ -10,16 +10,15 @@ namespace oravin {
 
 bool ReadyLoadoutMaps(Main& main) {
   const Installation& installation = main.installation;
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   if (!FileExists(main.host.files, cache)) return false;
-  return Trapped(main.host, learnTitle, false, [&] {
-    return ProvideLoadoutMaps(main.host, cache, installation.ProgramPath + loadoutMapsName).has_value();
-  });
+  return Trapped(main.host, learnTitle, false,
+                 [&] { return ProvideLoadoutMaps(main.host, cache, installation.loadoutMapsPath()).has_value(); });
 }
 
 void SetUpLoadouts(Main& main) {
   const Installation& installation = main.installation;
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   if (!FileExists(main.host.files, cache)) return;
   const Ships lacking = Trapped(main.host, "LoadoutSetup", Ships(),
                                 [&] { return LackingCompanions(main.host.files, cache, installation.ships); });

@@ -20,18 +20,15 @@ namespace oravin {
 
 namespace {
 
-std::string BackupFolder(const Installation& installation) { return installation.ProgramPath + "backup\\"; }
-std::string LooseModels(const Installation& installation) { return installation.GamePath + "ships\\"; }
-
 /// True when a loose file is the work of an earlier run whose catalogue is lost: the same bytes are a stock model of
 /// the archive (a swap puts it under other names, too) or an add-on's model, so nothing is lost with it.
 bool OwnWork(Files& files, const Installation& installation, const std::string& loose,
              const std::vector<std::string>& models, const HogTable& live, const HogTable& backup) {
-  const std::string hog = installation.GamePath + "resource.hog";
+  const std::string hog = installation.archivePath();
   return std::any_of(models.begin(), models.end(), [&](const std::string& model) {
     const auto entry = FindModel(model, live, backup);
     return entry ? SameAsUnpacked(files, hog, loose, entry->Size, entry->Offset)
-                 : SameContent(files, loose, installation.ProgramPath + addOnShipsFolder + model);
+                 : SameContent(files, loose, installation.addOnModelPath(model));
   });
 }
 
@@ -47,7 +44,7 @@ std::vector<std::string> NamesOfModels(const std::vector<std::string>& models) {
 
 void KeepLooseModels(Files& files, const Installation& installation, const std::vector<std::string>& models,
                      const HogTable& live, const HogTable& backup) {
-  Spellings there = SpellingsIn(files, LooseModels(installation));
+  Spellings there = SpellingsIn(files, installation.modelsFolder());
   KeptModels kept = ReadKeptModels(files, installation);
   // Names that are disguised although the features are not enabled tell of a catalogue that was lost.
   const bool lost =
@@ -57,7 +54,7 @@ void KeepLooseModels(Files& files, const Installation& installation, const std::
     if (found == there.end()) continue;
     std::vector<std::string>& spellings = found->second;
     std::erase_if(spellings, [&](const std::string& spelling) {
-      return lost && OwnWork(files, installation, LooseModels(installation) + spelling, models, live, backup);
+      return lost && OwnWork(files, installation, installation.modelPath(spelling), models, live, backup);
     });
     if (!spellings.empty()) KeepModels(files, installation, kept, spellings);
     there.erase(found);  // two ships may share a model
@@ -65,12 +62,12 @@ void KeepLooseModels(Files& files, const Installation& installation, const std::
 }
 
 void KeepTextures(Files& files, const Installation& installation) {
-  const std::string cache = installation.GamePath + "tcachehw.dat";
+  const std::string cache = installation.cachePath();
   if (TcacheCount(files, cache) <= factoryTextures) return;
-  const std::string kept = BackupFolder(installation) + "tcachehw.dat";
+  const std::string kept = installation.backupPath(tcacheName);
   if (FileExists(files, kept)) {
     if (SameContent(files, cache, kept)) return;
-    RenameOver(files, kept, FreeOldName(files, BackupFolder(installation) + "tcachehw"));
+    RenameOver(files, kept, FreeOldName(files, installation.backupPath("tcachehw")));
   }
   CopyWhole(files, cache, kept);
 }
@@ -78,9 +75,9 @@ void KeepTextures(Files& files, const Installation& installation) {
 }  // namespace
 
 void KeepDefaults(Host& host, const Installation& installation) {
-  const std::string current = installation.GamePath + "shipstats.bin";
-  const std::string defaults = installation.GamePath + "shipstats.def";
-  const std::string kept = BackupFolder(installation) + "shipstats.def";
+  const std::string current = installation.statsPath();
+  const std::string defaults = installation.defaultsPath();
+  const std::string kept = installation.backupPath(defaultsName);
   const bool lost = FeaturesEnabled(host.files, installation.ProgramPath) && !FileExists(host.files, defaults);
   // Only the current file tells which blocks are the game's: without it BackupShipStats has its box, and the next start
   // tries again.
@@ -99,17 +96,17 @@ void KeepDefaults(Host& host, const Installation& installation) {
 }
 
 void MakeFolders(Files& files, const Installation& installation) {
-  MakeFolder(files, BackupFolder(installation));
+  MakeFolder(files, installation.backupFolder());
   MakeFolder(files, KeptModelsFolder(installation));
-  MakeFolder(files, LooseModels(installation));
+  MakeFolder(files, installation.modelsFolder());
 }
 
 void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
                       const HogTable& live, const HogTable& backup) {
   KeepLooseModels(files, installation, models, live, backup);
   KeepTextures(files, installation);
-  const std::string defaults = installation.GamePath + "shipstats.def";
-  if (FileExists(files, defaults)) CopyWhole(files, defaults, BackupFolder(installation) + "shipstats.def");
+  const std::string defaults = installation.defaultsPath();
+  if (FileExists(files, defaults)) CopyWhole(files, defaults, installation.backupPath(defaultsName));
 }
 
 void EraseKeptSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models) {
@@ -118,34 +115,34 @@ void EraseKeptSpellings(Files& files, const Installation& installation, const st
 
 std::vector<std::string> LooseFiles(Files& files, const Installation& installation,
                                     const std::vector<std::string>& models) {
-  const Spellings there = SpellingsIn(files, LooseModels(installation));
+  const Spellings there = SpellingsIn(files, installation.modelsFolder());
   std::vector<std::string> paths;
   for (const std::string& name : NamesOfModels(models)) {
     const auto found = there.find(UpperCase(name));
     if (found == there.end()) continue;
-    for (const std::string& spelling : found->second) paths.push_back(LooseModels(installation) + spelling);
+    for (const std::string& spelling : found->second) paths.push_back(installation.modelPath(spelling));
   }
   return paths;
 }
 
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models) {
-  std::uint64_t size = FileLength(files, installation.GamePath + "shipstats.bin");
+  std::uint64_t size = FileLength(files, installation.statsPath());
   for (const std::string& path : LooseFiles(files, installation, models)) size += FileLength(files, path);
-  const std::string cache = installation.GamePath + "tcachehw.dat";
+  const std::string cache = installation.cachePath();
   return TcacheCount(files, cache) > factoryTextures ? size + FileLength(files, cache) : size;
 }
 
 void EraseAllLeftovers(Files& files, const Installation& installation) {
   EraseLeftovers(files, installation.GamePath);
-  EraseLeftovers(files, LooseModels(installation));
+  EraseLeftovers(files, installation.modelsFolder());
   EraseLeftovers(files, installation.ProgramPath);
-  EraseLeftovers(files, BackupFolder(installation));
+  EraseLeftovers(files, installation.backupFolder());
   EraseLeftovers(files, KeptModelsFolder(installation));
   EraseLeftovers(files, OldModelsFolder(installation));
   for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-    EraseLeftovers(files, installation.ProgramPath + folder);
+    EraseLeftovers(files, installation.programFile(folder));
   }
-  EraseUnfinishedRebuild(files, installation.GamePath + tcacheName);
+  EraseUnfinishedRebuild(files, installation.cachePath());
 }
 
 }  // namespace oravin

@@ -41,12 +41,12 @@ constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"
                                                             {directPlayKey, "Path"},
                                                             {appPathsKey, chosenGameValue}}};
 
-bool IsGameFolder(Files& files, const std::string& folder) { return FileExists(files, folder + "resource.hog"); }
+bool IsGameFolder(Files& files, const std::string& folder) { return FileExists(files, folder + hogName); }
 
 /// True when a program folder that is given can be worked on. A lost ship list must not keep the player from "Disable /
 /// Restore", which works by the catalogue.
 bool IsProgramFolder(Files& files, const std::string& folder) {
-  return FileExists(files, folder + "shipsData.txt") || FeaturesEnabled(files, folder);
+  return FileExists(files, folder + shipListName) || FeaturesEnabled(files, folder);
 }
 
 /// The program folder, first guess: where the registry says that the program is, else the usual folder, else the one
@@ -61,7 +61,7 @@ void GuessProgramFolder(Files& files, Installation& installation, const platform
     } else if (IsPrintableText(package.program)) {
       installation.ProgramPath = package.program;
     }
-  } else if (FileExists(files, installation.ProgramPath + "resource.hog")) {
+  } else if (FileExists(files, installation.programFile(hogName))) {
     // The archive is looked for here, not the catalogue: meant.
     platform::SetCurrentFolder(installation.ProgramPath);
   }
@@ -82,7 +82,7 @@ bool GameFolderFromRegistry(Files& files, Installation& installation) {
 /// The INI file: two quoted lines, the game folder and the program folder.
 /// @param programGiven the program folder is settled; only the game folder is taken from the file
 bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
-  const std::string path = installation.ProgramPath + "oravin.ini";
+  const std::string path = installation.iniPath();
   if (!FileExists(host.files, path) || FileLength(host.files, path) == 0) return false;
   return Trapped(host, "Form_Load", false, [&] {
     const std::string all = TextOf(ReadWhole(host.files, path, longestIni));
@@ -91,11 +91,10 @@ bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
     installation.GamePath = AddBackslash(installation.GamePath);
     if (programGiven)
       return FolderExists(host.files, installation.GamePath) && IsGameFolder(host.files, installation.GamePath);
-    if (!FileExists(host.files, installation.ProgramPath + "shipsData.txt")) installation.ProgramPath = TakeText(text);
+    if (!FileExists(host.files, installation.shipListPath())) installation.ProgramPath = TakeText(text);
     installation.ProgramPath = AddBackslash(installation.ProgramPath);
     return FolderExists(host.files, installation.GamePath) && FolderExists(host.files, installation.ProgramPath) &&
-           FileExists(host.files, installation.ProgramPath + "shipsdata.txt") &&
-           IsGameFolder(host.files, installation.GamePath);
+           FileExists(host.files, installation.shipListPath()) && IsGameFolder(host.files, installation.GamePath);
   });
 }
 
@@ -114,8 +113,7 @@ std::string AskFolder(Host& host, const char* prompt, const char* file, const ch
 
 std::string ChosenGameFolder(Host& host) {
   Show(host, "Registy entries for StarLancer not found!", Icon::exclamation);
-  return AskFolder(host, "Select your StarLancer Game Directory", "resource.hog",
-                   "This is not a StarLancer game directory");
+  return AskFolder(host, "Select your StarLancer Game Directory", hogName, "This is not a StarLancer game directory");
 }
 
 void AskGameFolder(Host& host, Installation& installation) {
@@ -140,7 +138,7 @@ std::function<bool(const std::string& folder)> Offer(Main& main, const std::stri
 void OfferListForPackage(Main& main, const GivenFolders& given) {
   const Installation& installation = main.installation;
   if (!IsPackages(installation, given) || !given.offerShipList) return;
-  if (FileExists(main.host.files, installation.ProgramPath + "shipsData.txt") ||
+  if (FileExists(main.host.files, installation.shipListPath()) ||
       FeaturesEnabled(main.host.files, installation.ProgramPath))
     return;
   OfferShipList(main, installation.GamePath, installation.ProgramPath);
@@ -149,12 +147,12 @@ void OfferListForPackage(Main& main, const GivenFolders& given) {
 void SettleProgramFolder(Main& main, const GivenFolders& given) {
   Host& host = main.host;
   Installation& installation = main.installation;
-  if (FileExists(host.files, std::string(usualProgramFolder) + "shipsData.txt")) {
+  if (FileExists(host.files, std::string(usualProgramFolder) + shipListName)) {
     installation.ProgramPath = usualProgramFolder;
-  } else if (installation.ProgramPath.empty() || !FileExists(host.files, installation.ProgramPath + "shipsData.txt")) {
+  } else if (installation.ProgramPath.empty() || !FileExists(host.files, installation.shipListPath())) {
     Show(host, "Can't find Oravin local path in registry", Icon::exclamation);
     installation.ProgramPath =
-        AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)", "shipsdata.txt",
+        AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)", shipListName,
                   "This is not an Oravin directory", Offer(main, installation.GamePath, given));
   }
 }
@@ -163,7 +161,7 @@ void WriteIni(Host& host, Installation& installation) {
   Trap(host, "Form_Load", [&] {
     const std::string text =
         '"' + AddBackslash(installation.GamePath) + "\"\r\n\"" + installation.ProgramPath + "\"\r\n";
-    WriteWhole(host.files, installation.ProgramPath + "oravin.ini", BytesOf(text));
+    WriteWhole(host.files, installation.iniPath(), BytesOf(text));
   });
 }
 
@@ -274,12 +272,12 @@ void Form_Load(Main& main, const GivenFolders& given) {
   installation.GamePath = AddBackslash(installation.GamePath);
   main.about.txtSLPath.text = installation.GamePath;
   main.about.txtProgramPath.text = installation.ProgramPath;
-  main.hog.txtHogPath.text = installation.GamePath + "Resource.hog";
-  main.tcache.txtTcacheSource.text = installation.GamePath + "tcachehw.dat";
+  main.hog.txtHogPath.text = installation.gameFile("Resource.hog");
+  main.tcache.txtTcacheSource.text = installation.cachePath();
 
   LockInstallation(main);
   if (FeaturesEnabled(main.host.files, installation.ProgramPath)) {
-    LoadCatalogue(main.host, installation.ProgramPath + catalogueName, installation.ships);
+    LoadCatalogue(main.host, installation.cataloguePath(), installation.ships);
     FillLists(main);
   }
   if (!main.onlyLooks) KeepDefaults(main.host, installation);

@@ -52,13 +52,13 @@ Status StatusOf(Main& main) {
   }
   Files& files = main.host.files;
   const auto blocks = [&](const std::string& path) { return FileLength(files, path) / statsBlockSize; };
-  status.files.push_back(Look(files, installation.GamePath, "resource.hog", "entries",
+  status.files.push_back(Look(files, installation.GamePath, hogName, "entries",
                               [&](const std::string& path) { return ArchiveCount(files, path); }));
-  status.files.push_back(Look(files, installation.GamePath, "tcachehw.dat", "textures", [&](const std::string& path) {
+  status.files.push_back(Look(files, installation.GamePath, tcacheName, "textures", [&](const std::string& path) {
     return static_cast<std::uint64_t>(TcacheCount(files, path));
   }));
-  status.files.push_back(Look(files, installation.GamePath, "shipstats.bin", "blocks", blocks));
-  status.files.push_back(Look(files, installation.GamePath, "shipstats.def", "blocks", blocks));
+  status.files.push_back(Look(files, installation.GamePath, statsName, "blocks", blocks));
+  status.files.push_back(Look(files, installation.GamePath, defaultsName, "blocks", blocks));
   return status;
 }
 

@@ -3,14 +3,13 @@
 #include <span>
 #include <string>
 
+#include "catalogue/installation.h"
 #include "catalogue/ship_record.h"
 #include "desk/host.h"
 
 /// The ship catalogue `ships.dat` in the program folder: records of shipRecordSize bytes, one after the other, without
 /// a header. Whether a ship is changed is known from here alone.
 namespace oravin {
-
-inline constexpr const char* catalogueName = "ships.dat";
 
 /// The editing features are enabled exactly while the catalogue exists and is not empty.
 bool FeaturesEnabled(Files& files, const std::string& programPath);

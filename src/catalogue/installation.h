@@ -6,6 +6,18 @@
 
 namespace oravin {
 
+/// Names of files of the game folder.
+inline constexpr const char* hogName = "resource.hog";
+inline constexpr const char* tcacheName = "tcachehw.dat";
+inline constexpr const char* statsName = "shipstats.bin";
+inline constexpr const char* defaultsName = "shipstats.def";
+
+/// Names of files of the program folder.
+inline constexpr const char* catalogueName = "ships.dat";
+inline constexpr const char* shipListName = "shipsData.txt";
+inline constexpr const char* loadoutMapsName = "gloadconv.dat";
+inline constexpr const char* fatBackupName = "backup\\resource.fat";
+
 /// Where add-on ships lie, relative to the program folder: their models, their bitmaps, their statistics texts, and
 /// what is kept of those that were removed.
 inline constexpr const char* addOnShipsFolder = "addons\\ships\\";
@@ -13,16 +25,46 @@ inline constexpr const char* addOnTexturesFolder = "addons\\textures\\";
 inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
 inline constexpr const char* addOnRemovedFolder = "addons\\removed\\";
 
-/// The installed game that the program works on.
+/// The installed game that the program works on, and the place of each file that it has.
 struct Installation {
   std::string GamePath;     ///< the game folder, ending in a backslash
   std::string ProgramPath;  ///< the program's own folder, ending in a backslash
   Ships ships;              ///< the catalogue as it is loaded; empty while the features are not enabled
-};
 
-/// Where a ship's loose model lies.
-inline std::string ModelPath(const Installation& installation, const ShipRecord& ship) {
-  return installation.GamePath + "ships\\" + ModelOf(ship);
-}
+  // In the game folder.
+  [[nodiscard]] std::string gameFile(const std::string& name) const { return GamePath + name; }
+  [[nodiscard]] std::string archivePath() const { return GamePath + hogName; }
+  [[nodiscard]] std::string cachePath() const { return GamePath + tcacheName; }
+  [[nodiscard]] std::string statsPath() const { return GamePath + statsName; }
+  /// The statistics as the game brought them, and a block for each imported ship.
+  [[nodiscard]] std::string defaultsPath() const { return GamePath + defaultsName; }
+  [[nodiscard]] std::string modelsFolder() const { return GamePath + "ships\\"; }
+  /// @param file a model's file name, as ModelOf and BackupOf give it
+  [[nodiscard]] std::string modelPath(const std::string& file) const { return modelsFolder() + file; }
+  /// The game's own viewer of models.
+  [[nodiscard]] std::string viewerPath() const { return GamePath + "sltool.exe"; }
+
+  // In the program folder.
+  [[nodiscard]] std::string programFile(const std::string& name) const { return ProgramPath + name; }
+  [[nodiscard]] std::string cataloguePath() const { return ProgramPath + catalogueName; }
+  [[nodiscard]] std::string shipListPath() const { return ProgramPath + shipListName; }
+  [[nodiscard]] std::string iniPath() const { return ProgramPath + "oravin.ini"; }
+  [[nodiscard]] std::string manualPath() const { return ProgramPath + "readme.txt"; }
+  [[nodiscard]] std::string converterReadmePath() const { return ProgramPath + "3ds2sl.txt"; }
+  [[nodiscard]] std::string loadoutMapsPath() const { return ProgramPath + loadoutMapsName; }
+  /// The bitmap that the paint program is handed.
+  [[nodiscard]] std::string paintedPath() const { return ProgramPath + "temp.bmp"; }
+  [[nodiscard]] std::string backupFolder() const { return ProgramPath + "backup\\"; }
+  [[nodiscard]] std::string backupPath(const std::string& name) const { return backupFolder() + name; }
+  [[nodiscard]] std::string addOnModelsFolder() const { return ProgramPath + addOnShipsFolder; }
+  [[nodiscard]] std::string addOnModelPath(const std::string& file) const { return addOnModelsFolder() + file; }
+  [[nodiscard]] std::string addOnBitmapPath(const std::string& file) const {
+    return ProgramPath + addOnTexturesFolder + file;
+  }
+  [[nodiscard]] std::string addOnStatsPath(const std::string& file) const {
+    return ProgramPath + addOnStatsFolder + file;
+  }
+  [[nodiscard]] std::string removedAddOnsFolder() const { return ProgramPath + addOnRemovedFolder; }
+};
 
 }  // namespace oravin

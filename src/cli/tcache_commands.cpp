@@ -213,12 +213,12 @@ std::optional<Result> PreviewTexture(Session& session, const Values& values) {
 
 std::optional<Result> LearnLoadoutMaps(Session& session, const Values& values) {
   Main& main = session.main;
-  const std::string path = values.Has("--to") ? values.Of("--to") : main.installation.ProgramPath + loadoutMapsName;
+  const std::string path = values.Has("--to") ? values.Of("--to") : main.installation.loadoutMapsPath();
   if (FileExists(main.host.files, path)) {
     SayError(session.console, path + " is there already, and is never overwritten");
     return std::nullopt;
   }
-  const LearnedLoadout learned = LearnLoadout(main.host.files, main.installation.GamePath + tcacheName);
+  const LearnedLoadout learned = LearnLoadout(main.host.files, main.installation.cachePath());
   if (learned.pairs == 0) {
     SayError(session.console, "the game's textures hold no pair to learn from");
     return std::nullopt;

@@ -53,7 +53,7 @@ void cmdConvert3dsToSL_Click(Host& host, ConvertPanel& panel, const Installation
 }
 
 void cmd3d2SLReadme_Click(const Installation& installation) {
-  platform::StartProgram("notepad " + installation.ProgramPath + "3ds2sl.txt");
+  platform::StartProgram("notepad " + installation.converterReadmePath());
 }
 
 }  // namespace oravin

@@ -50,7 +50,7 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
                    bool repaired, const std::vector<std::string>& models) {
   if (std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); })) return;
   const std::string backup = programPath + fatBackupName;
-  File hog(files, gamePath + "resource.hog", OpenFor::reading);
+  File hog(files, gamePath + hogName, OpenFor::reading);
   if (FileExists(files, backup)) {
     if (EqualsBackup(hog, backup, live, repaired)) return;
     CopyWhole(files, backup, FreeOldName(files, programPath + "backup\\resource"));
@@ -65,7 +65,7 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
 
 std::uint64_t FatBackupSize(Files& files, const std::string& gamePath, const std::string& programPath,
                             const HogTable& live) {
-  File hog(files, gamePath + "resource.hog", OpenFor::reading);
+  File hog(files, gamePath + hogName, OpenFor::reading);
   return BackupLength(hog, live.entries) + FileLength(files, programPath + fatBackupName);
 }
 

@@ -3,14 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/installation.h"
 #include "desk/host.h"
 #include "hog/model_entry.h"
 
 /// `backup\resource.fat` in the program folder: the archive's header and table as they were before the first name was
 /// disguised. Ships that the live table no longer lists are found by it, and names are put back as they were spelled.
 namespace oravin {
-
-inline constexpr const char* fatBackupName = "backup\\resource.fat";
 
 /// Keeps the backup.
 ///

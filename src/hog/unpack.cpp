@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "catalogue/installation.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
@@ -22,7 +23,6 @@ namespace oravin {
 namespace {
 
 constexpr std::uint64_t unpackBlock = 1U << 20U;
-constexpr const char* archiveName = "resource.hog";
 
 /// A compressed entry's bytes and storedExcess more, as far as they can count; zeros stand in for what lies past the
 /// archive's end.
@@ -75,7 +75,7 @@ void AddOnce(Files& files, WholeFiles& together, const std::string& destination,
 /// Unpacks one model beside its name; says so where the archive no longer holds it.
 bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, const ShipRecord& ship,
              const std::string& model, bool* nowhere = nullptr) {
-  const std::string hogPath = gamePath + archiveName;
+  const std::string hogPath = gamePath + hogName;
   std::optional<HogEntry> entry;
   const bool done = Trap(host, "UnpackFile()", [&] {
     entry = LiveEntryOf(host, hogPath, ship);
@@ -112,7 +112,7 @@ void UnpackModels(Host& host, const std::string& gamePath, const Ships& ships) {
 void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships) {
   std::vector<std::string> passedOver;
   Trap(host, "UnpackSetup", [&] {
-    File hog(host.files, gamePath + archiveName, OpenFor::changing);
+    File hog(host.files, gamePath + hogName, OpenFor::changing);
     for (const ShipRecord& ship : ships) {
       const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
       if (!IsStock(ship) || fatPos == 0) continue;

@@ -97,7 +97,7 @@ void ShowShip(Host& host, FighterPack& form, const Installation& installation, s
     // The list says that a model is missing; going through its lines must not bring up a box at each.
     const bool there = FileExists(host.files, model);
     why = there ? "This model's textures cannot be listed." : "The model was not found: " + model;
-    if (there && TextureList(host, model, installation.GamePath + tcacheName, form.given[*form.ship], form.textures)) {
+    if (there && TextureList(host, model, installation.cachePath(), form.given[*form.ship], form.textures)) {
       why = "This model names no textures.";
     }
   }
@@ -228,8 +228,8 @@ void lstTextures_ItemClick(Host& host, FighterPack& form, const Installation& in
   } else if (!texture.bitmapPath.empty()) {
     ShowBitmap(host, form.preview, texture.bitmapPath, texture.info);
   } else if (texture.cached) {
-    ShowTexture(host, form.preview, installation.GamePath + tcacheName, *texture.cached,
-                installation.ProgramPath + texture.cachedPalette, 0);
+    ShowTexture(host, form.preview, installation.cachePath(), *texture.cached,
+                installation.programFile(texture.cachedPalette), 0);
     form.preview.cmdSmallerImage.enabled = false;  // the form has no way of changing the image
   } else {
     ShowNoTexture(form.preview, texture.name + ": no bitmap was found. Find one before the import.");
@@ -252,7 +252,7 @@ void cmdFindBitmap_Click(Host& host, FighterPack& form, const Installation& inst
   ShowShip(host, form, installation, *row);
 }
 
-std::string AskForBitmap(Host& host, std::string folder, const std::string& texture) {
+std::string AskForBitmap(Host& host, const std::string& folder, const std::string& texture) {
   const std::string name = Trim(texture) + ".bmp";
   return ChooseFile(host, "Find texture file", folder, IsPlainFileName(name) ? name : "",
                     "Bitmap *.bmp |*.bmp|All files|*.*");

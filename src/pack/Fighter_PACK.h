@@ -88,7 +88,7 @@ void cmdFindBitmap_Click(Host& host, FighterPack& form, const Installation& inst
 /// Asks for the bitmap of one texture, where it is missing.
 /// @param folder where the dialog begins
 /// @return its path; empty when the person gives none
-std::string AskForBitmap(Host& host, std::string folder, const std::string& texture);
+std::string AskForBitmap(Host& host, const std::string& folder, const std::string& texture);
 
 /// Closes the form.
 void cmdImportCancel_Click(FighterPack& form);

@@ -29,10 +29,10 @@ struct OldFiles {
 
 OldFiles KeepOldFiles(Files& files, const Installation& installation, const ImportBatch& batch) {
   OldFiles old;
-  old.defaultsPath = installation.GamePath + "shipstats.def";
+  old.defaultsPath = installation.defaultsPath();
   if (FileExists(files, old.defaultsPath)) old.defaults = ReadWhole(files, old.defaultsPath, longestKept);
   for (const char* name : {catalogueName, shipListName}) {
-    const std::string path = installation.ProgramPath + name;
+    const std::string path = installation.programFile(name);
     old.whole.emplace_back(path, ReadWhole(files, path, longestKept));
   }
   old.made = batch.files.paths;
@@ -106,7 +106,7 @@ Ships NewRecords(const ImportBatch& batch) {
 
 /// The catalogue's file with the new records behind the others, which stay as they are.
 Bytes NewCatalogue(Files& files, const Installation& installation, const ImportBatch& batch) {
-  Bytes all = ReadWhole(files, installation.ProgramPath + catalogueName, longestKept);
+  Bytes all = ReadWhole(files, installation.cataloguePath(), longestKept);
   all.resize(all.size() / shipRecordSize * shipRecordSize);
   const Bytes added = CatalogueOf(installation.ProgramPath, NewRecords(batch));
   all.insert(all.end(), added.begin(), added.end());
@@ -131,10 +131,10 @@ std::string NewShipList(Files& files, const Installation& installation, const Im
 /// whatever happens then; the list last, so that it names no ship whose files are not there.
 void AddLists(Files& files, const Installation& installation, ImportBatch& batch) {
   const Bytes catalogue = NewCatalogue(files, installation, batch);
-  AddWhole(files, batch.files, installation.ProgramPath + catalogueName, [&](File& file) { Put(file, 0, catalogue); });
+  AddWhole(files, batch.files, installation.cataloguePath(), [&](File& file) { Put(file, 0, catalogue); });
   std::rotate(batch.files.paths.begin(), batch.files.paths.end() - 1, batch.files.paths.end());
   const Bytes list = BytesOf(NewShipList(files, installation, batch));
-  AddWhole(files, batch.files, installation.ProgramPath + shipListName, [&](File& file) { Put(file, 0, list); });
+  AddWhole(files, batch.files, installation.shipListPath(), [&](File& file) { Put(file, 0, list); });
 }
 
 }  // namespace
@@ -143,13 +143,13 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
   batch = {};
   const bool ready = Trap(host, batchTitle, [&] {
     for (const char* folder : {"addons\\", addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-      if (!FolderExists(host.files, installation.ProgramPath + folder)) {
-        MakeFolder(host.files, installation.ProgramPath + folder);
+      if (!FolderExists(host.files, installation.programFile(folder))) {
+        MakeFolder(host.files, installation.programFile(folder));
       }
     }
     ReadShipListText(host.files, installation.ProgramPath);
   });
-  return ready && BeginTextures(host, installation.GamePath + tcacheName, installation.ProgramPath, batch.textures);
+  return ready && BeginTextures(host, installation.cachePath(), installation.ProgramPath, batch.textures);
 }
 
 const FolderNames& FilesIn(Files& files, ImportBatch& batch, const std::string& folder) {

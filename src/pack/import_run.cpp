@@ -55,7 +55,7 @@ void AddToAddOns(Run& run, const std::string& from, const char* folder, const st
     run.batch.notes.push_back("The file " + from + " has no name under which it could be kept with the add-ons.");
     return;
   }
-  const std::string to = run.installation.ProgramPath + folder + name;
+  const std::string to = run.installation.programFile(folder + name);
   if (AddCopy(run.host.files, run.batch, from, to)) return;
   run.batch.notes.push_back("This add-on is another file and was left as it is: " + to);
 }
@@ -66,7 +66,7 @@ bool BitmapsCanBeKept(Run& run, const NewShip& ship) {
   bool all = true;
   for (const NewShipTexture& texture : ship.textures) {
     const std::string name = texture.name + ".bmp";
-    const std::string to = run.installation.ProgramPath + addOnTexturesFolder + name;
+    const std::string to = run.installation.addOnBitmapPath(name);
     if (!IsPlainFileName(name) || CanBeCopied(run.host.files, run.batch, texture.bitmap, to)) continue;
     run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() +
                           "' needs another bitmap than this add-on, which was left as it is: " + to);
@@ -85,7 +85,7 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
     if (added == AddedTexture::refused) return false;
   }
   const std::string model = ModelOf(ship.record);
-  const std::string loose = run.installation.GamePath + "ships\\" + model;
+  const std::string loose = run.installation.modelPath(model);
   AddCopy(files, run.batch, checked.ship.modelPath, loose);
   AddCopy(files, run.batch, checked.ship.modelPath, ChangeExtension(loose, ".bak"));
   AddToAddOns(run, checked.ship.modelPath, addOnShipsFolder, model);
@@ -160,13 +160,12 @@ void NeedRoomForBitmaps(Files& files, WritePlan& plan, const Installation& insta
 
 WritePlan PlanImport(Files& files, const Installation& installation, const std::vector<CheckedShip>& ships) {
   WritePlan plan;
-  plan.folders = {installation.GamePath, installation.GamePath + "ships\\", installation.ProgramPath};
+  plan.folders = {installation.GamePath, installation.modelsFolder(), installation.ProgramPath};
   for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-    if (FolderExists(files, installation.ProgramPath + folder))
-      plan.folders.push_back(installation.ProgramPath + folder);
+    if (FolderExists(files, installation.programFile(folder))) plan.folders.push_back(installation.programFile(folder));
   }
-  plan.files = {installation.GamePath + tcacheName, installation.GamePath + "shipstats.def",
-                installation.ProgramPath + catalogueName, installation.ProgramPath + shipListName};
+  plan.files = {installation.cachePath(), installation.defaultsPath(), installation.cataloguePath(),
+                installation.shipListPath()};
   for (const CheckedShip& ship : ships) {
     NeedRoom(plan, installation.GamePath, 2 * FileLength(files, ship.ship.modelPath));
     NeedRoom(plan, installation.ProgramPath, FileLength(files, ship.ship.modelPath) + shipRecordSize);
@@ -210,7 +209,7 @@ void TellResult(const Run& run) {
 }
 
 void StartShipTool(const Run& run) {
-  const std::string tool = run.installation.GamePath + "sltool.exe";
+  const std::string tool = run.installation.viewerPath();
   if (run.imported.empty() || !FileExists(run.host.files, tool)) return;
   std::string command = platform::AsWord(tool);
   for (const PackShip& ship : run.imported) command += " " + platform::AsWord(ship.shipName);

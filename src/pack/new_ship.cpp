@@ -46,7 +46,7 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
                      NewShip& ship) {
   const std::string& model = checked.ship.modelPath;
   std::vector<ListedTexture> listed;
-  if (!TextureList(host, model, installation.GamePath + tcacheName, checked.given, listed)) return false;
+  if (!TextureList(host, model, installation.cachePath(), checked.given, listed)) return false;
   if (listed.size() > texturesPerShip) {
     Refuse(host, "The ship '" + checked.ship.shipName + "' has " + std::to_string(listed.size()) +
                      " textures. A ship can have at most " + std::to_string(texturesPerShip) +
@@ -75,7 +75,7 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
 void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, const std::string& name,
                NewShip& ship) {
   const std::string beside = ChangeExtension(modelPath, ".txt");
-  const std::string added = installation.ProgramPath + addOnStatsFolder + ChangeExtension(name, ".txt");
+  const std::string added = installation.addOnStatsPath(ChangeExtension(name, ".txt"));
   if (FileExists(host.files, beside)) {
     ship.statsText = beside;
     ship.stats = ReadImportStats(host.files, beside);
@@ -83,7 +83,7 @@ void TakeStats(Host& host, const Installation& installation, const std::string& 
     ship.statsText = added;
     ship.stats = ReadImportStats(host.files, added);
   } else {
-    ship.stats = ReadShipsStats(host.files, installation.GamePath + "shipstats.bin", 0);
+    ship.stats = ReadShipsStats(host.files, installation.statsPath(), 0);
   }
 }
 
@@ -96,13 +96,13 @@ bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& 
   if (std::any_of(batch.ships.begin(), batch.ships.end(), [&](const ReadyShip& ship) { return named(ship.record); })) {
     return false;
   }
-  const std::string folder = installation.GamePath + "ships\\";
+  const std::string folder = installation.modelsFolder();
   const FolderNames& there = FilesIn(host.files, batch, folder);
   if (FindIn(there, ChangeExtension(name, ".org")) != nullptr) return false;
   for (const std::string& file : {name, ChangeExtension(name, ".bak")}) {
     if (FindIn(there, file) != nullptr && !SameContent(host.files, folder + file, model)) return false;
   }
-  return CanBeCopied(host.files, batch, model, installation.ProgramPath + addOnShipsFolder + name);
+  return CanBeCopied(host.files, batch, model, installation.addOnModelPath(name));
 }
 
 /// The name for a model's file, at most as long as a record holds.

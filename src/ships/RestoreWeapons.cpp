@@ -51,7 +51,7 @@ bool EraseTemporary(Host& host, const std::string& path) {
 /// The table of a stock ship's own model. The temporary file is gone again whatever happens.
 std::optional<ShpAttachments> StockTable(Host& host, const Installation& installation, const ShipRecord& ship,
                                          const UnpackModel& unpack) {
-  const std::string path = installation.ProgramPath + temporaryModel;
+  const std::string path = installation.programFile(temporaryModel);
   if (!EraseTemporary(host, path)) return std::nullopt;  // an old one must not be taken for the original
   bool held = true;
   std::optional<ShpAttachments> table;
@@ -66,8 +66,8 @@ std::optional<ShpAttachments> StockTable(Host& host, const Installation& install
 
 std::optional<ShpAttachments> ImportedTable(Host& host, const Installation& installation, const ShipRecord& ship) {
   const std::string model = ModelOf(ship);
-  for (const std::string& original : {installation.GamePath + "ships\\" + ChangeExtension(model, ".bak"),
-                                      installation.ProgramPath + addOnShipsFolder + model}) {
+  for (const std::string& original :
+       {installation.modelPath(ChangeExtension(model, ".bak")), installation.addOnModelPath(model)}) {
     if (FileExists(host.files, original)) return TableOf(host, original);
   }
   TellNoOriginal(host);
@@ -76,12 +76,12 @@ std::optional<ShpAttachments> ImportedTable(Host& host, const Installation& inst
 
 /// The models that a ship's table goes into whatever it looks like.
 std::vector<std::string> ModelsOf(const Installation& installation, const ShipRecord& ship) {
-  std::vector<std::string> models{ModelPath(installation, ship)};
+  std::vector<std::string> models{installation.modelPath(ModelOf(ship))};
   const std::int64_t partner = WholeNumber(ship.ChangedToIndex);
   const bool known = partner >= 0 && partner < static_cast<std::int64_t>(installation.ships.size());
   if (ship.Imported || !ship.Changed || !known) return models;
   const ShipRecord& by = installation.ships[static_cast<std::size_t>(partner)];
-  if (!IsInert(by)) models.push_back(ModelPath(installation, by));
+  if (!IsInert(by)) models.push_back(installation.modelPath(ModelOf(by)));
   return models;
 }
 
@@ -104,7 +104,7 @@ bool Fits(Host& host, const ShpAttachments& table, const std::vector<std::string
 }  // namespace
 
 std::string VariantOf(const Installation& installation, const ShipRecord& ship) {
-  return installation.GamePath + "ships\\t_" + ModelOf(ship);
+  return installation.modelPath("t_" + ModelOf(ship));
 }
 
 bool RestoreWeapons(Host& host, const Installation& installation, std::size_t number, const UnpackModel& unpack) {

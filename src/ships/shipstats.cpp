@@ -9,6 +9,7 @@
 #include "base/delimited_text.h"
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "catalogue/installation.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "files/file.h"
@@ -252,8 +253,8 @@ int FindFreeBlock(Host& host, const std::string& path, int stockBlocks) {
 }
 
 void BackupShipStats(Host& host, const std::string& gamePath) {
-  const std::string current = gamePath + "shipstats.bin";
-  const std::string defaults = gamePath + "shipstats.def";
+  const std::string current = gamePath + statsName;
+  const std::string defaults = gamePath + defaultsName;
   if (!FileExists(host.files, current)) {
     Show(host, "Can't find shipstats.bin", Icon::exclamation);
     return;

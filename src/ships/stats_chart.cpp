@@ -22,8 +22,8 @@ File OpenIfThere(Files& files, const std::string& path) {
 
 /// Every ship's statistics by its index; nothing for those that cannot be read.
 std::vector<std::optional<ShipStats>> AllStats(Files& files, const Installation& installation) {
-  File current = OpenIfThere(files, installation.GamePath + "shipstats.bin");
-  File defaults = OpenIfThere(files, installation.GamePath + "shipstats.def");
+  File current = OpenIfThere(files, installation.statsPath());
+  File defaults = OpenIfThere(files, installation.defaultsPath());
   std::vector<std::optional<ShipStats>> all(installation.ships.size());
   for (std::size_t i = 0; i < all.size(); ++i) {
     const ShipRecord& ship = installation.ships[i];

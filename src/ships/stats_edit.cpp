@@ -71,7 +71,7 @@ std::optional<ShipStats> DefaultsToRestore(Host& host, const Installation& insta
     const bool read = !HasNoDefault(host.files, installation, part) && GetImportStats(host, text, stats);
     return read ? std::optional(stats) : std::nullopt;
   }
-  std::string defaults = installation.GamePath + "shipstats.def";
+  std::string defaults = installation.defaultsPath();
   const bool read = GetShipsStats(host, defaults, SourceOf(installation, part).index, stats);
   return read ? std::optional(stats) : std::nullopt;
 }
@@ -160,7 +160,7 @@ void cmdRestoreShipStats_Click(Host& host, StatsTab& tab, const Installation& in
 
 void cmdRestoreAllStats_Click(Host& host, StatsTab& tab, const Installation& installation) {
   WritePlan plan;
-  plan.files = {installation.GamePath + "shipstats.bin", installation.GamePath + "shipstats.def"};
+  plan.files = {installation.statsPath(), installation.defaultsPath()};
   if (installation.ships.empty() || !ReadyToWrite(host, plan)) return;
   unsigned restored = 0;
   std::vector<std::string> failed;

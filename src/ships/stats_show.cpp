@@ -70,7 +70,7 @@ void DisplayWeapons(Host& host, StatsTab& tab, const Installation& installation)
   tab.chkHasCloak.checked = false;
   tab.lblShipClass.caption.clear();
   if (const ShipRecord* ship = ShipAt(installation, SelectedShip(tab)); ship != nullptr) {
-    const std::string model = installation.GamePath + "ships\\" + ModelOf(*ship);
+    const std::string model = installation.modelPath(ModelOf(*ship));
     GetAttachments(host, model, tab.attachments);
     if (FileExists(host.files, model)) ShowClass(host, tab, model);  // else the one box says it
   }

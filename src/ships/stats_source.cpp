@@ -15,15 +15,15 @@ int IndexOf(const ShipRecord& ship) { return IndexIn(ship.StatsIndex); }  // -1 
 StatsSource SourceOf(const Installation& installation, const ShipRecord& ship) {
   const int index = IndexOf(ship);
   const bool defaults = ship.Imported && index != 0;
-  return {installation.GamePath + (defaults ? "shipstats.def" : "shipstats.bin"), index};
+  return {(defaults ? installation.defaultsPath() : installation.statsPath()), index};
 }
 
 std::string StatsTextOf(const Installation& installation, const ShipRecord& ship) {
-  return installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
+  return installation.addOnStatsPath(ChangeExtension(ModelOf(ship), ".txt"));
 }
 
 ShipStats ReadDefaults(Files& files, const Installation& installation, const ShipRecord& ship) {
-  if (!ship.Imported) return ReadShipsStats(files, installation.GamePath + "shipstats.def", IndexOf(ship));
+  if (!ship.Imported) return ReadShipsStats(files, installation.defaultsPath(), IndexOf(ship));
   const std::string text = StatsTextOf(installation, ship);
   if (IndexOf(ship) == 0) throw RunTimeError("could not use", text, "the ship has no block of its own");
   return ReadImportStats(files, text);

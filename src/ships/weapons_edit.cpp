@@ -58,7 +58,7 @@ bool StillListed(Host& host, const StatsTab& tab, const ChangedTable& table) {
 std::vector<ChangedTable> TablesOf(Host& host, const StatsTab& tab, const Installation& installation,
                                    const ShipRecord& ship) {
   std::vector<ChangedTable> tables;
-  const std::string model = ModelPath(installation, ship);
+  const std::string model = installation.modelPath(ModelOf(ship));
   if (!FileExists(host.files, model)) {
     Show(host, "Error - Path not found", Icon::exclamation);
     return {};
@@ -104,7 +104,7 @@ void ChangeSelected(Host& host, StatsTab& tab, const Installation& installation,
   const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
   if (ship == nullptr || !SelectedAttachment(tab)) return;
   Trap(host, procedure, [&] { ChangeWeapon(host, tab, installation, *ship, weapon); });
-  if (FileExists(host.files, ModelPath(installation, *ship))) DisplayWeapons(host, tab, installation);
+  if (FileExists(host.files, installation.modelPath(ModelOf(*ship)))) DisplayWeapons(host, tab, installation);
 }
 
 }  // namespace
@@ -127,7 +127,7 @@ void pldMissileType_Click(Host& host, StatsTab& tab, const Installation& install
 void chkHasCloak_MouseUp(Host& host, StatsTab& tab, const Installation& installation) {
   const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
   if (ship == nullptr) return;
-  const std::string model = ModelPath(installation, *ship);
+  const std::string model = installation.modelPath(ModelOf(*ship));
   ToggleCloak(host, model);
   if (FileExists(host.files, model)) ShowClass(host, tab, model);
 }
@@ -137,7 +137,7 @@ void cmdRestoreWeapons_Click(Host& host, StatsTab& tab, const Installation& inst
   const ShipRecord* ship = ShipAt(installation, index);
   if (ship == nullptr) return;
   RestoreWeapons(host, installation, static_cast<std::size_t>(index), unpack);
-  if (FileExists(host.files, ModelPath(installation, *ship))) DisplayWeapons(host, tab, installation);
+  if (FileExists(host.files, installation.modelPath(ModelOf(*ship)))) DisplayWeapons(host, tab, installation);
 }
 
 }  // namespace oravin

@@ -15,13 +15,13 @@ constexpr std::int64_t mostBlocks = 32767;  // a record's index is a 16-bit sign
 
 /// The number of the game's own blocks: only the defaults get blocks of imported ships.
 std::uint64_t StockBlocks(Files& files, const Installation& installation) {
-  return FileLength(files, installation.GamePath + "shipstats.bin") / statsBlockSize;
+  return FileLength(files, installation.statsPath()) / statsBlockSize;
 }
 
 /// The statistics of an add-on ship's text, else those of the first block of `shipstats.bin`.
 ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecord& ship) {
-  std::string text = installation.ProgramPath + addOnStatsFolder + ChangeExtension(ModelOf(ship), ".txt");
-  std::string current = installation.GamePath + "shipstats.bin";
+  std::string text = installation.addOnStatsPath(ChangeExtension(ModelOf(ship), ".txt"));
+  std::string current = installation.statsPath();
   ShipStats stats;
   if (!FileExists(host.files, text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
   return stats;
@@ -31,7 +31,7 @@ ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecor
 
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
                              const ShipStats& stats, std::size_t number) {
-  std::string defaults = installation.GamePath + "shipstats.def";
+  std::string defaults = installation.defaultsPath();
   const int stockBlocks = static_cast<int>(StockBlocks(host.files, installation));
   const std::string name = ship.ShipName.Trimmed();
   const int known = FindAddedBlock(host, defaults, name, stockBlocks, number);
@@ -74,7 +74,7 @@ std::set<int> OwnBlocks(Files& files, const Installation& installation, const st
   for (const std::size_t i : own) {
     const std::int64_t block = WholeNumber(ships[i].StatsIndex);
     if (block < static_cast<std::int64_t>(stockBlocks) || block > mostBlocks || others.contains(block)) continue;
-    const std::string name = NameOfBlock(files, installation.GamePath + "shipstats.def", static_cast<int>(block));
+    const std::string name = NameOfBlock(files, installation.defaultsPath(), static_cast<int>(block));
     if (SameName(name, ships[i].ShipName.Trimmed())) blocks.insert(static_cast<int>(block));
   }
   return blocks;
@@ -82,7 +82,7 @@ std::set<int> OwnBlocks(Files& files, const Installation& installation, const st
 
 void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship) {
   const std::string model = ModelOf(ship);
-  CopyWhole(files, installation.ProgramPath + addOnShipsFolder + model, installation.GamePath + "ships\\" + model);
+  CopyWhole(files, installation.addOnModelPath(model), installation.modelPath(model));
 }
 
 }  // namespace oravin

@@ -57,7 +57,7 @@ void AddAll(Host& host, const Installation& installation, TextureBatch& batch, c
             std::vector<std::string>& missing) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     ShowProgress(host, "Adding the texture " + names[i], static_cast<int>(i), static_cast<int>(names.size()));
-    const std::string bitmap = installation.ProgramPath + addOnTexturesFolder + names[i] + ".bmp";
+    const std::string bitmap = installation.addOnBitmapPath(names[i] + ".bmp");
     if (IsPlainFileName(names[i] + ".bmp") && FileExists(host.files, bitmap)) {
       AddTexture(host, batch, names[i], bitmap, AlreadyThere::byName);
     } else if (SlotNamed(batch.cache, names[i]) < 0) {
@@ -87,7 +87,7 @@ void SetTextures(ShipRecord& ship, const std::vector<std::string>& names) {
 }
 
 bool AddOnTexturesHaveSlots(const Installation& installation, const Ships& ships) {
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   Host quiet;
   quiet.desk.showBox = [](const Message&) { return Answer::ok; };
   if (!FileExists(quiet.files, cache)) return true;
@@ -107,7 +107,7 @@ bool AddOnTexturesHaveSlots(const Installation& installation, const Ships& ships
 
 void InstallAddOnTextures(Host& host, const Installation& installation) {
   const std::vector<std::string> names = WantedTextures(installation.ships);
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   if (names.empty() || !FileExists(host.files, cache)) return;
   TextureBatch batch;
   if (!BeginTextures(host, cache, installation.ProgramPath, batch)) return;

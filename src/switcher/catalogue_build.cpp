@@ -53,7 +53,7 @@ using NameCounts = std::unordered_map<std::string, std::size_t>;
 
 /// Gives an add-on ship's record the texture names of its model.
 void TakeTextures(Host& host, const Installation& installation, ShipRecord& ship, Shortcomings& shortcomings) {
-  const std::string model = installation.ProgramPath + addOnShipsFolder + ModelOf(ship);
+  const std::string model = installation.addOnModelPath(ModelOf(ship));
   if (!FileExists(host.files, model)) {
     shortcomings.missing.push_back(ModelOf(ship));
     return;
@@ -95,7 +95,7 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
 void InstallAddOns(Host& host, const Installation& installation) {
   for (const ShipRecord& ship : installation.ships) {
     if (IsInert(ship) || !ship.Imported) continue;
-    if (!FileExists(host.files, installation.ProgramPath + addOnShipsFolder + ModelOf(ship))) continue;
+    if (!FileExists(host.files, installation.addOnModelPath(ModelOf(ship)))) continue;
     Trap(host, "BuildCatalogue", [&] { InstallAddOnModel(host.files, installation, ship); });
   }
 }
@@ -134,7 +134,7 @@ bool CacheHasSlotsFor(const Installation& installation, const std::vector<Listed
 
 bool BuildCatalogue(Host& host, Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
                     const HogTable& backup) {
-  const std::string path = installation.ProgramPath + catalogueName;
+  const std::string path = installation.cataloguePath();
   Shortcomings shortcomings;
   const bool written = Trap(host, "BuildCatalogue", [&] {
     WriteCatalogue(host.files, installation.ProgramPath,

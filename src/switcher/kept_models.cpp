@@ -16,9 +16,6 @@ namespace {
 
 constexpr int highestNumber = 999999999;
 
-std::string BackupFolder(const Installation& installation) { return installation.ProgramPath + "backup\\"; }
-std::string LooseModels(const Installation& installation) { return installation.GamePath + "ships\\"; }
-
 std::string NameOfCopy(const std::string& spelling, int version, int place) {
   if (place > 1) return spelling + "." + std::to_string(version) + "~" + std::to_string(place);
   return version > 1 ? spelling + "." + std::to_string(version) : spelling;
@@ -61,7 +58,7 @@ int VersionFor(Files& files, const Installation& installation, const std::vector
   for (const std::string& spelling : spellings) {
     const KeptCopy* copy = CopyOf(copies, latest, spelling);
     if (copy == nullptr) continue;
-    if (!SameContent(files, LooseModels(installation) + spelling, KeptModelsFolder(installation) + copy->file)) {
+    if (!SameContent(files, installation.modelPath(spelling), KeptModelsFolder(installation) + copy->file)) {
       return latest + 1;
     }
     ++equal;
@@ -117,21 +114,21 @@ void AddMissing(Files& files, const Installation& installation, const Spellings&
     const std::string from = KeptModelsFolder(installation) + copy.file;
     const std::string there = LooseFor(loose, sorted, copy);
     if (!there.empty()) {
-      if (SameContent(files, LooseModels(installation) + there, from)) continue;
+      if (SameContent(files, installation.modelPath(there), from)) continue;
       MakeFolder(files, OldModelsFolder(installation));
-      CopyWhole(files, LooseModels(installation) + there, FreePlace(files, installation, there));
+      CopyWhole(files, installation.modelPath(there), FreePlace(files, installation, there));
     }
     const auto write = [&](File& file) { CopyInto(file, from); };
     if (sorted.latest.size() > 1) {
-      AddNew(files, together, LooseModels(installation) + copy.spelling, write);
+      AddNew(files, together, installation.modelPath(copy.spelling), write);
     } else {
-      AddWhole(files, together, LooseModels(installation) + copy.spelling, write);
+      AddWhole(files, together, installation.modelPath(copy.spelling), write);
     }
   }
 }
 
 void CopyBack(Files& files, const Installation& installation, const std::vector<Sorted>& all) {
-  const Spellings loose = SpellingsIn(files, LooseModels(installation));
+  const Spellings loose = SpellingsIn(files, installation.modelsFolder());
   WholeFiles together;
   try {
     for (const Sorted& sorted : all) AddMissing(files, installation, loose, sorted, together);
@@ -147,7 +144,7 @@ void CopyBack(Files& files, const Installation& installation, const std::vector<
 void CheckSpellings(Files& files, const Installation& installation, Sorted& sorted) {
   if (sorted.latest.size() < 2) return;
   const auto lost = std::stable_partition(sorted.latest.begin(), sorted.latest.end(), [&](const KeptCopy& copy) {
-    return SameContent(files, LooseModels(installation) + copy.spelling, KeptModelsFolder(installation) + copy.file);
+    return SameContent(files, installation.modelPath(copy.spelling), KeptModelsFolder(installation) + copy.file);
   });
   sorted.older.insert(sorted.older.end(), lost, sorted.latest.end());
   sorted.latest.erase(lost, sorted.latest.end());
@@ -169,9 +166,9 @@ Spellings SpellingsIn(Files& files, const std::string& folder) {
   return names;
 }
 
-std::string KeptModelsFolder(const Installation& installation) { return BackupFolder(installation) + "ships\\"; }
+std::string KeptModelsFolder(const Installation& installation) { return installation.backupFolder() + "ships\\"; }
 
-std::string OldModelsFolder(const Installation& installation) { return BackupFolder(installation) + "old\\"; }
+std::string OldModelsFolder(const Installation& installation) { return installation.backupFolder() + "old\\"; }
 
 KeptModels ReadKeptModels(Files& files, const Installation& installation) {
   KeptModels kept;
@@ -199,13 +196,13 @@ void KeepModels(Files& files, const Installation& installation, KeptModels& kept
     do ++place;
     while (CopyNamed(NameOfCopy(spelling, version, place)).spelling != spelling);
     const KeptCopy copy{NameOfCopy(spelling, version, place), spelling, version, place};
-    CopyWhole(files, LooseModels(installation) + spelling, KeptModelsFolder(installation) + copy.file);
+    CopyWhole(files, installation.modelPath(spelling), KeptModelsFolder(installation) + copy.file);
     copies.push_back(copy);
   }
 }
 
 void MoveToKept(Files& files, const Installation& installation, const std::string& path) {
-  MakeFolder(files, BackupFolder(installation));
+  MakeFolder(files, installation.backupFolder());
   MakeFolder(files, KeptModelsFolder(installation));
   KeptModels kept = ReadKeptModels(files, installation);
   KeepModels(files, installation, kept, {SpellingOf(files, path)});
@@ -213,17 +210,17 @@ void MoveToKept(Files& files, const Installation& installation, const std::strin
 }
 
 void EraseSpareSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models) {
-  const Spellings loose = SpellingsIn(files, LooseModels(installation));
+  const Spellings loose = SpellingsIn(files, installation.modelsFolder());
   const KeptModels kept = ReadKeptModels(files, installation);
   for (const std::string& model : models) {
     const auto there = loose.find(UpperCase(model));
     const auto copies = kept.find(UpperCase(model));
     if (there == loose.end() || there->second.size() < 2 || copies == kept.end()) continue;
-    const std::string stays = SpellingOf(files, LooseModels(installation) + model);
+    const std::string stays = SpellingOf(files, installation.modelPath(model));
     for (const std::string& spelling : there->second) {
       const KeptCopy* copy = CopyOf(copies->second, LatestVersion(copies->second), spelling);
       if (spelling == stays || copy == nullptr) continue;
-      const std::string path = LooseModels(installation) + spelling;
+      const std::string path = installation.modelPath(spelling);
       if (SameContent(files, path, KeptModelsFolder(installation) + copy->file)) EraseFile(files, path);
     }
   }

@@ -107,7 +107,7 @@ std::vector<std::string> ModelsOf(Files& files, const Removal& removal, const In
   std::vector<std::string> models;
   for (const ShipRecord& ship : removal.removed) {
     for (const std::string& name : {ModelOf(ship), WithExtension(ship, ".bak")}) {
-      const std::string path = installation.GamePath + "ships\\" + name;
+      const std::string path = installation.modelPath(name);
       // A name that was met already, with this ship or another one, is not met again.
       if (others.insert(UpperCase(name)).second && FileExists(files, path)) models.push_back(path);
     }
@@ -146,7 +146,7 @@ KeptFiles KeptFilesOf(Files& files, const ShipRecord& ship, const Removal& remov
                       const Needed& needed, Names& seen) {
   KeptFiles kept{FolderNameFor(ship.ShipName.Trimmed()), {}};
   const auto keep = [&](const char* folder, const std::string& name) {
-    const std::string path = installation.ProgramPath + folder + name;
+    const std::string path = installation.programFile(folder + name);
     if (IsPlainFileName(name) && FileExists(files, path) && seen.insert(UpperCase(path)).second) {
       kept.paths.push_back(path);
     }
@@ -174,7 +174,7 @@ void FindKeptFiles(Files& files, Removal& removal, const Installation& installat
 /// The list without the ships' lines; where there is no list, there is no line.
 /// @throws RunTimeError when there is a list that cannot be used
 void FindLines(Files& files, Removal& removal, const Installation& installation) {
-  if (!FileExists(files, installation.ProgramPath + shipListName)) return;
+  if (!FileExists(files, installation.shipListPath())) return;
   const ShipListText list = ReadShipListText(files, installation.ProgramPath);
   std::set<std::size_t> lines;
   for (const auto line : FindImportedLines(list, removal.removed)) {
@@ -191,13 +191,13 @@ void Append(WritePlan& plan, const WritePlan& more) {
 
 WritePlan PlanRemoval(Files& files, const Removal& removal, const Installation& installation) {
   WritePlan plan;
-  plan.files = {installation.ProgramPath + catalogueName, installation.GamePath + "shipstats.def"};
+  plan.files = {installation.cataloguePath(), installation.defaultsPath()};
   plan.folders = {installation.ProgramPath};
   NeedRoom(plan, installation.ProgramPath, removal.remaining.size() * shipRecordSize);
   for (const int target : removal.targets) Append(plan, PlanUnswap(files, installation, target));
   plan.files.insert(plan.files.end(), removal.models.begin(), removal.models.end());
-  if (!removal.models.empty()) plan.folders.push_back(installation.GamePath + "ships\\");
-  const std::string cache = installation.GamePath + tcacheName;
+  if (!removal.models.empty()) plan.folders.push_back(installation.modelsFolder());
+  const std::string cache = installation.cachePath();
   if (removal.textures && FileExists(files, cache)) {
     plan.files.push_back(cache);
     plan.folders.push_back(installation.GamePath);
@@ -214,7 +214,7 @@ WritePlan PlanRemoval(Files& files, const Removal& removal, const Installation& 
       folders.insert(ParentFolder(path));
     }
   }
-  const std::string below = installation.ProgramPath + addOnRemovedFolder;
+  const std::string below = installation.removedAddOnsFolder();
   if (!folders.empty()) folders.insert(FolderExists(files, below) ? below : ParentFolder(below));
   plan.folders.insert(plan.folders.end(), folders.begin(), folders.end());
   return plan;
@@ -233,7 +233,7 @@ std::string FreeFolder(Files& files, const std::string& below, const std::string
 
 void MoveKeptFiles(Files& files, const Removal& removal, const Installation& installation) {
   if (removal.kept.empty()) return;
-  const std::string below = installation.ProgramPath + addOnRemovedFolder;
+  const std::string below = installation.removedAddOnsFolder();
   MakeFolder(files, below);
   for (const KeptFiles& kept : removal.kept) {
     const std::string folder = FreeFolder(files, below, kept.folder);
@@ -291,7 +291,7 @@ bool PutTargetsBack(SwapDesk& desk, const Removal& removal) {
 
 /// False when the removal must not go on: then the ships stay listed, so that their textures can still be removed.
 bool RemoveTextures(SwapDesk& desk, const Removal& removal) {
-  const std::string cache = desk.installation.GamePath + tcacheName;
+  const std::string cache = desk.installation.cachePath();
   if (!removal.textures) return true;
   const bool there = FileExists(desk.host.files, cache);
   if (RemoveTexture(desk.host, cache, removal.removed, removal.remaining) || !there) return true;
@@ -314,7 +314,7 @@ bool Remove(SwapDesk& desk, const Removal& removal) {
   if (removal.list) WriteShipList(files, *removal.list);
   MoveKeptFiles(files, removal, installation);
   for (const int block : OwnBlocks(files, installation, removal.indices)) {
-    ClearShipBlock(files, installation.GamePath + "shipstats.def", block);
+    ClearShipBlock(files, installation.defaultsPath(), block);
   }
   // The stock ships that were put back are as the catalogue has them now.
   Ships rest = RestOf(removal, installation.ships);

@@ -58,7 +58,7 @@ bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
 /// Finds the lines of the ship's parts. Where there are none the ship can be renamed all the same.
 /// @throws RunTimeError when there is a list that cannot be used
 void FindLines(Files& files, const Installation& installation, Rename& rename) {
-  if (!FileExists(files, installation.ProgramPath + shipListName)) {
+  if (!FileExists(files, installation.shipListPath())) {
     rename.listProblem = "it does not exist";
     return;
   }
@@ -76,9 +76,9 @@ void FindLines(Files& files, const Installation& installation, Rename& rename) {
 
 WritePlan PlanRename(const Installation& installation, const Rename& rename) {
   WritePlan plan;
-  plan.files = {installation.ProgramPath + catalogueName, installation.GamePath + "shipstats.def"};
+  plan.files = {installation.cataloguePath(), installation.defaultsPath()};
   if (rename.lines.empty()) return plan;
-  plan.files.push_back(installation.ProgramPath + shipListName);
+  plan.files.push_back(installation.shipListPath());
   plan.folders = {installation.ProgramPath};
   NeedRoom(plan, installation.ProgramPath, rename.list.text.size() + shipNameWidth);
   return plan;
@@ -92,7 +92,7 @@ void RenameLines(Files& files, Rename& rename) {
 
 void RenameBlocks(Files& files, const Installation& installation, const Rename& rename) {
   for (const int block : OwnBlocks(files, installation, rename.parts)) {
-    PutBlockName(files, installation.GamePath + "shipstats.def", block, rename.newName);
+    PutBlockName(files, installation.defaultsPath(), block, rename.newName);
   }
 }
 

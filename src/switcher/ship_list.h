@@ -4,14 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/installation.h"
 #include "desk/host.h"
 
 /// The ship list `shipsData.txt` that the program is shipped with: values separated by commas or line ends, texts in
 /// double quotes. First the number of ships, then for each ship its kind, name, model file, statistics block, and the
 /// names of two textures.
 namespace oravin {
-
-inline constexpr const char* shipListName = "shipsData.txt";
 
 /// As many ships as a list may hold: an index of a ship is a 16-bit signed number, and loading adds one record.
 inline constexpr int mostListedShips = 32765;

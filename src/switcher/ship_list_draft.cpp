@@ -80,7 +80,7 @@ std::unordered_map<std::uint32_t, std::string> BackedUpNames(Host& host, const s
 /// Finds the archive's models in the order of its table.
 /// @return whether the table could be read
 bool FindArchiveModels(Drafting& drafting) {
-  std::string path = drafting.installation.GamePath + "resource.hog";
+  std::string path = drafting.installation.archivePath();
   std::vector<HogEntry> entries;
   if (GetHogData(drafting.host, path, entries) == 0) return false;
   const auto backup = BackedUpNames(drafting.host, drafting.installation.ProgramPath);
@@ -102,8 +102,7 @@ bool FindArchiveModels(Drafting& drafting) {
 
 void FindAddOnModels(Drafting& drafting) {
   std::vector<std::string> names;
-  for (const auto& [name, item] :
-       NamesIn(drafting.host.files, drafting.installation.ProgramPath + addOnShipsFolder).items) {
+  for (const auto& [name, item] : NamesIn(drafting.host.files, drafting.installation.addOnModelsFolder()).items) {
     if (ExtensionOf(item.spelling) == "shp") names.push_back(item.spelling);
   }
   std::sort(names.begin(), names.end());
@@ -160,7 +159,7 @@ void ReadModel(ModelReader& reader, DraftedShip& ship) {
 /// Reads all models.
 /// @return false when the person stopped it
 bool ReadModels(Drafting& drafting) {
-  const std::string hogPath = drafting.installation.GamePath + "resource.hog";
+  const std::string hogPath = drafting.installation.archivePath();
   File hog(drafting.host.files, hogPath, OpenFor::reading);
   Files& files = drafting.host.files;
   for (std::size_t i = 0; i < drafting.models.size(); ++i) {
@@ -172,9 +171,8 @@ bool ReadModels(Drafting& drafting) {
     ship.ship.file = model.file;
     // One damaged model must not hold up the others.
     try {
-      ModelReader reader = model.addOn
-                               ? ModelReader(files, drafting.installation.ProgramPath + addOnShipsFolder + model.file)
-                               : ModelReader(model.file, ContentOf(hog, model.entry, largestModel));
+      ModelReader reader = model.addOn ? ModelReader(files, drafting.installation.addOnModelPath(model.file))
+                                       : ModelReader(model.file, ContentOf(hog, model.entry, largestModel));
       ReadModel(reader, ship);
     } catch (const RunTimeError& error) {
       Comment(ship, "damaged model: " + error.reason);
@@ -203,7 +201,7 @@ std::string InWords(const StatsMatch& match, const std::vector<std::string>& blo
 /// Gives the archive's ships their statistics.
 /// @return the names of the blocks
 std::vector<std::string> FindStats(Drafting& drafting, std::vector<StatsMatch>& matches) {
-  const std::string path = drafting.installation.GamePath + "shipstats.bin";
+  const std::string path = drafting.installation.statsPath();
   std::vector<std::string> blocks;
   try {
     blocks = BlockNames(drafting.host.files, path);

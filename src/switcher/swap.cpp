@@ -22,7 +22,7 @@ constexpr const char* unswapTitle = "cmdUnSwap_Click()";
 constexpr int strongGunKind = 2;  // stock ships of this kind lend better guns to what they replace
 
 std::string BackupPath(const Installation& installation, const ShipRecord& ship) {
-  return installation.GamePath + "ships\\" + BackupOf(ship);
+  return installation.modelPath(BackupOf(ship));
 }
 
 bool Known(const Installation& installation, int index) {
@@ -82,7 +82,7 @@ void UnpackMissing(Host& host, const Installation& installation, const ShipRecor
 }
 
 void ProvideSource(Host& host, const Installation& installation, const ShipRecord& source) {
-  if (FileExists(host.files, ModelPath(installation, source))) return;
+  if (FileExists(host.files, installation.modelPath(ModelOf(source)))) return;
   if (source.Imported) {
     // The swap goes on all the same, and the copy fails: meant.
     Show(host, "Error - imported ship '" + ModelOf(source) + "' not found", Icon::none);
@@ -99,12 +99,12 @@ std::string SourcePath(Files& files, const std::string& modelPath) {
 
 /// Moves one part's stock model aside, unless a backup has it already, and puts the source's model in its place.
 void ReplaceModel(Host& host, const Installation& installation, const ShipRecord& part, const ShipRecord& source) {
-  const std::string model = ModelPath(installation, part);
+  const std::string model = installation.modelPath(ModelOf(part));
   const std::string backup = BackupPath(installation, part);
   if (!FileExists(host.files, model)) UnpackMissing(host, installation, part);
   // A ship whose model is nowhere has nothing to come back to: the renaming fails before another model takes its place.
   if (!FileExists(host.files, backup)) RenameOver(host.files, model, backup);
-  const std::string from = SourcePath(host.files, ModelPath(installation, source));
+  const std::string from = SourcePath(host.files, installation.modelPath(ModelOf(source)));
   // Without anything to copy, an earlier swap's model must not stay: the copy fails and says so.
   if (!FileExists(host.files, from) && FileExists(host.files, model)) EraseFile(host.files, model);
   CopyWhole(host.files, from, model);
@@ -113,7 +113,7 @@ void ReplaceModel(Host& host, const Installation& installation, const ShipRecord
 /// The statistics that a source brings along. False when they cannot be read.
 bool SourceStats(Host& host, const Installation& installation, const ShipRecord& source, ShipStats& stats) {
   const bool fromDefaults = source.Imported || source.Changed;
-  std::string path = installation.GamePath + (fromDefaults ? "shipstats.def" : "shipstats.bin");
+  std::string path = fromDefaults ? installation.defaultsPath() : installation.statsPath();
   if (!GetShipsStats(host, path, IndexIn(source.StatsIndex), stats)) return false;
   if (!source.Imported && WholeNumber(source.ShipKind) == strongGunKind) {
     stats.values[gunEnergyField] += 50.0F;
@@ -125,15 +125,15 @@ bool SourceStats(Host& host, const Installation& installation, const ShipRecord&
 void CopyStats(SwapDesk& desk, int target, const ShipRecord& source) {
   ShipStats stats;
   if (!SourceStats(desk.host, desk.installation, source, stats)) return;
-  std::string current = desk.installation.GamePath + "shipstats.bin";
+  std::string current = desk.installation.statsPath();
   for (const std::size_t part : PartIndices(desk.installation, target)) {
     PutShipsStats(desk.host, current, IndexIn(desk.installation.ships[part].StatsIndex), stats);
   }
 }
 
 void RestoreStats(SwapDesk& desk, int target) {
-  std::string current = desk.installation.GamePath + "shipstats.bin";
-  std::string defaults = desk.installation.GamePath + "shipstats.def";
+  std::string current = desk.installation.statsPath();
+  std::string defaults = desk.installation.defaultsPath();
   for (const std::size_t part : PartIndices(desk.installation, target)) {
     const int index = IndexIn(desk.installation.ships[part].StatsIndex);
     ShipStats stats;
@@ -156,7 +156,7 @@ void TakeAway(Files& files, const Installation& installation, const std::string&
 /// Puts one part's own model back: from its backup, else from the archive. Without either nothing stays in its place.
 /// @param source the model that the part was changed to
 void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part, const std::string& source) {
-  const std::string model = ModelPath(installation, part);
+  const std::string model = installation.modelPath(ModelOf(part));
   const std::string backup = BackupPath(installation, part);
   if (FileExists(host.files, backup)) {
     RenameOver(host.files, backup, model);
@@ -198,7 +198,7 @@ void Swap(SwapDesk& desk, int target, int source, const std::function<void()>& l
 /// The steps that put a changed ship back: catalogue, models, statistics.
 void PutBack(SwapDesk& desk, int target, const std::function<void()>& listed) {
   const ShipRecord& ship = desk.installation.ships[static_cast<std::size_t>(target)];
-  const std::string source = desk.installation.GamePath + "ships\\" + ship.ChangedToFile.Trimmed();
+  const std::string source = desk.installation.modelPath(ship.ChangedToFile.Trimmed());
   WriteNoChange(desk, target);
   listed();
   for (const std::size_t part : PartIndices(desk.installation, target)) {
@@ -228,7 +228,7 @@ int SelectedShip(const ListView& list) {
 }  // namespace
 
 bool CatalogueThere(Host& host, const Installation& installation, const char* title) {
-  if (FileExists(host.files, installation.ProgramPath + catalogueName)) return true;
+  if (FileExists(host.files, installation.cataloguePath())) return true;
   Show(host, "Error - ships.dat not found - Reinstall", Icon::exclamation, title);
   return false;
 }

@@ -15,12 +15,12 @@ namespace {
 
 /// The most bytes that a ship's model takes, whether it is loose or has to be unpacked first.
 std::uint64_t ModelSize(Files& files, const Installation& installation, const ShipRecord& ship) {
-  const std::string folder = installation.GamePath + "ships\\";
+  const std::string folder = installation.modelsFolder();
   const std::uint64_t loose =
       std::max(FileLength(files, folder + ModelOf(ship)), FileLength(files, folder + BackupOf(ship)));
   if (loose > 0) return loose;
   try {
-    File hog(files, installation.GamePath + "resource.hog", OpenFor::reading);
+    File hog(files, installation.archivePath(), OpenFor::reading);
     return UnpackedSize(hog, Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset));
   } catch (const RunTimeError&) {
     return 0;  // an archive that cannot be read is told of where the model is unpacked
@@ -28,14 +28,14 @@ std::uint64_t ModelSize(Files& files, const Installation& installation, const Sh
 }
 
 void AddModel(WritePlan& plan, const Installation& installation, const ShipRecord& ship) {
-  plan.files.push_back(installation.GamePath + "ships\\" + ModelOf(ship));
-  plan.files.push_back(installation.GamePath + "ships\\" + BackupOf(ship));
+  plan.files.push_back(installation.modelPath(ModelOf(ship)));
+  plan.files.push_back(installation.modelPath(BackupOf(ship)));
 }
 
 WritePlan CommonPlan(const Installation& installation) {
   WritePlan plan;
-  plan.files = {installation.ProgramPath + catalogueName, installation.GamePath + "shipstats.bin"};
-  plan.folders = {installation.GamePath + "ships\\"};
+  plan.files = {installation.cataloguePath(), installation.statsPath()};
+  plan.folders = {installation.modelsFolder()};
   return plan;
 }
 
@@ -48,8 +48,7 @@ WritePlan PlanSwap(Files& files, const Installation& installation, int target, i
   const std::uint64_t sourceSize = ModelSize(files, installation, by);
   NeedRoom(plan, installation.GamePath, sourceSize);
   // A source that only the archive has is unpacked first, and an older backup of it is deleted.
-  if (!by.Imported && !FileExists(files, installation.GamePath + "ships\\" + ModelOf(by)))
-    AddModel(plan, installation, by);
+  if (!by.Imported && !FileExists(files, installation.modelPath(ModelOf(by)))) AddModel(plan, installation, by);
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
     NeedRoom(plan, installation.GamePath, sourceSize + ModelSize(files, installation, installation.ships[part]));
@@ -63,8 +62,9 @@ WritePlan PlanUnswap(Files& files, const Installation& installation, int target)
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
     // Where the archive does not have the model either, what lies in its place may have to be kept.
-    if (!FileExists(files, installation.GamePath + "ships\\" + BackupOf(installation.ships[part]))) {
-      NeedRoom(plan, installation.ProgramPath, FileLength(files, ModelPath(installation, installation.ships[part])));
+    if (!FileExists(files, installation.modelPath(BackupOf(installation.ships[part])))) {
+      NeedRoom(plan, installation.ProgramPath,
+               FileLength(files, installation.modelPath(ModelOf(installation.ships[part]))));
     }
     NeedRoom(plan, installation.GamePath, ModelSize(files, installation, installation.ships[part]));
   }

@@ -35,7 +35,7 @@ std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalSh
 }
 
 bool Capital(Host& host, const Installation& installation, const ShipRecord& ship) {
-  return IsCapitalShip(host, installation.GamePath + "ships\\" + ModelOf(ship));
+  return IsCapitalShip(host, installation.modelPath(ModelOf(ship)));
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ SwitcherTab NewSwitcherTab() {
 }
 
 bool IsImportedCapital(Host& host, const Installation& installation, const ShipRecord& ship) {
-  return FileExists(host.files, installation.GamePath + "ships\\" + ModelOf(ship)) && Capital(host, installation, ship);
+  return FileExists(host.files, installation.modelPath(ModelOf(ship))) && Capital(host, installation, ship);
 }
 
 int ImageOfImported(bool capital) { return capital ? importedCapitalImage : importedFighterImage; }
@@ -106,10 +106,9 @@ void ViewModel(Files& files, const ListView& list, const Installation& installat
   const auto row = SelectedRow(list);
   const int index = row ? IndexOfKey(list.rows[*row].key) : -1;
   if (index < 0 || static_cast<std::size_t>(index) >= installation.ships.size()) return;
-  const std::string viewer = installation.GamePath + "sltool.exe";
+  const std::string viewer = installation.viewerPath();
   if (!FileExists(files, viewer)) return;
-  const std::string model =
-      installation.GamePath + "ships\\" + ModelOf(installation.ships[static_cast<std::size_t>(index)]);
+  const std::string model = installation.modelPath(ModelOf(installation.ships[static_cast<std::size_t>(index)]));
   platform::StartProgram(platform::AsWord(viewer) + " " + platform::AsWord(model));
 }
 

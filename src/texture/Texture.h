@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/bytes.h"
+#include "catalogue/installation.h"
 #include "desk/host.h"
 
 /// The game's texture cache, `tcachehw.dat`. Numbers are 32-bit, signed and little-endian.
@@ -56,9 +57,6 @@ inline constexpr std::size_t longestTextureName = 30;
 
 inline constexpr std::int32_t paletteFormat = 1;  ///< 8-bit pixels: indices of a palette that the cache does not hold
 inline constexpr std::int32_t colourFormat = 2;   ///< 16-bit pixels: 5 bits red, 6 green, 5 blue
-
-/// The cache's name in the game folder.
-inline constexpr const char* tcacheName = "tcachehw.dat";
 
 /// The begin of a slot's entry in the file.
 constexpr std::uint64_t TcacheEntryOffset(int slot) {

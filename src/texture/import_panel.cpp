@@ -36,7 +36,7 @@ bool ShowInfo(Host& host, ImportTexturePanel& panel, const std::string& path, Bm
 
 bool ImportFighter(Host& host, const Installation& installation, const std::string& bitmap, const std::string& name) {
   const std::string& folder = installation.ProgramPath;
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   const std::string maps = folder + loadoutMapsName;
   const WorkFiles work(host.files, {folder + "import", folder + "gimport"});
   if (!ConvertFighterText(host, bitmap, folder + "import", folder)) return false;
@@ -105,9 +105,8 @@ void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Install
     panel.nameTakesFocus = true;
     return;
   }
-  const bool imported = panel.chkForFighter.checked
-                            ? ImportFighter(host, installation, bitmap, name)
-                            : ImportTexture(host, installation.GamePath + tcacheName, bitmap, name, info);
+  const bool imported = panel.chkForFighter.checked ? ImportFighter(host, installation, bitmap, name)
+                                                    : ImportTexture(host, installation.cachePath(), bitmap, name, info);
   if (imported) ShowSuccess(host, "Textured imported successfully!", Icon::exclamation);
 }
 

@@ -6,13 +6,13 @@
 #include <span>
 #include <string>
 
+#include "catalogue/installation.h"
 #include "desk/host.h"
 
 /// The maps of `gloadconv.dat` in the program folder: 2048 bytes, eight maps of 256. Map k gives, for each palette
 /// index v of image k of a fighter's chain, the index in the loadout screen's palette: the byte at 256 * k + v.
 namespace oravin {
 
-inline constexpr const char* loadoutMapsName = "gloadconv.dat";
 inline constexpr std::size_t loadoutLevels = 8;
 inline constexpr std::size_t coloursPerLevel = 256;
 

@@ -77,7 +77,7 @@ void ExtractSelected(Host& host, TcacheTab& tab, const Installation& installatio
       continue;
     }
     const std::string target = run.folder + FileNameFor(run, tab.table, name);
-    const std::string lender = installation.ProgramPath + TemplateFor(tab.table, name);
+    const std::string lender = installation.programFile(TemplateFor(tab.table, name));
     ExtractTexture(host.files, tab.openCache, *entry, lender, target, run.headerSize);
   }
 }
@@ -107,7 +107,7 @@ bool ExtractForPainting(Host& host, const TcacheTab& tab, const Installation& in
   }
   return Trap(host, "lstTcache_DblClick()", [&] {
     std::size_t headerSize = 0;
-    const std::string lender = installation.ProgramPath + TemplateFor(tab.table, entry.name);
+    const std::string lender = installation.programFile(TemplateFor(tab.table, entry.name));
     ExtractTexture(host.files, tab.openCache, entry, lender, target, headerSize);
   });
 }
@@ -137,7 +137,7 @@ void lstTcache_DblClick(Host& host, TcacheTab& tab, const Installation& installa
   const auto row = SelectedRow(tab.lstTcache);
   const TcacheEntry* entry = row ? EntryOfRow(tab, tab.lstTcache.rows[*row]) : nullptr;
   if (entry == nullptr) return;
-  const std::string target = installation.ProgramPath + "temp.bmp";
+  const std::string target = installation.paintedPath();
   if (!ExtractForPainting(host, tab, installation, *entry, target)) return;
   if (platform::StartProgram(std::string(paintProgram) + " \"" + target + "\"")) return;
   Show(host, "The bitmap could not be opened. It is this file:\n" + target, Icon::exclamation);

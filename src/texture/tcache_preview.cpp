@@ -16,7 +16,7 @@ const TcacheEntry* TextureOf(const TcacheTab& tab, const ListRow& row) {
 }
 
 std::string TemplateOf(const TcacheTab& tab, const Installation& installation, const TcacheEntry& entry) {
-  return installation.ProgramPath + TemplateFor(tab.table, entry.name);
+  return installation.programFile(TemplateFor(tab.table, entry.name));
 }
 
 void ShowImage(Host& host, TcacheTab& tab, const Installation& installation, int image) {

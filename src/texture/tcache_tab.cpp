@@ -199,7 +199,7 @@ void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& in
   const std::string oldName = Trim(tab.table[index].name);
   const auto keep = [&] { SetText(tab.lstTcache, row, 0, oldName); };
   const std::string newName = Trim(Trim(text).substr(0, longestTextureName));
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   keep();
   if (newName.empty()) {
     Show(host, "Enter name for texture", Icon::exclamation);
@@ -238,7 +238,7 @@ void cmdRestoreTCACHE_Click(Host& host, const Installation& installation) {
   if (!AskYesNo(host, "This should remove all textures that you have added.\nAre you sure that you want to do this?")) {
     return;
   }
-  const std::string cache = installation.GamePath + tcacheName;
+  const std::string cache = installation.cachePath();
   WritePlan plan;
   plan.files = {cache};
   if (FolderExists(host.files, installation.GamePath)) {
