@@ -93,10 +93,17 @@ void cmdDisable_Click(Main& main) {
   const bool forget = (restored || !FileExists(main.host.files, installation.archivePath())) && ForgetCatalogue(main);
   RestoreTcacheFile(main.host, installation.cachePath());
   main.stats.lblWeapons.caption = "Weapons:";
-  if (forget) Trap(main.host, "cmdDisable_Click()", [&] { PutKeptModelsBack(main.host.files, installation); });
+  const bool back =
+      forget && Trap(main.host, "cmdDisable_Click()", [&] { PutKeptModelsBack(main.host.files, installation); });
   EndProgress(main.host);
-  if (forget) {
+  if (back) {
     ShowSuccess(main.host, "Restoration complete", Icon::information);
+  } else if (forget) {
+    Show(main.host,
+         "The game's files are restored, but not all of your own models could be put back, as the message before this "
+         "one says. They are kept in\n" +
+             KeptModelsFolder(installation) + "\nPut that right and use \"Disable / Restore\" again.",
+         Icon::exclamation);
   } else {
     Show(main.host,
          "Not everything could be restored, as the messages before this one say. Put that right and use \"Disable / "

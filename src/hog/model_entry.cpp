@@ -1,5 +1,6 @@
 #include "hog/model_entry.h"
 
+#include "base/run_time_error.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
 #include "hog/disguise.h"
@@ -45,15 +46,21 @@ bool IsDisguised(const std::string& model, const HogTable& live) {
 }
 
 std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, const ShipRecord& ship) {
-  if (Unsigned32(ship.HogFatPos) == 0) return std::nullopt;
-  if (RecordHolds(host.files, hogPath, ship)) {
+  const bool known = Unsigned32(ship.HogFatPos) != 0;
+  if (known && RecordHolds(host.files, hogPath, ship)) {
     return HogEntry{ModelOf(ship), Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset), Unsigned32(ship.HogFatPos)};
   }
   std::string path = hogPath;
   std::vector<HogEntry> entries;
-  GetHogData(host, path, entries);
+  // An archive whose table cannot be read may well hold the model: that is not the same as one without it.
+  if (GetHogData(host, path, entries) == 0) {
+    throw RunTimeError("could not look for " + ModelOf(ship) + " in", hogPath, "its table cannot be read");
+  }
   const HogTable live = TableOf(std::move(entries));
-  return FindModel(ModelOf(ship), live, {});
+  if (known) return FindModel(ModelOf(ship), live, {});
+  // A model that was in the archive nowhere has no disguised name of its own there.
+  const HogEntry* found = FirstNamed(live, ModelOf(ship));
+  return found == nullptr ? std::nullopt : std::optional(*found);
 }
 
 }  // namespace oravin

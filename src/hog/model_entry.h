@@ -28,8 +28,9 @@ bool IsDisguised(const std::string& model, const HogTable& live);
 /// The live entry of a ship whose record says where it was: the record's own, as long as the entry at its HogFatPos is
 /// still this ship's (plain or disguised) with the same offset and size; otherwise the model is looked up anew.
 /// @param hogPath the live archive
-/// @return nothing when the record has no entry or the archive no longer holds the model
-/// @throws RunTimeError when the archive cannot be read
+/// A record without an entry is looked up by its plain name: a patch may have brought the model.
+/// @return nothing when the archive does not hold the model
+/// @throws RunTimeError when the archive or its table cannot be read
 std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, const ShipRecord& ship);
 
 }  // namespace oravin

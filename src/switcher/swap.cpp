@@ -1,5 +1,7 @@
 #include "switcher/swap.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -153,9 +155,23 @@ void TakeAway(Files& files, const Installation& installation, const std::string&
   }
 }
 
-/// Puts one part's own model back: from its backup, else from the archive. Without either nothing stays in its place.
+/// True when a ship outside of these records has the same model file and flies as itself: then what lies there is its
+/// own model.
+bool IsAnothersOwn(const Installation& installation, const std::vector<std::size_t>& parts, const std::string& model) {
+  for (std::size_t i = 0; i < installation.ships.size(); ++i) {
+    const ShipRecord& ship = installation.ships[i];
+    const bool other = std::find(parts.begin(), parts.end(), i) == parts.end();
+    if (other && !IsInert(ship) && !ship.Changed && SameName(ModelOf(ship), model)) return true;
+  }
+  return false;
+}
+
+/// Puts one part's own model back: from its backup, else from the archive. Without either nothing stays in its place
+/// but what is another ship's own.
+/// @param parts the records of the ship
 /// @param source the model that the part was changed to
-void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part, const std::string& source) {
+void PutModelBack(Host& host, const Installation& installation, const ShipRecord& part,
+                  const std::vector<std::size_t>& parts, const std::string& source) {
   const std::string model = installation.modelPath(ModelOf(part));
   const std::string backup = BackupPath(installation, part);
   if (FileExists(host.files, backup)) {
@@ -164,7 +180,11 @@ void PutModelBack(Host& host, const Installation& installation, const ShipRecord
   }
   bool nowhere = false;
   UnpackShip(host, installation.GamePath, part, ModelOf(part), &nowhere);
-  if (nowhere) TakeAway(host.files, installation, model, source);
+  if (!nowhere || IsAnothersOwn(installation, parts, ModelOf(part))) return;
+  // The source may have a file of the very same name.
+  if (!IsSameFile(host.files, model, SourcePath(host.files, source))) {
+    TakeAway(host.files, installation, model, source);
+  }
 }
 
 /// The stats tab's list, and the selected ship's statistics and weapons, which may be others now.
@@ -201,8 +221,15 @@ void PutBack(SwapDesk& desk, int target, const std::function<void()>& listed) {
   const std::string source = desk.installation.modelPath(ship.ChangedToFile.Trimmed());
   WriteNoChange(desk, target);
   listed();
-  for (const std::size_t part : PartIndices(desk.installation, target)) {
-    PutModelBack(desk.host, desk.installation, desk.installation.ships[part], source);
+  const std::vector<std::size_t> parts = PartIndices(desk.installation, target);
+  std::vector<std::string> done;
+  for (const std::size_t index : parts) {
+    const ShipRecord& part = desk.installation.ships[index];
+    // Two parts may share a file, which is put back once.
+    const auto same = [&](const std::string& model) { return SameName(model, ModelOf(part)); };
+    if (std::any_of(done.begin(), done.end(), same)) continue;
+    done.push_back(ModelOf(part));
+    PutModelBack(desk.host, desk.installation, part, parts, source);
   }
   RestoreStats(desk, target);
 }

@@ -91,7 +91,8 @@ TEST(ImportShips, RenameInPlaceIsSeenByTheSwitcher) {
   ASSERT_TRUE(RowsBecome(session, importedList, With(addOns, {"Locust", "Wasp", "Raptor"})));
   EXPECT_TRUE(SaveScreenshot(session.desktop, "import_renamed"));
   ASSERT_TRUE(ChooseTab(session, "Switcher"));
-  EXPECT_EQ(RowOf(session, "switcher.swapOrgList", "Sabrewing")["texts"][1], "--->Wasp");
+  EXPECT_TRUE(
+      Eventually([&] { return RowOf(session, "switcher.swapOrgList", "Sabrewing")["texts"][1] == "--->Wasp"; }));
 }
 
 TEST(ImportShips, SelectedAreRemovedWithTheirTextures) {

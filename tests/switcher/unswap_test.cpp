@@ -217,6 +217,53 @@ TEST_F(Unswapping, WhereTheArchiveCannotBeReadTheOtherModelStays) {
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
 }
 
+TEST_F(Unswapping, WhereTheArchivesTableIsDamagedTheOtherModelStays) {
+  std::filesystem::remove(stage.Backup(alpha));
+  Bytes archive = ReadFileAt(stage.files.Game("resource.hog"));
+  std::fill(archive.begin() + 8, archive.begin() + 12, std::uint8_t{0xFF});  // the count
+  std::fill(archive.begin() + 16, archive.end(), std::uint8_t{0});
+  WriteFileAt(stage.files.Game("resource.hog"), archive);
+  stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
+  for (const Message& box : stage.desk.shown) EXPECT_EQ(box.text.find("was not found"), std::string::npos);
+}
+
+TEST_F(Unswapping, AModelThatAPatchBroughtAfterEnableIsFoundByItsName) {
+  std::filesystem::remove(stage.Backup(alpha));
+  stage.Record(alpha).HogFatPos = Int32Value(0);
+  PatchFileAt(stage.files.Game("resource.hog"),
+              static_cast<std::uint64_t>(WholeNumber(stage.RecordOnDisk(alpha).HogFatPos)) + 8, BytesOf("alp"));
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(alpha));
+}
+
+TEST_F(Unswapping, AModelThatAnotherShipFliesAsItselfIsNotTakenAway) {
+  LoseStock(alpha);
+  stage.Record(fireA).ShipFile.Set("ALPHA.shp");
+  ExpectNotFound("alpha.shp");
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta)) << "it is the other ship's by now";
+  EXPECT_FALSE(exists(stage.files.Program("backup/ships")));
+}
+
+TEST_F(Unswapping, AModelThatBothPartsShareIsPutBackOnce) {
+  for (const int part : {tiger, tigerVariant}) LoseEntry(part);
+  std::filesystem::remove(stage.Backup(tigerVariant));
+  stage.Record(tigerVariant).ShipFile.Set(ModelOf(stage.Record(tiger)));
+  UnswapShip(stage.swapDesk, "TIGER");
+  EXPECT_EQ(ReadFileAt(stage.Model(tiger)), stage.ModelBytes(tiger));
+  EXPECT_FALSE(exists(stage.files.Program("backup/ships")));
+}
+
+TEST_F(Unswapping, ASourceOfTheVerySameFileIsNotDeleted) {
+  LoseStock(alpha);
+  stage.Record(alpha).ChangedToFile.Set("alpha.shp");
+  ExpectNotFound("alpha.shp");
+  UnswapShip(stage.swapDesk, "ALPHA");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
+}
+
 TEST_F(Unswapping, WithoutTheDefaultsTheStatisticsStay) {
   std::filesystem::remove(stage.files.Game("shipstats.def"));
   const Bytes before = ReadFileAt(stage.files.Game("shipstats.bin"));
