@@ -159,12 +159,13 @@ TEST(LookAt, TellsWhenAFileWasChanged) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("file"), "abc");
   const std::int64_t written = LookAt(folder.Windows("file")).facts.modified;
-  constexpr std::int64_t secondsOf2020 = 1577836800;
-  EXPECT_GT(written, secondsOf2020 * 1000000000);
+  constexpr std::int64_t second = 1000000000;
+  constexpr std::int64_t startOf2020 = 1577836800 * second;
+  EXPECT_GT(written, startOf2020);
   std::filesystem::last_write_time(folder.Native("file"),
                                    std::filesystem::last_write_time(folder.Native("file")) - std::chrono::hours(1));
-  constexpr std::int64_t hour = std::int64_t{3600} * 1000000000;
-  EXPECT_EQ(LookAt(folder.Windows("file")).facts.modified, written - hour);
+  // Some libraries set whole seconds alone.
+  EXPECT_EQ(LookAt(folder.Windows("file")).facts.modified / second, (written - 3600 * second) / second);
 }
 
 TEST(LookCloselyAt, TwoNamesOfOneFileHaveOneIdentity) {
