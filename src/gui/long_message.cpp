@@ -18,9 +18,6 @@ namespace oravin::gui {
 
 namespace {
 
-/// So many lines, the title and the buttons fit on a screen of 600 pixels at 100 %.
-constexpr std::ptrdiff_t mostLines = 28;
-
 /// A button with the answer that it stands for.
 using Choice = std::pair<int, Answer>;
 
@@ -108,8 +105,6 @@ void ScrollByKey(wxTextCtrl& text, wxKeyEvent& event) {
 }
 
 }  // namespace
-
-bool IsLong(const Message& box) { return std::count(box.text.begin(), box.text.end(), '\n') >= mostLines; }
 
 Answer ShowLongMessage(wxWindow* owner, const Message& box) {
   wxDialog dialog(owner, wxID_ANY, ToScreen(box.title), wxDefaultPosition, wxDefaultSize,

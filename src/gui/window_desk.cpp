@@ -5,6 +5,7 @@
 #include <wx/filedlg.h>
 #include <wx/textbuf.h>
 
+#include "desk/message_length.h"
 #include "gui/layout_file.h"
 #include "gui/long_message.h"
 #include "gui/native_dialogs.h"

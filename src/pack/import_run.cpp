@@ -45,19 +45,19 @@ struct Run {
   bool warned = false;  ///< of 24-bit images
   std::vector<PackShip> imported;
   std::vector<std::string> failed;   ///< the names of the others, as far as the run has come
-  std::vector<std::string> reasons;  ///< why some of them failed, for the result message; a sentence each
+  std::vector<std::string> reasons;  ///< why some of them failed, for the result message; each with its path below it
   bool allImported = true;
 };
 
 /// Copies a file to the add-ons; one that stays as it is because it is another file becomes a note.
 void AddToAddOns(Run& run, const std::string& from, const char* folder, const std::string& name) {
   if (!IsPlainFileName(name)) {
-    run.batch.notes.push_back("The file " + from + " has no name under which it could be kept with the add-ons.");
+    run.batch.notes.push_back("This file has no name under which it could be kept with the add-ons:\n" + from);
     return;
   }
   const std::string to = run.installation.programFile(folder + name);
   if (AddCopy(run.host.files, run.batch, from, to)) return;
-  run.batch.notes.push_back("This add-on is another file and was left as it is: " + to);
+  run.batch.notes.push_back("This add-on is another file and was left as it is:\n" + to);
 }
 
 /// True when the ship's bitmaps can be kept with the add-ons. A texture is found by its bitmap's name, so another
@@ -69,7 +69,7 @@ bool BitmapsCanBeKept(Run& run, const NewShip& ship) {
     const std::string to = run.installation.addOnBitmapPath(name);
     if (!IsPlainFileName(name) || CanBeCopied(run.host.files, run.batch, texture.bitmap, to)) continue;
     run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() +
-                          "' needs another bitmap than this add-on, which was left as it is: " + to);
+                          "' needs another bitmap than this add-on, which was left as it is:\n" + to);
     all = false;
   }
   return all;

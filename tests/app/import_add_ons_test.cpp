@@ -72,10 +72,10 @@ TEST_F(Importing, AnotherBitmapAmongTheAddOnsMakesTheShipFailAndTheOthersStay) {
   }
   MakePack("pack\n\\hawk.shp,hawk,\n\\kite.shp,kite,\n");
   const std::string folder = installation.programPath + "addons\\textures\\";
-  ExpectErrors(
-      {"hawk"},
-      "\n\nThe ship 'hawk' needs another bitmap than this add-on, which was left as it is: " + folder + "red.bmp" +
-          "\nThe ship 'hawk' needs another bitmap than this add-on, which was left as it is: " + folder + "grey.bmp");
+  ExpectErrors({"hawk"}, "\n\nThe ship 'hawk' needs another bitmap than this add-on, which was left as it is:\n" +
+                             folder + "red.bmp" +
+                             "\nThe ship 'hawk' needs another bitmap than this add-on, which was left as it is:\n" +
+                             folder + "grey.bmp");
   ImportAll("ships.pak");
   expected.Import(kite, {blue});
   Compare("the import");
@@ -96,7 +96,7 @@ TEST_F(Importing, OfTwoShipsOfARunWithDifferentBitmapsOfOneNameTheSecondFails) {
   WriteFileAt(New("sub/kite.shp"), model);
   WriteFileAt(New("sub/red.bmp"), Bitmap(4, 4, 8, blue.pixels));
   MakePack("pack\n\\hawk.shp,hawk,\n\\sub\\kite.shp,kite,\n");
-  ExpectErrors({"kite"}, "\n\nThe ship 'kite' needs another bitmap than this add-on, which was left as it is: " +
+  ExpectErrors({"kite"}, "\n\nThe ship 'kite' needs another bitmap than this add-on, which was left as it is:\n" +
                              installation.programPath + "addons\\textures\\red.bmp");
   ImportAll("ships.pak");
   expected.Import(hawk, {red});
