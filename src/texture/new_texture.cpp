@@ -67,8 +67,8 @@ bool CanBeAddedTo(const TcacheBytes& cache) {
   return true;
 }
 
-bool HasRoomFor(const TcacheBytes& cache, const NewTexture& texture) {
-  return static_cast<std::uint64_t>(cache.dataEnd) + texture.reserved <= 0x7FFFFFFF;
+bool HasRoomFor(const TcacheBytes& cache, std::uint64_t reserved) {
+  return static_cast<std::uint64_t>(cache.dataEnd) + reserved <= 0x7FFFFFFF;
 }
 
 void AddEntry(TcacheBytes& cache, const NewTexture& texture) {
@@ -82,7 +82,7 @@ void AddEntry(TcacheBytes& cache, const NewTexture& texture) {
 
 void AddPixels(File& file, TcacheBytes& cache, const NewTexture& texture) {
   const auto at = static_cast<std::uint64_t>(cache.dataEnd);
-  if (!HasRoomFor(cache, texture)) {
+  if (!HasRoomFor(cache, texture.reserved)) {
     throw RunTimeError("could not write", file.path, "it would become too large");
   }
   Put(file, at, texture.pixels);

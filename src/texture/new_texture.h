@@ -28,8 +28,9 @@ NewTexture MakeTexture(const std::string& name, const BmpInfo& info, Bytes pixel
 /// True when something could be written at the data end without writing over the table or a texture.
 bool CanBeAddedTo(const TcacheBytes& cache);
 
-/// True when the data end behind the texture would fit 32 signed bits.
-bool HasRoomFor(const TcacheBytes& cache, const NewTexture& texture);
+/// True when the data end would fit 32 signed bits after textures were added.
+/// @param reserved how far they move the data end together, in bytes
+bool HasRoomFor(const TcacheBytes& cache, std::uint64_t reserved);
 
 /// Adds a texture's entry to the table in memory alone, with count and data end.
 /// @param cache has a free slot, and room for the texture

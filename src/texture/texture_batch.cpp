@@ -36,9 +36,10 @@ bool ProvideMaps(Host& host, TextureBatch& batch) {
 /// Adds textures, all or none.
 void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture>& textures) {
   if (batch.counting) {
-    for (const NewTexture& texture : textures) {
-      if (HasRoomFor(batch.cache, texture)) AddEntry(batch.cache, texture);
-    }
+    std::uint64_t reserved = 0;
+    for (const NewTexture& texture : textures) reserved += texture.reserved;
+    if (!HasRoomFor(batch.cache, reserved)) return;
+    for (const NewTexture& texture : textures) AddEntry(batch.cache, texture);
     return;
   }
   const BatchMark mark = MarkOf(batch);

@@ -374,6 +374,22 @@ TEST_F(TheBatch, DoesNotBeginOnAMissingOrDamagedCache) {
   EXPECT_TRUE(SameBytes(damaged, Now()));
 }
 
+TEST_F(TheBatch, CountsATextureAndItsCompanionTogetherOrNotAtAll) {
+  const Bytes before = Cache(426);
+  Make(before);
+  for (const bool room : {false, true}) {
+    ASSERT_TRUE(Begin());
+    batch.counting = true;
+    const std::int32_t end = 0x7FFFFFFF - (room ? 64 : 63);
+    batch.cache.dataEnd = end;
+    Add("hull", "8.bmp");
+    EXPECT_EQ(batch.cache.count, room ? 428 : 426);
+    EXPECT_EQ(SlotsIn(batch.cache), room ? 428 : 426);
+    EXPECT_EQ(batch.cache.dataEnd, room ? 0x7FFFFFFF : end);
+    EXPECT_TRUE(SameBytes(before, Now()));
+  }
+}
+
 TEST_F(TheBatch, AFailedWriteTakesTheTextureBack) {
   const Bytes before = Cache(426);
   Make(before);
