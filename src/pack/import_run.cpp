@@ -75,7 +75,7 @@ bool BitmapsCanBeKept(Run& run, const NewShip& ship) {
   return all;
 }
 
-/// Writes what a ship needs; false when one of its textures is refused.
+/// Writes what a ship needs; false when one of its textures is refused, or a place is another file's after all.
 bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   Files& files = run.host.files;
   if (!BitmapsCanBeKept(run, ship)) return false;
@@ -86,8 +86,12 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   }
   const std::string model = ModelOf(ship.record);
   const std::string loose = run.installation.modelPath(model);
-  AddCopy(files, run.batch, checked.ship.modelPath, loose);
-  AddCopy(files, run.batch, checked.ship.modelPath, ChangeExtension(loose, ".bak"));
+  for (const std::string& place : {loose, ChangeExtension(loose, ".bak")}) {
+    if (AddCopy(files, run.batch, checked.ship.modelPath, place)) continue;
+    run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() +
+                          "' needs the place of another file: " + place);
+    return false;
+  }
   AddToAddOns(run, checked.ship.modelPath, addOnShipsFolder, model);
   for (const NewShipTexture& texture : ship.textures) {
     AddToAddOns(run, texture.bitmap, addOnTexturesFolder, texture.name + ".bmp");

@@ -71,38 +71,72 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
   return true;
 }
 
+/// The text of statistics that comes with a model; empty when there is none.
+std::string TextBeside(Files& files, const std::string& modelPath) {
+  std::string text = ChangeExtension(modelPath, ".txt");
+  return FileExists(files, text) ? text : std::string();
+}
+
+/// The path of the text of statistics that the next Enable takes for a model of that file name.
+std::string AddOnText(const Installation& installation, const std::string& name) {
+  return installation.addOnStatsPath(ChangeExtension(name, ".txt"));
+}
+
 /// @param name of the model's file among the add-ons: the text of another name is another ship's
 void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, const std::string& name,
                NewShip& ship) {
-  const std::string beside = ChangeExtension(modelPath, ".txt");
-  const std::string added = installation.addOnStatsPath(ChangeExtension(name, ".txt"));
-  if (FileExists(host.files, beside)) {
-    ship.statsText = beside;
-    ship.stats = ReadImportStats(host.files, beside);
-  } else if (FileExists(host.files, added)) {
-    ship.statsText = added;
-    ship.stats = ReadImportStats(host.files, added);
-  } else {
-    ship.stats = ReadShipsStats(host.files, installation.statsPath(), 0);
+  ship.statsText = TextBeside(host.files, modelPath);
+  if (ship.statsText.empty() && FileExists(host.files, AddOnText(installation, name))) {
+    ship.statsText = AddOnText(installation, name);
   }
+  ship.stats = ship.statsText.empty() ? ReadShipsStats(host.files, installation.statsPath(), 0)
+                                      : ReadImportStats(host.files, ship.statsText);
 }
 
-/// True when a model can lie in the game's ships folder and among the add-ons under a name: no other ship's does, and
-/// no other file is there.
+/// True when two models would have one backup and one text of statistics: their names differ in the extension at most.
+bool ShareBaseName(const std::string& one, const std::string& other) {
+  return SameName(ChangeExtension(one, ".txt"), ChangeExtension(other, ".txt"));
+}
+
+/// True when no ship of the catalogue or of the run is in the way of a model's file name. The game's own ships have
+/// neither a backup nor a text under the base name, imported ones do.
+bool NoShipHas(const Installation& installation, const ImportBatch& batch, const std::string& name) {
+  const auto has = [&](const ShipRecord& ship) {
+    if (IsInert(ship)) return false;
+    return ship.Imported ? ShareBaseName(ModelOf(ship), name) : SameName(ModelOf(ship), name);
+  };
+  return std::none_of(installation.ships.begin(), installation.ships.end(), has) &&
+         std::none_of(batch.ships.begin(), batch.ships.end(), [&](const ReadyShip& ship) { return has(ship.record); });
+}
+
+/// True when the text of statistics that the next Enable finds for the name is this model's: the one beside it can be
+/// kept there, or, where it brings none, the one that is there is not that of another add-on model.
+bool TextIsFree(Files& files, const Installation& installation, ImportBatch& batch, const std::string& model,
+                const std::string& name) {
+  const std::string added = AddOnText(installation, name);
+  const std::string beside = TextBeside(files, model);
+  if (!beside.empty()) return CanBeCopied(files, batch, beside, added);
+  if (!FileExists(files, added)) return true;
+  const std::string folder = ParentFolder(installation.addOnModelPath(name));
+  const auto& models = FilesIn(files, batch, folder).items;
+  return std::all_of(models.begin(), models.end(), [&](const auto& item) {
+    const std::string& file = item.second.spelling;
+    return !ShareBaseName(file, name) || CanBeCopied(files, batch, model, folder + file);
+  });
+}
+
+/// True when a model can have a file name: no other ship stands in the way, and in the game's ships folder and among
+/// the add-ons there is and will be no other file in the place of the model, its backup or its text of statistics.
 bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model,
                      const std::string& name) {
-  const auto named = [&](const ShipRecord& ship) { return !IsInert(ship) && SameName(ModelOf(ship), name); };
-  if (std::any_of(installation.ships.begin(), installation.ships.end(), named)) return false;
-  if (std::any_of(batch.ships.begin(), batch.ships.end(), [&](const ReadyShip& ship) { return named(ship.record); })) {
-    return false;
-  }
+  if (!NoShipHas(installation, batch, name)) return false;
   const std::string folder = installation.modelsFolder();
-  const FolderNames& there = FilesIn(host.files, batch, folder);
-  if (FindIn(there, ChangeExtension(name, ".org")) != nullptr) return false;
-  for (const std::string& file : {name, ChangeExtension(name, ".bak")}) {
-    if (FindIn(there, file) != nullptr && !SameContent(host.files, folder + file, model)) return false;
+  if (FindIn(FilesIn(host.files, batch, folder), ChangeExtension(name, ".org")) != nullptr) return false;
+  const std::string backup = folder + ChangeExtension(name, ".bak");
+  for (const std::string& place : {folder + name, backup, installation.addOnModelPath(name)}) {
+    if (!CanBeCopied(host.files, batch, model, place)) return false;
   }
-  return CanBeCopied(host.files, batch, model, installation.addOnModelPath(name));
+  return TextIsFree(host.files, installation, batch, model, name);
 }
 
 /// The name for a model's file, at most as long as a record holds.

@@ -63,6 +63,96 @@ TEST_F(Importing, TheStatisticsOfAnotherAddOnAreNotThoseOfARenamedShip) {
   Compare("the import");
 }
 
+constexpr const char* hawksText = "1,2,3\n4,5,6\n7,8,9\n10,11,12\n13,14,15\n";
+const std::vector<float> hawksValues = {1, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 10, 13, 14, 15};
+constexpr const char* othersText = "15,14,13,12,11,10,9,8,7,6,5,4,3,2,1";
+
+TEST_F(Importing, AShipWithATextTakesTheNextFreeNameWhereAnotherTextHasItsOwn) {
+  SmallShip hawk = Make("hawk", "hawk.shp", {});
+  WriteFileAt(New("hawk.txt"), std::string(hawksText));
+  WriteFileAt(installation.Program("addons/stats/HAWK.txt"), std::string(othersText));
+  expected.addOns["program/addons/stats/HAWK.txt"] = BytesOf(othersText);
+  ExpectSuccess("\n\nThe model hawk.shp was imported as hawk2.shp.");
+  ImportAll("hawk.shp");
+  hawk.file = "hawk2.shp";
+  expected.Import(hawk, {}, hawksText, hawksValues);
+  Compare("the import");
+  session->Disable();
+  expected.Disable();
+  Compare("Disable");
+  session->Enable();
+  expected.Enable();
+  expected.looseModels.erase("hawk2.bak");  // only an import makes it
+  Compare("Enable");
+}
+
+TEST_F(Importing, AnEqualTextAmongTheAddOnsServes) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {});
+  WriteFileAt(New("hawk.txt"), std::string(hawksText));
+  WriteFileAt(installation.Program("addons/stats/hawk.txt"), std::string(hawksText));
+  ExpectSuccess();
+  ImportAll("hawk.shp");
+  expected.Import(hawk, {}, hawksText, hawksValues);
+  Compare("the import");
+}
+
+TEST_F(Importing, AShipWithoutATextDoesNotTakeTheTextOfAnAddOnModelWithAnotherExtension) {
+  SmallShip hawk = Make("hawk", "hawk.shp", {});
+  WriteFileAt(installation.Program("addons/ships/HAWK.obj"), "another model");
+  WriteFileAt(installation.Program("addons/stats/hawk.txt"), std::string(othersText));
+  expected.addOns["program/addons/ships/HAWK.obj"] = BytesOf("another model");
+  expected.addOns["program/addons/stats/hawk.txt"] = BytesOf(othersText);
+  ExpectSuccess("\n\nThe model hawk.shp was imported as hawk2.shp.");
+  ImportAll("hawk.shp");
+  hawk.file = "hawk2.shp";
+  expected.Import(hawk, {});
+  Compare("the import");
+}
+
+TEST_F(Importing, OfTwoModelsOfAPackThatDifferInTheExtensionAloneTheSecondGetsANumber) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {});
+  SmallShip kite = Make("kestrel", "HAWK.obj", {});
+  ASSERT_NE(hawk.model, kite.model);
+  MakePack("pack\n\\hawk.shp,hawk,\n\\HAWK.obj,kestrel,\n");
+  ExpectSuccess("\n\nThe model HAWK.obj was imported as HAWK2.obj.");
+  ImportAll("ships.pak");
+  expected.Import(hawk, {});
+  kite.file = "HAWK2.obj";
+  expected.Import(kite, {});
+  Compare("the import");
+}
+
+TEST_F(Importing, EqualModelsOfAPackThatDifferInTheExtensionAloneDoNotShareABackup) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {});
+  SmallShip kite = hawk;
+  kite.name = "kite";
+  WriteFileAt(New("hawk.obj"), kite.model);
+  MakePack("pack\n\\hawk.shp,hawk,\n\\hawk.obj,kite,\n");
+  ExpectSuccess("\n\nThe model hawk.obj was imported as hawk2.obj.");
+  ImportAll("ships.pak");
+  expected.Import(hawk, {});
+  kite.file = "hawk2.obj";
+  expected.Import(kite, {});
+  Compare("the import");
+}
+
+TEST_F(Importing, AModelDoesNotGetTheBaseNameOfAnImportedShipsModel) {
+  const SmallShip hawk = Make("hawk", "hawk.shp", {});
+  ExpectSuccess();
+  ImportAll("hawk.shp");
+  expected.Import(hawk, {});
+  // Without the backup of the first one nothing but its record has the base name.
+  std::filesystem::remove(installation.Game("ships/hawk.bak"));
+  expected.looseModels.erase("hawk.bak");
+  SmallShip kite = Make("kite", "hawk.obj", {});
+  MakePack("pack\n\\hawk.obj,kite,\n");
+  ExpectSuccess("\n\nThe model hawk.obj was imported as hawk2.obj.");
+  ImportAll("ships.pak");
+  kite.file = "hawk2.obj";
+  expected.Import(kite, {});
+  Compare("the second import");
+}
+
 TEST_F(Importing, AnotherBitmapAmongTheAddOnsMakesTheShipFailAndTheOthersStay) {
   Make("hawk", "hawk.shp", {blue, red, {"grey", Pattern(16, 7)}});
   const SmallShip kite = Make("kite", "kite.shp", {blue});
