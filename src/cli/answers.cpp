@@ -24,9 +24,11 @@ const char* WordOf(Answer answer) {
     case Answer::yes:
       return "yes";
     case Answer::no:
+      return "no";
+    case Answer::none:
       break;
   }
-  return "no";
+  return "none";
 }
 
 std::vector<Answer> OfferedAnswers(Buttons buttons) {

@@ -40,7 +40,7 @@ std::vector<Answer> OfferedAnswers(Buttons buttons);
 /// @return nothing when the box does not offer it
 std::optional<Answer> TypedAnswer(std::string_view typed, Buttons buttons);
 
-/// "ok", "cancel", "yes" or "no".
+/// "ok", "cancel", "yes" or "no"; "none" where nobody answered.
 const char* WordOf(Answer answer);
 
 }  // namespace oravin

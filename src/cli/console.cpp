@@ -38,18 +38,18 @@ void WriteChoices(Console& console, Buttons buttons) {
   console.err << "  [" << choices << "] " << std::flush;
 }
 
-/// Asks until the answer is one of the box's own; the end of the input is the safe answer.
-Answer AskPerson(Console& console, const Message& box) {
+/// Asks until the answer is one of the box's own; at the end of the input it is the safe one, which nobody gave.
+/// @return nothing at the end of the input
+std::optional<Answer> AskPerson(Console& console, const Message& box) {
   WritePlainBox(console, box);
   for (;;) {
     WriteChoices(console, box.buttons);
     const auto line = ReadLine(console);
     if (!line) {
-      const Answer answer = SafeAnswer(box.buttons);
-      console.err << WordOf(answer) << '\n';
-      return answer;
+      console.err << WordOf(SafeAnswer(box.buttons)) << '\n';
+      return std::nullopt;
     }
-    if (const auto answer = TypedAnswer(*line, box.buttons)) return *answer;
+    if (const auto answer = TypedAnswer(*line, box.buttons)) return answer;
   }
 }
 
@@ -63,7 +63,8 @@ Answer ShowBox(Console& console, const Message& box) {
   }
   const auto planned = PlannedAnswer(console.answers, box.buttons);
   const bool asked = !planned && console.terminal;
-  const Answer answer = planned ? *planned : asked ? AskPerson(console, box) : SafeAnswer(box.buttons);
+  const auto given = asked ? AskPerson(console, box) : planned;
+  const Answer answer = given.value_or(SafeAnswer(box.buttons));
   if (console.json) {
     console.err << OneLine(JsonOf(box, answer)) << std::endl;
   } else if (!asked) {
@@ -73,7 +74,7 @@ Answer ShowBox(Console& console, const Message& box) {
       console.err << WordOf(answer) << '\n';
     }
   }
-  return answer;
+  return given.value_or(Answer::none);
 }
 
 /// A path that a person types; empty for Cancel.

@@ -26,9 +26,9 @@ struct Console {
 /// The desk whose boxes, questions and progress go to the console. The console must outlive it.
 ///
 /// A box is written as "TITLE: text", its further lines indented, a question with its answer; with `json` as one line
-/// of JSON. A question is answered by plan; without one a person is asked, and where there is none, the answer is the
-/// safe one. A question for a folder or a file is cancelled where there is no person. Progress is one rewritten line on
-/// a terminal, and nothing elsewhere.
+/// of JSON. A question is answered by plan; without one a person is asked. Where there is none, or the input has ended,
+/// the safe answer is written, and the box returns Answer::none. A question for a folder or a file is cancelled where
+/// there is no person. Progress is one rewritten line on a terminal, and nothing elsewhere.
 ///
 /// A box with the exclamation or the critical icon counts as a failure, save for messages of success.
 Desk DeskOf(Console& console);

@@ -6,7 +6,10 @@ namespace oravin {
 
 enum class Icon { none, exclamation, critical, question, information };
 enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
-enum class Answer { ok, cancel, yes, no };
+
+/// What a box was answered with. `none` says that a question was put where nobody could answer it: it is taken as the
+/// box's safe answer, save where a declined question would delete something.
+enum class Answer { ok, cancel, yes, no, none };
 
 /// The title of a box that asks for none of its own: the program's name.
 inline constexpr const char* programTitle = "Oravin";

@@ -104,6 +104,7 @@ bool ExtractEntry(Extraction& extraction, const HogEntry& entry, std::size_t don
   }
   if (extraction.way == Way::unpacked) {
     const Answer answer = AskAboutStored(extraction, entry);
+    if (answer == Answer::none) return false;  // as Cancel, but nobody has declined, so an older file stays
     if (answer != Answer::yes) {
       // Intentional: also a file that lay there before is deleted. Whoever declines the stored bytes must not take an
       // older file of that name for this entry.

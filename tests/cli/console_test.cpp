@@ -111,10 +111,10 @@ TEST_F(ConsoleTest, AQuestionWithTheExclamationIconCountsAsOne) {
   EXPECT_EQ(console.failures, 1);
 }
 
-TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenTheSafeOne) {
+TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenNobodys) {
   console.answers.inOrder = {Answer::yes};
   EXPECT_EQ(Show(question), Answer::yes);
-  EXPECT_EQ(Show(question), Answer::no);
+  EXPECT_EQ(Show(question), Answer::none);
 }
 
 TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenThePerson) {
@@ -139,15 +139,15 @@ TEST_F(ConsoleTest, APersonIsAskedAgainUntilTheAnswerIsOne) {
   EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no]   [yes/no]   [yes/no]   [yes/no] ");
 }
 
-TEST_F(ConsoleTest, TheEndOfTheInputIsTheSafeAnswer) {
+TEST_F(ConsoleTest, AtTheEndOfTheInputTheSafeAnswerIsWrittenAndNobodyGaveIt) {
   console.terminal = true;
-  EXPECT_EQ(Show(question), Answer::no);
+  EXPECT_EQ(Show(question), Answer::none);
   EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] no\n");
 }
 
 TEST_F(ConsoleTest, NobodyIsAskedAwayFromATerminal) {
   in.str("yes\n");
-  EXPECT_EQ(Show(question), Answer::no);
+  EXPECT_EQ(Show(question), Answer::none);
 }
 
 TEST_F(ConsoleTest, APersonIsAskedWithJsonTooAndTheLineHasTheAnswer) {

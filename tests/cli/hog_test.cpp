@@ -107,6 +107,36 @@ TEST_F(HogRuns, UnpackThatEndsEarlyIsAFailure) {
   EXPECT_NE(outcome.err.find("oravin-cli: not all files were extracted"), std::string::npos);
 }
 
+TEST_F(HogRuns, UnpackKeepsAnOlderFileWhenNobodyAnswersAboutAStoredOne) {
+  WriteFileAt(folder.Native("out/two.txt"), "an older one");
+  const FolderImage before = Out();
+  const Outcome outcome = Run({"hog", "unpack", hog, "--to", out, "two.txt"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "Oravin: Error unpacking two.txt file not compressed. Do you want to extract?\n  [yes/no/cancel] cancel\n"
+            "Oravin: Exiting unpack / extract function\noravin-cli: not all files were extracted\n");
+  EXPECT_TRUE(SameImage(before, Out()));
+}
+
+TEST_F(HogRuns, UnpackKeepsAnOlderFileWhenTheAnswersHaveRunOut) {
+  WriteFileAt(folder.Native("a.hog"), demo::BuildArchive({{"one.txt", BytesOf("1")}, {"two.txt", BytesOf("2")}}));
+  for (const char* name : {"one.txt", "two.txt"}) WriteFileAt(folder.Native("out") / name, "an older one");
+  const Outcome outcome = Run({"hog", "unpack", hog, "--to", out, "--answers", "no"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_TRUE(SameImage({{"two.txt", BytesOf("an older one")}}, Out()));
+}
+
+TEST_F(HogRuns, UnpackDeletesAnOlderFileWhenNoOrCancelIsAnswered) {
+  for (const std::vector<std::string>& answer :
+       {std::vector<std::string>{"--no"}, {"--answers", "no"}, {"--answers", "cancel"}}) {
+    WriteFileAt(folder.Native("out/two.txt"), "an older one");
+    std::vector<std::string> words = {"hog", "unpack", hog, "--to", out, "two.txt"};
+    words.insert(words.end(), answer.begin(), answer.end());
+    Run(words);
+    EXPECT_TRUE(Out().empty()) << answer.back();
+  }
+}
+
 TEST_F(HogRuns, ADestinationThatIsMissingIsAFailure) {
   const Outcome outcome = Run({"hog", "extract", hog, "--to", folder.Native("nowhere").string()});
   EXPECT_EQ(outcome.status, 1);

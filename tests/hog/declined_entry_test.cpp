@@ -49,6 +49,18 @@ TEST_F(Declining, CancelDeletesAnOlderDestinationFileAndNothingElse) {
   EXPECT_TRUE(SameImage(expected, stage.Image()));
 }
 
+TEST_F(Declining, NobodysAnswerEndsItAsCancelDoesAndLeavesAnOlderDestinationFile) {
+  for (const char* name : {"a.txt", "b.txt", "c.txt"}) Out(name, std::string("an older ") + name);
+  Open({Packed("a.txt", "packed"), Stored("b.txt", "stored"), Stored("c.txt", "never asked about")});
+  cmdSelectAll_Click(tab);
+  FolderImage expected = stage.Image();
+  expected["out/a.txt"] = BytesOf("packed");
+  ExpectQuestionAbout("b.txt", Answer::none);
+  ExpectCancelled();
+  Unpack();
+  EXPECT_TRUE(SameImage(expected, stage.Image()));
+}
+
 TEST_F(Declining, NoDeletesAnOlderFileInAFolderAndUnderItsOwnSpelling) {
   MakeFolderAt(stage.folder.Native("out/Ships"));
   Out("Ships/TIGER.SHP", "an older one");
