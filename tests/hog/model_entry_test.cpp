@@ -179,20 +179,26 @@ TEST_F(ModelEntry, UnpackShipSaysWhenTheModelIsNowhereAndWritesNothing) {
   EXPECT_TRUE(SameImage(before, stage.Image()));
 }
 
-TEST_F(ModelEntry, UnpackShipSaysTheSameOfARecordWithoutAPlace) {
-  ExpectNotFound();
-  EXPECT_FALSE(UnpackShip(stage.host, stage.gamePath, StockShip("Alpha", "alpha.shp"), "alpha.shp"));
+TEST_F(ModelEntry, UnpackShipFindsTheModelOfARecordWithoutAPlaceByItsName) {
+  EXPECT_TRUE(UnpackShip(stage.host, stage.gamePath, StockShip("Alpha", "alpha.shp"), "alpha.shp"));
+  EXPECT_EQ(ImageOf(stage.Game("ships")).size(), 1U);
+}
+
+TEST_F(ModelEntry, UnpackShipSaysSoWhereTheArchiveHasNoModelOfARecordWithoutAPlace) {
+  stage.desk.ExpectBox("The model other.shp was not found in resource.hog. Nothing was unpacked.");
+  EXPECT_FALSE(UnpackShip(stage.host, stage.gamePath, StockShip("Other", "other.shp"), "other.shp"));
   EXPECT_TRUE(ImageOf(stage.Game("ships")).empty());
 }
 
-TEST_F(ModelEntry, UnpackShipWithATableThatCannotBeReadSaysBoth) {
+TEST_F(ModelEntry, UnpackShipWithATableThatCannotBeReadDoesNotSayThatTheModelIsMissing) {
   ShipRecord alpha = Alpha();
   alpha.HogSize = Int32Value(1);
   PatchFileAt(stage.Game("resource.hog"), 8, {0x7F, 0xFF, 0xFF, 0xFF});
   stage.desk.ExpectBox("Error - could not read " + stage.hogPath +
                            ": it says that it holds 2,147,483,647 files, more than it has room for",
                        "GetHogData");
-  ExpectNotFound();
+  stage.desk.ExpectBox("Error - could not look for alpha.shp in " + stage.hogPath + ": its table cannot be read",
+                       "UnpackFile()");
   EXPECT_FALSE(UnpackShip(stage.host, stage.gamePath, alpha, "alpha.shp"));
 }
 
