@@ -18,8 +18,7 @@ const HogEntry* OnlyNamed(const HogTable& table, const std::string& name) {
   return EntriesNamed(table.names, name).size() == 1 ? FirstNamed(table, name) : nullptr;
 }
 
-bool RecordHolds(Files& files, const std::string& hogPath, const ShipRecord& ship) {
-  File file(files, hogPath, OpenFor::reading);
+bool RecordHolds(File& file, const ShipRecord& ship) {
   const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
   return NamesModel(file, fatPos, ModelOf(ship)) && ReadLongBE(file, fatPos) == Unsigned32(ship.HogOffset) &&
          ReadLongBE(file, std::uint64_t{fatPos} + 4) == Unsigned32(ship.HogSize);
@@ -47,9 +46,11 @@ bool IsDisguised(const std::string& model, const HogTable& live) {
 
 std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, const ShipRecord& ship) {
   const bool known = Unsigned32(ship.HogFatPos) != 0;
-  if (known && RecordHolds(host.files, hogPath, ship)) {
+  File archive(host.files, hogPath, OpenFor::reading);
+  if (known && RecordHolds(archive, ship)) {
     return HogEntry{ModelOf(ship), Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset), Unsigned32(ship.HogFatPos)};
   }
+  Close(archive);
   std::string path = hogPath;
   std::vector<HogEntry> entries;
   // An archive whose table cannot be read may well hold the model: that is not the same as one without it.

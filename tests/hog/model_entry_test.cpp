@@ -144,9 +144,15 @@ TEST_F(ModelEntry, ALongerNameAtThePlaceIsAnotherOne) {
   EXPECT_FALSE(Live(alpha));
 }
 
-TEST_F(ModelEntry, ARecordWithoutAPlaceHasNoEntryAndTheArchiveIsNotRead) {
+TEST_F(ModelEntry, ARecordWithoutAPlaceIsLookedUpByItsPlainName) {
+  ASSERT_TRUE(Live(StockShip("Alpha", "ALPHA.shp")));
+  EXPECT_EQ(Live(StockShip("Alpha", "ALPHA.shp"))->FatPos, Live(Alpha())->FatPos);
+  EXPECT_FALSE(Live(StockShip("Other", "other.shp")));
+}
+
+TEST_F(ModelEntry, WithoutTheArchiveARecordWithoutAPlaceIsAnErrorToo) {
   std::filesystem::remove(stage.Game("resource.hog"));
-  EXPECT_FALSE(Live(StockShip("Alpha", "alpha.shp")));
+  EXPECT_THROW(Live(StockShip("Alpha", "alpha.shp")), RunTimeError);
 }
 
 TEST_F(ModelEntry, WithoutTheArchiveThereIsAnError) {
