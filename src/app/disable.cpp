@@ -100,7 +100,7 @@ void cmdDisable_Click(Main& main) {
     ShowSuccess(main.host, "Restoration complete", Icon::information);
   } else if (forget) {
     Show(main.host,
-         "The game's files are restored, but not all of your own models could be put back, as the message before this "
+         "The game's files are restored, but not all of your own models could be restored, as the message before this "
          "one says. They are kept in\n" +
              KeptModelsFolder(installation) + "\nPut that right and use \"Disable / Restore\" again.",
          Icon::exclamation);

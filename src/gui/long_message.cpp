@@ -51,7 +51,7 @@ wxArtID PictureOf(Icon icon) {
   return {};
 }
 
-/// The icon and the text beside each other.
+/// The icon and the text side by side.
 wxTextCtrl* AddContent(wxDialog& dialog, wxSizer* whole, const Message& box) {
   const int margin = dialog.FromDIP(pageMargin);
   auto* content = new wxBoxSizer(wxHORIZONTAL);

@@ -194,7 +194,6 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
 std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
                          std::uint32_t size, std::uint32_t offset) {
   folder = AddBackslash(folder);
-  TrimInPlace(folder);
   TrimInPlace(hogPath);
   if (!FolderExists(host.files, folder) || !FileExists(host.files, hogPath)) {
     Show(host, "Error - Path(s) not found", Icon::exclamation, "UnpackFile()");
@@ -209,7 +208,6 @@ bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string&
   std::string hog = hogPath;
   std::string into = folder;
   HogEntry entry;
-  TrimInPlace(hog);
   if (FileExists(host.files, hog)) {  // UnpackFile has the box for an archive that is missing
     std::optional<HogEntry> found;
     if (!Trap(host, "UnpackFile()", [&] { found = LiveEntryOf(host, hog, ship); })) return true;
@@ -229,7 +227,6 @@ bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship,
 
 void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships) {
   gamePath = AddBackslash(gamePath);
-  TrimInPlace(gamePath);
   if (!FolderExists(host.files, gamePath)) {
     Show(host, "Error - Invalid Path", Icon::critical, "UnpackSetup");
     throw ProgramEnd();

@@ -84,8 +84,7 @@ std::string BitmapKey(const std::string& texture) { return LowerCase(Trim(textur
 std::string BitmapBeside(Files& files, const std::string& modelPath, const std::string& texture) {
   const std::string name = Trim(texture) + ".bmp";
   if (Trim(texture).empty() || !IsPlainFileName(name)) return "";
-  std::string path = ParentFolder(modelPath) + name;
-  TrimInPlace(path);
+  const std::string path = ParentFolder(modelPath) + name;
   return FileExists(files, path) ? path : "";
 }
 

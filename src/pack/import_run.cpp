@@ -88,8 +88,8 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   const std::string loose = run.installation.modelPath(model);
   for (const std::string& place : {loose, ChangeExtension(loose, ".bak")}) {
     if (AddCopy(files, run.batch, checked.ship.modelPath, place)) continue;
-    run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() +
-                          "' needs the place of another file: " + place);
+    run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() + "' needs the place of another file:\n" +
+                          place);
     return false;
   }
   AddToAddOns(run, checked.ship.modelPath, addOnShipsFolder, model);
@@ -142,7 +142,7 @@ void Commit(Run& run) {
   if (!CommitImport(run.host, run.installation, run.batch)) {
     for (const PackShip& ship : run.imported) run.failed.push_back(ship.shipName);
     run.imported.clear();
-    run.batch.notes.clear();  // they tell of ships that were imported
+    run.batch.notes.clear();  // they are about ships that were imported
     run.allImported = false;
   }
   run.batch.notes.insert(run.batch.notes.begin(), run.reasons.begin(), run.reasons.end());

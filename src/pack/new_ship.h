@@ -31,12 +31,13 @@ struct NewShip {
 /// or has more textures than a record holds; "Texture not found - skipping ship!"; a name that no ship can have, or
 /// that another one has; a statistics text that cannot be read.
 ///
-/// A model gets the first free name, its base name with 2, 3, ... behind it, when another ship has its file name, or
+/// A model gets the first free name, its base name with 2, 3, ... after it, when another ship has its file name, or
 /// an imported one its base name, or when the place of the model, its backup or its statistics text is another file's:
 /// in the game's ships folder, among the add-ons, or of the run. That becomes a note. A statistics text among the
 /// add-ons counts as another's for a model that brings one with other content, and for one that brings none when an
-/// other add-on model has the base name. The statistics are those of the text of the model's base name beside the
-/// model, else of the text that the add-ons have for the name that it gets; else of the first block of `shipstats.bin`.
+/// other add-on model has the base name. The statistics are those of the text of the model's base name next to
+/// the model, else of the text that the add-ons have for the name that it gets; else of the first block of
+/// `shipstats.bin`.
 ///
 /// @param given bitmaps by texture, of the whole run
 std::optional<NewShip> LookAtShip(Host& host, const Installation& installation, const CheckedShip& checked,

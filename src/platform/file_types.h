@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-/// What is said of files, and how they are opened. The operations themselves are in file_system.h.
+/// Facts about files, and how files are opened. The operations themselves are in file_system.h.
 namespace oravin::platform {
 
 /// An open file of the system: a descriptor or a handle. `noFile` stands for none.

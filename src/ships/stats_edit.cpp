@@ -76,8 +76,8 @@ std::optional<ShipStats> DefaultsToRestore(Host& host, const Installation& insta
   return read ? std::optional(stats) : std::nullopt;
 }
 
-/// Gives each part its own default. A part that has none does not keep the other from its own, and is told once; a file
-/// that fails ends it, so that there is one box about that, too.
+/// Gives each part its own default. A part without one does not keep the other from its own, and is reported once; a
+/// file that fails ends it, so that there is one box about that, too.
 void RestoreParts(Host& host, const Installation& installation, std::span<const ShipRecord> parts) {
   bool without = false;
   for (const ShipRecord& part : parts) {

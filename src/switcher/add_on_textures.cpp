@@ -33,7 +33,7 @@ std::vector<std::string> WantedTextures(const Ships& ships) {
   return names;
 }
 
-/// The maps of their file alone: Enable has made it where that could be done, and has told what was in the way.
+/// The maps of their file alone: Enable has made it where it could, and has reported why where it could not.
 void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
   batch.mapsSought = true;
   try {

@@ -107,7 +107,7 @@ std::string LooseFor(const Spellings& loose, const Sorted& sorted, const KeptCop
   return sorted.latest.size() > 1 ? std::string() : there.front();
 }
 
-/// Writes beside what is not back yet; a loose file of other bytes is copied to `backup\old\` first.
+/// Writes the temporary files of what is not back yet; a loose file of other bytes is copied to `backup\old\` first.
 void AddMissing(Files& files, const Installation& installation, const Spellings& loose, const Sorted& sorted,
                 WholeFiles& together) {
   for (const KeptCopy& copy : sorted.latest) {

@@ -12,13 +12,13 @@
 ///
 ///   NAME         the first version of a model
 ///   NAME.N       version N of it, from 2 on: the highest number is the latest
-///   NAME.N~K     from K = 2 on: another spelling, which lay beside the first one when version N was kept
+///   NAME.N~K     from K = 2 on: another spelling, which lay next to the first one when version N was kept
 ///
 /// Letter case does not make another model: NAME and name.2 are versions of one. But a file system that tells spellings
 /// apart can hold several side by side, and those are different files. They have one number, and so they go back
 /// together. No two of these names differ by case alone, so that a folder of any file system can hold them.
 ///
-/// What does not go back is moved to `backup\old\`, under its spelling with .2, .3, ... behind it where that is taken.
+/// What does not go back is moved to `backup\old\`, under its spelling with .2, .3, ... after it where that is taken.
 namespace oravin {
 
 /// The files of a folder by upper-cased name: every spelling of each, in byte order. A missing folder has none.

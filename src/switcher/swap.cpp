@@ -225,7 +225,7 @@ void PutBack(SwapDesk& desk, int target, const std::function<void()>& listed) {
   std::vector<std::string> done;
   for (const std::size_t index : parts) {
     const ShipRecord& part = desk.installation.ships[index];
-    // Two parts may share a file, which is put back once.
+    // Two parts may share a file, which is restored once.
     const auto same = [&](const std::string& model) { return SameName(model, ModelOf(part)); };
     if (std::any_of(done.begin(), done.end(), same)) continue;
     done.push_back(ModelOf(part));

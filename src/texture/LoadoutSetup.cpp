@@ -63,7 +63,6 @@ bool MakeCompanion(Host& host, const std::string& cachePath, const std::string& 
 
 bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const Ships& ships, std::size_t count) {
   folder = AddBackslash(folder);
-  TrimInPlace(folder);
   TrimInPlace(cachePath);
   if (!FolderExists(host.files, folder) || !FileExists(host.files, cachePath)) {
     Show(host, "Error - Path(s) not found", Icon::critical, loadoutTitle);

@@ -98,7 +98,7 @@ std::optional<Picture> ThumbnailOf(Host& host, const TcacheTab& tab, const Insta
                                    const ListRow& row, int side);
 
 /// Renames the texture of a row, in the game's own cache, whichever is open: that is meant. The name is trimmed and cut
-/// to 30 characters. One that a texture bears already gives "Name already exists", one that cannot be stored the box of
+/// to 30 characters. One that a texture has already gives "Name already exists", one that cannot be stored the box of
 /// NameCanBeStored, and the row's text stays.
 /// @param row in the list, from 0
 void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& installation, std::size_t row,

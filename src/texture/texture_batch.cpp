@@ -26,7 +26,7 @@ bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTex
   return ReadTextureData(files, batch.cachePath, entry) == texture.pixels;
 }
 
-/// Has the maps ready for a companion. That they cannot be learned is told once, at the first need.
+/// Has the maps ready for a companion. A message says once, at the first need, that they cannot be learned.
 bool ProvideMaps(Host& host, TextureBatch& batch) {
   if (!batch.mapsSought) batch.maps = ProvideLoadoutMaps(host, batch.cachePath, batch.mapsPath);
   batch.mapsSought = true;
@@ -85,7 +85,7 @@ AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const
   const NewTexture texture = MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info));
   if (slot >= factoryTextures) {
     const bool same = SamePicture(host.files, batch, slot, texture);
-    if (!same) NameIsFree(host, batch.cache, name);  // it tells that another picture bears the name
+    if (!same) NameIsFree(host, batch.cache, name);  // shows that another picture has the name
     AddLackingCompanion(host, batch, slot, name);
     return same ? AddedTexture::installed : AddedTexture::nameTaken;
   }

@@ -120,7 +120,7 @@ TEST_F(KeptModelsOnDisk, NothingIsDeletedWhereAModelCannotBePutBack) {
   session->desk.ExpectBox("Error - could not write " + installation.gamePath + "ships\\bravo.shp: the disk is full",
                           "cmdDisable_Click()");
   session->desk.ExpectBox(
-      "The game's files are restored, but not all of your own models could be put back, as the message before this one "
+      "The game's files are restored, but not all of your own models could be restored, as the message before this one "
       "says. They are kept in\n" +
       installation.programPath + "backup\\ships\\\nPut that right and use \"Disable / Restore\" again.");
   session->Press("switcher.cmdDisable");

@@ -28,7 +28,7 @@ struct CatalogueBuild : testing::Test {
     stage.files.ships[SwitcherStage::At(ship)].file = "ghost.shp";
     stage.files.WriteShipList();
   }
-  /// Names add-on ships alike but for blanks and case, and gives every add-on ship a statistics text of its own.
+  /// Names add-on ships alike but for spaces and case, and gives every add-on ship a statistics text of its own.
   void NameAlike(const std::vector<int>& ships) {
     static constexpr std::array<const char*, 3> spellings = {"Manta", " mantA", "MANTA"};
     for (std::size_t i = 0; i < ships.size(); ++i)

@@ -148,7 +148,7 @@ TEST_F(TheBatch, RefusesANewNameThatCannotBeStored) {
     at.desk.ExpectBox(test::CannotBeStored("a?z"), programTitle);
     EXPECT_EQ(Add(name, "16.bmp"), AddedTexture::refused);
   }
-  // What bears such a name already is not new.
+  // What has such a name already is not new.
   EXPECT_EQ(Add("o\x81"
                 "d",
                 "16.bmp", AlreadyThere::byName),
