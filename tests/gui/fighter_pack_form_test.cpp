@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "import_session.h"
 
@@ -184,9 +185,14 @@ TEST(FighterPackForm, ALongResultIsListedWholeAndCanBeScrolled) {
     const std::string file = "locust" + std::to_string(i) + ".shp.";
     EXPECT_NE(text.find("The model locust.shp was imported as " + file), std::string::npos) << file;
   }
-  EXPECT_EQ(ActiveWindowTitle(session.desktop), "Oravin");
+  // The message is known before its window has come up.
+  ASSERT_TRUE(Eventually([&] { return ActiveWindowTitle(session.desktop) == "Oravin"; }));
   EXPECT_LT(HeightOf(session, ActiveWindow(session.desktop)), 600);
-  const std::string top = PixelsOnScreen(session, "long_result");
+  std::string top;  // painted whole when two pictures in a row are equal
+  ASSERT_TRUE(Eventually([&] {
+    const std::string before = std::exchange(top, PixelsOnScreen(session, "long_result"));
+    return before == top;
+  }));
   PressKey(session.desktop, "Next");
   EXPECT_TRUE(Eventually([&] { return PixelsOnScreen(session, "long_result_scrolled") != top; }));
   ASSERT_TRUE(AnswerBox(session, "Return"));
