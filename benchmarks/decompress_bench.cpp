@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "archive/decompress.h"
 #include "benches.h"
 #include "demo/compressor.h"
 #include "demo/model_writer.h"
-#include "hog/decompress.h"
 
 namespace oravin::bench {
 

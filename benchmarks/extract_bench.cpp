@@ -5,11 +5,11 @@
 #include <string>
 
 #include "app/handlers.h"
+#include "archive/decompress.h"
 #include "benches.h"
 #include "demo/archive_writer.h"
 #include "demo/compressor.h"
 #include "files/whole_file.h"
-#include "hog/decompress.h"
 #include "platform/native_path.h"
 #include "stopwatch.h"
 

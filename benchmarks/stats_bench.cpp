@@ -12,8 +12,8 @@
 #include "app/start_up.h"
 #include "benches.h"
 #include "demo/sample.h"
+#include "models/attachments.h"
 #include "platform/native_path.h"
-#include "ships/SHP_Editing.h"
 #include "stopwatch.h"
 
 namespace oravin::bench {

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "archive/archive_table.h"
 #include "benches.h"
 #include "demo/archive_writer.h"
-#include "hog/Hog.h"
 #include "platform/native_path.h"
 
 namespace oravin::bench {

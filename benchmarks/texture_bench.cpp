@@ -8,16 +8,16 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "actions/import_texture.h"
+#include "actions/remove_texture.h"
+#include "actions/restore_cache.h"
 #include "app/main.h"
 #include "benches.h"
 #include "demo/bitmap_writer.h"
 #include "demo/cache_writer.h"
 #include "platform/native_path.h"
 #include "stopwatch.h"
-#include "texture/ImportTexture.h"
-#include "texture/RemoveTexture.h"
-#include "texture/RestoreTcacheFile.h"
-#include "texture/colour.h"
+#include "textures/colour.h"
 
 namespace oravin::bench {
 

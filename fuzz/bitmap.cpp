@@ -1,11 +1,11 @@
 // Fuzzes the reader of bitmaps: what it says of a file is what stands in it, what fits can be shown, and what cannot be
 // imported leaves the cache alone.
 
+#include "actions/import_texture.h"
 #include "base/run_time_error.h"
 #include "input_file.h"
-#include "texture/ImportTexture.h"
-#include "texture/fighter_chain.h"
-#include "texture/picture.h"
+#include "textures/mipmap_chain.h"
+#include "textures/picture.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 #include "base/bytes.h"
 #include "input_file.h"
-#include "ships/SHP_Editing.h"
-#include "ships/shp_texture_names.h"
+#include "models/attachments.h"
+#include "models/texture_names.h"
 
 namespace {
 

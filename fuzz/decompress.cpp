@@ -1,6 +1,6 @@
 // Fuzzes the decompressor: it must do what the plain decoder does, byte for byte, and refuse what that refuses.
 
-#include "hog/decompress.h"
+#include "archive/decompress.h"
 
 #include <algorithm>
 

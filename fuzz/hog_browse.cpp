@@ -4,12 +4,12 @@
 
 #include <algorithm>
 
-#include "hog/FAT_Editor.h"
-#include "hog/extract.h"
-#include "hog/first_bytes.h"
-#include "hog/hog_fat.h"
-#include "hog/hog_open.h"
 #include "input_file.h"
+#include "tabs/archive_backup.h"
+#include "tabs/archive_extract.h"
+#include "tabs/archive_open.h"
+#include "tabs/first_bytes.h"
+#include "tabs/table_editor.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
+#include "archive/archive_table.h"
 #include "base/bytes.h"
-#include "hog/Hog.h"
 #include "input_file.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include "base/text.h"
 #include "files/path.h"
 #include "input_file.h"
-#include "pack/Fighter_PACK.h"
+#include "tabs/import_form.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // Fuzzes the reader of the ship list: a list is read whole within its limits, or refused with one box.
 
-#include "switcher/ship_list.h"
+#include "lists/ship_list.h"
 
 #include "base/bytes.h"
 #include "base/text.h"
@@ -10,12 +10,13 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace oravin;
-  fuzz::WriteInput(shipListName, {data, size});
+  constexpr const char* name = "shipsData.txt";
+  fuzz::WriteInput(name, {data, size});
   fuzz::CountingHost here;
   std::vector<ListedShip> ships;
   bool ended = false;
   try {
-    ships = ReadShipList(here.host, fuzz::Folder().windows);
+    ships = ReadShipList(here.host, fuzz::Folder().windows + name);
   } catch (const ProgramEnd&) {
     ended = true;
   }
@@ -32,6 +33,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       fuzz::Require(text->find_first_of("\r\n") == std::string::npos, "a text ends with its line");
     }
   }
-  fuzz::Require(fuzz::ReadInput(shipListName) == Bytes(data, data + size), "nothing is written");
+  fuzz::Require(fuzz::ReadInput(name) == Bytes(data, data + size), "nothing is written");
   return 0;
 }

@@ -4,7 +4,7 @@
 
 #include "base/bytes.h"
 #include "input_file.h"
-#include "ships/shipstats.h"
+#include "stats/ship_stats.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace oravin;

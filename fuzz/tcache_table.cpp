@@ -1,12 +1,12 @@
 // Fuzzes the readers of the texture cache's table: they must find what a plain reader of the same bytes finds, refuse
 // what runs past the end, show and extract only what lies in the file, and write nothing to it.
 
+#include "actions/restore_cache.h"
 #include "base/run_time_error.h"
 #include "input_file.h"
-#include "texture/RestoreTcacheFile.h"
-#include "texture/Texture.h"
-#include "texture/extraction.h"
-#include "texture/picture.h"
+#include "textures/extract_texture.h"
+#include "textures/picture.h"
+#include "textures/texture_cache.h"
 
 namespace {
 

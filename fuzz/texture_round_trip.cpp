@@ -5,11 +5,11 @@
 
 #include <algorithm>
 
+#include "actions/import_texture.h"
 #include "input_file.h"
-#include "texture/ImportTexture.h"
-#include "texture/Texture.h"
-#include "texture/colour.h"
-#include "texture/extraction.h"
+#include "textures/colour.h"
+#include "textures/extract_texture.h"
+#include "textures/texture_cache.h"
 
 namespace {
 

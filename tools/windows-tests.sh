@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 . tools/common.sh
 
 # Those that take longest come first.
-tests="app_test hog_test switcher_test texture_room_test ships_test pack_test convert_test platform_test base_test files_test desk_test catalogue_test"
+tests="app_test tabs_test actions_test installation_test archive_test textures_test models_test stats_test lists_test convert_test platform_test base_test files_test desk_test catalogue_test"
 # Not run there: tests that stop an action at each of its hundreds of file operations, or walk many made-up files. What they
 # look at is the same on every system, and in Wine they would take half an hour.
 too_long=Interruption.*:ImportedInterruption.*:RemovalInterrupted.*:RenamingInterrupted.*:ManyShips.*:Removing.OneOfThreeHundred

@@ -1,17 +1,17 @@
 #include "app/disable.h"
 
-#include "app/safekeeping.h"
+#include "actions/restore_archive.h"
+#include "actions/restore_cache.h"
+#include "actions/safekeeping.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
-#include "hog/RestoreHog.h"
-#include "hog/fat_backup.h"
-#include "ships/shipstats.h"
-#include "switcher/kept_models.h"
-#include "texture/RestoreTcacheFile.h"
+#include "installation/kept_models.h"
+#include "installation/table_backup.h"
+#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -85,7 +85,7 @@ void cmdDisable_Click(Main& main) {
   if (!ReadyToWrite(main.host, PlanDisable(main.host.files, installation))) return;
 
   Trap(main.host, "cmdDisable_Click()", [&] { EraseAllLeftovers(main.host.files, installation); });
-  if (FeaturesEnabled(main.host.files, installation.ProgramPath)) KeepDefaults(main.host, installation);
+  if (FeaturesEnabled(main.host.files, installation.cataloguePath())) KeepDefaults(main.host, installation);
   const bool restored = RestoreArchiveAndStats(main.host, installation);
   // Intentional: the catalogue stays, and with it the features stay enabled, while something could not be restored.
   // The next Disable goes by it, and nothing else tells which loose models came from the add-ons. A missing archive is

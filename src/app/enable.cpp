@@ -1,7 +1,12 @@
 #include "app/enable.h"
 
+#include "actions/add_on_ship.h"
+#include "actions/build_catalogue.h"
+#include "actions/import_refusals.h"
+#include "actions/safekeeping.h"
+#include "actions/unpack_models.h"
 #include "app/loadout.h"
-#include "app/safekeeping.h"
+#include "archive/unpack.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -10,12 +15,8 @@
 #include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
-#include "hog/fat_backup.h"
-#include "hog/unpack.h"
-#include "ships/shipstats.h"
-#include "switcher/add_on_ship.h"
-#include "switcher/catalogue_build.h"
-#include "texture/import_refusals.h"
+#include "installation/table_backup.h"
+#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -114,10 +115,10 @@ WritePlan PlanEnable(Main& main, const Preparation& preparation) {
 
 /// Everything that can be found out without changing anything.
 bool Prepare(Main& main, Preparation& preparation) {
-  preparation.list = ReadShipList(main.host, main.installation.ProgramPath);
+  preparation.list = ReadShipList(main.host, main.installation.shipListPath());
   if (preparation.list.empty()) return false;
   CollectModels(preparation);
-  preparation.wasEnabled = FeaturesEnabled(main.host.files, main.installation.ProgramPath);
+  preparation.wasEnabled = FeaturesEnabled(main.host.files, main.installation.cataloguePath());
   if (!ReadArchive(main, preparation)) return false;
   // Found out later, it would end the program between the new catalogue and the models that go with it.
   if (!CacheHasSlotsFor(main.installation, preparation.list)) EndForFullCache(main.host);

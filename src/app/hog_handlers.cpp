@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "hog/extract.h"
-#include "hog/first_bytes.h"
-#include "hog/hog_fat.h"
-#include "hog/hog_open.h"
+#include "tabs/archive_backup.h"
+#include "tabs/archive_extract.h"
+#include "tabs/archive_open.h"
+#include "tabs/first_bytes.h"
 
 namespace oravin {
 

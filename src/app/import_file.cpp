@@ -3,8 +3,8 @@
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "files/look_up.h"
-#include "pack/import_run.h"
-#include "switcher/switcher_tab.h"
+#include "tabs/import_run.h"
+#include "tabs/switcher_tab.h"
 
 namespace oravin {
 

@@ -4,10 +4,10 @@
 
 #include "app/import_file.h"
 #include "desk/dialogs.h"
-#include "pack/import_run.h"
-#include "switcher/imported_list.h"
-#include "switcher/remove_imported.h"
-#include "switcher/rename_imported.h"
+#include "tabs/import_run.h"
+#include "tabs/imported_list.h"
+#include "tabs/remove_imported.h"
+#include "tabs/rename_imported.h"
 
 namespace oravin {
 

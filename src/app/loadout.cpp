@@ -1,10 +1,10 @@
 #include "app/loadout.h"
 
+#include "actions/learn_loadout.h"
+#include "actions/loadout_companions.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "files/look_up.h"
-#include "texture/LearnLoadout.h"
-#include "texture/LoadoutSetup.h"
 
 namespace oravin {
 

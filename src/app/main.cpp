@@ -1,8 +1,8 @@
 #include "app/main.h"
 
-#include "hog/hog_open.h"
-#include "ships/stats_show.h"
-#include "switcher/imported_list.h"
+#include "tabs/archive_open.h"
+#include "tabs/imported_list.h"
+#include "tabs/stats_show.h"
 
 namespace oravin {
 

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "app/about_tab.h"
-#include "catalogue/installation.h"
-#include "convert/convert_panel.h"
 #include "desk/controls.h"
 #include "desk/host.h"
-#include "hog/FAT_Editor.h"
-#include "hog/hog_tab.h"
-#include "pack/Fighter_PACK.h"
+#include "installation/installation.h"
 #include "platform/installation_lock.h"
-#include "ships/stats_tab.h"
-#include "switcher/import_tab.h"
-#include "switcher/ship_list_form.h"
-#include "switcher/swap.h"
-#include "switcher/switcher_tab.h"
-#include "texture/tcache_tab.h"
+#include "tabs/about_tab.h"
+#include "tabs/archive_tab.h"
+#include "tabs/convert_panel.h"
+#include "tabs/import_form.h"
+#include "tabs/import_tab.h"
+#include "tabs/ship_list_form.h"
+#include "tabs/stats_tab.h"
+#include "tabs/swap.h"
+#include "tabs/switcher_tab.h"
+#include "tabs/table_editor.h"
+#include "tabs/texture_tab.h"
 
 namespace oravin {
 

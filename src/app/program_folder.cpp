@@ -1,9 +1,9 @@
 #include "app/program_folder.h"
 
-#include "catalogue/installation.h"
 #include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
+#include "installation/installation.h"
 
 namespace oravin {
 

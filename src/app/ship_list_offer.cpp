@@ -1,9 +1,9 @@
 #include "app/ship_list_offer.h"
 
+#include "actions/draft_ship_list.h"
 #include "desk/dialogs.h"
 #include "files/look_up.h"
-#include "switcher/ship_list.h"
-#include "switcher/ship_list_draft.h"
+#include "lists/ship_list.h"
 
 namespace oravin {
 

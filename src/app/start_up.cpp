@@ -3,8 +3,8 @@
 #include <array>
 #include <functional>
 
+#include "actions/safekeeping.h"
 #include "app/program_folder.h"
-#include "app/safekeeping.h"
 #include "app/ship_list_offer.h"
 #include "base/delimited_text.h"
 #include "base/text.h"
@@ -46,7 +46,7 @@ bool IsGameFolder(Files& files, const std::string& folder) { return FileExists(f
 /// True when a program folder that is given can be worked on. A lost ship list must not keep the player from "Disable /
 /// Restore", which works by the catalogue.
 bool IsProgramFolder(Files& files, const std::string& folder) {
-  return FileExists(files, folder + shipListName) || FeaturesEnabled(files, folder);
+  return FileExists(files, folder + shipListName) || FeaturesEnabled(files, folder + catalogueName);
 }
 
 /// The program folder, first guess: where the registry says that the program is, else the usual folder, else the one
@@ -139,7 +139,7 @@ void OfferListForPackage(Main& main, const GivenFolders& given) {
   const Installation& installation = main.installation;
   if (!IsPackages(installation, given) || !given.offerShipList) return;
   if (FileExists(main.host.files, installation.shipListPath()) ||
-      FeaturesEnabled(main.host.files, installation.ProgramPath))
+      FeaturesEnabled(main.host.files, installation.cataloguePath()))
     return;
   OfferShipList(main, installation.GamePath, installation.ProgramPath);
 }
@@ -276,7 +276,7 @@ void Form_Load(Main& main, const GivenFolders& given) {
   main.tcache.txtTcacheSource.text = installation.cachePath();
 
   LockInstallation(main);
-  if (FeaturesEnabled(main.host.files, installation.ProgramPath)) {
+  if (FeaturesEnabled(main.host.files, installation.cataloguePath())) {
     LoadCatalogue(main.host, installation.cataloguePath(), installation.ships);
     FillLists(main);
   }

@@ -2,10 +2,10 @@
 
 #include <array>
 
-#include "hog/unpack.h"
-#include "ships/stats_edit.h"
-#include "ships/stats_show.h"
-#include "ships/weapons_edit.h"
+#include "actions/unpack_models.h"
+#include "tabs/stats_edit.h"
+#include "tabs/stats_show.h"
+#include "tabs/weapons_edit.h"
 
 namespace oravin {
 

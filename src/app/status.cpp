@@ -1,14 +1,14 @@
 #include "app/status.h"
 
+#include "actions/restore_cache.h"
+#include "archive/archive_table.h"
 #include "base/run_time_error.h"
 #include "catalogue/catalogue.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
-#include "hog/Hog.h"
-#include "ships/shipstats.h"
-#include "texture/RestoreTcacheFile.h"
+#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -43,7 +43,7 @@ Status StatusOf(Main& main) {
   Status status;
   status.gameFolder = installation.GamePath;
   status.programFolder = installation.ProgramPath;
-  status.enabled = FeaturesEnabled(main.host.files, installation.ProgramPath);
+  status.enabled = FeaturesEnabled(main.host.files, installation.cataloguePath());
   status.onlyLooks = main.onlyLooks;
   for (const ShipRecord& ship : installation.ships) {
     if (IsInert(ship)) continue;

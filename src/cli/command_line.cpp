@@ -5,10 +5,10 @@
 #include <map>
 #include <optional>
 
-#include "app/about_tab.h"
 #include "base/text.h"
 #include "cli/help_text.h"
 #include "platform/native_path.h"
+#include "tabs/about_tab.h"
 
 namespace oravin {
 

@@ -1,6 +1,6 @@
+#include "actions/convert_mesh.h"
 #include "base/text.h"
 #include "cli/commands.h"
-#include "convert/m3DtoSL.h"
 #include "files/path.h"
 
 namespace oravin {

@@ -7,9 +7,9 @@
 #include "cli/commands.h"
 #include "cli/hog_table.h"
 #include "files/path.h"
-#include "hog/hog_open.h"
 #include "platform/installation_lock.h"
 #include "platform/interrupt.h"
+#include "tabs/archive_open.h"
 
 namespace oravin {
 

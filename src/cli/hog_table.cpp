@@ -4,7 +4,7 @@
 #include "base/text.h"
 #include "cli/text_table.h"
 #include "files/path.h"
-#include "hog/extract.h"
+#include "tabs/archive_extract.h"
 
 namespace oravin {
 

@@ -7,8 +7,8 @@
 #include "cli/commands.h"
 #include "cli/ship_names.h"
 #include "cli/text_table.h"
+#include "models/texture_names.h"
 #include "platform/native_path.h"
-#include "ships/shp_texture_names.h"
 
 namespace oravin {
 

@@ -3,7 +3,7 @@
 
 #include "base/text.h"
 #include "cli/commands.h"
-#include "ships/shp_texture_names.h"
+#include "models/texture_names.h"
 
 namespace oravin {
 

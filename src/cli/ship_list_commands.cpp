@@ -1,9 +1,9 @@
+#include "actions/draft_ship_list.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/text_table.h"
 #include "desk/dialogs.h"
-#include "switcher/ship_list_draft.h"
-#include "switcher/ship_list_text.h"
+#include "lists/ship_list_text.h"
 
 namespace oravin {
 

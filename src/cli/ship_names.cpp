@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "ships/stats_source.h"
+#include "installation/stats_source.h"
 
 namespace oravin {
 

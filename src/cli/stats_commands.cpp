@@ -7,7 +7,7 @@
 #include "cli/ship_names.h"
 #include "cli/shortest_number.h"
 #include "cli/text_table.h"
-#include "ships/stats_source.h"
+#include "installation/stats_source.h"
 
 namespace oravin {
 

@@ -1,6 +1,7 @@
 #include <string>
 #include <vector>
 
+#include "actions/learn_loadout.h"
 #include "app/handlers.h"
 #include "base/text.h"
 #include "cli/commands.h"
@@ -8,9 +9,8 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "texture/LearnLoadout.h"
-#include "texture/extraction.h"
-#include "texture/picture.h"
+#include "textures/extract_texture.h"
+#include "textures/picture.h"
 
 namespace oravin {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "ships/SHP_Editing.h"
+#include "models/attachments.h"
 
 namespace oravin {
 

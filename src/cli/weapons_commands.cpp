@@ -8,7 +8,7 @@
 #include "cli/ship_names.h"
 #include "cli/text_table.h"
 #include "cli/weapon_types.h"
-#include "ships/stats_show.h"
+#include "tabs/stats_show.h"
 
 namespace oravin {
 

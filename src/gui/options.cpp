@@ -3,8 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <sstream>
 
-#include "app/about_tab.h"
 #include "gui/native_dialogs.h"
+#include "tabs/about_tab.h"
 
 namespace oravin::gui {
 

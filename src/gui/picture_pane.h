@@ -4,7 +4,7 @@
 #include <wx/scrolwin.h>
 
 #include "gui/pages.h"
-#include "texture/preview.h"
+#include "tabs/texture_preview.h"
 
 namespace oravin::gui {
 

@@ -7,7 +7,7 @@
 #include <array>
 
 #include "drawings.h"
-#include "switcher/switcher_tab.h"
+#include "tabs/switcher_tab.h"
 
 namespace oravin::gui {
 

@@ -8,7 +8,7 @@
 
 #include "gui/pages.h"
 #include "gui/pictures.h"
-#include "switcher/switcher_tab.h"
+#include "tabs/switcher_tab.h"
 
 namespace oravin::gui {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "gui/list_window.h"
-#include "ships/stats_tab.h"
+#include "tabs/stats_tab.h"
 
 namespace oravin::gui {
 

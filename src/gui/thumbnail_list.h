@@ -8,7 +8,7 @@
 #include <string>
 
 #include "desk/controls.h"
-#include "texture/picture.h"
+#include "textures/picture.h"
 
 namespace oravin::gui {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "ships/stats_tab.h"
+#include "tabs/stats_tab.h"
 
 namespace oravin::gui {
 

@@ -1,9 +1,9 @@
 // Enable with too few free slots in the texture cache ends before its first change; with just enough it goes on.
 
-#include "cache/cache_files.h"
 #include "demo/model_writer.h"
 #include "desk/program_end.h"
 #include "session.h"
+#include "support/cache_files.h"
 
 namespace oravin::test {
 namespace {

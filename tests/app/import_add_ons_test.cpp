@@ -1,8 +1,8 @@
 // Importing ships over add-ons that are there already under the same names: nothing of theirs is changed, and no ship
 // comes back as another one.
 
-#include "cache/cache_files.h"
 #include "import_stage.h"
+#include "support/cache_files.h"
 
 namespace oravin::test {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/import_file.h"
-#include "cache/cache_files.h"
 #include "demo/model_writer.h"
 #include "session.h"
+#include "support/cache_files.h"
 
 namespace oravin::test {
 

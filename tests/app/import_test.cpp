@@ -1,10 +1,10 @@
 // Importing ships: through the form and the handler table, on the enabled small installation. After every step every
 // file of both folders is compared byte for byte with what it must be.
 
-#include "cache/cache_files.h"
 #include "desk/program_end.h"
 #include "files/file.h"
 #include "import_stage.h"
+#include "support/cache_files.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 

@@ -3,9 +3,9 @@
 
 #include "interruption_stage.h"
 #include "support/fault.h"
-#include "switcher/imported_list.h"
-#include "switcher/remove_imported.h"
-#include "switcher/rename_imported.h"
+#include "tabs/imported_list.h"
+#include "tabs/remove_imported.h"
+#include "tabs/rename_imported.h"
 
 namespace oravin::test {
 namespace {

@@ -1,8 +1,8 @@
 // Enable makes the companion textures that imported ships lack, and nothing else; and it learns the maps for that.
 
-#include "cache/cache_files.h"
 #include "demo/model_writer.h"
 #include "session.h"
+#include "support/cache_files.h"
 #include "support/sample_copy.h"
 
 namespace oravin::test {

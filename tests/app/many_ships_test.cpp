@@ -2,7 +2,7 @@
 
 #include "catalogue/catalogue.h"
 #include "import_stage.h"
-#include "switcher/ship_list.h"
+#include "lists/ship_list.h"
 
 namespace oravin::test {
 namespace {

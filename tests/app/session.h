@@ -7,9 +7,9 @@
 
 #include "app/handlers.h"
 #include "app/start_up.h"
-#include "installation/expected_files.h"
-#include "installation/small_installation.h"
+#include "support/expected_files.h"
 #include "support/scripted_desk.h"
+#include "support/small_installation.h"
 
 namespace oravin::test {
 

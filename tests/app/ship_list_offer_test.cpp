@@ -5,10 +5,10 @@
 #include <filesystem>
 
 #include "desk/program_end.h"
+#include "lists/ship_list.h"
 #include "platform/registry.h"
 #include "session.h"
 #include "support/own_machine.h"
-#include "switcher/ship_list.h"
 
 namespace oravin::test {
 namespace {
@@ -44,7 +44,7 @@ struct ShipListOffer : testing::Test {
   [[nodiscard]] FolderImage Image() const { return ImageOf(installation.folder.native); }
   [[nodiscard]] std::vector<ListedShip> Listed() {
     std::vector<ListedShip> ships;
-    for (const ListedLine& line : ReadShipListText(main.host.files, installation.programPath).lines) {
+    for (const ListedLine& line : ReadShipListText(main.host.files, installation.programPath + shipListName).lines) {
       ships.push_back(line.ship);
     }
     return ships;

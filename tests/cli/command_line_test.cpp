@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
-#include "app/about_tab.h"
 #include "cli/help_text.h"
+#include "tabs/about_tab.h"
 
 namespace oravin {
 namespace {

@@ -1,7 +1,7 @@
 #include <bit>
 
 #include "sample_runs.h"
-#include "ships/shipstats.h"
+#include "stats/ship_stats.h"
 #include "support/folder_image.h"
 
 namespace oravin::test {

@@ -1,6 +1,6 @@
 // The panel of the converter: its texts, its checks, and how it hands the new model on.
 
-#include "convert/convert_panel.h"
+#include "tabs/convert_panel.h"
 
 #include "stage.h"
 

@@ -1,6 +1,6 @@
 // The call of the converter library: what it is given, what its results are shown as, and what is never lost.
 
-#include "convert/m3DtoSL.h"
+#include "actions/convert_mesh.h"
 
 #include "platform/converter.h"
 #include "platform/current_folder.h"

@@ -5,10 +5,10 @@
 #include <filesystem>
 #include <string>
 
-#include "convert/convert_panel.h"
-#include "convert/m3DtoSL.h"
+#include "actions/convert_mesh.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
+#include "tabs/convert_panel.h"
 
 namespace oravin::test {
 

@@ -1,0 +1,148 @@
+#include "actions/model_textures.h"
+
+#include <utility>
+
+#include "base/text.h"
+#include "desk/dialogs.h"
+#include "desk/error_trap.h"
+#include "files/file.h"
+#include "files/look_up.h"
+#include "files/path.h"
+#include "models/model_chunks.h"
+#include "models/texture_names.h"
+#include "textures/cache_table.h"
+#include "textures/extract_texture.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::uint64_t classByteAt = 26;
+constexpr std::uint32_t noChunk = 65536;  // a type that no chunk can have
+
+/// True when the model names textures in a table that lies wholly in its file. What stands behind it does not matter.
+bool HasNames(Files& files, const std::string& path) {
+  ModelReader reader(files, path);
+  while (const auto chunk = NextChunk(reader, textureNamesChunk)) {
+    if (EndOf(*chunk) > reader.length) return false;
+    if (chunk->count > 0) return true;
+  }
+  return false;
+}
+
+/// True when the file is long enough for a model and nothing but whole chunks; less than a header may be left over.
+bool IsAllChunks(Files& files, const std::string& path) {
+  ModelReader reader(files, path);
+  if (reader.length <= classByteAt) return false;
+  // A file of zeros is a row of empty chunks.
+  const auto header = BytesAt(reader, 0, chunkHeaderSize);
+  if ((header[2] | header[3]) == 0 || (header[4] | header[5]) == 0) return false;
+  NextChunk(reader, noChunk);
+  return reader.next <= reader.length && reader.length - reader.next < chunkHeaderSize;
+}
+
+/// The cache's table, read once for all names; nothing for a cache that is not there, after its box.
+TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string& anyName) {
+  if (!FileExists(host.files, cachePath)) {
+    FindStructOffset(host, cachePath, anyName);  // it tells that the cache is missing
+    return {};
+  }
+  File file(host.files, cachePath, OpenFor::reading);
+  const TcacheBytes cache = ReadTcache(file);
+  TcacheTable table;
+  for (int slot = 0; slot < SlotsIn(cache); ++slot) table.push_back(EntryOf(cache, slot));
+  return table;
+}
+
+std::string BitmapFor(Files& files, const std::string& modelPath, const std::string& name, const GivenBitmaps& given,
+                      bool& isGiven) {
+  const auto chosen = given.find(BitmapKey(name));
+  isGiven = chosen != given.end() && FileExists(files, chosen->second);
+  return isGiven ? chosen->second : BitmapBeside(files, modelPath, name);
+}
+
+ListedTexture NewListed(Files& files, const std::string& name, const TcacheTable& table, const std::string& modelPath,
+                        const GivenBitmaps& given) {
+  ListedTexture texture;
+  texture.name = name;
+  // The first slot of the name, as FindStructOffset finds it.
+  for (const TcacheEntry& entry : table) {
+    if (!SameName(entry.name, name)) continue;
+    texture.cached = entry;
+    texture.cachedPalette = TemplateFor(table, entry.name);
+    break;
+  }
+  texture.bitmapPath = BitmapFor(files, modelPath, name, given, texture.given);
+  if (!texture.bitmapPath.empty()) texture.unusable = WhyUnusable(texture.bitmapPath, texture.info);
+  return texture;
+}
+
+}  // namespace
+
+std::string BitmapKey(const std::string& texture) { return LowerCase(Trim(texture)); }
+
+std::string BitmapBeside(Files& files, const std::string& modelPath, const std::string& texture) {
+  const std::string name = Trim(texture) + ".bmp";
+  if (Trim(texture).empty() || !IsPlainFileName(name)) return "";
+  const std::string path = ParentFolder(modelPath) + name;
+  return FileExists(files, path) ? path : "";
+}
+
+std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, const GivenBitmaps& given) {
+  std::vector<std::string> bitmaps;
+  try {
+    for (const std::string& name : ReadShpTextureNames(files, modelPath)) {
+      bool isGiven = false;
+      std::string bitmap = BitmapFor(files, modelPath, name, given, isGiven);
+      if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
+    }
+  } catch (const RunTimeError&) {
+    return {};  // whoever imports the model is told
+  }
+  return bitmaps;
+}
+
+std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
+  // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
+  Host quiet;
+  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
+  if (!GetBMPInfo(quiet, bitmapPath, info)) return "it is no bitmap that can be read";
+  try {
+    if (BitmapFits(quiet.files, bitmapPath, info)) return "";
+  } catch (const RunTimeError& error) {
+    return error.reason;
+  }
+  if (info.depth < 1 || info.depth > 3) return "its pixels have neither 8 nor 16 nor 24 bits";
+  if (info.imageCount == 0) return "its length does not fit the size that it states";
+  return "its sides must each be one of 2, 4, 8, ... 256, and it must not be compressed";
+}
+
+bool IsShpFile(Files& files, const std::string& path) { return HasNames(files, path) || IsAllChunks(files, path); }
+
+bool TextureList(Host& host, std::string modelPath, const std::string& cachePath, const GivenBitmaps& given,
+                 std::vector<ListedTexture>& textures) {
+  bool listed = false;
+  Trap(host, "TextureList", [&] {
+    std::vector<std::string> names;
+    TrimInPlace(modelPath);
+    if (!FileExists(host.files, modelPath)) {
+      GetShpTextureNames(host, modelPath, names);  // it tells that the model is missing
+      return;
+    }
+    if (!IsShpFile(host.files, modelPath)) {
+      Show(host, "This is not a valid SL shp file", Icon::exclamation, "Oravin - TextureList()");
+      return;
+    }
+    names = ReadShpTextureNames(host.files, modelPath);
+    std::vector<ListedTexture> found;
+    if (!names.empty()) {
+      const TcacheTable table = TableOf(host, cachePath, names.front());
+      for (const std::string& name : names) found.push_back(NewListed(host.files, name, table, modelPath, given));
+    }
+    textures = std::move(found);
+    listed = true;
+  });
+  return listed;
+}
+
+}  // namespace oravin

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "desk/host.h"
+#include "installation/installation.h"
+#include "installation/model_entry.h"
+
+/// What the player had before the features were enabled, kept in `backup\` of the program folder:
+///
+///   backup\ships\                  loose models that have the file name of a ship of the catalogue, and their ".org"
+///                                   (switcher/kept_models.h)
+///   backup\tcachehw.dat             a texture cache that held textures of the player's own
+///   backup\shipstats.def            the stock statistics
+namespace oravin {
+
+/// Start-up's copy of the stock statistics, `shipstats.def`. Where it is missing while the features are enabled, it is
+/// made from `backup\shipstats.def`, else from `shipstats.bin`, and the imported ships get their blocks in it anew
+/// (PutAddOnBlocks); it takes its name when it is complete. Otherwise it is made by BackupShipStats.
+void KeepDefaults(Host& host, const Installation& installation);
+
+/// Makes the folders that enabling writes into, where they are missing.
+/// @throws RunTimeError
+void MakeFolders(Files& files, const Installation& installation);
+
+/// Copies what enabling is going to replace. Where an earlier run's catalogue was lost, models that are that run's own
+/// work are passed over.
+/// @param models the file names of the catalogue's ships, stock and add-on
+/// @param live,backup the archive's table and its backup
+/// @throws RunTimeError
+void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
+                      const HogTable& live, const HogTable& backup);
+
+/// Leaves of each of these models one spelling alone in the game's ships folder; the others must be kept
+/// (EraseSpareSpellings). Called when the catalogue is there, so that "Disable / Restore" knows what it has to bring
+/// back.
+/// @throws RunTimeError
+void EraseKeptSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models);
+
+/// The paths of these models and of their ".org" in the game's ships folder, in all spellings, as far as they are
+/// there.
+std::vector<std::string> LooseFiles(Files& files, const Installation& installation,
+                                    const std::vector<std::string>& models);
+
+/// The most bytes that KeepPlayersFiles writes.
+std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models);
+
+/// Erases what a run that was cut short left half-written in the folders of the installation.
+/// @throws RunTimeError
+void EraseAllLeftovers(Files& files, const Installation& installation);
+
+}  // namespace oravin

@@ -1,0 +1,72 @@
+#include "tabs/first_bytes.h"
+
+#include <algorithm>
+#include <array>
+
+#include "base/run_time_error.h"
+#include "base/text.h"
+#include "files/file.h"
+#include "tabs/archive_extract.h"
+
+namespace oravin {
+
+namespace {
+
+constexpr std::size_t bytesInLine = 16;
+
+std::string Hex(std::size_t value, int digits) {
+  static constexpr const char* figures = "0123456789ABCDEF";
+  std::string text;
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) text += figures[value >> shift & 15U];
+  return text;
+}
+
+/// What is shown for a byte: printable ASCII as it is; what other bytes mean depends on the file.
+char CharacterOf(std::uint8_t byte) { return byte >= ' ' && byte < 127 ? static_cast<char>(byte) : '.'; }
+
+std::string ViewOf(File& hog, const HogEntry& entry) {
+  const std::string outside = WhyNotInside(hog, entry);
+  if (!outside.empty()) return Presentable(entry.Name) + ": " + outside + ".";
+  Bytes bytes(std::min<std::size_t>(entry.Size, firstBytesShown));
+  Get(hog, entry.Offset, bytes);
+  const char* kind = IsCompressed(hog, entry) ? ", packed" : ", stored";
+  return Presentable(entry.Name) + kind + "\n" + HexView(bytes);
+}
+
+}  // namespace
+
+std::string HexView(std::span<const std::uint8_t> bytes) {
+  std::string text;
+  for (std::size_t at = 0; at < bytes.size(); at += bytesInLine) {
+    text += (at > 0 ? "\n" : "") + Hex(at, 4) + " ";
+    std::string characters;
+    for (std::size_t i = at; i < at + bytesInLine; ++i) {
+      text += i % 8 == 0 ? "  " : " ";
+      text += i < bytes.size() ? Hex(bytes[i], 2) : "  ";
+      if (i < bytes.size()) characters += CharacterOf(bytes[i]);
+    }
+    text += "   " + characters;
+  }
+  return text;
+}
+
+void hogList_ItemClick(HogTab& tab) {
+  TellSelection(tab);
+  tab.txtFirstBytes.text.clear();
+  const auto index = SelectedEntry(tab);
+  if (!index || !tab.txtFirstBytes.shown) return;
+  try {
+    tab.txtFirstBytes.text = ViewOf(tab.archive.file, tab.archive.entries.at(*index));
+  } catch (const RunTimeError& error) {
+    // A look at a file is not worth a box.
+    tab.txtFirstBytes.text = error.what();
+  }
+}
+
+void cmdFirstBytes_Click(HogTab& tab) {
+  tab.txtFirstBytes.shown = !tab.txtFirstBytes.shown;
+  tab.cmdFirstBytes.caption = tab.txtFirstBytes.shown ? "Hide first b&ytes" : "Show first b&ytes";
+  hogList_ItemClick(tab);
+}
+
+}  // namespace oravin

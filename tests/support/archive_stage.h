@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "catalogue/ship_record.h"
+#include "demo/archive_writer.h"
+#include "installation/model_entry.h"
+#include "support/scripted_desk.h"
+#include "support/small_installation.h"
+#include "support/temporary_folder.h"
+
+namespace oravin::test {
+
+/// A game folder with an archive, and a program folder beside it; both empty at first but for their folders.
+struct ArchiveStage {
+  ArchiveStage();
+
+  void Write(const std::vector<demo::ArchiveFile>& files) const;
+  void Write(const Bytes& archive) const;
+  /// Lets the archive grow by zeros, which take no room where the file system can leave them out.
+  void LengthenTo(std::uint64_t length);
+  [[nodiscard]] Bytes Archive() const;
+  /// The archive's table, read by the program; it must be readable without a box.
+  [[nodiscard]] HogTable Table();
+
+  [[nodiscard]] std::filesystem::path Game(const std::string& name) const { return folder.Native("game/" + name); }
+  [[nodiscard]] std::filesystem::path Program(const std::string& name) const {
+    return folder.Native("program/" + name);
+  }
+  /// Both folders as they are now.
+  [[nodiscard]] FolderImage Image() const { return ImageOf(folder.native); }
+
+  TemporaryFolder folder;
+  std::string gamePath = folder.Windows("game\\");
+  std::string programPath = folder.Windows("program\\");
+  std::string hogPath = gamePath + "resource.hog";
+  std::string shipsFolder = gamePath + "ships\\";
+  Host host;
+  ScriptedDesk desk{host};
+};
+
+/// The entry's bytes in the table: offset, size, name and the zero byte.
+Bytes TableRow(std::uint32_t offset, std::uint32_t size, const std::string& name);
+
+/// A header with that count, and the table behind it.
+Bytes HeaderAnd(std::uint32_t count, const Bytes& table);
+
+/// A stock ship whose record has no place in the archive.
+ShipRecord StockShip(const std::string& name, const std::string& file);
+
+/// A stock ship that stands in the archive as the entry says.
+ShipRecord ShipAt(const std::string& name, const std::string& file, const TableEntry& entry);
+
+/// An imported ship.
+ShipRecord ImportedShip(const std::string& name, const std::string& file);
+
+/// What a place of the archive's table names.
+std::string NameIn(const Bytes& archive, const TableEntry& entry);
+
+}  // namespace oravin::test

@@ -1,0 +1,64 @@
+#include "support/swap_stage.h"
+
+#include "actions/unpack_models.h"
+#include "stats/ship_stats.h"
+
+namespace oravin::test {
+
+SwitcherStage::SwitcherStage() {
+  installation.GamePath = files.gamePath;
+  installation.ProgramPath = files.programPath;
+}
+
+HogTable SwitcherStage::Live() {
+  std::string path = installation.GamePath + "resource.hog";
+  std::vector<HogEntry> entries;
+  GetHogData(host, path, entries);
+  return TableOf(std::move(entries));
+}
+
+bool SwitcherStage::Build(const HogTable& backup) {
+  const std::vector<ListedShip> list = ReadShipList(host, installation.shipListPath());
+  return BuildCatalogue(host, installation, list, Live(), backup);
+}
+
+void SwitcherStage::Enable() {
+  BackupShipStats(host, installation.statsPath(), installation.defaultsPath());
+  EXPECT_TRUE(Build());
+  UnpackSetup(host, installation.GamePath, installation.ships);
+  DisplaySwitcher(host, tab, installation, false);
+}
+
+std::string SwitcherStage::ModelPath(int ship) const {
+  return installation.GamePath + "ships\\" + files.ships[At(ship)].file;
+}
+
+std::string SwitcherStage::BackupPath(int ship) const {
+  const std::string path = ModelPath(ship);
+  return path.substr(0, path.size() - 4) + ".org";
+}
+
+std::filesystem::path SwitcherStage::Backup(int ship) const { return Model(ship).replace_extension(".org"); }
+
+ShipRecord SwitcherStage::RecordOnDisk(int ship) const {
+  const Bytes catalogue = ReadFileAt(files.Program("ships.dat"));
+  const auto record = RecordFrom(std::span(catalogue).subspan(shipRecordSize * At(ship), shipRecordSize));
+  EXPECT_TRUE(record.has_value());
+  return record.value_or(ShipRecord());
+}
+
+void SwitcherStage::Select(int target, int source) {
+  ASSERT_TRUE(RowOf(tab.swapOrgList, target));
+  ASSERT_TRUE(RowOf(tab.swapToList, source));
+  SelectOnly(tab.swapOrgList, RowOf(tab.swapOrgList, target));
+  SelectOnly(tab.swapToList, RowOf(tab.swapToList, source));
+}
+
+std::optional<std::size_t> RowOf(const ListView& list, int ship) {
+  for (std::size_t i = 0; i < list.rows.size(); ++i) {
+    if (list.rows[i].key == "s" + std::to_string(ship + 1)) return i;
+  }
+  return std::nullopt;
+}
+
+}  // namespace oravin::test
