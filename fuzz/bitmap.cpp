@@ -2,7 +2,7 @@
 // imported leaves the cache alone.
 
 #include "actions/import_texture.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "input_file.h"
 #include "textures/mipmap_chain.h"
 #include "textures/picture.h"

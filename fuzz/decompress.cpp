@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "input_file.h"
 #include "reference_decoder.h"
 
@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   bool refused = false;
   try {
     Decompress(input, unpacked);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     refused = true;
   }
   fuzz::Require(refused == !expected.has_value(), "the same streams are refused");

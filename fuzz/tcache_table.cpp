@@ -2,7 +2,7 @@
 // what runs past the end, show and extract only what lies in the file, and write nothing to it.
 
 #include "actions/restore_cache.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "input_file.h"
 #include "textures/extract_texture.h"
 #include "textures/picture.h"

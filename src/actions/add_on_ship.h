@@ -30,17 +30,17 @@ int AddOnStats(Host& host, const Installation& installation, const ShipRecord& s
 /// StatsIndex says: so the catalogue stays as it is. The statistics are those of AddOnStats. A record that names one of
 /// the game's own blocks has none of its own.
 /// @param file the new file with the stock blocks in it
-/// @throws RunTimeError when it cannot be written
+/// @throws FileError when it cannot be written
 void PutAddOnBlocks(Host& host, const Installation& installation, File& file);
 
 /// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: behind the stock blocks, and
 /// bearing the name of the ship whose record leads to them.
 /// @param indices of the ships in the catalogue
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices);
 
 /// Copies an add-on ship's model into the game's ships folder.
-/// @throws RunTimeError when a file fails
+/// @throws FileError when a file fails
 void InstallAddOnModel(Files& files, const Installation& installation, const ShipRecord& ship);
 
 }  // namespace oravin

@@ -5,7 +5,7 @@
 #include "actions/learn_loadout.h"
 #include "actions/loadout_companions.h"
 #include "actions/texture_batch.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -38,7 +38,7 @@ void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
     if (FileExists(files, batch.mapsPath)) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     batch.maps.reset();
   }
 }
@@ -48,7 +48,7 @@ void FindMaps(Files& files, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
     batch.maps = FindLoadoutMaps(files, batch.cachePath, batch.mapsPath);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     batch.maps.reset();
   }
 }

@@ -173,7 +173,7 @@ bool ReadModels(Drafting& drafting) {
       ModelReader reader = model.addOn ? ModelReader(files, drafting.installation.addOnModelPath(model.file))
                                        : ModelReader(model.file, ContentOf(hog, model.entry, largestModel));
       ReadModel(reader, ship);
-    } catch (const RunTimeError& error) {
+    } catch (const FileError& error) {
       Comment(ship, "damaged model: " + error.reason);
     }
     drafting.draft.ships.push_back(std::move(ship));
@@ -204,7 +204,7 @@ std::vector<std::string> FindStats(Drafting& drafting, std::vector<StatsMatch>& 
   std::vector<std::string> blocks;
   try {
     blocks = BlockNames(drafting.host.files, path);
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     drafting.draft.remark = "The statistics were not read: " + error.reason + " (" + path + ").";
   }
   drafting.draft.blocks = static_cast<int>(blocks.size());

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "actions/add_on_ship.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -53,7 +53,7 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
   const auto attempt = [&](auto&& step) {
     try {
       step();
-    } catch (const RunTimeError&) {
+    } catch (const FileError&) {
       whole = false;
     }
   };
@@ -92,7 +92,7 @@ void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch
     // The first of its name: no other ship has the name of one that is imported.
     const std::optional<int> block = GiveBlock(host, installation, ship.record, ship.stats, 0);
     if (!block) {
-      throw RunTimeError("could not import", ship.record.ShipName.Trimmed(), "its statistics could not be written");
+      throw FileError("could not import", ship.record.ShipName.Trimmed(), "its statistics could not be written");
     }
     ship.record.StatsIndex = Int16Value(*block);
   }

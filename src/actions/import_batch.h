@@ -42,13 +42,13 @@ const FolderNames& FilesIn(Files& files, ImportBatch& batch, const std::string& 
 /// True when the place of a new file is free, or when the file that is there already, or is to be, holds the same
 /// bytes.
 /// @param from the file that would be copied to the place `to`
-/// @throws RunTimeError when a file fails
+/// @throws FileError when a file fails
 bool CanBeCopied(Files& files, ImportBatch& batch, const std::string& from, const std::string& to);
 
 /// Writes a copy of a file that is to be new at its place. Where a file of that name is there already, or is to be,
 /// nothing is written.
 /// @return false when that one holds other bytes (CanBeCopied)
-/// @throws RunTimeError when a file fails
+/// @throws FileError when a file fails
 bool AddCopy(Files& files, ImportBatch& batch, const std::string& from, const std::string& to);
 
 /// How far a run has come, to go back to.

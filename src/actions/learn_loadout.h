@@ -28,7 +28,7 @@ struct LearnedLoadout {
 /// Counts, over all pairs among the cache's first 426 textures, what every index becomes at every level, and takes what
 /// comes most often; of equals the lowest. A cell that no pixel was seen of gets the value of the nearest seen level of
 /// the same index, of two equally near ones that of the larger image; one that was seen at no level stands for itself.
-/// @throws RunTimeError when the cache cannot be read
+/// @throws FileError when the cache cannot be read
 LearnedLoadout LearnLoadout(Files& files, const std::string& cachePath);
 
 /// The maps of what was learned.
@@ -36,7 +36,7 @@ LoadoutMaps MapsOf(const LearnedLoadout& learned);
 
 /// The maps of the maps' file or, where that is missing, those that the cache teaches. Nothing is written.
 /// @return nothing when the file is missing and the game's textures hold no pair
-/// @throws RunTimeError when the file is there but cannot be used, or the cache cannot be read
+/// @throws FileError when the file is there but cannot be used, or the cache cannot be read
 std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const std::string& cachePath, const std::string& mapsPath);
 
 /// The title of the boxes about learning.
@@ -45,7 +45,7 @@ inline constexpr const char* learnTitle = "LearnLoadout";
 /// The same, and makes the file where it is missing; an existing one is never changed. When the maps cannot be learned,
 /// one box says why, and nothing is written.
 /// @return nothing when they could not be learned
-/// @throws RunTimeError when the file is there but cannot be used
+/// @throws FileError when the file is there but cannot be used
 std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath);
 
 }  // namespace oravin

@@ -32,7 +32,7 @@ bool LoadoutSetup(Host& host, std::string cachePath, std::string folder, const S
 Ships LackingCompanions(const TcacheBytes& cache, const Ships& ships);
 
 /// The same for the cache's file.
-/// @throws RunTimeError when it cannot be read
+/// @throws FileError when it cannot be read
 Ships LackingCompanions(Files& files, const std::string& cachePath, const Ships& ships);
 
 /// True when the cache has a free slot for each companion that LoadoutSetup would add for these ships. Its checks come
@@ -46,7 +46,7 @@ void ReadTcacheEntry(Host& host, const std::string& cachePath, const std::string
 /// Writes a texture's data to a file, without any header. When the cache, the texture or the file's folder is missing,
 /// the box "Error in extracting textures. Path(s) don't exist".
 /// @return whether the file was written
-/// @throws RunTimeError when the texture's data do not lie in the cache
+/// @throws FileError when the texture's data do not lie in the cache
 bool ExtractRaw(Host& host, std::string cachePath, const std::string& name, const std::string& outputPath);
 
 }  // namespace oravin

@@ -43,7 +43,7 @@ struct StatsMatch {
 std::vector<StatsMatch> MatchStats(std::span<const NamedModel> models, std::span<const std::string> blocks);
 
 /// The names of a statistics file's blocks, at most 32,768, without zeros and blanks behind them.
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 std::vector<std::string> BlockNames(Files& files, const std::string& path);
 
 }  // namespace oravin

@@ -96,7 +96,7 @@ std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, c
       std::string bitmap = BitmapFor(files, modelPath, name, given, isGiven);
       if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
     }
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return {};  // whoever imports the model is told
   }
   return bitmaps;
@@ -109,7 +109,7 @@ std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
   if (!GetBMPInfo(quiet, bitmapPath, info)) return "it is no bitmap that can be read";
   try {
     if (BitmapFits(quiet.files, bitmapPath, info)) return "";
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     return error.reason;
   }
   if (info.depth < 1 || info.depth > 3) return "its pixels have neither 8 nor 16 nor 24 bits";

@@ -42,7 +42,7 @@ std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info);
 
 /// True when a file is a ship model, as far as its chunks tell: one of them is a whole table of texture names, or they
 /// fill the whole file.
-/// @throws RunTimeError when it cannot be read
+/// @throws FileError when it cannot be read
 bool IsShpFile(Files& files, const std::string& path);
 
 /// Lists the textures of a ship model, in the order of GetShpTextureNames: whether each is in the cache, and which

@@ -147,7 +147,7 @@ bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std
   try {
     WriteRebuilt(host.files, cachePath, temp, rebuilt);
     RenameOver(host.files, temp, cachePath);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     EraseIfThere(host.files, temp);
     throw;
   }

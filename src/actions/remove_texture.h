@@ -25,7 +25,7 @@ bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, cons
 
 /// Deletes the file "temp" of a rebuild that was cut short. Only a file that is empty or begins as a cache does is
 /// taken for one.
-/// @throws RunTimeError when it cannot be read or deleted
+/// @throws FileError when it cannot be read or deleted
 void EraseUnfinishedRebuild(Files& files, const std::string& cachePath);
 
 }  // namespace oravin

@@ -21,21 +21,21 @@ namespace oravin {
 void KeepDefaults(Host& host, const Installation& installation);
 
 /// Makes the folders that enabling writes into, where they are missing.
-/// @throws RunTimeError
+/// @throws FileError
 void MakeFolders(Files& files, const Installation& installation);
 
 /// Copies what enabling is going to replace. Where an earlier run's catalogue was lost, models that are that run's own
 /// work are passed over.
 /// @param models the file names of the catalogue's ships, stock and add-on
 /// @param live,backup the archive's table and its backup
-/// @throws RunTimeError
+/// @throws FileError
 void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
                       const HogTable& live, const HogTable& backup);
 
 /// Leaves of each of these models one spelling alone in the game's ships folder; the others must be kept
 /// (EraseSpareSpellings). Called when the catalogue is there, so that "Disable / Restore" knows what it has to bring
 /// back.
-/// @throws RunTimeError
+/// @throws FileError
 void EraseKeptSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models);
 
 /// The paths of these models and of their ".org" in the game's ships folder, in all spellings, as far as they are
@@ -47,7 +47,7 @@ std::vector<std::string> LooseFiles(Files& files, const Installation& installati
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models);
 
 /// Erases what a run that was cut short left half-written in the folders of the installation.
-/// @throws RunTimeError
+/// @throws FileError
 void EraseAllLeftovers(Files& files, const Installation& installation);
 
 }  // namespace oravin

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "archive/unpack.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "catalogue/catalogue.h"
 #include "files/file.h"
 #include "files/look_up.h"
@@ -22,7 +22,7 @@ std::uint64_t ModelSize(Files& files, const Installation& installation, const Sh
   try {
     File hog(files, installation.archivePath(), OpenFor::reading);
     return UnpackedSize(hog, Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset));
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return 0;  // an archive that cannot be read is told of where the model is unpacked
   }
 }

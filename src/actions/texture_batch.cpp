@@ -47,7 +47,7 @@ void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture
   try {
     File file(files, batch.cachePath, OpenFor::changing);
     for (const NewTexture& texture : textures) AddPixels(file, batch.cache, texture);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     GoBackTo(files, batch, mark);
     throw;
   }

@@ -62,15 +62,15 @@ BatchMark MarkOf(const TcacheBytes& cache);
 BatchMark MarkOf(const TextureBatch& batch);
 
 /// Takes back what was added since the mark; the file gets the length that it had then.
-/// @throws RunTimeError when the file cannot be cut; the textures are taken back all the same
+/// @throws FileError when the file cannot be cut; the textures are taken back all the same
 void GoBackTo(Files& files, TextureBatch& batch, const BatchMark& mark);
 
 /// Makes the textures of the batch part of the cache. Without any the file is not touched.
-/// @throws RunTimeError when the file cannot be written
+/// @throws FileError when the file cannot be written
 void CommitTextures(Files& files, TextureBatch& batch);
 
 /// Takes the whole batch back, committed or not: the file becomes what it was, byte for byte.
-/// @throws RunTimeError when the file cannot be written
+/// @throws FileError when the file cannot be written
 void TakeBackTextures(Files& files, TextureBatch& batch);
 
 }  // namespace oravin

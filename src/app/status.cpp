@@ -2,7 +2,7 @@
 
 #include "actions/restore_cache.h"
 #include "archive/archive_table.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "catalogue/catalogue.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
@@ -30,7 +30,7 @@ GameFile Look(Files& files, const std::string& folder, const std::string& name, 
   file.size = FileLength(files, path);
   try {
     file.count = count(path);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     file.count = 0;  // a file too short for a header counts nothing
   }
   return file;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/file_error.h"
 #include "base/number_text.h"
-#include "base/run_time_error.h"
 
 namespace oravin {
 
@@ -13,7 +13,7 @@ namespace {
 [[noreturn]] void Fail(const DelimitedText& text, const std::string& why) {
   const std::string_view before = text.all.substr(0, std::min(text.at, text.all.size()));
   const auto line = 1 + std::count(before.begin(), before.end(), '\n');
-  throw RunTimeError("could not read", text.path, why + " (line " + std::to_string(line) + ")");
+  throw FileError("could not read", text.path, why + " (line " + std::to_string(line) + ")");
 }
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }

@@ -18,21 +18,21 @@ struct DelimitedText {
 bool AtEnd(DelimitedText& text);
 
 /// Takes the next value as text. Two separators in a row hold an empty value between them.
-/// @throws RunTimeError at the end of the text, and for a quote that is not closed on its line or that is followed by
+/// @throws FileError at the end of the text, and for a quote that is not closed on its line or that is followed by
 ///   anything but a separator
 std::string TakeText(DelimitedText& text);
 
 /// The same where every line holds a value: an empty line holds an empty one. For texts whose values may be blank and
 /// stand a line each.
-/// @throws RunTimeError as TakeText
+/// @throws FileError as TakeText
 std::string TakeItem(DelimitedText& text);
 
 /// Takes the next value as a decimal number. The decimal point is a point whatever the system's language is.
-/// @throws RunTimeError as TakeText, and for a value that is no number
+/// @throws FileError as TakeText, and for a value that is no number
 double TakeNumber(DelimitedText& text);
 
 /// Takes the next value as a whole number from `lowest` to `highest`.
-/// @throws RunTimeError as TakeNumber, and for a number outside of these
+/// @throws FileError as TakeNumber, and for a number outside of these
 std::int32_t TakeWhole(DelimitedText& text, std::int32_t lowest, std::int32_t highest);
 
 }  // namespace oravin

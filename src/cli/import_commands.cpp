@@ -2,7 +2,7 @@
 
 #include "app/handlers.h"
 #include "app/import_file.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/ship_names.h"
@@ -68,7 +68,7 @@ bool NamesTexture(Session& session, const std::string& texture) {
     std::vector<std::string> names;
     try {
       names = ReadShpTextureNames(session.main.host.files, ship.modelPath);
-    } catch (const RunTimeError&) {
+    } catch (const FileError&) {
       continue;  // the import tells of a model that cannot be read
     }
     const auto same = [&](const std::string& name) { return BitmapKey(name) == BitmapKey(texture); };

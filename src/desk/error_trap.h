@@ -3,13 +3,14 @@
 #include <string>
 #include <utility>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "desk/host.h"
 
 namespace oravin {
 
-/// Shows the box of a procedure's error trap: "Error - " and what went wrong with which file.
-void ShowTrapped(Host& host, const std::string& procedure, const RunTimeError& error);
+/// Shows the message box of a procedure's error trap: the procedure's own words for that kind of error
+/// (desk/error_boxes.h), else "Error - " and what went wrong with which file.
+void ShowTrapped(Host& host, const std::string& procedure, const FileError& error);
 
 /// A procedure's error trap: runs its body; a run-time error in it ends it, shows one box titled with the procedure's
 /// name, and the neutral value is returned.
@@ -17,7 +18,7 @@ template <typename Value, typename Body>
 Value Trapped(Host& host, const std::string& procedure, Value neutral, Body&& body) {
   try {
     return std::forward<Body>(body)();
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     ShowTrapped(host, procedure, error);
     return neutral;
   }
@@ -29,7 +30,7 @@ bool Trap(Host& host, const std::string& procedure, Body&& body) {
   try {
     std::forward<Body>(body)();
     return true;
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     ShowTrapped(host, procedure, error);
     return false;
   }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <utility>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "platform/file_system.h"
 
 namespace oravin {
@@ -23,14 +23,14 @@ void OpenAs(File& file, Files& files, const std::string& path,
   const std::string reason = platform::LengthNative(file.native, file.length);
   if (!reason.empty()) {
     platform::CloseNative(file.native);
-    throw RunTimeError("could not open", path, reason);
+    throw FileError("could not open", path, reason);
   }
   file.files = &files;
   ++files.open;
 }
 
 Files& OwnerOf(const File& file) {
-  if (file.files == nullptr) throw RunTimeError("could not use", file.path, "it is not open");
+  if (file.files == nullptr) throw FileError("could not use", file.path, "it is not open");
   return *file.files;
 }
 
@@ -108,7 +108,7 @@ std::size_t GetSome(File& file, std::uint64_t offset, std::span<std::uint8_t> by
 
 void Get(File& file, std::uint64_t offset, std::span<std::uint8_t> bytes) {
   if (GetSome(file, offset, bytes) == bytes.size()) return;
-  throw RunTimeError("could not read", file.path, "it ends too early");
+  throw FileError("could not read", file.path, "it ends too early");
 }
 
 void Put(File& file, std::uint64_t offset, std::span<const std::uint8_t> bytes) {

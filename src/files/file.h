@@ -8,7 +8,7 @@
 #include "files/files.h"
 #include "platform/file_types.h"
 
-/// Binary files with 0-based offsets. Every failure is a RunTimeError.
+/// Binary files with 0-based offsets. Every failure is a FileError.
 ///
 /// Reading is buffered, so that a table can be read byte by byte; writing goes straight to the system, so that a file
 /// shows what has been put into it whenever the program stops.

@@ -4,7 +4,7 @@
 
 #include "files/file.h"
 
-/// Numbers in open files. Offsets are 0-based; a reader past the file's end throws a RunTimeError. Results are never
+/// Numbers in open files. Offsets are 0-based; a reader past the file's end throws a FileError. Results are never
 /// negative.
 namespace oravin {
 

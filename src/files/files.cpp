@@ -1,6 +1,6 @@
 #include "files/files.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 
 namespace oravin {
 
@@ -14,7 +14,7 @@ void Perform(Files& files, const FileOperation& operation, const char* what,
              const std::function<std::string()>& action) {
   if (files.before) files.before(operation);
   const std::string reason = action();
-  if (!reason.empty()) throw RunTimeError(what, ChangedPath(operation), reason);
+  if (!reason.empty()) throw FileError(what, ChangedPath(operation), reason);
 }
 
 }  // namespace oravin

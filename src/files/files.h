@@ -7,7 +7,7 @@
 
 #include "base/bytes.h"
 
-/// The one seam to the file system. Every operation on a file passes the hook first. A failure is a RunTimeError.
+/// The one seam to the file system. Every operation on a file passes the hook first. A failure is a FileError.
 namespace oravin {
 
 /// One operation on a file, as the hook sees it just before it is done.
@@ -55,7 +55,7 @@ struct Files {
 /// Shows an operation to the hook, does it, and throws its failure.
 /// @param what what was tried, for the error: "could not open"
 /// @param action does it; returns the system's reason, empty when it succeeded
-/// @throws RunTimeError with the operation's ChangedPath
+/// @throws FileError with the operation's ChangedPath
 void Perform(Files& files, const FileOperation& operation, const char* what,
              const std::function<std::string()>& action);
 

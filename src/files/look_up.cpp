@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/path.h"
 #include "platform/file_system.h"
@@ -20,7 +20,7 @@ std::string Announce(Files& files, const FileOperation& look) {
   try {
     files.before(look);
     return {};
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     return error.reason;
   }
 }
@@ -45,6 +45,10 @@ bool FileExists(Files& files, std::string_view path) {
   if (trimmed.find_first_of("*?") != std::string::npos) return AnyFileMatches(files, trimmed);
   const LookUp found = LookFor(files, trimmed);
   return found.presence == Presence::visible && !found.facts.folder;
+}
+
+void RequireFile(Files& files, const std::string& path) {
+  if (!FileExists(files, path)) throw FileError("could not open", path, "it does not exist", ErrorKind::missing);
 }
 
 bool FolderExists(Files& files, std::string_view path) {

@@ -22,6 +22,10 @@ using platform::Presence;
 /// restores files asks LookFor.
 bool FileExists(Files& files, std::string_view path);
 
+/// Goes on only where FileExists.
+/// @throws FileError of the kind `missing`
+void RequireFile(Files& files, const std::string& path);
+
 /// True when the trimmed path names an existing folder.
 bool FolderExists(Files& files, std::string_view path);
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "platform/file_system.h"
@@ -20,7 +20,7 @@ using Kind = FileOperation::Kind;
 Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most) {
   File file(files, path, OpenFor::reading);
   const std::uint64_t length = file.length;
-  if (length > most) throw RunTimeError("could not read", path, "it is too large to be right");
+  if (length > most) throw FileError("could not read", path, "it is too large to be right");
   Bytes bytes(static_cast<std::size_t>(length));
   Get(file, 0, bytes);
   return bytes;
@@ -35,7 +35,7 @@ void WriteBeside(Files& files, const std::string& path, const std::function<void
       Flush(file);
     }
     RenameOver(files, beside, path);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     EraseIfThere(files, beside);
     throw;
   }
@@ -47,7 +47,7 @@ void AddWhole(Files& files, WholeFiles& together, const std::string& path,
   try {
     File file(files, beside, OpenFor::replacing);
     write(file);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     EraseIfThere(files, beside);
     throw;
   }
@@ -59,7 +59,7 @@ void AddNew(Files& files, WholeFiles& together, const std::string& path, const s
   try {
     File file(files, folder, path.substr(folder.size()) + besideSuffix);
     write(file);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     EraseIfThere(files, path + besideSuffix);
     throw;
   }
@@ -126,7 +126,7 @@ void EraseIfThere(Files& files, const std::string& path) {
   try {
     if (files.before) files.before({Kind::cleanUp, path});
     platform::EraseNative(path);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     // What is left has a name of its own, and the next run overwrites or erases it.
   }
 }

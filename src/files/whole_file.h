@@ -12,7 +12,7 @@
 #include "files/file.h"
 
 /// Files as a whole. A file that is written whole is written beside itself first, flushed to the disk and then renamed
-/// over the old one: there is no moment without it. Every failure is a RunTimeError.
+/// over the old one: there is no moment without it. Every failure is a FileError.
 namespace oravin {
 
 /// What the name of a file bears at its end while it is being written. Whatever is left over from a run that was cut

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <tuple>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/look_up.h"
 #include "files/path.h"
@@ -133,7 +133,7 @@ void CopyBack(Files& files, const Installation& installation, const std::vector<
   try {
     for (const Sorted& sorted : all) AddMissing(files, installation, loose, sorted, together);
     CommitWhole(files, together);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     DropWhole(files, together, 0);
     throw;
   }

@@ -46,24 +46,24 @@ KeptModels ReadKeptModels(Files& files, const Installation& installation);
 /// one is followed by a new one.
 /// @param kept what is kept, and afterwards these too
 /// @param spellings of one name, at least one
-/// @throws RunTimeError
+/// @throws FileError
 void KeepModels(Files& files, const Installation& installation, KeptModels& kept,
                 const std::vector<std::string>& spellings);
 
 /// Keeps one loose model and takes it away from the game's ships folder. The folders are made where they are missing.
 /// @param path of the model; case does not matter
-/// @throws RunTimeError
+/// @throws FileError
 void MoveToKept(Files& files, const Installation& installation, const std::string& path);
 
 /// Deletes further spellings of a model from the game's ships folder, so that the game and the program mean the same
 /// file by its name. The one that the name leads to stays, and so does one of which no equal copy of that spelling is
 /// the latest kept.
-/// @throws RunTimeError
+/// @throws FileError
 void EraseSpareSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models);
 
 /// Copies the latest version of each kept model back into the game's ships folder, in its own spellings. Then older
 /// versions, and a loose model that had to give way, are in `backup\old\`; only what is back is deleted.
-/// @throws RunTimeError
+/// @throws FileError
 void PutKeptModelsBack(Files& files, const Installation& installation);
 
 /// The bytes of the kept models.

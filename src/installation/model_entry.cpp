@@ -1,7 +1,7 @@
 #include "installation/model_entry.h"
 
 #include "archive/disguise.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
 
@@ -55,7 +55,7 @@ std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, cons
   std::vector<HogEntry> entries;
   // An archive whose table cannot be read may well hold the model: that is not the same as one without it.
   if (GetHogData(host, path, entries) == 0) {
-    throw RunTimeError("could not look for " + ModelOf(ship) + " in", hogPath, "its table cannot be read");
+    throw FileError("could not look for " + ModelOf(ship) + " in", hogPath, "its table cannot be read");
   }
   const HogTable live = TableOf(std::move(entries));
   if (known) return FindModel(ModelOf(ship), live, {});

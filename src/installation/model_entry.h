@@ -30,7 +30,7 @@ bool IsDisguised(const std::string& model, const HogTable& live);
 /// @param hogPath the live archive
 /// A record without an entry is looked up by its plain name: a patch may have brought the model.
 /// @return nothing when the archive does not hold the model
-/// @throws RunTimeError when the archive or its table cannot be read
+/// @throws FileError when the archive or its table cannot be read
 std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, const ShipRecord& ship);
 
 }  // namespace oravin

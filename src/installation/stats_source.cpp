@@ -1,6 +1,6 @@
 #include "installation/stats_source.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "files/look_up.h"
 #include "files/path.h"
 
@@ -25,7 +25,7 @@ std::string StatsTextOf(const Installation& installation, const ShipRecord& ship
 ShipStats ReadDefaults(Files& files, const Installation& installation, const ShipRecord& ship) {
   if (!ship.Imported) return ReadShipsStats(files, installation.defaultsPath(), IndexOf(ship));
   const std::string text = StatsTextOf(installation, ship);
-  if (IndexOf(ship) == 0) throw RunTimeError("could not use", text, "the ship has no block of its own");
+  if (IndexOf(ship) == 0) throw FileError("could not use", text, "the ship has no block of its own");
   return ReadImportStats(files, text);
 }
 
@@ -33,7 +33,7 @@ std::optional<ShipStats> DefaultsOf(Files& files, const Installation& installati
   if (ship.Imported && !FileExists(files, StatsTextOf(installation, ship))) return std::nullopt;
   try {
     return ReadDefaults(files, installation, ship);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return std::nullopt;
   }
 }

@@ -23,7 +23,7 @@ StatsSource SourceOf(const Installation& installation, const ShipRecord& ship);
 std::string StatsTextOf(const Installation& installation, const ShipRecord& ship);
 
 /// Reads a ship's default statistics: a stock ship's from `shipstats.def`, an imported ship's from its text.
-/// @throws RunTimeError when there are none or they cannot be read
+/// @throws FileError when there are none or they cannot be read
 ShipStats ReadDefaults(Files& files, const Installation& installation, const ShipRecord& ship);
 
 /// The same; nothing instead of an error.

@@ -21,7 +21,7 @@ namespace oravin {
 /// archive's count was repaired in this read, the backup carries the number of entries read, big-endian.
 ///
 /// @param models the stock models of the catalogue
-/// @throws RunTimeError when a file fails
+/// @throws FileError when a file fails
 void KeepFatBackup(Files& files, const std::string& gamePath, const std::string& programPath, const HogTable& live,
                    bool repaired, const std::vector<std::string>& models);
 

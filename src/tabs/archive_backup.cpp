@@ -33,7 +33,7 @@ bool CanBeRight(const File& hog, std::uint32_t tableSize) {
 }
 
 [[noreturn]] void WrongTableSize(const char* what, const std::string& path, std::uint32_t tableSize) {
-  throw RunTimeError(
+  throw FileError(
       what, path,
       "its header says that the table is " + std::to_string(tableSize) + " bytes long, which cannot be right");
 }
@@ -43,12 +43,12 @@ bool CanBeRight(const File& hog, std::uint32_t tableSize) {
 std::uint32_t SizeToRestore(File& backup, const OpenArchive& archive) {
   std::array<std::uint8_t, 4> magic{};
   const bool valid = GetSome(backup, 0, magic) == magic.size() && TextOf(magic) == "BIGF";
-  if (!valid) throw RunTimeError("could not restore from", backup.path, "it is no backup of an archive's table");
+  if (!valid) throw FileError("could not restore from", backup.path, "it is no backup of an archive's table");
   const std::uint32_t kept = ReadLongBE(backup, hogTableSizeOffset);
   const std::uint32_t size = CanBeRight(archive.file, archive.tableSize) ? archive.tableSize : kept;
   if (!CanBeRight(archive.file, size)) WrongTableSize("could not restore from", backup.path, size);
   if (backup.length < size) {
-    throw RunTimeError("could not restore from", backup.path, "it is shorter than the archive's table");
+    throw FileError("could not restore from", backup.path, "it is shorter than the archive's table");
   }
   return size;
 }

@@ -44,7 +44,7 @@ void StopIfAsked(Host& host) {
 void ReadCompressed(Extraction& extraction, const HogEntry& entry) {
   File& hog = extraction.tab.archive.file;
   constexpr std::uint64_t header = 5;
-  if (entry.Size < header) throw RunTimeError("could not unpack", Presentable(entry.Name), "it is too short");
+  if (entry.Size < header) throw FileError("could not unpack", Presentable(entry.Name), "it is too short");
   const std::uint64_t size = Read24BE(hog, std::uint64_t{entry.Offset} + 2);
   extraction.block.resize(static_cast<std::size_t>(std::min<std::uint64_t>(entry.Size, LongestStream(size))));
   Get(hog, entry.Offset, extraction.block);
@@ -96,7 +96,7 @@ bool ExtractEntry(Extraction& extraction, const HogEntry& entry, std::size_t don
     return true;
   }
   const std::string outside = WhyNotInside(hog, entry);
-  if (!outside.empty()) throw RunTimeError("could not extract", Presentable(entry.Name), outside);
+  if (!outside.empty()) throw FileError("could not extract", Presentable(entry.Name), outside);
   if (extraction.way == Way::unpacked && IsCompressed(hog, entry)) {
     Say(extraction, "Unpacking and Extracting " + Presentable(entry.Name), done, total);
     WriteUnpacked(extraction, entry, path);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/file.h"
 #include "tabs/archive_extract.h"
@@ -57,7 +57,7 @@ void hogList_ItemClick(HogTab& tab) {
   if (!index || !tab.txtFirstBytes.shown) return;
   try {
     tab.txtFirstBytes.text = ViewOf(tab.archive.file, tab.archive.entries.at(*index));
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     // A look at a file is not worth a box.
     tab.txtFirstBytes.text = error.what();
   }

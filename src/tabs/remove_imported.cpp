@@ -172,7 +172,7 @@ void FindKeptFiles(Files& files, Removal& removal, const Installation& installat
 }
 
 /// The list without the ships' lines; where there is no list, there is no line.
-/// @throws RunTimeError when there is a list that cannot be used
+/// @throws FileError when there is a list that cannot be used
 void FindLines(Files& files, Removal& removal, const Installation& installation) {
   if (!FileExists(files, installation.shipListPath())) return;
   const ShipListText list = ReadShipListText(files, installation.shipListPath());

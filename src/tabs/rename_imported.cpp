@@ -56,7 +56,7 @@ bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
 }
 
 /// Finds the lines of the ship's parts. Where there are none the ship can be renamed all the same.
-/// @throws RunTimeError when there is a list that cannot be used
+/// @throws FileError when there is a list that cannot be used
 void FindLines(Files& files, const Installation& installation, Rename& rename) {
   if (!FileExists(files, installation.shipListPath())) {
     rename.listProblem = "it does not exist";

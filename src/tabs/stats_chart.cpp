@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "installation/stats_source.h"
 
 namespace oravin {
@@ -15,7 +15,7 @@ namespace {
 File OpenIfThere(Files& files, const std::string& path) {
   try {
     return File(files, path, OpenFor::reading);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return {};
   }
 }
@@ -33,7 +33,7 @@ std::vector<std::optional<ShipStats>> AllStats(Files& files, const Installation&
     if (IsOpen(file)) {
       try {
         all[i] = ReadBlock(file, source.index);
-      } catch (const RunTimeError&) {
+      } catch (const FileError&) {
         all[i].reset();  // it is passed over, as one without a block
       }
     }

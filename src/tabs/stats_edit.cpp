@@ -43,7 +43,7 @@ bool WriteValue(Host& host, const Installation& installation, const ShipRecord& 
 }
 
 /// Puts one ship's defaults back.
-/// @throws RunTimeError when it has none or a file fails
+/// @throws FileError when it has none or a file fails
 void PutDefaults(Files& files, const Installation& installation, const ShipRecord& ship) {
   const ShipStats stats = ReadDefaults(files, installation, ship);
   const StatsSource source = SourceOf(installation, ship);
@@ -99,7 +99,7 @@ std::string RestoreQuietly(Files& files, const Installation& installation, std::
     std::string problem = HasNoDefault(files, installation, part) ? noDefault : "";
     try {
       if (problem.empty()) PutDefaults(files, installation, part);
-    } catch (const RunTimeError& error) {
+    } catch (const FileError& error) {
       problem = error.what();
     }
     if (why.empty()) why = problem;

@@ -46,7 +46,7 @@ void PutRecord(SwapDesk& desk, std::size_t index, const ShipRecord& changed) {
   installation.ships[index] = changed;
   try {
     PutShipRecord(desk.host.files, installation.cataloguePath(), installation.ships, index);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     installation.ships[index] = before;
     throw;
   }

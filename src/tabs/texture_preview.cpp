@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 
 namespace oravin {
@@ -34,7 +34,7 @@ void ShowTexture(Host& host, TexturePreview& preview, const std::string& cachePa
   std::string why = "it cannot be shown";
   try {
     picture = TexturePicture(host.files, cachePath, entry, shown, TemplatePalette(host.files, templatePath));
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     why = error.reason;  // a look is not worth a box
   }
   if (!picture) return ShowNoTexture(preview, name + ": " + why);
@@ -52,7 +52,7 @@ void ShowBitmap(Host& host, TexturePreview& preview, const std::string& path, co
   std::optional<Picture> picture;
   try {
     picture = BitmapPicture(host.files, path, info);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     picture.reset();  // the import itself tells what is wrong with it
   }
   ShowNoTexture(preview, picture ? "" : "This bitmap cannot be shown.");

@@ -163,7 +163,7 @@ void CheckTcacheOnDisk(Host& host, TcacheTab& tab) {
     // It is only a look: a cache that cannot be read just now is no reason for a box.
     try {
       changed = SealOf(ReadTcache(host.files, tab.openCache)) != tab.seal;
-    } catch (const RunTimeError&) {
+    } catch (const FileError&) {
       changed = true;
     }
   }

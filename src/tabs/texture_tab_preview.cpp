@@ -1,6 +1,6 @@
 // The Tcache Editor tab's pictures: the preview of the selected texture, and the thumbnails.
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "tabs/texture_tab.h"
 #include "textures/extract_texture.h"
 
@@ -47,7 +47,7 @@ std::optional<Picture> ThumbnailOf(Host& host, const TcacheTab& tab, const Insta
   try {
     const Palette palette = TemplatePalette(host.files, TemplateOf(tab, installation, *entry));
     return TextureThumbnail(host.files, tab.openCache, *entry, palette, side);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return std::nullopt;
   }
 }

@@ -31,7 +31,7 @@ struct ChangedTable {
 };
 
 /// Takes a weapon into the attachments of these numbers.
-/// @throws RunTimeError when the model cannot be read
+/// @throws FileError when the model cannot be read
 /// @return the changed attachments alone; nothing when one of them cannot be written
 std::optional<ShpAttachments> Change(Files& files, const ChangedTable& table, const std::vector<std::size_t>& numbers,
                                      const Weapon& weapon) {

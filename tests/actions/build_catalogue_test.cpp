@@ -4,7 +4,7 @@
 #include <array>
 #include <bit>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "stats/ship_stats.h"
 #include "support/fault.h"
@@ -182,7 +182,7 @@ TEST_F(CatalogueBuild, AnAddOnModelThatCannotBeCopiedIsToldOfAndTheOthersAreCopi
   const std::string from = stage.files.programPath + "addons\\ships\\manta.shp";
   stage.host.files.before = [&](const FileOperation& operation) {
     if (operation.path != from || IsQuestion(operation.kind)) return;
-    throw RunTimeError("could not open", from, "you have no permission");
+    throw FileError("could not open", from, "you have no permission");
   };
   for (const char* title : {"GetShpTextureNames", "BuildCatalogue"}) {
     stage.desk.ExpectBox("Error - could not open " + from + ": you have no permission", title);
@@ -383,7 +383,7 @@ TEST_F(CatalogueBuild, FailingToWriteItLeavesTheOldOneAndCopiesNoModel) {
   const std::string path = stage.files.programPath + "ships.dat.oravin-new";
   stage.host.files.before = [&](const FileOperation& operation) {
     if (operation.kind == FileOperation::Kind::write && operation.path == path) {
-      throw RunTimeError("could not write", path, "the disk is full");
+      throw FileError("could not write", path, "the disk is full");
     }
   };
   stage.desk.ExpectBox("Error - could not write " + path + ": the disk is full", "BuildCatalogue");

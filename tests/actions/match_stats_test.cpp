@@ -6,7 +6,7 @@
 
 #include <chrono>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
@@ -159,7 +159,7 @@ TEST_F(StatsBlockNames, APieceOfABlockAtTheEndIsNone) {
 }
 
 TEST_F(StatsBlockNames, AMissingFileIsAnError) {
-  EXPECT_THROW(BlockNames(files, folder.Windows("missing.bin")), RunTimeError);
+  EXPECT_THROW(BlockNames(files, folder.Windows("missing.bin")), FileError);
 }
 
 }  // namespace

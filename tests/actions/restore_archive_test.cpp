@@ -2,7 +2,7 @@
 
 #include "actions/restore_archive.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "demo/compressor.h"
 #include "installation/table_backup.h"
 #include "support/archive_stage.h"
@@ -58,7 +58,7 @@ struct Restoring : testing::Test {
   void KeepFromDeletion(const std::string& path) {
     stage.host.files.before = [path](const FileOperation& operation) {
       if (operation.kind == FileOperation::Kind::erase && operation.path == path) {
-        throw RunTimeError("could not delete", path, "another program has it open");
+        throw FileError("could not delete", path, "another program has it open");
       }
     };
     stage.desk.ExpectBox("Error - could not delete " + path + ": another program has it open", "RestoreHog");
@@ -223,7 +223,7 @@ TEST_F(Restoring, ANameThatCannotBeWrittenIsToldOfAndTheOthersAreRestored) {
   int writes = 0;
   stage.host.files.before = [&](const FileOperation& operation) {
     if (operation.kind == FileOperation::Kind::write && ++writes == 1) {
-      throw RunTimeError("could not write", operation.path, "the disk is full");
+      throw FileError("could not write", operation.path, "the disk is full");
     }
   };
   stage.desk.ExpectBox("Error - could not write " + stage.hogPath + ": the disk is full", "RestoreHog");

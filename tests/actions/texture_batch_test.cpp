@@ -1,7 +1,7 @@
 #include "actions/texture_batch.h"
 
 #include "actions/import_texture.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "desk/program_end.h"
 #include "support/cache_stage.h"
 
@@ -398,7 +398,7 @@ TEST_F(TheBatch, AFailedWriteTakesTheTextureBack) {
     int writes = 0;
     at.host.files.before = [&](const FileOperation& operation) {
       if (operation.kind != FileOperation::Kind::write) return;
-      if (++writes == failing) throw RunTimeError("could not write", operation.path, "the disk is full");
+      if (++writes == failing) throw FileError("could not write", operation.path, "the disk is full");
     };
     at.desk.AllowOthers([](const Message&) { return Answer::ok; });
     EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::refused);

@@ -2,7 +2,7 @@
 
 #include "actions/unpack_models.h"
 #include "archive/disguise.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "demo/compressor.h"
 #include "desk/program_end.h"
 #include "files/file.h"

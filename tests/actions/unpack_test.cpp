@@ -4,7 +4,7 @@
 #include "actions/unpack_models.h"
 #include "files/file.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "demo/compressor.h"
 #include "support/archive_stage.h"
 #include "support/fault.h"
@@ -195,7 +195,7 @@ TEST_F(Unpacking, StoppedOrFailingAtAnyOperationTheDestinationIsWholeOldOrNew) {
         std::optional<std::uint32_t> signature;
         try {
           signature = UnpackEntry(host.files, stage.hogPath, stage.shipsFolder + "out.shp", entry.size, entry.offset);
-        } catch (const RunTimeError&) {
+        } catch (const FileError&) {
         } catch (const ProcessStopped&) {
         }
         EXPECT_EQ(signature.has_value(), !fault.happened);

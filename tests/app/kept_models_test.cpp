@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "interruption_stage.h"
 #include "support/fault.h"
 
@@ -113,7 +113,7 @@ TEST_F(KeptModelsOnDisk, NothingIsDeletedWhereAModelCannotBePutBack) {
   session->main.host.files.before = [&](const FileOperation& operation) {
     if (operation.kind == FileOperation::Kind::rename &&
         operation.second == installation.gamePath + "ships\\bravo.shp") {
-      throw RunTimeError("could not write", operation.second, "the disk is full");
+      throw FileError("could not write", operation.second, "the disk is full");
     }
   };
   session->desk.ExpectQuestion(disableQuestion, Answer::yes);

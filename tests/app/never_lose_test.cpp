@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "desk/program_end.h"
 #include "session.h"
 
@@ -340,7 +340,7 @@ TEST_F(NeverLose, AFailedDisableKeepsTheCatalogueAndTheNextOneFinishes) {
   int erased = 0;
   session->main.host.files.before = [&](const FileOperation& operation) {
     if (operation.kind == FileOperation::Kind::erase && ++erased == 2) {
-      throw RunTimeError("could not delete", operation.path, "another program has it open");
+      throw FileError("could not delete", operation.path, "another program has it open");
     }
   };
   session->desk.ExpectQuestion(disableQuestion, Answer::yes);

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 
 namespace oravin {
 namespace {
@@ -26,7 +26,7 @@ std::string Wrong(std::string_view all, int count, Take&& take) {
   try {
     for (int i = 0; i < count; ++i) take(text);
     return {};
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     EXPECT_EQ(error.operation, "could not read");
     EXPECT_EQ(error.path, "list.txt");
     return error.reason;
@@ -67,7 +67,7 @@ TEST(DelimitedText, AnItemsLineMayBeEmpty) {
     SCOPED_TRACE(all);
     DelimitedText text{"list.txt", all};
     for (const std::string& item : items) EXPECT_EQ(TakeItem(text), item);
-    EXPECT_THROW(TakeItem(text), RunTimeError) << "nothing is left";
+    EXPECT_THROW(TakeItem(text), FileError) << "nothing is left";
   }
 }
 
@@ -77,7 +77,7 @@ TEST(DelimitedText, BehindACommaAtTheEndStandsOneEmptyValueAndNoMore) {
     EXPECT_EQ(TakeText(text), "a");
     EXPECT_EQ(TakeText(text), "");
     EXPECT_TRUE(AtEnd(text));
-    EXPECT_THROW(TakeText(text), RunTimeError);
+    EXPECT_THROW(TakeText(text), FileError);
   }
 }
 

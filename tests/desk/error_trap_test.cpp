@@ -1,5 +1,6 @@
 #include "desk/error_trap.h"
 #include "files/file.h"
+#include "files/look_up.h"
 
 #include <gtest/gtest.h>
 
@@ -24,8 +25,7 @@ TEST(ErrorTrap, GivesTheNeutralValue) {
   ScriptedHost at;
   at.desk.ExpectBox("Error - could not read X: it ends too early", "Count", Icon::exclamation);
   EXPECT_EQ(
-      Trapped(at.host, "Count", -1, [&]() -> int { throw RunTimeError("could not read", "X", "it ends too early"); }),
-      -1);
+      Trapped(at.host, "Count", -1, [&]() -> int { throw FileError("could not read", "X", "it ends too early"); }), -1);
 }
 
 TEST(ErrorTrap, WithoutAnErrorTheResultPassesThroughWithoutABox) {
@@ -37,10 +37,25 @@ TEST(ErrorTrap, WithoutAnErrorTheResultPassesThroughWithoutABox) {
 TEST(ErrorTrap, EndsTheProgressThatTheActionBegan) {
   ScriptedHost at;
   at.desk.ExpectBox("Error - could not write X: the disk is full", "Copy", Icon::exclamation);
-  Trap(at.host, "Copy", [] { throw RunTimeError("could not write", "X", "the disk is full"); });
+  Trap(at.host, "Copy", [] { throw FileError("could not write", "X", "the disk is full"); });
   ASSERT_EQ(at.desk.progress.size(), 1U);
   EXPECT_EQ(at.desk.progress[0].text, "");
   EXPECT_EQ(at.desk.progress[0].total, 0);
+}
+
+TEST(ErrorTrap, AProcedureMayHaveItsOwnWordsForAKindOfError) {
+  ScriptedHost at;
+  at.desk.ExpectBox("File not found!", "GetImportStats", Icon::critical);
+  const std::string path = test::TemporaryFolder().Windows("missing.txt");
+  EXPECT_FALSE(Trap(at.host, "GetImportStats", [&] { RequireFile(at.host.files, path); }));
+}
+
+TEST(ErrorTrap, OtherProceduresAndKindsHaveTheGeneralWords) {
+  ScriptedHost at;
+  at.desk.ExpectBox("Error - could not open X: it does not exist", "Count", Icon::exclamation);
+  Trap(at.host, "Count", [] { throw FileError("could not open", "X", "it does not exist", ErrorKind::missing); });
+  at.desk.ExpectBox("Error - could not read X: it is damaged", "GetImportStats", Icon::exclamation);
+  Trap(at.host, "GetImportStats", [] { throw FileError("could not read", "X", "it is damaged", ErrorKind::damaged); });
 }
 
 TEST(ErrorTrap, LeavesTheEndOfTheProgramAlone) {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/temporary_folder.h"
 
 namespace oravin {
@@ -44,13 +44,13 @@ TEST_F(FileNumbers, ReadsThreeBytes) {
   EXPECT_EQ(Read24BE(file, 1), 0xFE1280U);
 }
 
-TEST_F(FileNumbers, AReaderPastTheEndIsARunTimeError) {
+TEST_F(FileNumbers, AReaderPastTheEndIsAFileError) {
   Hold({1, 2, 3});
-  EXPECT_THROW(ReadLongBE(file, 0), RunTimeError);
-  EXPECT_THROW(ReadLongLE(file, 0), RunTimeError);
-  EXPECT_THROW(ReadWordBE(file, 2), RunTimeError);
-  EXPECT_THROW(Read24BE(file, 1), RunTimeError);
-  EXPECT_THROW(ReadLongLE(file, 0xFFFFFFFFFFFFFFFFU), RunTimeError);
+  EXPECT_THROW(ReadLongBE(file, 0), FileError);
+  EXPECT_THROW(ReadLongLE(file, 0), FileError);
+  EXPECT_THROW(ReadWordBE(file, 2), FileError);
+  EXPECT_THROW(Read24BE(file, 1), FileError);
+  EXPECT_THROW(ReadLongLE(file, 0xFFFFFFFFFFFFFFFFU), FileError);
 }
 
 }  // namespace

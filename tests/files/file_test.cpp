@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/fault.h"
 #include "support/temporary_folder.h"
 
@@ -34,7 +34,7 @@ template <typename Run>
 std::string ErrorOf(Run&& run) {
   try {
     run();
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     return error.what();
   }
   return "no error";
@@ -69,7 +69,7 @@ TEST_F(OpenFiles, AnotherFileMovedOntoAnOpenOneClosesIt) {
 }
 
 TEST_F(OpenFiles, OneThatCannotBeOpenedLeavesNothingOpen) {
-  EXPECT_THROW(File(files, folder.Windows("missing"), OpenFor::reading), RunTimeError);
+  EXPECT_THROW(File(files, folder.Windows("missing"), OpenFor::reading), FileError);
   EXPECT_EQ(files.open, 0);
 }
 
@@ -79,7 +79,7 @@ TEST_F(OpenFiles, ClosingTwiceDoesNotMatter) {
   Close(file);
   EXPECT_FALSE(IsOpen(file));
   EXPECT_EQ(files.open, 0);
-  EXPECT_THROW(Read(file, 0, 1), RunTimeError);
+  EXPECT_THROW(Read(file, 0, 1), FileError);
 }
 
 TEST_F(OpenFiles, AnErrorTellsTheOperationThePathAndTheReason) {
@@ -97,8 +97,8 @@ TEST_F(OpenFiles, AnErrorTellsTheOperationThePathAndTheReason) {
 TEST_F(OpenFiles, ReadingUpToTheVeryEndIsNoError) {
   File file(files, Make("file", {1, 2, 3}), OpenFor::reading);
   EXPECT_EQ(Read(file, 1, 2), (Bytes{2, 3}));
-  EXPECT_THROW(Read(file, 2, 2), RunTimeError);
-  EXPECT_THROW(Read(file, 3, 1), RunTimeError);
+  EXPECT_THROW(Read(file, 2, 2), FileError);
+  EXPECT_THROW(Read(file, 3, 1), FileError);
   EXPECT_EQ(Read(file, 3, 0), Bytes());
 }
 
@@ -173,7 +173,7 @@ TEST_F(OpenFiles, AFailedReadIsNotTakenForWhatIsInTheFile) {
   File file(files, Make("file", {5, 6}), OpenFor::reading);
   test::Fault fault{test::FaultKind::failure, 1, 0, false, {}};
   test::Watch(files, fault);
-  EXPECT_THROW(Read(file, 0, 1), RunTimeError);
+  EXPECT_THROW(Read(file, 0, 1), FileError);
   EXPECT_EQ(Read(file, 0, 2), (Bytes{5, 6}));
 }
 

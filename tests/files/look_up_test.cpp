@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/environment.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
@@ -132,7 +132,7 @@ TEST(FolderExists, NeitherAFileNorAnEmptyNorAnUnprintablePath) {
 /// Lets every operation of one kind fail.
 void Fail(Files& files, FileOperation::Kind kind) {
   files.before = [kind](const FileOperation& operation) {
-    if (operation.kind == kind) throw RunTimeError("could not look at", operation.path, "the disk does not answer");
+    if (operation.kind == kind) throw FileError("could not look at", operation.path, "the disk does not answer");
   };
 }
 

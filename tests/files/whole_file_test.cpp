@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/temporary_folder.h"
@@ -47,7 +47,7 @@ TEST(WholeFile, OneThatIsTooLongIsNotRead) {
   try {
     ReadWhole(files, path, 3);
     FAIL() << "it was read";
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     EXPECT_EQ(std::string(error.what()), "could not read " + path + ": it is too large to be right");
   }
   EXPECT_EQ(ReadWhole(files, path, 4).size(), 4U);
@@ -56,7 +56,7 @@ TEST(WholeFile, OneThatIsTooLongIsNotRead) {
 TEST(WholeFile, AMissingOneIsAnError) {
   const TemporaryFolder folder;
   Files files;
-  EXPECT_THROW(ReadWhole(files, folder.Windows("file"), 100), RunTimeError);
+  EXPECT_THROW(ReadWhole(files, folder.Windows("file"), 100), FileError);
 }
 
 TEST(WholeFile, WhateverFailsTheOldContentStaysWholeAndNothingIsLeftOver) {
@@ -68,7 +68,7 @@ TEST(WholeFile, WhateverFailsTheOldContentStaysWholeAndNothingIsLeftOver) {
     bool failed = false;
     try {
       WriteWhole(files, folder.Windows("file"), BytesOf("new content"));
-    } catch (const RunTimeError& error) {
+    } catch (const FileError& error) {
       failed = true;
       EXPECT_EQ(error.reason, test::faultReason);
     }
@@ -99,7 +99,7 @@ TEST(WholeFile, AReadOnlyFolderOrFileBesideIsAnErrorAndTheOldContentStays) {
   WriteFileAt(folder.Native("file"), "old");
   WriteFileAt(folder.Native(leftover), "stuck");
   test::SetReadOnly(folder.Native(leftover), true);
-  EXPECT_THROW(WriteWhole(files, folder.Windows("file"), BytesOf("new")), RunTimeError);
+  EXPECT_THROW(WriteWhole(files, folder.Windows("file"), BytesOf("new")), FileError);
   EXPECT_EQ(test::ReadTextAt(folder.Native("file")), "old");
 }
 
@@ -147,8 +147,8 @@ TEST(WholeFiles, ANewOneWhoseWriterFailsLeavesNothing) {
   Files files;
   WholeFiles together;
   EXPECT_THROW(AddNew(files, together, folder.Windows("New.bin"),
-                      [](File&) { throw RunTimeError("could not read", "its source", "it ends too early"); }),
-               RunTimeError);
+                      [](File&) { throw FileError("could not read", "its source", "it ends too early"); }),
+               FileError);
   EXPECT_TRUE(together.paths.empty());
   EXPECT_TRUE(ImageOf(folder.native).empty());
 }
@@ -178,7 +178,7 @@ TEST(CopyBytes, CopiesPiecesLongerThanABlockBetweenAnyOffsets) {
     CopyBytes(from, 5, to, 2, count);
     CopyBytes(from, 0, to, 0, 2);
     CopyBytes(from, 1, to, 7, 0);
-    EXPECT_THROW(CopyBytes(from, 6, to, 2 + count, count), RunTimeError) << "it ends too early";
+    EXPECT_THROW(CopyBytes(from, 6, to, 2 + count, count), FileError) << "it ends too early";
   }
   Bytes expected(content.begin(), content.begin() + 2);
   expected.insert(expected.end(), content.begin() + 5, content.end());
@@ -202,7 +202,7 @@ TEST(WholeFiles, WhateverFailsOrStopsEachOfThemIsOldOrNew) {
         }
         CommitWhole(files, together);
         EXPECT_FALSE(fault.happened);
-      } catch (const RunTimeError&) {
+      } catch (const FileError&) {
         EXPECT_EQ(kind, FaultKind::failure);
       } catch (const test::ProcessStopped&) {
         EXPECT_EQ(kind, FaultKind::stop);
@@ -240,7 +240,7 @@ TEST(CopyWhole, WhateverFailsTheTargetIsOldOrNewAndTheSourceStays) {
     bool failed = false;
     try {
       CopyWhole(files, folder.Windows("from"), folder.Windows("to"));
-    } catch (const RunTimeError&) {
+    } catch (const FileError&) {
       failed = true;
     }
     EXPECT_EQ(failed, fault.happened);
@@ -252,7 +252,7 @@ TEST(CopyWhole, AMissingSourceLeavesTheTarget) {
   const TemporaryFolder folder;
   WriteFileAt(folder.Native("to"), "old");
   Files files;
-  EXPECT_THROW(CopyWhole(files, folder.Windows("from"), folder.Windows("to")), RunTimeError);
+  EXPECT_THROW(CopyWhole(files, folder.Windows("from"), folder.Windows("to")), FileError);
   EXPECT_EQ(ImageOf(folder.native), (FolderImage{{"to", BytesOf("old")}}));
 }
 
@@ -265,7 +265,7 @@ TEST(EraseFile, AMissingFileIsAnError) {
   try {
     EraseFile(files, folder.Windows("file"));
     FAIL() << "it was erased";
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     EXPECT_EQ(std::string(error.what()), "could not delete " + folder.Windows("file") + ": it does not exist");
   }
 }
@@ -289,7 +289,7 @@ TEST(MakeFolder, OneThatIsThereStaysAndOneThatCannotBeMadeIsAnError) {
   try {
     MakeFolder(files, folder.Windows("c/d/"));
     FAIL() << "it was made";
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     EXPECT_EQ(std::string(error.what()), "could not make the folder " + folder.Windows("c/d/") + ": it does not exist");
   }
 }

@@ -2,7 +2,7 @@
 
 #include "actions/unpack_models.h"
 #include "archive/disguise.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "demo/compressor.h"
 #include "support/archive_stage.h"
 
@@ -152,13 +152,13 @@ TEST_F(ModelEntry, ARecordWithoutAPlaceIsLookedUpByItsPlainName) {
 
 TEST_F(ModelEntry, WithoutTheArchiveARecordWithoutAPlaceIsAnErrorToo) {
   std::filesystem::remove(stage.Game("resource.hog"));
-  EXPECT_THROW(Live(StockShip("Alpha", "alpha.shp")), RunTimeError);
+  EXPECT_THROW(Live(StockShip("Alpha", "alpha.shp")), FileError);
 }
 
 TEST_F(ModelEntry, WithoutTheArchiveThereIsAnError) {
   const ShipRecord alpha = Alpha();
   std::filesystem::remove(stage.Game("resource.hog"));
-  EXPECT_THROW(Live(alpha), RunTimeError);
+  EXPECT_THROW(Live(alpha), FileError);
 }
 
 TEST_F(ModelEntry, UnpackShipWritesTheModelUnderTheNameAskedFor) {

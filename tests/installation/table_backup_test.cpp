@@ -2,7 +2,7 @@
 
 #include "installation/table_backup.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/archive_stage.h"
 #include "support/fault.h"
 
@@ -229,7 +229,7 @@ TEST_F(FatBackup, StoppedOrFailingAtAnyOperationTheOldBackupIsNeverLost) {
       Watch(host.files, fault);
       try {
         KeepFatBackup(host.files, stage.gamePath, stage.programPath, live, false, {"alpha.shp"});
-      } catch (const RunTimeError&) {
+      } catch (const FileError&) {
       } catch (const ProcessStopped&) {
       }
       const bool old = Backup() == BytesOf("the old one");

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 
 namespace oravin::test {
 
@@ -23,7 +23,7 @@ void Watch(Files& files, Fault& fault) {
     fault.happened = true;
     fault.what = InWords(operation);
     if (fault.kind == FaultKind::stop) throw ProcessStopped{};
-    throw RunTimeError("could not " + fault.what.substr(0, fault.what.find(' ')), ChangedPath(operation), faultReason);
+    throw FileError("could not " + fault.what.substr(0, fault.what.find(' ')), ChangedPath(operation), faultReason);
   };
 }
 

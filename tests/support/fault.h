@@ -11,7 +11,7 @@ namespace oravin::test {
 struct ProcessStopped {};
 
 enum class FaultKind {
-  failure,  ///< the operation fails with a RunTimeError, as a full disk would make it
+  failure,  ///< the operation fails with a FileError, as a full disk would make it
   stop,     ///< the process stops just before the operation
 };
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "desk/dialogs.h"
 #include "files/whole_file.h"
 #include "support/fault.h"
@@ -120,7 +120,7 @@ TEST(Fault, FailsTheOperationOfItsNumber) {
     Watch(files, fault);
     const std::string path = folder.Windows("file");
     if (fault.at <= 4) {  // open, write, flush, rename
-      EXPECT_THROW(WriteWhole(files, path, BytesOf("x")), RunTimeError);
+      EXPECT_THROW(WriteWhole(files, path, BytesOf("x")), FileError);
       EXPECT_FALSE(std::filesystem::exists(folder.Native("file")));
     } else {
       WriteWhole(files, path, BytesOf("x"));

@@ -1,6 +1,6 @@
 // Ships put back: from the backup beside the model, from the archive, and without either.
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/swap_stage.h"
 
 namespace oravin::test {
@@ -320,7 +320,7 @@ TEST_F(Unswapping, AllWithoutTheCatalogueSaysSoThoughNothingIsChanged) {
 TEST_F(Unswapping, AllGoesOnBehindAShipThatFails) {
   stage.host.files.before = [&](const FileOperation& operation) {
     if (operation.kind == FileOperation::Kind::rename && operation.second == stage.ModelPath(alpha)) {
-      throw RunTimeError("could not write", operation.second, "the disk is full");
+      throw FileError("could not write", operation.second, "the disk is full");
     }
   };
   stage.desk.ExpectBox("Error - could not write " + stage.ModelPath(alpha) + ": the disk is full", unswapTitle);

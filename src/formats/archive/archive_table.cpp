@@ -58,11 +58,11 @@ bool ZeroAhead(TableBlocks& table) {
 }
 
 [[noreturn]] void EndsEarly(const std::string& path) {
-  throw RunTimeError("could not read", path, "its table is damaged: it ends in the middle of an entry");
+  throw FileError("could not read", path, "its table is damaged: it ends in the middle of an entry");
 }
 
 [[noreturn]] void TooLong(const std::string& path) {
-  throw RunTimeError("could not read", path, "its table is damaged: it is too long");
+  throw FileError("could not read", path, "its table is damaged: it is too long");
 }
 
 HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
@@ -111,8 +111,8 @@ std::vector<HogEntry> ReadTable(Host& host, const std::string& path, bool& repai
 
 std::vector<HogEntry> ReadHogTable(File& file, const std::string& path, std::uint32_t count) {
   if (hogTableOffset + count * smallestHogEntry > file.length) {
-    throw RunTimeError("could not read", path,
-                       "it says that it holds " + Grouped(count) + " files, more than it has room for");
+    throw FileError("could not read", path,
+                    "it says that it holds " + Grouped(count) + " files, more than it has room for");
   }
   std::vector<HogEntry> entries;
   entries.reserve(std::min<std::size_t>(count, largestReserve));

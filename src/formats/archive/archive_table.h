@@ -59,7 +59,7 @@ int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries,
 
 /// Reads so many entries of the table of an archive that is open.
 /// @param path the archive's, for the error
-/// @throws RunTimeError when the file has no room for that many entries, ends in the middle of one, or their table is
+/// @throws FileError when the file has no room for that many entries, ends in the middle of one, or their table is
 ///   longer than longestHogTable
 std::vector<HogEntry> ReadHogTable(File& file, const std::string& path, std::uint32_t count);
 

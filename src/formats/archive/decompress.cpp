@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "base/bytes.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 
 // The fast loop reads commands as long as the longest one still lies inside the input, and copies in pieces of 8 and 16
 // bytes that may reach past a command's end: the bytes behind are written again by the next command or cut off at the
@@ -79,7 +79,7 @@ constexpr std::array<Form, 256> forms = [] {
   return table;
 }();
 
-[[noreturn]] void Fail(const std::string& name, const char* why) { throw RunTimeError("could not unpack", name, why); }
+[[noreturn]] void Fail(const std::string& name, const char* why) { throw FileError("could not unpack", name, why); }
 
 void Copy8(std::uint8_t* to, const std::uint8_t* from) { std::memcpy(to, from, 8); }
 void Copy16(std::uint8_t* to, const std::uint8_t* from) { std::memcpy(to, from, 16); }

@@ -50,7 +50,7 @@ struct Unpacked {
 /// leaves is zero, what a stream that goes on produces is cut.
 ///
 /// @param name the entry's name, for the error
-/// @throws RunTimeError when the stream runs out or refers to what lies before the output's start
+/// @throws FileError when the stream runs out or refers to what lies before the output's start
 void Decompress(std::span<const std::uint8_t> input, Unpacked& output, const std::string& name = "the entry");
 
 }  // namespace oravin

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <tuple>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/file.h"
 #include "files/look_up.h"

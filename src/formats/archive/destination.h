@@ -38,14 +38,14 @@ std::string WhyNotExtracted(Files& files, const Destination& destination, const 
 /// Writes an entry's file whole: beside its name at first, which it takes when all of it is written. Makes the folders
 /// that are missing. A file that is replaced has its successor on the disk first.
 /// @param write puts the bytes into the file it is given
-/// @throws RunTimeError, or whatever `write` throws; then the file is as it was
+/// @throws FileError, or whatever `write` throws; then the file is as it was
 void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
                     const std::function<void(File& file)>& write);
 
 /// Deletes the file that WriteExtracted would replace, where there is one, and nothing else. Folders that are missing
 /// are not made.
 /// @param entry one that can be written (WhyNotExtracted)
-/// @throws RunTimeError when the file cannot be deleted
+/// @throws FileError when the file cannot be deleted
 void EraseExtracted(Files& files, Destination& destination, const EntryPath& entry);
 
 }  // namespace oravin

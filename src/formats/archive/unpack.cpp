@@ -6,7 +6,7 @@
 #include "archive/archive_table.h"
 #include "archive/decompress.h"
 #include "archive/disguise.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
@@ -87,7 +87,7 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
                           const std::string& destination, std::uint32_t size, std::uint32_t offset) {
   File hog(files, hogPath, OpenFor::reading);
   if (std::uint64_t{offset} + size > hog.length) {
-    throw RunTimeError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end");
+    throw FileError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end");
   }
   const std::uint32_t signature = ReadWordBE(hog, offset);
   if (signature != compressedSignature) {
@@ -102,9 +102,9 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
 
 Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most) {
   if (std::uint64_t{entry.Offset} + entry.Size > hog.length) {
-    throw RunTimeError("could not unpack", entry.Name, "its place lies past the archive's end");
+    throw FileError("could not unpack", entry.Name, "its place lies past the archive's end");
   }
-  if (entry.Size > most) throw RunTimeError("could not unpack", entry.Name, "it is too large to be right");
+  if (entry.Size > most) throw FileError("could not unpack", entry.Name, "it is too large to be right");
   if (entry.Size < 2 || ReadWordBE(hog, entry.Offset) != compressedSignature) {
     Bytes stored(entry.Size);
     Get(hog, entry.Offset, stored);

@@ -16,7 +16,7 @@ inline constexpr std::uint64_t storedExcess = 50000;
 /// Writes one entry of the archive to a file: unpacked where it is compressed, else its bytes and storedExcess more.
 /// @param destination the file's whole path
 /// @return the 16-bit signature at the entry's start
-/// @throws RunTimeError when the entry does not lie inside the archive, is damaged, or a file fails; then the
+/// @throws FileError when the entry does not lie inside the archive, is damaged, or a file fails; then the
 ///   destination is as it was
 std::uint32_t UnpackEntry(Files& files, const std::string& hogPath, const std::string& destination, std::uint32_t size,
                           std::uint32_t offset);
@@ -26,14 +26,14 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
                           const std::string& destination, std::uint32_t size, std::uint32_t offset);
 
 /// True when a file holds exactly what UnpackEntry would write for an entry.
-/// @throws RunTimeError as UnpackEntry
+/// @throws FileError as UnpackEntry
 bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
                     std::uint32_t offset);
 
 /// An entry's content in memory: unpacked where it is compressed, else exactly its own bytes without storedExcess.
 /// @param hog the archive, open for reading
 /// @param most the greatest size as stored, in bytes, that is still read
-/// @throws RunTimeError when the entry is larger, does not lie inside the archive, is damaged, or cannot be read
+/// @throws FileError when the entry is larger, does not lie inside the archive, is damaged, or cannot be read
 Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most);
 
 /// The most bytes that UnpackEntry may write for an entry, read from its first bytes.

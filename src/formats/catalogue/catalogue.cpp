@@ -1,6 +1,6 @@
 #include "catalogue/catalogue.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "desk/error_trap.h"
 #include "files/file.h"
@@ -17,13 +17,13 @@ constexpr std::uint64_t mostShips = 32767;
 Ships ReadShips(Files& files, const std::string& path) {
   File file(files, path, OpenFor::reading);
   const std::uint64_t records = file.length / shipRecordSize;
-  if (records >= mostShips) throw RunTimeError("could not read", path, "it is too large to be a ship catalogue");
+  if (records >= mostShips) throw FileError("could not read", path, "it is too large to be a ship catalogue");
   Ships ships(static_cast<std::size_t>(records) + 1);  // the surplus element is meant: see the header
   Bytes slot(shipRecordSize);
   for (std::size_t i = 0; i < records; ++i) {
     Get(file, i * shipRecordSize, slot);
     const auto ship = RecordFrom(slot);
-    if (!ship) throw RunTimeError("could not read", path, "record " + std::to_string(i + 1) + " is damaged");
+    if (!ship) throw FileError("could not read", path, "record " + std::to_string(i + 1) + " is damaged");
     ships[i] = *ship;
   }
   MarkSecondParts(ships);
@@ -32,7 +32,7 @@ Ships ReadShips(Files& files, const std::string& path) {
 
 Bytes SlotIn(const std::string& path, const ShipRecord& ship) {
   auto slot = SlotOf(ship);
-  if (!slot) throw RunTimeError("could not write", path, "a record is longer than its slot");
+  if (!slot) throw FileError("could not write", path, "a record is longer than its slot");
   return std::move(*slot);
 }
 
@@ -61,7 +61,7 @@ void PutShipRecord(Files& files, const std::string& path, const Ships& ships, st
   File file(files, path, OpenFor::changing);
   const std::uint64_t at = index * shipRecordSize;
   if (at + shipRecordSize > file.length) {
-    throw RunTimeError("could not write", path, "it has no record " + std::to_string(index + 1));
+    throw FileError("could not write", path, "it has no record " + std::to_string(index + 1));
   }
   Put(file, at, slot);
 }

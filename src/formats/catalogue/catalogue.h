@@ -26,17 +26,17 @@ int LoadCatalogue(Host& host, const std::string& path, Ships& ships);
 void MarkSecondParts(Ships& ships);
 
 /// Writes one record back to its slot in the catalogue.
-/// @throws RunTimeError when the file is missing, ends before the slot or cannot be written
+/// @throws FileError when the file is missing, ends before the slot or cannot be written
 void PutShipRecord(Files& files, const std::string& path, const Ships& ships, std::size_t index);
 
 /// The bytes of a catalogue's file.
-/// @throws RunTimeError when a record does not fit its slot
+/// @throws FileError when a record does not fit its slot
 Bytes CatalogueOf(const std::string& path, std::span<const ShipRecord> records);
 
 /// Writes the catalogue whole.
 /// @param records as many as the file is to hold, from the first one on: the surplus element that loading adds is not
 ///   one of them
-/// @throws RunTimeError when that fails; then the old catalogue is as it was
+/// @throws FileError when that fails; then the old catalogue is as it was
 void WriteCatalogue(Files& files, const std::string& path, std::span<const ShipRecord> records);
 
 }  // namespace oravin

@@ -43,7 +43,7 @@ ListedLine TakeLine(DelimitedText& text) {
   line.ship.name = TakeText(text);
   line.ship.file = TakeText(text);
   if (!Trim(line.ship.file).empty() && !IsPlainFileName(Trim(line.ship.file))) {
-    throw RunTimeError("could not read", text.path, "\"" + line.ship.file.substr(0, 40) + "\" is no file name");
+    throw FileError("could not read", text.path, "\"" + line.ship.file.substr(0, 40) + "\" is no file name");
   }
   line.ship.statsIndex = TakeWhole(text, 0, 32767);
   line.ship.texture0 = TakeText(text);
@@ -67,13 +67,13 @@ ShipListText ParseShipList(std::string path, std::string all, int fewest) {
   const int count = TakeWhole(text, fewest, 2147483647);
   list.shipsAt = text.at;
   if (count > mostListedShips) {
-    throw RunTimeError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships");
+    throw FileError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships");
   }
   // Nothing is sized by the count: the list may hold far fewer ships than it states.
   for (int i = 0; i < count; ++i) list.lines.push_back(TakeLine(text));
   if (!AtEnd(text)) {
-    throw RunTimeError("could not read", text.path,
-                       "it says that it lists " + std::to_string(count) + " ships, but more follows");
+    throw FileError("could not read", text.path,
+                    "it says that it lists " + std::to_string(count) + " ships, but more follows");
   }
   return list;
 }

@@ -61,11 +61,11 @@ std::vector<ListedShip> ReadShipList(Host& host, const std::string& path);
 /// Takes a list's text apart.
 /// @param path named by the errors
 /// @param fewest the lowest number of ships that is right; 0 for a list that is being edited
-/// @throws RunTimeError for whatever ReadShipList shows the error trap's box
+/// @throws FileError for whatever ReadShipList shows the error trap's box
 ShipListText ParseShipList(std::string path, std::string text, int fewest);
 
 /// The list's text as it is in the program folder. No ships at all are right here.
-/// @throws RunTimeError when it is missing, cannot be read or cannot be used
+/// @throws FileError when it is missing, cannot be read or cannot be used
 ShipListText ReadShipListText(Files& files, const std::string& path);
 
 /// Why no ship can bear a name, whether in the list or in the catalogue: it is empty, longer than a record's field, or

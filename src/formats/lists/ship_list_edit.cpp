@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/whole_file.h"
 
@@ -23,8 +23,8 @@ std::string LineEndOf(const ShipListText& list) {
 
 void Refuse(const ShipListText& list, const std::string& text) {
   if (CanBeListed(text)) return;
-  throw RunTimeError("could not change", list.path,
-                     "\"" + text + "\" holds a double quote or a control character, which it cannot hold");
+  throw FileError("could not change", list.path,
+                  "\"" + text + "\" holds a double quote or a control character, which it cannot hold");
 }
 
 std::vector<ListedShip> ShipsIn(const ShipListText& list) {
@@ -45,7 +45,7 @@ ShipListText Changed(const ShipListText& list, std::string text, const std::vect
   if (ships.size() != list.lines.size()) Replace(text, list.count, std::to_string(ships.size()));
   ShipListText changed = ParseShipList(list.path, std::move(text), 0);
   if (ShipsIn(changed) != ships) {
-    throw RunTimeError("could not change", list.path, "its lines would not be read as they are meant");
+    throw FileError("could not change", list.path, "its lines would not be read as they are meant");
   }
   return changed;
 }

@@ -25,18 +25,18 @@ std::optional<std::size_t> FindImportedLine(const ShipListText& list, const std:
 std::vector<std::optional<std::size_t>> FindImportedLines(const ShipListText& list, const Ships& ships);
 
 /// The list with one ship more, in a line of its own behind the others, its line end that of the others.
-/// @throws RunTimeError when one of its texts cannot be listed (CanBeListed), or the list is full
+/// @throws FileError when one of its texts cannot be listed (CanBeListed), or the list is full
 ShipListText WithShip(const ShipListText& list, const ListedShip& ship);
 
 /// The list without some of its ships.
 ShipListText WithoutShips(const ShipListText& list, const std::set<std::size_t>& lines);
 
 /// The list with another name for one ship.
-/// @throws RunTimeError when the name cannot be listed
+/// @throws FileError when the name cannot be listed
 ShipListText WithName(const ShipListText& list, std::size_t line, const std::string& name);
 
 /// Writes the list.
-/// @throws RunTimeError when that fails; then the old list is as it was
+/// @throws FileError when that fails; then the old list is as it was
 void WriteShipList(Files& files, const ShipListText& list);
 
 }  // namespace oravin

@@ -28,7 +28,7 @@ constexpr std::size_t shownOfItem = 40;
   for (char& c : shown) {
     if (const auto code = static_cast<unsigned char>(c); code < 32 || code == 127) c = '?';
   }
-  throw RunTimeError("could not read", text.path, "\"" + shown + "\" " + why);
+  throw FileError("could not read", text.path, "\"" + shown + "\" " + why);
 }
 
 std::string Bounded(const DelimitedText& text, std::string item) {
@@ -72,7 +72,7 @@ std::vector<PackShip> TakePackShips(DelimitedText& text, const std::string& fold
   std::size_t count = 0;
   while (!AtEnd(text)) {
     if (count == ships.size()) {
-      throw RunTimeError("could not read", text.path, "it lists more than " + std::to_string(mostPackShips) + " ships");
+      throw FileError("could not read", text.path, "it lists more than " + std::to_string(mostPackShips) + " ships");
     }
     PackShip ship = TakePackShip(text, folder);
     ship.header = std::move(ships[count].header);

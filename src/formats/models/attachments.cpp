@@ -91,7 +91,7 @@ std::optional<std::uint8_t> ClassByte(Files& files, const std::string& path) {
   try {
     ModelReader reader(files, path);
     return ClassByteOf(reader);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return std::nullopt;
   }
 }
@@ -230,7 +230,7 @@ int GetAttachments(Host& host, std::string path, ShpAttachments& attachments) {
     if (read.empty()) return 0;
     attachments = std::move(read);
     return static_cast<int>(attachments.size());
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return 0;  // what the system cannot read is passed over, as in the queries of the class byte
   }
 }

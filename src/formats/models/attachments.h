@@ -56,7 +56,7 @@ using ShpAttachments = std::vector<ShpAttachment>;
 int GetAttachments(Host& host, std::string path, ShpAttachments& attachments);
 
 /// The same without a box.
-/// @throws RunTimeError when the file cannot be opened or read; a file that merely ends too early is no such case
+/// @throws FileError when the file cannot be opened or read; a file that merely ends too early is no such case
 ShpAttachments ReadAttachments(Files& files, const std::string& path);
 
 /// Writes the six fields of every attachment back into its element; nothing else in the file changes.
@@ -68,7 +68,7 @@ ShpAttachments ReadAttachments(Files& files, const std::string& path);
 bool PutAttachments(Host& host, std::string path, std::span<const ShpAttachment> attachments);
 
 /// True when each of these attachments is an element of the file's own tables with room for all six fields.
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 bool CanPutAttachments(Files& files, const std::string& path, std::span<const ShpAttachment> attachments);
 
 /// The name of a gun's type code; "Unknown Gun" for a code without one.
@@ -88,7 +88,7 @@ struct WeaponPairs {
 WeaponPairs FindWeaponPairs(std::span<const ShpAttachment> attachments);
 
 /// The class byte of a model that is being read; nothing when the model ends before it.
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 std::optional<std::uint8_t> ClassByteOf(ModelReader& reader);
 
 /// True for the class bytes of capital ships: 1, 3 and 5.

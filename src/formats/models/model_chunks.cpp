@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 
 namespace oravin {
 
@@ -61,7 +61,7 @@ std::string NameAt(ModelReader& reader, std::uint64_t offset) {
     name.append(bytes.begin(), end);
     if (end != bytes.end() && name.size() <= longestElement) return name;
     if (bytes.empty() || name.size() > longestElement) {
-      throw RunTimeError("could not read", reader.path, "a texture's name in it has no end");
+      throw FileError("could not read", reader.path, "a texture's name in it has no end");
     }
   }
 }

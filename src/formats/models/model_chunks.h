@@ -41,7 +41,7 @@ inline std::uint64_t EndOf(const ModelChunk& chunk) {
 /// A model that is being read from its beginning to its end. No byte is read twice, and elements that nobody asks for
 /// are not read at all where they are many.
 struct ModelReader {
-  /// @throws RunTimeError when the file cannot be opened
+  /// @throws FileError when the file cannot be opened
   ModelReader(Files& owner, std::string modelPath);
   /// A model whose bytes are in memory already, under the name that errors give it.
   ModelReader(std::string modelName, Bytes content);
@@ -56,15 +56,15 @@ struct ModelReader {
 
 /// The next chunk of one type; nothing where none is left. A header that the file has not room for is none: up to five
 /// bytes behind the last chunk do not matter.
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 std::optional<ModelChunk> NextChunk(ModelReader& reader, std::uint32_t type);
 
 /// Up to `count` bytes at `offset`; fewer where the file ends before. They are good until the next call.
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 std::span<const std::uint8_t> BytesAt(ModelReader& reader, std::uint64_t offset, std::size_t count);
 
 /// The characters from `offset` up to the first zero byte, which may stand behind the element's own end.
-/// @throws RunTimeError when there is none in the file or before longestElement, and when the file cannot be read
+/// @throws FileError when there is none in the file or before longestElement, and when the file cannot be read
 std::string NameAt(ModelReader& reader, std::uint64_t offset);
 
 }  // namespace oravin

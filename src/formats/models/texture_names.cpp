@@ -20,8 +20,8 @@ void AddNames(ModelReader& reader, const ModelChunk& chunk, std::vector<std::str
     std::string name = NameAt(reader, chunk.elements + std::uint64_t{i} * chunk.elementSize);
     if (name.empty() || std::find(names.begin(), names.end(), name) != names.end()) continue;
     if (names.size() == mostTextureNames) {
-      throw RunTimeError("could not read", reader.path,
-                         "it names more than " + std::to_string(mostTextureNames) + " textures");
+      throw FileError("could not read", reader.path,
+                      "it names more than " + std::to_string(mostTextureNames) + " textures");
     }
     names.push_back(std::move(name));
   }

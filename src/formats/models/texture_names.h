@@ -23,11 +23,11 @@ inline constexpr std::size_t mostTextureNames = 50;
 int GetShpTextureNames(Host& host, std::string& path, std::vector<std::string>& names);
 
 /// The same without a box.
-/// @throws RunTimeError for what gives the error trap's box, and when the file cannot be opened
+/// @throws FileError for what gives the error trap's box, and when the file cannot be opened
 std::vector<std::string> ReadShpTextureNames(Files& files, const std::string& path);
 
 /// The same without boxes, for a model that is being read from its beginning.
-/// @throws RunTimeError where GetShpTextureNames shows the error trap's box
+/// @throws FileError where GetShpTextureNames shows the error trap's box
 std::vector<std::string> TextureNamesOf(ModelReader& reader);
 
 }  // namespace oravin

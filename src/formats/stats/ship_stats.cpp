@@ -7,7 +7,7 @@
 #include <span>
 
 #include "base/delimited_text.h"
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -54,7 +54,7 @@ void PutIntoBlock(Files& files, const std::string& path, int shipIndex, std::uin
                   std::span<const std::uint8_t> bytes) {
   File file(files, path, OpenFor::changing);
   if (!BlockInside(file.length, shipIndex)) {
-    throw RunTimeError("could not use", path, "it has no block " + std::to_string(shipIndex));
+    throw FileError("could not use", path, "it has no block " + std::to_string(shipIndex));
   }
   Put(file, static_cast<std::uint64_t>(shipIndex) * statsBlockSize + offset, bytes);
 }
@@ -114,7 +114,7 @@ void EraseDefaults(Host& host, std::string& defaults) {
 
 ShipStats ReadBlock(File& file, int shipIndex) {
   if (!BlockInside(file.length, shipIndex)) {
-    throw RunTimeError("could not use", file.path, "it has no block " + std::to_string(shipIndex));
+    throw FileError("could not use", file.path, "it has no block " + std::to_string(shipIndex));
   }
   std::array<std::uint8_t, statsSize> bytes{};
   Get(file, StatsAt(shipIndex), bytes);
@@ -210,7 +210,7 @@ ShipStats ReadImportStats(Files& files, const std::string& path) {
   for (const StatsRow& row : statsRows) {
     const double number = TakeNumber(text);
     if (std::fabs(number) > double{std::numeric_limits<float>::max()}) {
-      throw RunTimeError("could not read", path, std::string(row.label) + " is too large");
+      throw FileError("could not read", path, std::string(row.label) + " is too large");
     }
     stats.values.at(row.field) = static_cast<float>(number);
   }
@@ -219,11 +219,10 @@ ShipStats ReadImportStats(Files& files, const std::string& path) {
 
 bool GetImportStats(Host& host, std::string& path, ShipStats& stats) {
   TrimInPlace(path);
-  if (!FileExists(host.files, path)) {
-    Show(host, "File not found!", Icon::critical, "GetImportStats");
-    return false;
-  }
-  return Trap(host, "GetImportStats", [&] { stats = ReadImportStats(host.files, path); });
+  return Trap(host, "GetImportStats", [&] {
+    RequireFile(host.files, path);
+    stats = ReadImportStats(host.files, path);
+  });
 }
 
 int CopyShipStats(Host& host, std::string& path, const ShipRecord& ship, const ShipStats& stats) {

@@ -69,12 +69,12 @@ bool GetShipsStats(Host& host, std::string& path, int shipIndex, ShipStats& stat
 bool PutShipsStats(Host& host, std::string& path, int shipIndex, const ShipStats& stats);
 
 /// The same as GetShipsStats and PutShipsStats, without boxes.
-/// @throws RunTimeError when the file is missing, the block does not end inside it, or it cannot be read or written
+/// @throws FileError when the file is missing, the block does not end inside it, or it cannot be read or written
 ShipStats ReadShipsStats(Files& files, const std::string& path, int shipIndex);
 void WriteShipsStats(Files& files, const std::string& path, int shipIndex, const ShipStats& stats);
 
 /// Reads the statistics of one block of a file that is open already, for those who need many blocks.
-/// @throws RunTimeError as ReadShipsStats
+/// @throws FileError as ReadShipsStats
 ShipStats ReadBlock(File& file, int shipIndex);
 
 /// Puts the statistics of every stock ship back from the defaults and then deletes the defaults.
@@ -93,7 +93,7 @@ void SetUpShipStats(Host& host, std::string currentPath, std::string defaultsPat
 bool GetImportStats(Host& host, std::string& path, ShipStats& stats);
 
 /// The same without boxes.
-/// @throws RunTimeError when the text is missing, cannot be read or does not hold 15 single-precision numbers
+/// @throws FileError when the text is missing, cannot be read or does not hold 15 single-precision numbers
 ShipStats ReadImportStats(Files& files, const std::string& path);
 
 /// Appends a block with the ship's name and the statistics at the end of the file, wherever that is. A file of no
@@ -113,27 +113,27 @@ int FindFreeBlock(Host& host, const std::string& path, int stockBlocks);
 
 /// Writes a whole block anew, in one go: the name, the statistics, and zeros behind both.
 /// @param shipName cut at 64 characters
-/// @throws RunTimeError as WriteShipsStats
+/// @throws FileError as WriteShipsStats
 void PutShipBlock(Files& files, const std::string& path, int shipIndex, const std::string& shipName,
                   const ShipStats& stats);
 
 /// The same in a file that is open, which grows by zeros up to the block where it ends before it.
 /// @param shipIndex 0 or more
-/// @throws RunTimeError when the file cannot be written
+/// @throws FileError when the file cannot be written
 void PutShipBlock(File& file, int shipIndex, const std::string& shipName, const ShipStats& stats);
 
 /// The ship's name that a block bears, without blanks at its ends; empty when the file is missing or the block does not
 /// end inside it.
-/// @throws RunTimeError when the file cannot be read
+/// @throws FileError when the file cannot be read
 std::string NameOfBlock(Files& files, const std::string& path, int shipIndex);
 
 /// Writes the name of a block, zeros behind it; the rest of the block stays.
 /// @param shipName cut at 64 characters
-/// @throws RunTimeError as WriteShipsStats
+/// @throws FileError as WriteShipsStats
 void PutBlockName(Files& files, const std::string& path, int shipIndex, const std::string& shipName);
 
 /// Fills a whole block with zeros.
-/// @throws RunTimeError as WriteShipsStats
+/// @throws FileError as WriteShipsStats
 void ClearShipBlock(Files& files, const std::string& path, int shipIndex);
 
 /// Copies `shipstats.bin` to `shipstats.def` where the latter is missing. Without the former the box "Can't find

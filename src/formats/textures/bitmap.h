@@ -60,7 +60,7 @@ bool SidesFit(const BmpInfo& info);
 /// and both sides are one of 2, 4, 8, ... 256. A bitmap with a header must have 8, 16 or 24 bits a pixel and no
 /// compression, because its pixels are taken as they stand.
 /// @param path of the bitmap; a missing one does not fit
-/// @throws RunTimeError when it cannot be read
+/// @throws FileError when it cannot be read
 bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info);
 
 /// Makes the header that goes before the pixels of an extracted bitmap. For 8 bits it is the template's own, with its
@@ -68,7 +68,7 @@ bool BitmapFits(Files& files, const std::string& path, const BmpInfo& info);
 /// @param info width, height and depth count
 /// @param templatePath the bitmap that lends its header; for 8 bits alone
 /// @return the header's length in bytes: 54 or 1078
-/// @throws RunTimeError when the template cannot be read or is too short
+/// @throws FileError when the template cannot be read or is too short
 std::size_t BuildBitmapHeader(Files& files, const BmpInfo& info, const std::string& templatePath, Bytes& header);
 
 struct Rgb {

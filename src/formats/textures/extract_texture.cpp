@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/file.h"
 #include "files/look_up.h"
@@ -19,7 +19,7 @@ namespace {
 bool IsPlain(char c) { return c >= 32 && c < 127 && std::string_view("\\/:*?\"<>|").find(c) == std::string_view::npos; }
 
 [[noreturn]] void Refuse(const TcacheEntry& entry) {
-  throw RunTimeError("could not extract", Trim(entry.name), "its data do not lie in the cache");
+  throw FileError("could not extract", Trim(entry.name), "its data do not lie in the cache");
 }
 
 /// The pixels as the bitmap holds them.

@@ -22,7 +22,7 @@ std::string TemplateFor(const TcacheTable& table, const std::string& name);
 bool CanBeExtracted(const TcacheEntry& entry, std::uint64_t cacheLength);
 
 /// Reads the data of a texture, all its images.
-/// @throws RunTimeError when they do not lie in the cache
+/// @throws FileError when they do not lie in the cache
 Bytes ReadTextureData(Files& files, const std::string& cachePath, const TcacheEntry& entry);
 
 /// Writes a texture to a bitmap file: the header, which describes the largest image, then all images. A 16-bit texture
@@ -33,7 +33,7 @@ Bytes ReadTextureData(Files& files, const std::string& cachePath, const TcacheEn
 /// had. That is meant.
 ///
 /// @param headerSize the length of the last header that was written, in bytes; 0 for none. Renewed
-/// @throws RunTimeError when the data do not lie in the cache, the template is missing or the file cannot be written
+/// @throws FileError when the data do not lie in the cache, the template is missing or the file cannot be written
 void ExtractTexture(Files& files, const std::string& cachePath, const TcacheEntry& entry,
                     const std::string& templatePath, const std::string& target, std::size_t& headerSize);
 

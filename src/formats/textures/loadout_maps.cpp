@@ -28,7 +28,7 @@ LoadoutMaps ReadLoadoutMaps(Files& files, const std::string& path) {
   LoadoutMaps maps{};
   File file(files, path, OpenFor::reading);
   if (file.length != maps.size()) {
-    throw RunTimeError("could not use", path, "it must be 2048 bytes long");
+    throw FileError("could not use", path, "it must be 2048 bytes long");
   }
   Get(file, 0, maps);
   return maps;

@@ -27,7 +27,7 @@ inline constexpr std::array<std::size_t, loadoutLevels> levelEnds = {65536, 8192
 std::size_t LevelAt(std::size_t position);
 
 /// Reads the maps.
-/// @throws RunTimeError when the file cannot be read or is not 2048 bytes long
+/// @throws FileError when the file cannot be read or is not 2048 bytes long
 LoadoutMaps ReadLoadoutMaps(Files& files, const std::string& path);
 
 /// Replaces every pixel byte of a texture's data through its level's map.

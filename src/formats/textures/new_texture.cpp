@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "files/file.h"
 #include "textures/colour.h"
 
@@ -83,7 +83,7 @@ void AddEntry(TcacheBytes& cache, const NewTexture& texture) {
 void AddPixels(File& file, TcacheBytes& cache, const NewTexture& texture) {
   const auto at = static_cast<std::uint64_t>(cache.dataEnd);
   if (!HasRoomFor(cache, texture.reserved)) {
-    throw RunTimeError("could not write", file.path, "it would become too large");
+    throw FileError("could not write", file.path, "it would become too large");
   }
   Put(file, at, texture.pixels);
   StartFlush(file, at, texture.pixels.size());

@@ -39,7 +39,7 @@ void AddEntry(TcacheBytes& cache, const NewTexture& texture);
 /// Writes a texture's pixels at the data end and adds its entry to the table in memory, with count and data end. In the
 /// file the table stays as it is (WriteTable).
 /// @param cache has a free slot
-/// @throws RunTimeError when the data end would not fit 32 signed bits, or the file cannot be written
+/// @throws FileError when the data end would not fit 32 signed bits, or the file cannot be written
 void AddPixels(File& file, TcacheBytes& cache, const NewTexture& texture);
 
 /// Writes the entries from one slot on, brings all to the disk, and then writes count and data end in one write: until

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "files/file.h"
 #include "files/look_up.h"
 #include "textures/colour.h"
@@ -100,7 +100,7 @@ Palette TemplatePalette(Files& files, const std::string& templatePath) {
     Get(file, 0, header);
     int colours = 0;
     return PaletteIn(header, colours);
-  } catch (const RunTimeError&) {
+  } catch (const FileError&) {
     return palette;
   }
 }

@@ -31,7 +31,7 @@ int VisibleImages(const TcacheEntry& entry);
 /// @param image counted from 0, the largest
 /// @return nothing for an unsupported format, an image that the texture does not have, and data that do not lie in the
 ///   cache
-/// @throws RunTimeError when the cache cannot be read
+/// @throws FileError when the cache cannot be read
 std::optional<Picture> TexturePicture(Files& files, const std::string& cachePath, const TcacheEntry& entry, int image,
                                       const Palette& palette);
 
@@ -44,7 +44,7 @@ Palette TemplatePalette(Files& files, const std::string& templatePath);
 
 /// The first image of a bitmap that is to be imported, as the texture will look.
 /// @return nothing for a bitmap that cannot be imported
-/// @throws RunTimeError when it cannot be read
+/// @throws FileError when it cannot be read
 std::optional<Picture> BitmapPicture(Files& files, const std::string& path, const BmpInfo& info);
 
 /// The picture with its sides scaled, each pixel the nearest of the old ones; sides of at least 1.

@@ -72,7 +72,7 @@ void SaveTcacheEntry(Host& host, std::string path, const TcacheTable& table, int
     return;
   }
   if (index < 0 || static_cast<std::size_t>(index) >= table.size() || index >= tcacheCapacity) {
-    throw RunTimeError("could not write", path, "there is no texture number " + std::to_string(index));
+    throw FileError("could not write", path, "there is no texture number " + std::to_string(index));
   }
   File cache(host.files, path, OpenFor::changing);
   Bytes slot(tcacheEntrySize);
@@ -151,7 +151,7 @@ std::uint64_t MemMappedFile(Host& host, std::string path, Bytes& buffer, std::ui
     // An assertion that reports and continues.
     Show(host, "Expression (startOffset < endOffset) is false", Icon::information, title);
   }
-  if (endOffset > length) throw RunTimeError("could not read", path, "it ends too early");
+  if (endOffset > length) throw FileError("could not read", path, "it ends too early");
   buffer.assign(static_cast<std::size_t>(endOffset - std::min(startOffset, endOffset)), 0);
   Get(file, startOffset, buffer);
   return buffer.size();

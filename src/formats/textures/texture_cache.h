@@ -95,7 +95,7 @@ int GetTcacheTable(Host& host, std::string path, TcacheTable& table);
 /// else in the slot stays, the pixel format too. Of the name's 32 bytes only the first 30 are cleared before: that is
 /// meant. A missing file gives the box "Error - Path(s) not found." titled "GetTcacheTable": that is meant, too.
 ///
-/// @throws RunTimeError when the table has no such record, the file ends before the slot, or it cannot be written
+/// @throws FileError when the table has no such record, the file ends before the slot, or it cannot be written
 void SaveTcacheEntry(Host& host, std::string path, const TcacheTable& table, int index);
 
 /// Finds a texture by its name, without regard to case and to blanks at the ends.
@@ -131,7 +131,7 @@ bool DataLiesIn(const TcacheEntry& entry, std::uint64_t fileLength);
 /// @param buffer what was read
 /// @param endOffset just past the last byte; 0 stands for the file's length, which is written back here
 /// @return how many bytes were read
-/// @throws RunTimeError when the file ends before `endOffset`
+/// @throws FileError when the file ends before `endOffset`
 std::uint64_t MemMappedFile(Host& host, std::string path, Bytes& buffer, std::uint64_t startOffset,
                             std::uint64_t& endOffset);
 

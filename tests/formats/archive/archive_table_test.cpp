@@ -2,7 +2,7 @@
 
 #include <numeric>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/archive_stage.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
@@ -289,7 +289,7 @@ TEST_F(HogMagic, AFileOfLessThanFourBytesIsNone) {
 
 TEST_F(HogMagic, AClosedFileCannotBeAsked) {
   File file;
-  EXPECT_THROW(IsBIGF(file), RunTimeError);
+  EXPECT_THROW(IsBIGF(file), FileError);
 }
 
 const std::vector<HogEntry> someEntries = {

@@ -7,7 +7,7 @@
 #include <numeric>
 #include <random>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "demo/compressor.h"
 #include "reference_decoder.h"
 #include "support/folder_image.h"
@@ -42,7 +42,7 @@ std::string Complaint(const Bytes& entry) {
   try {
     Decompress(entry, unpacked);
     return {};
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     EXPECT_EQ(unpacked.size, 0U);
     return error.what();
   }
@@ -291,7 +291,7 @@ TEST(Decompress, TheErrorNamesTheEntry) {
   try {
     Decompress(Bytes(), unpacked, "ships\\alpha.shp");
     ADD_FAILURE() << "nothing was thrown";
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     EXPECT_STREQ(error.what(), "could not unpack ships\\alpha.shp: its compressed data end too early");
   }
 }
@@ -303,7 +303,7 @@ TEST(Decompress, MemoryThatIsUsedAgainShowsNothingOfItsOldContent) {
   Decompress(Entry(3000, LiteralRun(Counting(4, 9)) + Bytes{0xFC}), unpacked);
   EXPECT_EQ(unpacked.bytes.get(), memory);
   EXPECT_TRUE(SameBytes(Counting(4, 9) + Bytes(2996), {unpacked.Span().begin(), unpacked.Span().end()}));
-  EXPECT_THROW(Decompress(Entry(10, {0x00, 0x00}), unpacked), RunTimeError);
+  EXPECT_THROW(Decompress(Entry(10, {0x00, 0x00}), unpacked), FileError);
   EXPECT_TRUE(unpacked.Span().empty());
   Decompress(Entry(200000, {0xFC}), unpacked);
   EXPECT_TRUE(SameBytes(Bytes(200000), {unpacked.Span().begin(), unpacked.Span().end()}));

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
@@ -234,7 +234,7 @@ template <typename Run>
 std::string ErrorOf(Run&& run) {
   try {
     run();
-  } catch (const RunTimeError& error) {
+  } catch (const FileError& error) {
     return error.what();
   }
   return "no error";

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/fault.h"
 #include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
@@ -79,18 +79,18 @@ TEST(AddedLine, BytesAbove127StayAsTheyAre) {
 TEST(AddedLine, ATextThatTheListCannotHoldIsRefused) {
   const ShipListText list = Parsed("0\n");
   for (const std::string bad : {"a\"b", "a\nb", "a\rb", "a\tb", "\x7F"}) {
-    EXPECT_THROW(WithShip(list, {3, bad, "a.shp", 0, "", ""}), RunTimeError);
-    EXPECT_THROW(WithShip(list, {3, "a", bad, 0, "", ""}), RunTimeError);
-    EXPECT_THROW(WithShip(list, {3, "a", "a.shp", 0, bad, ""}), RunTimeError);
-    EXPECT_THROW(WithShip(list, {3, "a", "a.shp", 0, "", bad}), RunTimeError);
+    EXPECT_THROW(WithShip(list, {3, bad, "a.shp", 0, "", ""}), FileError);
+    EXPECT_THROW(WithShip(list, {3, "a", bad, 0, "", ""}), FileError);
+    EXPECT_THROW(WithShip(list, {3, "a", "a.shp", 0, bad, ""}), FileError);
+    EXPECT_THROW(WithShip(list, {3, "a", "a.shp", 0, "", bad}), FileError);
   }
-  EXPECT_THROW(WithShip(list, {3, "a", "..\\a.shp", 0, "", ""}), RunTimeError);
+  EXPECT_THROW(WithShip(list, {3, "a", "..\\a.shp", 0, "", ""}), FileError);
 }
 
 TEST(AddedLine, AFullListIsRefused) {
   std::string text = "32765\n";
   for (int i = 0; i < 32765; ++i) text += "1,A,a.shp,4,h,w\n";
-  EXPECT_THROW(Adding(text), RunTimeError);
+  EXPECT_THROW(Adding(text), FileError);
 }
 
 constexpr const char* three =
@@ -139,7 +139,7 @@ TEST(RenamedLine, OnlyTheNameChanges) {
 }
 
 TEST(RenamedLine, ANameThatTheListCannotHoldIsRefused) {
-  for (const std::string bad : {"a\"b", "a\nb", "a\rb"}) EXPECT_THROW(Naming(three, 1, bad), RunTimeError);
+  for (const std::string bad : {"a\"b", "a\nb", "a\rb"}) EXPECT_THROW(Naming(three, 1, bad), FileError);
 }
 
 TEST(ImportedLine, IsFoundByKindNameAndModelWithoutRegardToCase) {
@@ -185,12 +185,12 @@ TEST_F(ShipListFile, AnImportedShipIsAdded) {
 }
 
 TEST_F(ShipListFile, AMissingOrDamagedListIsNotTouched) {
-  EXPECT_THROW(Add(files, folder.windows + "shipsData.txt", added), RunTimeError);
+  EXPECT_THROW(Add(files, folder.windows + "shipsData.txt", added), FileError);
   EXPECT_FALSE(exists(folder.Native("shipsData.txt")));
   for (const std::string bad : {"", "x", "-1\n", "2\n1,A,a.shp,4,h,w\n", "1\n1,\"A,a.shp,4,h,w\n",
                                 "0\n1,A,a.shp,4,h,w\n", "1\n1,A,..\\a.shp,4,h,w\n"}) {
     Make(bad);
-    EXPECT_THROW(Add(files, folder.windows + "shipsData.txt", added), RunTimeError) << bad;
+    EXPECT_THROW(Add(files, folder.windows + "shipsData.txt", added), FileError) << bad;
     EXPECT_EQ(Now(), bad);
   }
 }
@@ -206,7 +206,7 @@ TEST_F(ShipListFile, WhateverFailsOrStopsTheListIsWhole) {
         try {
           Add(failing, folder.windows + "shipsData.txt", added);
           EXPECT_FALSE(fault.happened);
-        } catch (const RunTimeError&) {
+        } catch (const FileError&) {
           EXPECT_TRUE(fault.happened);
         }
       });

@@ -2,7 +2,7 @@
 
 #include <random>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "models/attachments.h"
 #include "support/fault.h"
 #include "support/file_marks.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
@@ -367,14 +367,14 @@ TEST_F(AddedBlocks, ABlocksNameIsReadUpToItsFirstZeroByte) {
 
 TEST_F(AddedBlocks, ABlockThatIsNotThereHasNoNameAndIsNeverWritten) {
   EXPECT_EQ(NameOfBlock(at.host.files, path, 0), "");
-  EXPECT_THROW(ClearShipBlock(at.host.files, path, 0), RunTimeError);
+  EXPECT_THROW(ClearShipBlock(at.host.files, path, 0), FileError);
   EXPECT_FALSE(exists(Native()));
   Make({a, Bytes(351)});
   for (const int index : {-1, 1, 2, 32767}) {
     EXPECT_EQ(NameOfBlock(at.host.files, path, index), "") << index;
-    EXPECT_THROW(PutShipBlock(at.host.files, path, index, "M", StatsFrom(1)), RunTimeError) << index;
-    EXPECT_THROW(PutBlockName(at.host.files, path, index, "M"), RunTimeError) << index;
-    EXPECT_THROW(ClearShipBlock(at.host.files, path, index), RunTimeError) << index;
+    EXPECT_THROW(PutShipBlock(at.host.files, path, index, "M", StatsFrom(1)), FileError) << index;
+    EXPECT_THROW(PutBlockName(at.host.files, path, index, "M"), FileError) << index;
+    EXPECT_THROW(ClearShipBlock(at.host.files, path, index), FileError) << index;
   }
   Expect({a, Bytes(351)});
 }

@@ -1,6 +1,6 @@
 #include "textures/bitmap.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/cache_stage.h"
 #include "textures/texture_cache.h"
 
@@ -203,8 +203,8 @@ TEST_F(TheBitmap, TakesHeaderAndPaletteOfItsTemplateFor8Bits) {
   SetLong(lender, 22, 32);
   EXPECT_TRUE(test::SameBytes(lender, header));
   Write("short.bmp", Bytes(1077));
-  EXPECT_THROW(BuildBitmapHeader(at.host.files, {0, 4, 4, 1, 1}, folder.Windows("short.bmp"), header), RunTimeError);
-  EXPECT_THROW(BuildBitmapHeader(at.host.files, {0, 4, 4, 1, 1}, folder.Windows("none.bmp"), header), RunTimeError);
+  EXPECT_THROW(BuildBitmapHeader(at.host.files, {0, 4, 4, 1, 1}, folder.Windows("short.bmp"), header), FileError);
+  EXPECT_THROW(BuildBitmapHeader(at.host.files, {0, 4, 4, 1, 1}, folder.Windows("none.bmp"), header), FileError);
 }
 
 }  // namespace

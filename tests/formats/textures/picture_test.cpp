@@ -1,7 +1,7 @@
 #include "textures/picture.h"
 #include "files/file.h"
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/cache_stage.h"
 #include "support/image_program.h"
 #include "textures/extract_texture.h"
@@ -106,7 +106,7 @@ TEST_F(ThePicture, OfNothingThatCanBeShownIsNone) {
   EXPECT_FALSE(with([](TcacheEntry& e) { e.height = 0x7FFFFFFF; }));
   EXPECT_FALSE(with([](TcacheEntry& e) { e.width = e.height = 0x7FFFFFFF; }));
   EXPECT_TRUE(with([](TcacheEntry& e) { e.imageCount = 0; }));
-  EXPECT_THROW(TexturePicture(at.host.files, folder.Windows("none"), good, 0, Colours()), RunTimeError);
+  EXPECT_THROW(TexturePicture(at.host.files, folder.Windows("none"), good, 0, Colours()), FileError);
 }
 
 TEST_F(ThePicture, OfEveryImageOfAnOddTextureStaysInItsData) {

@@ -1,6 +1,6 @@
 #include <limits>
 
-#include "base/run_time_error.h"
+#include "base/file_error.h"
 #include "support/cache_stage.h"
 #include "textures/texture_cache.h"
 
@@ -157,9 +157,9 @@ TEST_F(TheSavedEntry, OutsideTheTableIsTheCallersError) {
   const Bytes before = Cache(3);
   Make(before);
   GetTcacheTable(at.host, Path(), table);
-  for (const int index : {-1, 3, 1000}) EXPECT_THROW(SaveTcacheEntry(at.host, Path(), table, index), RunTimeError);
+  for (const int index : {-1, 3, 1000}) EXPECT_THROW(SaveTcacheEntry(at.host, Path(), table, index), FileError);
   Make(Bytes(before.begin(), before.begin() + 300));
-  EXPECT_THROW(SaveTcacheEntry(at.host, Path(), table, 1), RunTimeError);
+  EXPECT_THROW(SaveTcacheEntry(at.host, Path(), table, 1), FileError);
   EXPECT_EQ(Now().size(), 300U);
 }
 
@@ -256,9 +256,9 @@ TEST_F(TheRange, ThatBeginsBehindItsEndIsToldAndReadsNothing) {
 TEST_F(TheRange, ThatReachesPastTheFileIsTheCallersError) {
   Make(test::Pattern(10));
   end = std::numeric_limits<std::uint64_t>::max();
-  EXPECT_THROW(MemMappedFile(at.host, Path(), buffer, 0, end), RunTimeError);
+  EXPECT_THROW(MemMappedFile(at.host, Path(), buffer, 0, end), FileError);
   end = 11;
-  EXPECT_THROW(MemMappedFile(at.host, Path(), buffer, 0, end), RunTimeError);
+  EXPECT_THROW(MemMappedFile(at.host, Path(), buffer, 0, end), FileError);
 }
 
 TEST(AnEntrysData, AreBoundedWhateverItClaims) {
