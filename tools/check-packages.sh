@@ -43,8 +43,8 @@ metainfo_version() {
 
 desktop_file() { desktop-file-validate packaging/linux/oravin.desktop; }
 metainfo() {
-  local told
-  told=$(appstreamcli validate --no-net packaging/linux/org.oravin.Oravin.metainfo.xml 2>&1) || { say "$told"; return 1; }
+  local report
+  report=$(appstreamcli validate --no-net packaging/linux/org.oravin.Oravin.metainfo.xml 2>&1) || { say "$report"; return 1; }
 }
 
 # Ship files are recognised by extension, another program's .pak by its content.
@@ -73,7 +73,7 @@ tree_starts() (
   tree=$work/oravin-$(project_version)-linux-$(uname -m)
   export HOME=$work/home XDG_CONFIG_HOME=$work/config WINEPREFIX=$work/wine
   unset XDG_DATA_HOME
-  same "the version told" "$("$tree/bin/oravin-cli" --version)" "oravin-cli $(project_version)" &&
+  same "the version" "$("$tree/bin/oravin-cli" --version)" "oravin-cli $(project_version)" &&
     same "the window's version" "$("$tree/bin/oravin" --version)" "Oravin $(project_version)" || exit 1
   # Not grep -q: it would close the pipe while the program is still writing.
   help=$("$tree/bin/oravin-cli" --help) && grep -q '^Usage: oravin-cli' <<<"$help" || { say "  no help"; exit 1; }
@@ -130,11 +130,11 @@ zip_texts() {
 
 # is_static_32_bit PROGRAM: it needs no DLLs but the system's.
 is_static_32_bit() {
-  local told strange
-  told=$(i686-w64-mingw32-objdump -p "$1") || return 1
-  grep -q 'file format pei-i386$' <<<"$told" || { say "  $1 is no 32-bit program for Windows"; return 1; }
+  local headers strange
+  headers=$(i686-w64-mingw32-objdump -p "$1") || return 1
+  grep -q 'file format pei-i386$' <<<"$headers" || { say "  $1 is no 32-bit program for Windows"; return 1; }
   # In the system folder of every Windows since 7.
-  strange=$(sed -n 's/^\tDLL Name: //p' <<<"$told" | tr A-Z a-z | grep -vxE \
+  strange=$(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr A-Z a-z | grep -vxE \
     '(advapi32|comctl32|comdlg32|gdi32|gdiplus|imm32|kernel32|msimg32|msvcrt|ole32|oleacc|oleaut32|rpcrt4|shell32|shlwapi|user32|uxtheme|version|winmm|ws2_32)\.dll|winspool\.drv') || true
   [ -z "$strange" ] || { say "  $1 needs $strange"; return 1; }
   [ "$(stat -c %s "$1")" -le $((8 * 1024 * 1024)) ] || { say "  $1 is larger than 8 MiB"; return 1; }
