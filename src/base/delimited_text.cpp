@@ -41,7 +41,7 @@ std::string TakeQuoted(DelimitedText& text) {
   text.at = end + 1;
   Skip(text, " \t");
   if (text.at < text.all.size() && text.all[text.at] != ',' && !IsLineEnd(text.all[text.at])) {
-    Fail(text, "a comma is missing behind a quote");
+    Fail(text, "a comma is missing after a quote");
   }
   SkipSeparator(text);
   return std::string(text.all.substr(begin, end - begin));
