@@ -63,13 +63,13 @@ std::string ProgramReadme() {
       "SAMPLE INSTALLATION\n"
       "===================\n"
       "\n"
-      "This folder and the folder StarLancer beside it are a sample installation:\n"
+      "This folder and the folder StarLancer next to it are a sample installation:\n"
       "drawn textures, made-up ships and made-up numbers in the game's own file\n"
       "formats. Nothing here comes from the game, and the game cannot run from it.\n"
       "\n"
       "Try everything: enable the editing features, switch ships, change their\n"
-      "statistics and weapons, import the ship packs in the folder packs, and put it\n"
-      "all back with Disable / Restore. If something breaks, write the sample again\n"
+      "statistics and weapons, import the ship packs in the folder packs, and restore\n"
+      "everything with Disable / Restore. If something breaks, write the sample again\n"
       "with oravin-demo. The manual follows.\n"
       "\n"
       "\n";
@@ -80,13 +80,13 @@ std::string ProgramReadme() {
 }
 
 std::string ShipsFolderReadme() {
-  return "Loose ship models go into this folder. The game takes a model from here before it looks into "
+  return "This folder is for loose ship models. The game prefers a model in this folder to one in "
          "resource.hog.\r\n"
-         "mywing.shp is a model of the player's own; it belongs to no ship of the list.\r\n";
+         "mywing.shp is one of the player's own models; no ship in the list uses it.\r\n";
 }
 
 std::string MarkerText() {
-  return "This folder holds a sample installation written by oravin-demo, which may write it again at any time.\n"
+  return "This is a sample installation written by oravin-demo, which may overwrite it at any time.\n"
          "Do not keep anything of value in it.\n";
 }
 
