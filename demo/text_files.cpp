@@ -80,13 +80,13 @@ std::string ProgramReadme() {
 }
 
 std::string ShipsFolderReadme() {
-  return "This folder is for loose ship models. The game prefers a model in this folder to one in "
+  return "Loose ship models go into this folder. The game takes a model from here before it looks into "
          "resource.hog.\r\n"
-         "mywing.shp is one of the player's own models; no ship in the list uses it.\r\n";
+         "mywing.shp is a model of the player's own; it belongs to no ship of the list.\r\n";
 }
 
 std::string MarkerText() {
-  return "This is a sample installation written by oravin-demo, which may overwrite it at any time.\n"
+  return "This folder holds a sample installation written by oravin-demo, which may write it again at any time.\n"
          "Do not keep anything of value in it.\n";
 }
 
