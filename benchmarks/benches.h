@@ -7,7 +7,7 @@
 
 namespace oravin::bench {
 
-/// Each registers the benchmarks of one figure or a few.
+/// Each registers the benchmarks of one or a few figures.
 void AddDecompress();
 /// @param work a folder for the files that are read
 void AddTableReading(const std::filesystem::path& work);
@@ -25,27 +25,27 @@ void AddModels(const std::filesystem::path& work);
 /// @param work a folder for enabled sample installations and ship packs
 void AddImports(const std::filesystem::path& work);
 
-/// Prints what choosing a ship on the "Ship Stats / Guns" tab takes: its statistics, its weapons and the chart.
+/// Prints the time to choose a ship on the "Ship Stats / Guns" tab: its statistics, its weapons and the chart.
 /// @param work a folder for a sample installation
 void PrintStatsTab(const std::filesystem::path& work);
-/// Prints what opening a texture cache, looking at textures and importing one take.
+/// Prints the times to open a texture cache, to show textures and to import one.
 void PrintTextureTab(const std::filesystem::path& work);
-/// Prints what the archive's tab takes to open an archive of 100,000 files and to filter its list.
+/// Prints the times to open an archive of 100,000 files on its tab and to filter its list.
 void PrintArchiveTab(const std::filesystem::path& work);
-/// Prints how long the window takes to its first painting, beside the 0.3 s that it may take.
+/// Prints the time to the window's first paint, and the limit of 0.3 s.
 /// @param programs the folder of oravin and oravin-cli
 void PrintStart(const std::filesystem::path& programs, const std::filesystem::path& work);
 
-/// The most memory that runs of the command line take on an archive of 1 GiB, in MiB; negative for one that failed.
+/// Peak memory of the command line on an archive of 1 GiB, in MiB; negative if a run failed.
 struct Peaks {
   double enable = 0;
   double unpack = 0;
-  double largestModel = 0;  ///< the largest of the files that are read at once
+  double largestModel = 0;  ///< the largest file that is read as a whole
 };
 
-/// Measures that. It comes before all else: a program that is started counts the memory of the process that started it.
+/// Measures it. Must run first: a child process's peak includes the memory of its parent.
 Peaks MeasureMemory(const std::filesystem::path& programs, const std::filesystem::path& work);
-/// Prints it beside 64 MiB and the largest file read at once.
+/// Prints it, and the limit: 64 MiB plus the largest file that is read as a whole.
 void PrintMemory(const Peaks& peaks);
 
 }  // namespace oravin::bench

@@ -1,5 +1,5 @@
-// Extracting and unpacking every file of a large archive, against cp of the same files; and what the archive's tab
-// takes for an archive of a hundred thousand files.
+// Extracting and unpacking every file of a large archive, against cp of the same files; and the times of the archive's
+// tab for an archive of a hundred thousand files.
 
 #include <random>
 #include <string>
@@ -23,7 +23,7 @@ constexpr std::size_t megabytes = 500;
 constexpr std::size_t files = 4000;
 constexpr std::size_t unpackedSize = 128 << 10;
 
-/// Content that packs to about half, as the game's does.
+/// Content that compresses to about half, like the game's.
 Bytes Content(unsigned seed) {
   std::mt19937 dice(seed);
   Bytes bytes;
@@ -41,7 +41,7 @@ Bytes Content(unsigned seed) {
   return bytes;
 }
 
-/// An archive of many folders whose files have the sizes of an entry each, in turn.
+/// An archive with many folders; the files' sizes cycle through the given ones.
 fs::path WriteArchive(const fs::path& path, const std::vector<Bytes>& entries, std::size_t count) {
   std::vector<std::string> names;
   for (std::size_t i = 0; i < count; ++i) {
@@ -56,7 +56,7 @@ fs::path WriteArchive(const fs::path& path, const std::vector<Bytes>& entries, s
   return path;
 }
 
-/// An archive in its tab, with all of it selected and every question answered with Yes.
+/// An archive on its tab, with all files selected and every question answered with Yes.
 struct OpenedHog {
   explicit OpenedHog(const fs::path& path) {
     main.host.desk.showBox = [](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; };

@@ -22,7 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int side = 256;
-constexpr std::size_t imagesOfChain = 87381;  // bytes of eight images of 8 bits, the largest 256 x 256
+constexpr std::size_t imagesOfChain = 87381;  // bytes of eight 8-bit mipmap levels, the largest 256 x 256
 constexpr int manyShips = 300;
 
 void WriteFile(const fs::path& path, const Bytes& bytes) {
@@ -31,7 +31,7 @@ void WriteFile(const fs::path& path, const Bytes& bytes) {
   if (!file) throw std::runtime_error("could not write " + path.string());
 }
 
-/// A picture of a texture's own, so that no two are alike.
+/// A different picture for each texture.
 Bytes Picture(std::size_t size, int number) {
   Bytes pixels(size);
   for (std::size_t i = 0; i < size; ++i)
@@ -41,13 +41,13 @@ Bytes Picture(std::size_t size, int number) {
 
 struct PackShape {
   int ships;
-  int textures;    ///< of each ship
-  bool deep;       ///< bitmaps of 24 bits with one image, else chains of 8 bits
+  int textures;    ///< per ship
+  bool deep;       ///< 24-bit bitmaps with one level, else 8-bit mipmap chains
   int modelSize;   ///< in bytes, about
-  bool withStats;  ///< a text of statistics beside each model
+  bool withStats;  ///< a statistics text in each model's folder
 };
 
-/// A folder with a pack and its files.
+/// Makes a folder with a pack and its files.
 /// @return the pack
 fs::path WritePack(const fs::path& folder, const PackShape& shape) {
   fs::remove_all(folder);
@@ -75,7 +75,7 @@ fs::path WritePack(const fs::path& folder, const PackShape& shape) {
   return folder / "ships.pak";
 }
 
-/// The program over an installation. There is no person: every question is answered with Yes.
+/// The program on an installation; every question is answered with Yes.
 struct Desktop {
   explicit Desktop(const fs::path& sample) {
     main.host.desk.showBox = [](const Message& box) {
@@ -100,13 +100,13 @@ struct Desktop {
   Main main;
 };
 
-/// Makes the installation anew from the one that is kept, and waits until it is on the disk.
+/// Copies the pristine installation again and waits until it is on the disk.
 void Renew(const fs::path& kept, const fs::path& live) {
   fs::remove_all(live);
   RunShell("cp -r '" + kept.string() + "' '" + live.string() + "' && sync -f '" + live.string() + "'");
 }
 
-/// Copies files with cp into so many folders.
+/// Copies files with cp into several folders.
 double CopySeconds(const fs::path& work, const std::string& files, int times, bool wait) {
   std::string command = "true";
   for (int i = 0; i < times; ++i) {
@@ -164,8 +164,8 @@ void AddRemoval(const fs::path& work) {
         return seconds;
       },
       [=] { return CopySeconds(work, cache, 1, false); });
-  // A removal waits for the disk and frees the old cache, which takes some disks longer the more pieces it lies in. A
-  // cp that replaces the cache of such an installation does both as well.
+  // A removal waits for the disk and frees the old cache, which is slower on some disks if it is fragmented. A cp that
+  // replaces the cache of the same installation does both as well.
   const fs::path replaced = work / "replaced";
   Register("Remove one of 300 imported ships/cp of the cache over the old one and mv, with sync", [=] {
     Renew(kept, replaced);

@@ -1,4 +1,4 @@
-// Enabling and swapping on a sample installation, against cp on the bytes that have to be written.
+// Enabling and swapping on a sample installation, against cp of the bytes that are written.
 
 #include <set>
 #include <string>
@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A run of the program over a sample, answering every question with Yes.
+/// The program on a sample; every question is answered with Yes.
 struct Run {
   explicit Run(const demo::Sample& sample) {
     main.host.desk.showBox = [](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; };
@@ -35,7 +35,7 @@ std::set<fs::path> FilesBelow(const fs::path& folder) {
 
 std::string Quoted(const fs::path& path) { return "'" + path.string() + "'"; }
 
-/// Copies of all that enabling writes anew, in a folder of their own, for cp to copy.
+/// Copies of all files that Enable writes, as the source for cp.
 fs::path WhatEnableWrites(const demo::Sample& sample, const fs::path& work) {
   std::set<fs::path> before = FilesBelow(sample.game);
   before.merge(FilesBelow(sample.program));
@@ -69,7 +69,7 @@ void AddEnable(const demo::Sample& sample, const fs::path& written, const fs::pa
       ->UseManualTime()
       ->Iterations(5);
   const std::string copy = "cp -r " + Quoted(written) + " " + Quoted(work / "copied");
-  // The game's files are on the disk when Enable is done.
+  // Enable flushes the game's files, so the yardstick does too.
   const std::string durable = copy + " && sync $(find " + Quoted(work / "copied") + ")";
   for (const auto& [name, command] : {std::pair("cp of what it writes (wanted: below 2)", copy),
                                       std::pair("cp and sync of what it writes", durable)}) {

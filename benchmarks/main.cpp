@@ -1,5 +1,5 @@
-// Usage: oravin-bench PROGRAMS WORK: PROGRAMS is the folder of oravin, oravin-cli and oravin-demo, WORK a folder for
-// files.
+// Usage: oravin-bench PROGRAMS WORK. PROGRAMS is the folder of oravin, oravin-cli and oravin-demo, WORK a folder for
+// temporary files.
 
 #include <cstdio>
 

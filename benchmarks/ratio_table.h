@@ -8,7 +8,7 @@
 
 namespace oravin::bench {
 
-/// Gathers the medians of all benchmarks and prints each figure beside its yardsticks. Benchmarks are named
+/// Collects the medians of all benchmarks and prints each figure with its yardsticks. Benchmarks are named
 /// "figure/oravin" and "figure/yardstick NAME (wanted RATIO)"; the ratio is time over time, so less is better.
 class RatioTable : public benchmark::BenchmarkReporter {
  public:
@@ -25,7 +25,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   std::map<std::string, std::vector<Side>> figures_;
 };
 
-/// A time in the unit that suits it.
+/// A time in a suitable unit.
 std::string InWords(double seconds);
 
 }  // namespace oravin::bench

@@ -1,4 +1,4 @@
-// The program as a process: its start, and its memory on a large archive.
+// The program as a process: start-up time, and memory on a large archive.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -24,11 +24,11 @@ namespace fs = std::filesystem;
 
 constexpr double mayTake = 0.3;       // seconds from start to a painted window
 constexpr double mayOpen = 0.25;      // seconds from opening a large archive to its painted list
-constexpr double spareMemory = 64.0;  // MiB beside the largest file that is read at once
+constexpr double spareMemory = 64.0;  // MiB in addition to the largest file that is read as a whole
 
-/// Runs a program to its end; returns its exit status, and the most memory that it held in KiB.
+/// Runs a program to its end; returns its exit status and its peak memory in KiB.
 int RunProgram(const std::vector<std::string>& words, long& peak) {
-  std::fflush(stdout);  // or the child would print what stands in the buffer once more
+  std::fflush(stdout);  // else the child would print the buffer again
   const pid_t child = fork();
   if (child == 0) {
     std::vector<char*> arguments;
@@ -62,13 +62,13 @@ fs::path WriteManyFiles(const fs::path& work) {
   return work / "many.hog";
 }
 
-/// The most memory that a run of a program takes, in MiB; negative when it does not end with that status.
+/// A program's peak memory in MiB; negative if it does not exit with that status.
 double PeakOf(const std::vector<std::string>& words, int expected) {
   long peak = 0;
   return RunProgram(words, peak) == expected ? static_cast<double>(peak) / 1024 : -1;
 }
 
-/// Prints a peak beside the spare memory and the largest file that is read at once, in MiB.
+/// Prints a peak and its limit: the spare memory plus the largest file that is read as a whole, in MiB.
 void PrintPeak(const char* figure, double peak, double largest) {
   if (peak < 0) {
     std::printf("%-34s it failed\n", figure);
@@ -99,7 +99,7 @@ void PrintStart(const fs::path& programs, const fs::path& work) {
   };
   const double empty = start({});
   PrintLimit("Start to a painted window", empty, mayTake);
-  // The archive's own time is what the start takes longer with it.
+  // The time for the archive is the difference to a start without it.
   const double opened = start({WriteManyFiles(work).string()});
   PrintLimit("Open 100,000 entries, painted", std::max(0.0, opened - empty), mayOpen);
 }
@@ -127,7 +127,7 @@ Peaks MeasureMemory(const fs::path& programs, const fs::path& work) {
 
 void PrintMemory(const Peaks& peaks) {
   PrintPeak("Memory of Enable, archive of 1 GiB", peaks.enable, peaks.largestModel);
-  // Its entries are smaller than what reads them, so that the largest one adds nothing.
+  // Its entries are smaller than the read buffer, so the largest one adds nothing.
   PrintPeak("Memory of unpacking that archive", peaks.unpack, 0);
 }
 

@@ -1,4 +1,4 @@
-// The "Ship Stats / Guns" tab: what choosing a ship takes, and the walk over a model's chunks against one read of it.
+// The "Ship Stats / Guns" tab: choosing a ship, and the walk over a model's chunks against one read of the file.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -34,7 +34,7 @@ void AddChunk(Bytes& model, std::size_t type, std::size_t size, std::size_t coun
   model.resize(model.size() + size * count, 0x33);
 }
 
-/// A model of 4 MiB: chunks of so many vertices of 20 bytes, and 100 attachments at its end.
+/// A model of 4 MiB: chunks with the given number of 20-byte vertices, and 100 attachments at its end.
 fs::path WriteModel(const fs::path& work, const std::string& name, std::size_t vertices) {
   constexpr std::size_t weapons = 6 + attachments * attachmentSize;
   Bytes model;
@@ -47,7 +47,7 @@ fs::path WriteModel(const fs::path& work, const std::string& name, std::size_t v
   return path;
 }
 
-/// The yardstick: the whole file in one read, into memory that is there already.
+/// The yardstick: the whole file in one read, into existing memory.
 std::size_t ReadPlainly(const std::string& path, Bytes& bytes) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   const ssize_t got = read(file, bytes.data(), bytes.size());
@@ -76,7 +76,7 @@ void AddModels(const fs::path& work) {
   const std::string wanted = "one read of the file (wanted: below 2)";
   AddWalk("Chunk walk, 4 MiB", wanted, WriteModel(work, "large.shp", 5000));
   AddWalk("Chunk walk, 4 MiB, small meshes", wanted, WriteModel(work, "small.shp", 200));
-  // No model is like this; each header says where the next one is, so that none can be looked at before.
+  // Not a realistic model: each header determines the position of the next, so none can be read ahead.
   AddWalk("Chunk walk, 4 MiB of empty chunks", "one read of the file (no limit)", WriteModel(work, "empty.shp", 0));
 }
 

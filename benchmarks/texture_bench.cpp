@@ -1,5 +1,5 @@
-// The texture cache: rewriting it against cp of the same bytes, colours against memcpy, and what opening, looking and
-// importing take.
+// The texture cache: rewriting it against cp of the same bytes, colours against memcpy, and the times to open, show and
+// import.
 
 #include <algorithm>
 #include <cstdio>
@@ -29,7 +29,7 @@ constexpr int allSlots = 1000;
 constexpr int side = 256;
 constexpr int images = 8;
 
-/// A cache with so many textures of the largest size, their bytes in turn.
+/// A cache with the given number of textures of the largest size.
 Bytes FullCache(int textures) {
   const demo::CacheTexture shape{"", 1, side, side, images};
   Bytes pixels(demo::PixelBytes(shape));
@@ -47,7 +47,7 @@ void WriteFile(const fs::path& path, const Bytes& bytes) {
       .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
-/// There is no person: every question is answered with Yes, and a critical box ends the bench.
+/// Every question is answered with Yes; a critical message box ends the program.
 void Silence(Host& host) {
   host.desk.showBox = [](const Message& box) {
     if (box.icon == Icon::critical) throw std::runtime_error(box.text);
@@ -77,7 +77,7 @@ void AddRewriting(const fs::path& work) {
       return Seconds([&] { RunShell("cp '" + from.string() + "' '" + (work / "copied.dat").string() + "'"); });
     };
   };
-  // Oravin waits until a cache is on the disk before it lets the old one go.
+  // Oravin waits until the new cache is on the disk before it replaces the old one.
   const auto copyAndWait = [=](const fs::path& from) {
     return [=] {
       const std::string to = (work / "copied.dat").string();
@@ -107,7 +107,7 @@ void AddRewriting(const fs::path& work) {
   Register("RestoreTcacheFile, 1000 textures/cp and sync of the same bytes", copyAndWait(work / "factory.dat"));
 }
 
-/// By bytes written, a conversion against memcpy.
+/// A conversion against memcpy, per byte written.
 void AddColours() {
   static const Bytes pixels(12 << 20, 0x5A);
   static Bytes output(24 << 20);

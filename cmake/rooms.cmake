@@ -1,10 +1,8 @@
-# A room is a folder of the source tree that is a library of its own.
+# oravin_room(NAME [KNOWS ROOM...] [HIDDEN HEADER...] SOURCES FILE...)
 #
-#   oravin_room(NAME [KNOWS ROOM...] [HIDDEN HEADER...] SOURCES FILE...)
-#
-# The room's headers are reached as "NAME/header.h" through a folder of links to this room alone. A target sees the headers of
-# the rooms that it links, and of those that they know in turn; any other include does not build. HIDDEN headers are seen by
-# the room itself and by what links NAME_hidden.
+# Makes a library of the current source folder. Its headers are included as "NAME/header.h", through a folder of links to
+# this room only. A target can include the headers of the rooms that it links and of those in their KNOWS lists; any other
+# include does not build. HIDDEN headers are visible only to the room itself and to targets that link NAME_hidden.
 function(oravin_room name)
   cmake_parse_arguments(ROOM "" "" "KNOWS;HIDDEN;SOURCES" ${ARGN})
   set(view "${CMAKE_BINARY_DIR}/rooms/${name}")

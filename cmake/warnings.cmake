@@ -1,15 +1,15 @@
-# Every target of the project is built with these; a warning is an error.
+# For every target of the project. Warnings are errors.
 add_library(oravin_warnings INTERFACE)
 target_compile_options(oravin_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wformat=2 -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 takes the inlined std::string and std::vector code for overlapping or out-of-bounds copies.
+  # False positives of GCC 12 in inlined std::string and std::vector code.
   target_compile_options(oravin_warnings INTERFACE
     -Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
 if(ORAVIN_UNITY)
-  target_compile_options(oravin_warnings INTERFACE -Wno-shadow)  # a name of another file is not in the way
+  target_compile_options(oravin_warnings INTERFACE -Wno-shadow)  # names of other files in the same unit
 endif()
 
 if(ORAVIN_SANITIZE)

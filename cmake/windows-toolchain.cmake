@@ -1,4 +1,4 @@
-# Builds for 32-bit Windows on Debian, with mingw-w64. The variant with POSIX threads has the standard library's own.
+# 32-bit Windows on Debian with mingw-w64, in the variant with POSIX threads, which supports std::thread and std::mutex.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
@@ -10,10 +10,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# Numbers are rounded as they are on 64-bit machines, not with the wider registers of the old floating-point unit. The
-# system calls back with its own idea of how the stack is aligned.
+# SSE2 rounds as 64-bit machines do, unlike the wider x87 registers. Windows' callbacks do not align the stack for SSE2.
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse -mstackrealign -ffunction-sections -fdata-sections")
 set(CMAKE_CXX_FLAGS_INIT "${CMAKE_C_FLAGS_INIT}")
-# Nothing is to be installed beside the program, and no symbols are shipped.
+# One file without DLLs and symbols.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++ -s -Wl,--gc-sections")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")

@@ -1,8 +1,8 @@
-# What a build for Windows needs besides the compilers. The oldest system that it runs on is Windows 7.
+# Libraries for Windows builds. The oldest supported system is Windows 7.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601 _FILE_OFFSET_BITS=64)
 
-# Debian's packages of headers lie among those of the machine's own C library: the compiler is shown them alone. Each is
-# found by the redirection that CMake keeps for a project that brings a package itself.
+# Header-only libraries are in /usr/include, next to the headers of Linux' C library, which must not be found. So the
+# compiler gets a folder with a link to the one library, and find_package is redirected to it.
 function(oravin_headers_alone package target folder)
   set(view "${CMAKE_BINARY_DIR}/headers/${package}")
   file(MAKE_DIRECTORY "${view}")
@@ -20,7 +20,7 @@ endfunction()
 oravin_headers_alone(CLI11 CLI11::CLI11 CLI)
 oravin_headers_alone(nlohmann_json nlohmann_json::nlohmann_json nlohmann)
 
-# GoogleTest's sources are a package of Debian's.
+# GoogleTest is built from Debian's source package.
 if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)
   set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
   set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
@@ -28,7 +28,7 @@ if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)
   file(WRITE "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/GTestConfig.cmake" "")
 endif()
 
-# wxWidgets is built once for all builds; this takes some minutes the first time.
+# wxWidgets is built once and cached; the first time takes some minutes.
 if(ORAVIN_WINDOW)
   execute_process(COMMAND "${PROJECT_SOURCE_DIR}/tools/windows-wxwidgets.sh"
     OUTPUT_VARIABLE wxwidgets_folder OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

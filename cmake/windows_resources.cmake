@@ -1,6 +1,6 @@
-# oravin_resources(TARGET NAME DESCRIPTION [WINDOW]): gives a program for Windows its icon, its one manifest and its version.
-# NAME is the executable's without its extension. WINDOW: it draws controls, and has the cursors of wxWidgets.
-# Away from Windows this does nothing.
+# oravin_resources(TARGET NAME DESCRIPTION [WINDOW]): gives a Windows program its icon, manifest and version. NAME is the
+# executable's name without extension. WINDOW: adds common controls to the manifest, and the cursors of wxWidgets.
+# Does nothing on other systems.
 function(oravin_resources target name description)
   if(NOT WIN32)
     return()
@@ -17,7 +17,7 @@ function(oravin_resources target name description)
     file(READ "${sources}/controls.xml" resource_controls)
     string(STRIP "${resource_controls}" resource_controls)
     set(resource_controls "  ${resource_controls}")
-    # The toolkit's resources would bring a second manifest.
+    # wxWidgets' resources would add a second manifest.
     set(resource_toolkit "#define wxUSE_NO_MANIFEST 1\n#include \"wx/msw/wx.rc\"")
   endif()
   configure_file("${sources}/oravin.manifest.in" "${folder}/${name}.manifest" @ONLY)
@@ -35,7 +35,7 @@ function(oravin_resources target name description)
     execute_process(COMMAND "${icons}/render.sh" "${folder}" --ico COMMAND_ERROR_IS_FATAL ANY)
   endif()
 
-  # A library of its own, because the resource compiler does not know the C++ compiler's options.
+  # A separate library, because the resource compiler does not accept the C++ compiler's options.
   add_library(${target}_resources OBJECT "${folder}/${name}.rc")
   target_include_directories(${target}_resources PRIVATE "${folder}")
   if(RESOURCES_WINDOW)

@@ -3,7 +3,7 @@
 //   0   "BIGF"
 //   4   size of the archive
 //   8   number of entries
-//   12  size of header and table, which is where the first entry's bytes begin
+//   12  size of header and table, which is the offset of the first entry's bytes
 //   16  the table, one row after another: offset of the bytes, size of the bytes, name, one zero byte
 //   ..  the bytes of the entries
 #include "demo/archive_writer.h"

@@ -1,4 +1,4 @@
-// Writes the game's archive format.
+// Writer of the game's archive format.
 #pragma once
 
 #include <cstdint>
@@ -13,14 +13,14 @@ namespace oravin::demo {
 /// One entry of an archive.
 struct ArchiveFile {
   std::string name;
-  std::vector<std::uint8_t> bytes;  ///< as stored (compressed content begins 10 FB)
+  std::vector<std::uint8_t> bytes;  ///< as stored (compressed content starts with 10 FB)
 };
 
-/// The bytes of a whole archive with the given entries, in their order, without gaps.
+/// A whole archive with the given entries in this order, without gaps.
 std::vector<std::uint8_t> BuildArchive(const std::vector<ArchiveFile>& files);
 
-/// An archive that is written to disk entry by entry, for archives too large for memory. Its names are known from the
-/// start, so the table's size is too; the table itself is written at the end, when the sizes are known.
+/// An archive that is written to disk entry by entry, for archives too large for memory. All names are known at the
+/// start, and so is the table's size; the table itself is written last, when the entries' sizes are known.
 struct ArchiveStream {
   struct Row {
     std::string name;
@@ -30,17 +30,17 @@ struct ArchiveStream {
   std::ofstream file;
   std::filesystem::path path;
   std::vector<Row> rows;
-  std::size_t done = 0;        ///< rows whose bytes are complete
-  std::uint64_t position = 0;  ///< where the next byte goes
+  std::size_t done = 0;        ///< completed entries
+  std::uint64_t position = 0;  ///< offset of the next byte
 };
 
-/// Starts an archive at `path` (an existing file is replaced) with one entry per name, in that order.
+/// Starts an archive at `path` with one entry per name, in that order. Replaces an existing file.
 ArchiveStream BeginArchive(const std::filesystem::path& path, std::vector<std::string> names);
-/// Appends bytes to the entry that is being written; FinishEntry completes it and goes on to the next name.
+/// Appends bytes to the current entry; FinishEntry completes it and continues with the next name.
 void AppendToEntry(ArchiveStream& archive, std::span<const std::uint8_t> bytes);
 void FinishEntry(ArchiveStream& archive);
-/// Writes header and table and closes the file. Every entry must be finished. Throws std::runtime_error when the disk
-/// refused a write or the archive is 2 GiB or larger (the format's readers hold offsets in 32 signed bits).
+/// Writes header and table and closes the file. Every entry must be finished. Throws std::runtime_error if the disk
+/// refuses a write or the archive is 2 GiB or larger (readers of the format keep offsets in 32 signed bits).
 void FinishArchive(ArchiveStream& archive);
 
 }  // namespace oravin::demo

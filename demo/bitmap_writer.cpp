@@ -3,7 +3,7 @@
 //   0   "BM"                       14  size of this header, 40      26  planes, 1 (16 bits)
 //   2   size of the file           18  width                        28  bits per pixel (16 bits)
 //   6   zero                       22  height                       30  compression, 0
-//   10  where the pixels begin     34  size of the image, 0         38  resolution, colours: 4 x 32 bits
+//   10  offset of the pixels       34  size of the image, 0         38  resolution, colours: 4 x 32 bits
 //   54  the palette of an 8-bit bitmap: 256 times blue, green, red, zero
 #include "demo/bitmap_writer.h"
 

@@ -1,4 +1,4 @@
-// Writes Windows bitmaps.
+// Writer of Windows bitmaps.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,12 @@
 
 namespace oravin::demo {
 
-/// A bitmap of 8 bits per pixel: a header of 1078 bytes with a palette of 256 colours, then `pixels` as they are (rows
-/// bottom up). The smaller images of a chain may follow the first one; the header describes the first.
+/// An 8-bit bitmap: a header of 1078 bytes with a palette of 256 colours, then `pixels` (rows bottom up). More mipmap
+/// levels may follow the first; the header describes the first.
 Bytes BuildBitmap8(int width, int height, const Palette& palette, std::span<const std::uint8_t> pixels);
 
-/// A bitmap of 24 bits per pixel: a header of 54 bytes, then `pixels` as blue, green, red (rows bottom up; the width
-/// must be a multiple of 4, so that no row is padded).
+/// A 24-bit bitmap: a header of 54 bytes, then `pixels` as blue, green, red (rows bottom up; the width must be a
+/// multiple of 4, so that rows have no padding).
 Bytes BuildBitmap24(int width, int height, std::span<const std::uint8_t> pixels);
 
 }  // namespace oravin::demo

@@ -1,4 +1,4 @@
-// Numbers and text appended to byte arrays, and whole files written.
+// Appends numbers and text to byte arrays, and writes whole files.
 #pragma once
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace oravin::demo {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// Append a number in the byte order of the name; the upper bits of a wider value are dropped.
+/// Append a number in the named byte order; higher bits of a wider value are dropped.
 void PutLittle16(Bytes& bytes, std::uint32_t value);
 void PutLittle32(Bytes& bytes, std::uint32_t value);
 void PutBig32(Bytes& bytes, std::uint32_t value);
@@ -24,15 +24,15 @@ void PutText(Bytes& bytes, std::string_view text);
 /// Appends `text` in a field of `width` bytes, zero-padded; the text must be shorter than the field.
 void PutField(Bytes& bytes, std::string_view text, std::size_t width);
 
-/// The number in decimal with leading zeros up to `width` digits.
+/// The number in decimal, padded with zeros to `width` digits.
 std::string Padded(int number, std::size_t width);
 
-/// Overwrite four bytes at `offset`, which must lie inside.
+/// Overwrite four bytes at `offset`, which must be in range.
 void SetLittle32(Bytes& bytes, std::size_t offset, std::uint32_t value);
 void SetBig32(Bytes& bytes, std::size_t offset, std::uint32_t value);
 
-/// Writes a whole file, in place of an existing one (which is removed first, so that other links to it keep their
-/// content). Throws std::runtime_error naming the path.
+/// Writes a whole file. An existing one is removed first, so that other hard links to it keep their content. Throws
+/// std::runtime_error with the path.
 void WriteWholeFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 void WriteWholeFile(const std::filesystem::path& path, std::string_view text);
 

@@ -10,7 +10,7 @@
 //
 //   0    pixel format           104  serial number       192  mark of imported textures, 0 here
 //   4    60 bytes of the game   108  8 bytes of the game 196  28 bytes of the game
-//   64   width                  116  number of images    224  offset of the pixel data
+//   64   width                  116  number of levels    224  offset of the pixel data
 //   68   height                 120  width again         228  12 bytes of the game
 //   72   name, 32 bytes         124  height again
 //                               128  64 bytes of the game
@@ -31,7 +31,7 @@ constexpr std::uint32_t kFirstSerial = 1001;
 constexpr std::size_t kDataBegin = kCacheHeaderSize + kCacheSlots * kCacheSlotSize;
 static_assert(kDataBegin == 240012);
 
-// The game's own fields look like those of a drawing surface: sizes, flags, masks of the colours, stale addresses.
+// The game's own fields look like those of a drawing surface: sizes, flags, colour masks, stale addresses.
 Bytes BuildSlot(const CacheTexture& texture, std::uint32_t serial, std::uint32_t dataOffset) {
   Random random{SeedOf(texture.name)};
   const auto width = static_cast<std::uint32_t>(texture.width);

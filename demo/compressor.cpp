@@ -8,11 +8,10 @@
 //   literals  111 nnnnn  (nnnnn up to 27)                                  4..112 by fours
 //   end       111111 ll                                                    0..3
 //
-// The search is the usual one: the positions of equal 4-byte strings are chained, newest first, within the window of
-// 131,072 bytes; a second table without chains remembers the newest position of every 3-byte string, for the short
-// form. A match is worth its length less the control bytes it takes. A match is put off by one byte when the next
-// position has one that is worth more (lazy matching). Everything is integer arithmetic: the output is the same on
-// every machine.
+// The search uses hash chains: positions of equal 4-byte strings are chained, newest first, within the window of
+// 131,072 bytes; a second table without chains has the newest position of every 3-byte string, for the short form. The
+// value of a match is its length minus its control bytes. A match is postponed by one byte if the next position has a
+// better one (lazy matching). All arithmetic is integer, so the output is the same on every machine.
 #include "demo/compressor.h"
 
 #include <algorithm>
@@ -34,9 +33,9 @@ constexpr std::uint32_t kGoodLength = 12;
 constexpr std::uint32_t kNone = 0xFFFFFFFF;
 
 struct Limits {
-  int candidates;          // looked at per position
-  std::uint32_t nice;      // a match of this length ends the search and is not put off
-  std::uint32_t patience;  // literals in a row, as a power of two, after which positions are skipped
+  int candidates;          // examined per position
+  std::uint32_t nice;      // a match of this length ends the search and is not postponed
+  std::uint32_t patience;  // log2 of the literal run after which positions are skipped
 };
 
 Limits LimitsOf(Effort effort) {
@@ -54,10 +53,10 @@ Limits LimitsOf(Effort effort) {
 struct Match {
   std::uint32_t length = 0;
   std::uint32_t distance = 0;
-  int worth = 0;  // bytes saved; 0 when there is no match worth taking
+  int worth = 0;  // bytes saved; 0 without a useful match
 };
 
-// The control bytes of a copy, or 0 where no form can hold it.
+// The number of control bytes of a copy, or 0 if no form can encode it.
 int CostOf(std::uint32_t length, std::uint32_t distance) {
   if (length <= kShortLength && distance <= kShortDistance) return length >= 3 ? 2 : 0;
   if (length <= kMediumLength && distance <= kMediumDistance) return length >= 4 ? 3 : 0;
@@ -87,7 +86,7 @@ std::uint32_t HashOf(std::uint32_t value, int shift) { return (value * 265443576
 
 Finder MakeFinder(std::span<const std::uint8_t> data) {
   const auto size = static_cast<std::uint32_t>(data.size());
-  // Small contents get small tables: clearing large ones would take longer than the search.
+  // Small contents use small tables: clearing large ones would be slower than the search.
   const int bits = std::clamp(static_cast<int>(std::bit_width(size)), 8, 16);
   const std::uint32_t window = std::min(kWindow, std::bit_ceil(std::max(size, 1U)));
   Finder finder{data.data(), size, 32 - bits, {}, {}, {}, window - 1};
@@ -97,7 +96,7 @@ Finder MakeFinder(std::span<const std::uint8_t> data) {
   return finder;
 }
 
-// The number of equal bytes at a and b, at most limit.
+// The number of equal bytes at a and b, at most `limit`.
 std::uint32_t EqualBytes(const std::uint8_t* a, const std::uint8_t* b, std::uint32_t limit) {
   std::uint32_t n = 0;
   while (n + 8 <= limit) {
@@ -116,14 +115,14 @@ std::uint32_t EqualBytes(const std::uint8_t* a, const std::uint8_t* b, std::uint
   return n;
 }
 
-// Takes the candidate when it is worth more than the best so far. Candidates come in the order of their distance, so
-// one that is no longer than the best cannot be worth more.
+// Uses the candidate if it saves more than the best so far. Candidates come in order of distance, so one that is not
+// longer than the best cannot save more.
 void Consider(const Finder& finder, std::uint32_t position, std::uint32_t candidate, std::uint32_t limit, Match& best) {
   const std::uint8_t* here = finder.data + position;
   const std::uint8_t* there = finder.data + candidate;
   if (best.length >= limit) return;
   if (best.length >= 4) {
-    // A longer match agrees in the four bytes that end one past the best; most candidates fail here.
+    // A longer match must also match the four bytes ending one past the best; most candidates fail here.
     if (std::memcmp(here + best.length - 3, there + best.length - 3, 4) != 0) return;
   } else if (here[best.length] != there[best.length]) {
     return;
@@ -135,7 +134,7 @@ void Consider(const Finder& finder, std::uint32_t position, std::uint32_t candid
   if (cost != 0 && worth > best.worth) best = {length, distance, worth};
 }
 
-// Enters the position into the tables and, when `best` is given, searches for its best match.
+// Adds the position to the tables and, if `best` is given, searches for its best match.
 void Visit(Finder& finder, std::uint32_t position, const Limits& limits, int candidates, Match* best) {
   if (position + 4 > finder.size) return;
   const std::uint32_t bytes = Load32(finder.data + position);
@@ -149,7 +148,7 @@ void Visit(Finder& finder, std::uint32_t position, const Limits& limits, int can
       if (position - candidate > kWindow || best->length >= limits.nice) break;
       Consider(finder, position, candidate, limit, *best);
       const std::uint32_t next = finder.older[candidate & finder.olderMask];
-      if (next != kNone && next >= candidate) break;  // the slot was taken over by a newer position
+      if (next != kNone && next >= candidate) break;  // the slot has been reused by a newer position
       candidate = next;
     }
   }
@@ -160,11 +159,9 @@ void Visit(Finder& finder, std::uint32_t position, const Limits& limits, int can
 
 std::uint8_t Byte(std::uint32_t value) { return static_cast<std::uint8_t>(value & 0xFFU); }
 
-// The output is written through a pointer into a buffer that holds the worst case.
-//
-// The worst case: a copy is only taken where it saves at least one byte, and it can split one literal run into two,
-// which costs one byte. So no mixture is longer than literals alone: one control byte for every 112 of them, and the
-// ends.
+// The output buffer has the worst-case size: a copy is used only if it saves at least one byte, and it can split one
+// literal run into two, which costs one byte. So no result is longer than literals alone: one control byte per 112 of
+// them, plus header and end.
 std::size_t WorstCase(std::size_t size) { return size + size / 112 + 16; }
 
 std::uint8_t* PutLiterals(std::uint8_t* out, const std::uint8_t* from, std::uint32_t count) {
@@ -172,7 +169,7 @@ std::uint8_t* PutLiterals(std::uint8_t* out, const std::uint8_t* from, std::uint
   return out + count;
 }
 
-// Writes literal runs until at most three literals are left; they ride on the next command.
+// Writes literal runs until at most three literals are left, which the next command includes.
 std::uint8_t* PutRuns(std::uint8_t* out, const std::uint8_t*& from, std::uint32_t& count) {
   while (count >= 4) {
     const std::uint32_t run = std::min(count & ~3U, 112U);
@@ -208,7 +205,7 @@ std::uint8_t* PutCopy(std::uint8_t* out, const std::uint8_t* literals, std::uint
   return PutLiterals(out, literals, count);
 }
 
-// Enters the positions inside a copy. Of a very long one (a run of one byte, mostly) only the ends, which is as good.
+// Adds the positions inside a copy; for a very long one (mostly a run of one byte) only its ends, which works as well.
 void VisitCopied(Finder& finder, std::uint32_t from, std::uint32_t to, const Limits& limits) {
   constexpr std::uint32_t kEnds = 64;
   for (std::uint32_t p = from; p < to; ++p) {
@@ -228,9 +225,9 @@ std::vector<std::uint8_t> Compress(std::span<const std::uint8_t> data, Effort ef
   for (const std::uint32_t b : {0x10U, 0xFBU, size >> 16, size >> 8, size}) *out++ = Byte(b);
 
   Finder finder = MakeFinder(data);
-  std::uint32_t literals = 0;  // where the literals that are not written yet begin
+  std::uint32_t literals = 0;  // start of the pending literals
   std::uint32_t position = 0;
-  Match match;  // at `position`, when carried over from the lazy look ahead
+  Match match;  // at `position`, if found by the previous lazy search
   bool carried = false;
   while (position < size) {
     if (!carried) {
@@ -244,7 +241,7 @@ std::vector<std::uint8_t> Compress(std::span<const std::uint8_t> data, Effort ef
     }
     std::uint32_t visited = position + 1;
     if (match.length < limits.nice) {
-      // A good match is rarely beaten by its neighbour: look less hard.
+      // A good match is rarely beaten by the next one: search less.
       Match next;
       const int candidates = match.length >= kGoodLength ? limits.candidates / 4 : limits.candidates;
       Visit(finder, position + 1, limits, candidates, &next);

@@ -12,7 +12,7 @@ namespace oravin::demo {
 
 namespace {
 
-// Speech and effects: swelling tones with hiss, 8 bits at 11,025 Hz.
+// Speech and effects: swelling tones with noise, 8 bits at 11,025 Hz.
 Bytes MakeSound(Random& random, std::size_t size) {
   Bytes out;
   out.reserve(size + 44);
@@ -57,7 +57,8 @@ Bytes MakeScript(Random& random, std::size_t size) {
         break;
       case 2:
         text += "goto " + std::to_string(Between(random, -90000, 90000));
-        text += "," + std::to_string(Between(random, 0, 9000));  // apart: the operands of + have no fixed order
+        text += "," + std::to_string(
+                          Between(random, 0, 9000));  // a separate statement: the operands of + have no fixed order
         break;
       default:
         text += "wait " + std::to_string(Between(random, 1, 240)) + " ";
@@ -73,7 +74,7 @@ Bytes MakeScript(Random& random, std::size_t size) {
   return out;
 }
 
-// A 16-bit picture: areas of one colour, gradients and dithering.
+// A 16-bit picture: plain areas, gradients and dithering.
 Bytes MakePicture(Random& random, std::size_t size) {
   Bytes out;
   out.reserve(size + 64);
@@ -109,7 +110,7 @@ Bytes MakeTable(Random& random, std::size_t size) {
   return out;
 }
 
-// Packed music and film: bytes without any order.
+// Packed music and film: random bytes.
 Bytes MakeMusic(Random& random, std::size_t size) {
   Bytes out;
   out.reserve(size + 8);

@@ -1,4 +1,4 @@
-// Made-up contents for the archive's entries that are no stock models.
+// Generated contents of archive entries other than stock models.
 #pragma once
 
 #include <cstddef>
@@ -8,10 +8,10 @@
 
 namespace oravin::demo {
 
-/// What an entry holds.
+/// Kinds of content.
 enum class Content { kSound, kScript, kPicture, kTable, kProp, kMusic };
 
-/// Content of about `size` bytes (a script and a prop may end a little later). It never begins with the bytes 10 FB.
+/// Content of about `size` bytes (scripts and props may be a little longer). Never starts with the bytes 10 FB.
 Bytes MakeContent(Content content, std::uint64_t seed, std::size_t size);
 
 }  // namespace oravin::demo

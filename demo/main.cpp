@@ -16,20 +16,20 @@ constexpr int kWrongUsage = 2;
 
 int main(int argc, char** argv) {
   CLI::App app{
-      "Writes a complete sample installation of the game and of Oravin into a folder, so that everything can be tried\n"
+      "Writes a complete sample installation of the game and of Oravin into a folder, so that Oravin can be tried\n"
       "without the game: made-up ships, drawn textures and made-up numbers in the game's own file formats.\n"
-      "A sample that is already there is put back to its first state."};
+      "An existing sample is reset."};
   app.name("oravin-demo");
   std::string folder;
   oravin::demo::SampleOptions options;
-  app.add_option("DIR", folder, "The folder to write to: a new or an empty one, or an earlier sample")->required();
-  app.add_option("--entries", options.entries, "How many entries the game's archive has (at least one per ship)")
+  app.add_option("DIR", folder, "The folder to write to: a new or empty one, or an existing sample")->required();
+  app.add_option("--entries", options.entries, "Number of entries in the game's archive (at least one per ship)")
       ->check(CLI::Range(0, 2000000))
       ->capture_default_str();
-  app.add_option("--ships", options.ships, "How many stock ships the ship list has; three add-on ships come on top")
+  app.add_option("--ships", options.ships, "Number of stock ships in the ship list, plus three add-on ships")
       ->check(CLI::Range(1, 30000))
       ->capture_default_str();
-  app.add_option("--megabytes", options.megabytes, "Make the archive at least this large (in MiB)")
+  app.add_option("--megabytes", options.megabytes, "Minimum size of the archive in MiB")
       ->check(CLI::Range(0, 2000))
       ->capture_default_str();
   try {
@@ -39,8 +39,7 @@ int main(int argc, char** argv) {
   }
   try {
     const oravin::demo::Sample sample = oravin::demo::WriteSample(folder, options);
-    std::printf("The sample installation is written: %zu ships, %zu ship packs.\n", sample.ships.size(),
-                sample.packs.size());
+    std::printf("Sample installation written: %zu ships, %zu ship packs.\n", sample.ships.size(), sample.packs.size());
     std::printf("  game folder     %s\n", sample.game.string().c_str());
     std::printf("  program folder  %s\n", sample.program.string().c_str());
     std::printf("  configuration   %s\n", sample.config.string().c_str());

@@ -5,10 +5,10 @@
 //   4  number of elements (16 bits)
 //   6  the elements
 //
-// The chunks that are written here:
+// Chunks written here:
 //
 //   type 1  header, one element of 64 bytes: version (4), name (16), class byte (1; offset 26 of the file), ...
-//   type 5  begin of a level of detail, one element of 16 bytes: level, distance, vertices, faces
+//   type 5  start of a level of detail, one element of 16 bytes: level, distance, vertices, faces
 //   type 2  vertices, 20 bytes each: x, y, z (32 bits), normal (3 x 16 bits), flags (16 bits)
 //   type 3  faces, 16 bytes each: three vertex numbers (16 bits), texture, flags, three pairs of texture coordinates
 //   type 4  bounding boxes, 28 bytes each
@@ -59,7 +59,7 @@ void PutHeader(Bytes& out, const ModelOptions& options, int radius) {
   out.resize(start + 64);
 }
 
-// The hull: rings of vertices along the z axis, their radius a smooth profile, roughened as a modeller's hand does it.
+// The hull: rings of vertices along the z axis with a smooth radius profile and small irregularities.
 struct Hull {
   int rings, segments;
   int radius, length;
@@ -83,7 +83,7 @@ int ProfileAt(const Hull& hull, int ring) {
   return (hull.profile[i] * (256 - part) + hull.profile[i + 1] * part) / 256;
 }
 
-// A point of a ring as the modeller left it; the other half of the hull mirrors it.
+// A point of a ring with its irregularity; the other half of the hull mirrors it.
 struct RoughPoint {
   int r, dz;
 };
@@ -100,7 +100,7 @@ void PutVertices(Bytes& out, const Hull& hull, Random& random) {
       point = {radius + (moved ? Between(random, -rough, rough) : 0), moved ? Between(random, -rough, rough) : 0};
     }
     for (int segment = 0; segment < hull.segments; ++segment) {
-      // Segments count from the keel (-y) around over +x; those on the -x side mirror the others.
+      // Segments are numbered from the keel (-y) around through +x; those on the -x side mirror the others.
       const bool mirrored = 2 * segment > hull.segments;
       const int side = mirrored ? hull.segments - segment : segment;
       const RoughPoint& point = half[static_cast<std::size_t>(side)];
@@ -143,7 +143,7 @@ void PutFaces(Bytes& out, const Hull& hull, std::size_t textures, Random& random
 }
 
 void PutLevel(Bytes& out, Hull hull, int level, int bytes, std::size_t textures, Random& random) {
-  // A ring and a segment more cost one vertex and two faces.
+  // Each quad of the grid adds one vertex and two faces.
   const int vertices = std::max(bytes / static_cast<int>(kVertexSize + 2 * kFaceSize), 24);
   hull.segments = vertices > 1500 ? 36 : vertices > 300 ? 20 : 8;
   hull.rings = std::max(vertices / hull.segments, 3);
@@ -209,7 +209,7 @@ Bytes BuildModel(const ModelOptions& options) {
   if (!options.textures.empty()) PutTextureNames(out, options.textures);
   if (first > 0) PutAttachments(out, all.first(first));
   if (capital && !options.textures.empty()) {
-    // The far model of a capital ship has its own list, which names its first texture again.
+    // The far model of a capital ship has a list of its own, which repeats the first texture.
     PutTextureNames(out, std::span(options.textures).first(1));
   }
   if (first < all.size()) PutAttachments(out, all.subspan(first));

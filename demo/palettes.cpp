@@ -59,7 +59,7 @@ Palette SpacePalette() {
 }
 
 Palette LoadoutPalette() {
-  // The hangar's light is warmer, its shades run from bright to dark, and the hues stand in another order.
+  // The loadout palette is warmer, its shades run from bright to dark, and its hues have another order.
   Palette palette;
   for (std::size_t i = 0; i < palette.size(); ++i) {
     Colour colour = Shade(kHues[(i / 16 * 5 + 3) % 16], 16 - static_cast<int>(i % 16), 16);

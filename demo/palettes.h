@@ -16,19 +16,19 @@ struct Colour {
 
 using Palette = std::array<Colour, 256>;
 
-/// The palette in which 8-bit textures are drawn in space, and that of the loadout screen ("g" textures).
+/// The palettes of 8-bit textures in space and on the loadout screen ("g" textures).
 Palette SpacePalette();
 Palette LoadoutPalette();
 
-/// The content of gloadconv.dat: eight maps of 256 bytes. Map k gives for each index of the space palette the index of
-/// the loadout palette that comes nearest, for image k of a fighter's chain (each smaller image a little darker).
+/// The content of gloadconv.dat: eight maps of 256 bytes. Map k gives, for each index of the space palette, the nearest
+/// index of the loadout palette for mipmap level k of a fighter's chain (each level a little darker).
 Bytes BuildConversionMaps(const Palette& space, const Palette& loadout);
 
-/// The pixels of the "g" companion: every byte replaced through the maps. Which map applies follows from the byte's
-/// place in a chain of 256x256 to 2x2, whatever the texture's own size is, as the game's own conversion does it.
+/// The pixels of the "g" companion: every byte replaced through the maps. The map depends on the byte's offset in a
+/// chain of 256x256 to 2x2, whatever the texture's own size is, as in the game.
 Bytes ConvertPixels(std::span<const std::uint8_t> pixels, std::span<const std::uint8_t> maps);
 
-/// Finds the nearest colour of a palette quickly, by the colour's five highest bits per part.
+/// Finds the nearest colour of a palette by a table of the five highest bits per component.
 struct Quantizer {
   std::vector<std::uint8_t> nearest;  // 32,768 indices
 };

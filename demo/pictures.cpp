@@ -13,14 +13,14 @@ namespace {
 
 constexpr int kTile = 256;
 
-// Where the pixel stands in an array of rows of the given width.
+// Index of a pixel in an array of rows of the given width.
 std::size_t PlaceOf(int x, int y, int width) {
   return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
 }
 
 std::uint8_t Part(int value) { return static_cast<std::uint8_t>(std::clamp(value, 0, 255)); }
 
-Colour Lit(const Colour& c, int light) {  // 256 leaves the colour as it is
+Colour Lit(const Colour& c, int light) {  // 256 keeps the colour
   return {Part(c.red * light / 256), Part(c.green * light / 256), Part(c.blue * light / 256)};
 }
 
@@ -31,7 +31,7 @@ Colour Mix(const Colour& a, const Colour& b, int share) {  // of b, in 1/256
 
 int NoiseAt(const NoiseField& noise, int x, int y) { return noise.values[PlaceOf(x & 255, y & 255, kTile)]; }
 
-// A number that looks random but depends on its arguments alone.
+// A pseudo-random number that depends only on its arguments.
 int Scatter(int x, int y, std::uint64_t seed) {
   const std::uint64_t column = static_cast<std::uint32_t>(x);
   const std::uint64_t row = static_cast<std::uint32_t>(y);
@@ -76,7 +76,7 @@ Picture DrawHull(int width, int height, std::uint64_t seed, const NoiseField& no
   const int shiftY = Between(random, 0, 255);
   return Paint(width, height, [&](int x, int y) {
     const int row = y / plateH;
-    const int shift = Scatter(row, 0, seed) % 4 * plateW / 4;  // the joints of a row of plates
+    const int shift = Scatter(row, 0, seed) % 4 * plateW / 4;  // the joints in a row of plates
     const int column = (x + shift) / plateW;
     const int inX = (x + shift) % plateW;
     const int inY = y % plateH;
@@ -114,7 +114,7 @@ Picture DrawPanel(int width, int height, std::uint64_t seed, const NoiseField& n
   });
 }
 
-// A squadron's sign: a roundel, a chevron or a star on a plate.
+// A squadron's emblem: a roundel, a chevron or a star on a plate.
 Picture DrawInsignia(int width, int height, std::uint64_t seed, const NoiseField& noise) {
   Random random{seed};
   const Colour ground = PickHue(random);
@@ -170,7 +170,7 @@ Picture DrawStars(int width, int height, std::uint64_t seed, const NoiseField& n
   });
 }
 
-// A fireball; its seed tells how far it has grown.
+// A fireball; the seed is its age.
 Picture DrawBlast(int width, int height, std::uint64_t seed, const NoiseField& noise) {
   const int age = static_cast<int>(seed % 16);
   return Paint(width, height, [&](int x, int y) {
@@ -197,7 +197,7 @@ Picture DrawFlare(int width, int height, std::uint64_t seed) {
   });
 }
 
-// Rows of little signs of five by seven dots, as on a sheet of letters.
+// Rows of small symbols of five by seven dots, like a font sheet.
 Picture DrawGlyphs(int width, int height, std::uint64_t seed) {
   return Paint(width, height, [&](int x, int y) {
     const int dotX = x % 8;

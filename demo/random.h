@@ -1,5 +1,5 @@
-// A small seeded generator of numbers. The sample must be the same on every machine, so nothing of <random> is used:
-// the output of its distributions differs between libraries.
+// A small seeded random generator. The sample must be the same on every machine, so <random> is not used: its
+// distributions differ between libraries.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace oravin::demo {
 
-/// The state of one sequence; any value is a good seed.
+/// The state of one sequence; any value is a valid seed.
 struct Random {
   std::uint64_t state = 0;
 };
@@ -31,10 +31,10 @@ inline int Between(Random& random, int low, int high) {
   return low + static_cast<int>(Below(random, static_cast<std::uint32_t>(high - low + 1)));
 }
 
-/// A seed made from a name.
+/// A seed derived from a name.
 std::uint64_t SeedOf(std::string_view name);
 
-/// The sine of `angle` (a full turn is 1024) times 4096, by integers alone.
+/// 4096 times the sine of `angle` (a full turn is 1024), in integer arithmetic.
 int Sine(int angle);
 inline int Cosine(int angle) { return Sine(angle + 256); }
 

@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* kMarkerFile = "oravin-sample.txt";
 
-// What all the writers of bitmaps share.
+// Common settings of the bitmap writers.
 struct Paintbox {
   Palette space = SpacePalette();
   Palette loadout = LoadoutPalette();
@@ -43,13 +43,13 @@ void ClaimFolder(const fs::path& folder) {
   fs::create_directories(folder);
   if (!fs::is_empty(folder) && !fs::exists(folder / kMarkerFile)) {
     throw std::runtime_error(folder.string() +
-                             " is not empty and holds no sample installation; nothing was written.\n"
-                             "Choose a new or an empty folder, or one that oravin-demo wrote before.");
+                             " is not empty and is not a sample installation; nothing was written.\n"
+                             "Choose a new or empty folder, or an existing sample.");
   }
   WriteWholeFile(folder / kMarkerFile, MarkerText());
 }
 
-// What Oravin leaves behind in an installation that it worked on.
+// Files that Oravin creates in an installation.
 void RemoveLeftovers(const Sample& sample) {
   for (const char* name :
        {"ships", "shipstats.def", "shipstats.bak", "tcachehw.old", "temp", "resource.FAT", "backup"}) {
@@ -109,7 +109,7 @@ void WriteAddOns(const Sample& sample, const std::vector<PlannedShip>& ships, co
         WriteChainBitmap(addons / "textures", texture, planned.ship.capital ? Motif::kCapitalHull : Motif::kHull, box);
       }
     }
-    // One add-on ship comes without statistics.
+    // One add-on ship has no statistics.
     const std::string stem = StemOf(planned.ship.file);
     if (stem != "wraithwing") WriteStatsText(addons / "stats", stem, planned.ship.capital);
   }
@@ -119,7 +119,7 @@ struct PackShip {
   PackLine line;
   std::uint8_t classByte;
   std::vector<std::string> textures;
-  std::string missing;  // a texture whose bitmap is not in the pack
+  std::string missing;  // a texture without a bitmap in the pack
   bool stats;
 };
 
@@ -160,8 +160,8 @@ void WritePacks(const Sample& sample, const Paintbox& box) {
 
 void WriteProgramFiles(const Sample& sample, std::span<const std::uint8_t> maps, const Paintbox& box) {
   WriteWholeFile(sample.program / "gloadconv.dat", maps);
-  // Small, like those that the program ships: an extracted bitmap keeps the length that its template's header states,
-  // and image programs refuse one that is shorter.
+  // Small, like the templates that are shipped: an extracted bitmap has the file length of its template's header, and
+  // image programs refuse one that is shorter.
   const Bytes cube = IndexedChain(Draw(Motif::kCube, 16, 16, 1, box.noise), 1, box.quantizer);
   WriteWholeFile(sample.program / "3D" / "cube.bmp", BuildBitmap8(16, 16, box.space, cube));
   WriteWholeFile(sample.program / "3D" / "gcube.bmp", BuildBitmap8(16, 16, box.loadout, ConvertPixels(cube, maps)));

@@ -1,5 +1,5 @@
-// The sample installation: a game folder and a program folder with every file that Oravin reads, in the true formats
-// and at a true scale, so that everything can be tried without the game.
+// The sample installation: a game folder and a program folder with every file that Oravin reads, in the real formats
+// and at realistic sizes, so that Oravin can be tried without the game.
 #pragma once
 
 #include <filesystem>
@@ -9,19 +9,18 @@
 
 namespace oravin::demo {
 
-/// How large the sample is to be.
+/// The size of the sample.
 struct SampleOptions {
-  /// Entries in the archive, the stock models included. The archive always holds one entry per stock ship record, so a
-  /// smaller number is raised to that.
+  /// Entries in the archive, including the stock models. At least one entry per stock ship record is written.
   int entries = 1000;
-  /// Stock ship records in the ship list, 1 to 30,000 (the three add-on ships come on top).
+  /// Stock ship records in the ship list, 1 to 30,000 (plus three add-on ships).
   int ships = 60;
-  /// The archive is padded by stored entries (on top of `entries`) to at least this many MiB, at most 2,000. The
-  /// padding is written piece by piece and never held in memory whole.
+  /// Minimum size of the archive in MiB, at most 2,000. The padding consists of additional stored entries, written in
+  /// parts and never completely in memory.
   int megabytes = 0;
 };
 
-/// Where the parts of a written sample lie, and what its ship list says.
+/// The folders of a written sample, and its ship list.
 struct Sample {
   std::filesystem::path game;     ///< game folder: resource.hog, tcachehw.dat, shipstats.bin, ships/
   std::filesystem::path program;  ///< program folder: shipsData.txt, addons/, 3D/, gloadconv.dat, packs/, readme.txt
@@ -31,15 +30,16 @@ struct Sample {
   std::vector<std::filesystem::path> packs;  ///< the ship packs (.pak)
 };
 
-/// Writes the sample installation into `folder` (made if missing): StarLancer/, Oravin/, config/ and the marker file
-/// oravin-sample.txt. The same options give the same bytes on every machine, save for registry.reg, which holds the
-/// absolute paths. In an earlier sample the files are replaced and what the program leaves behind (the contents of
-/// ships/, backups, the catalogue, the INI file) is removed, so that it is pristine again.
-/// Throws std::runtime_error with a plain message when `folder` is not empty and bears no marker, when an option is out
+/// Writes the sample installation to `folder` (created if missing): StarLancer/, Oravin/, config/ and the marker file
+/// oravin-sample.txt. The same options give the same bytes on every machine, except for registry.reg, which has
+/// absolute paths. In an existing sample the files are replaced and those that Oravin has created (contents of ships/,
+/// backups, the catalogue, the INI file) are removed.
+/// Throws std::runtime_error with a plain message if `folder` is not empty and has no marker, if an option is out of
+/// range, or if a file cannot be written.
 /// of range, or when a file cannot be written.
 Sample WriteSample(const std::filesystem::path& folder, const SampleOptions& options = {});
 
-/// What WriteSample returns for a folder and options; nothing is written.
+/// The result of WriteSample for a folder and options; writes nothing.
 Sample DescribeSample(const std::filesystem::path& folder, const SampleOptions& options = {});
 
 }  // namespace oravin::demo

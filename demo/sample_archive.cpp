@@ -13,27 +13,27 @@ namespace oravin::demo {
 
 namespace {
 
-constexpr int kUsualEntries = 1000;  // beyond these, entries are small
+constexpr int kUsualEntries = 1000;  // further entries are small
 constexpr std::uint64_t kMegabyte = 1048576;
 constexpr std::uint64_t kPaddingEntry = 4 * kMegabyte;
 
 struct PlannedEntry {
   std::string name;
-  const PlannedShip* ship = nullptr;  // a stock model, or
-  Content content = Content::kTable;  // other content
+  const PlannedShip* ship = nullptr;  // a stock model; if null,
+  Content content = Content::kTable;  // generated content
   std::size_t size = 0;
   bool stored = false;
 };
 
 struct Family {
-  const char* before;  // its names: this, a number of four digits, that
+  const char* before;  // names are `before`, a four-digit number, `after`
   const char* after;
   Content content;
   int smallest, largest;  // size in bytes
   bool stored;
 };
 
-// One of each in turn, so that the families grow alike.
+// One of each in turn, so that all families have a similar size.
 constexpr std::array kFamilies{
     Family{"sounds\\radio\\wing_", ".wav", Content::kSound, 4000, 24000, false},
     Family{"sounds\\fx\\effect_", ".wav", Content::kSound, 1000, 12000, true},
@@ -58,14 +58,13 @@ PlannedEntry OtherEntry(int number) {
   entry.stored = family.stored;
   Random random{SeedOf(entry.name)};
   const int size = Between(random, family.smallest, family.largest);
-  // A large archive is large by its number of entries.
+  // A large archive has many small entries.
   entry.size = static_cast<std::size_t>(number < kUsualEntries ? size : 64 + size / 16);
   return entry;
 }
 
-// The stock models spread evenly among the others. What follows a stored model is compressed: whoever copies 50,000
-// bytes too many from a stored model, as the unpacking of this format does, then finds there what looks like one huge
-// chunk, and no stray weapons.
+// Spreads the stock models evenly. A stored model is followed by a compressed entry: unpacking copies 50,000 bytes too
+// many from a stored entry, and these then look like one huge chunk, without stray weapons.
 std::vector<PlannedEntry> PlanEntries(const std::vector<PlannedShip>& ships, int entries) {
   std::vector<const PlannedShip*> models;
   for (const PlannedShip& ship : ships) {
@@ -129,7 +128,7 @@ void WriteSampleArchive(const std::filesystem::path& path, const std::vector<Pla
                         const SampleOptions& options) {
   const std::vector<PlannedEntry> plan = PlanEntries(ships, options.entries);
   const std::uint64_t wanted = static_cast<std::uint64_t>(options.megabytes) * kMegabyte;
-  // The size without padding is only known when it is written, so the padding alone reaches the size that is asked for.
+  // The size without padding is not known in advance, so the padding alone has the requested size.
   const auto padding = static_cast<std::size_t>((wanted + kPaddingEntry - 1) / kPaddingEntry);
   std::vector<std::string> names;
   names.reserve(plan.size() + padding);

@@ -10,11 +10,11 @@
 
 namespace oravin::demo {
 
-/// The model file of a planned ship, the same each time.
+/// The model file of a planned ship; always the same.
 Bytes BuildShipModel(const PlannedShip& ship);
 
-/// Writes resource.hog: the stock models under their file names, without a folder, spread among other entries whose
-/// names have folders. Entry by entry; no more than one entry is held in memory.
+/// Writes resource.hog: the stock models under their file names, without folders, spread among other entries whose
+/// names have folders. At most one entry is in memory.
 void WriteSampleArchive(const std::filesystem::path& path, const std::vector<PlannedShip>& ships,
                         const SampleOptions& options);
 

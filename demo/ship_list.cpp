@@ -16,8 +16,8 @@ struct StockShip {
   bool twoParts;          // followed by its "Tiger" variant
 };
 
-// 50 ships, 10 of them in two parts: 60 records. The three-letter beginnings of "foxfire" and "bonfire" are the only
-// ones whose replacement makes two file names equal.
+// 50 ships, 10 of them in two parts: 60 records. Only "foxfire" and "bonfire" become equal when their first three
+// letters are replaced.
 constexpr std::array kStockShips{
     StockShip{1, 0, "Predator", "predator", true},
     StockShip{1, 0, "Sabrewing", "sabrewing", false},
@@ -73,7 +73,7 @@ constexpr std::array kStockShips{
 
 bool IsCapital(std::uint8_t classByte) { return classByte == 1 || classByte == 3 || classByte == 5; }
 
-// Ships that continue the list: a name, a number, every ninth in two parts, every seventh a capital ship.
+// Further ships: a name and a number; every ninth has two parts, every seventh is a capital ship.
 struct MadeUp {
   std::string name, stem;
   int kind;
@@ -89,12 +89,12 @@ MadeUp MakeUpShip(int number) {
   std::uint8_t classByte = 0;
   if (number % 7 == 3) classByte = kCapitalClasses[static_cast<std::size_t>(number / 7) % 3];
   if (number % 31 == 2) classByte = 2;
-  // The number is the distinct part and stands behind the first three characters.
+  // The number makes the name unique, so it is after the first three characters, which get disguised.
   return {name + " " + std::to_string(number), "ser" + std::to_string(number), 1 + number % 2, classByte,
           number % 9 == 4};
 }
 
-// The blocks of shipstats.bin follow another order than the list: block = record * step + 3, all steps apart.
+// The blocks of shipstats.bin have another order than the list: block = record * step + 3.
 int StatsStep(int records) {
   int step = 7;
   while (std::gcd(step, records) != 1) ++step;

@@ -1,4 +1,4 @@
-// Which ships the sample installation has: the stock ships of the game and three add-on ships.
+// The ships of the sample installation: the game's stock ships and three add-on ships.
 #pragma once
 
 #include <cstdint>
@@ -15,10 +15,10 @@ struct SampleShip {
   int statsIndex = 0;              ///< the ship's block in shipstats.bin (0 for add-on ships: Enable appends theirs)
   std::string texture0, texture1;  ///< names of textures in the cache (of add-on bitmaps for kind 3)
   bool capital = false;            ///< the model's class byte marks a capital ship
-  bool stored = false;             ///< the model lies uncompressed in the archive
+  bool stored = false;             ///< the model is uncompressed in the archive
 };
 
-/// A record with what only the sample's writer needs to know.
+/// A record with further data for the sample's writer.
 struct PlannedShip {
   SampleShip ship;
   std::uint8_t classByte = 0;         ///< of the model: 0 fighter, 2 cloaked fighter, 1, 3 or 5 capital ship
@@ -27,7 +27,7 @@ struct PlannedShip {
 };
 
 /// The models of the hand-made list in its order, each once (variants share their first part's textures), for the
-/// texture plan: file name stem and whether the ship is a capital ship.
+/// texture plan: file name stem and whether it is a capital ship.
 struct NamedModel {
   std::string stem;
   bool capital;

@@ -12,7 +12,7 @@ namespace oravin::demo {
 SampleStats MakeStats(std::uint64_t seed, bool capital) {
   Random random{seed ^ 0x57A75};
   const int bulk = capital ? 40 : 1;
-  // Quarters and 64ths are exact in binary, so the file is the same whatever machine computes it.
+  // Quarters and 64ths are exact in binary, so the file is the same on every machine.
   const auto quarters = [&](int low, int high) {
     return static_cast<float>(Between(random, low * 4, high * 4)) / 4.0F;
   };
@@ -47,7 +47,7 @@ std::string BuildStatsText(const SampleStats& stats) {
   constexpr std::array<std::size_t, 15> kShownOrder{0, 1, 2, 3, 4, 5, 6, 7, 8, 11, 9, 10, 12, 13, 14};
   std::string text;
   for (const std::size_t i : kShownOrder) {
-    // The values are multiples of 1/64, so six decimals tell them exactly.
+    // The values are multiples of 1/64, so six decimals are exact.
     const auto millionths = static_cast<long long>(stats.at(i) * 64.0F) * 15625;
     std::string fraction = std::to_string(millionths % 1000000);
     fraction.insert(0, 6 - fraction.size(), '0');

@@ -1,4 +1,4 @@
-// Writes flight statistics: blocks of shipstats.bin and the texts of add-on ships.
+// Writer of flight statistics: blocks of shipstats.bin and the texts of add-on ships.
 #pragma once
 
 #include <array>
@@ -23,8 +23,8 @@ SampleStats MakeStats(std::uint64_t seed, bool capital);
 /// One block of shipstats.bin: the name in 64 bytes, the statistics, then 228 bytes of the game, none of them zero.
 Bytes BuildStatsBlock(const std::string& name, const SampleStats& stats);
 
-/// The text of addons\stats\<ship>.txt: the fifteen values, one a line (CR LF), in the order in which they are shown
-/// (shield recharge comes right after shield strength).
+/// The text of addons\stats\<ship>.txt: the fifteen values, one per line (CR LF), in the order of the window (shield
+/// recharge directly after shield strength).
 std::string BuildStatsText(const SampleStats& stats);
 
 }  // namespace oravin::demo

@@ -1,4 +1,4 @@
-// oravin-templates FOLDER: writes cube.bmp and gcube.bmp, as they stand in data/3D.
+// oravin-templates FOLDER: writes cube.bmp and gcube.bmp, for data/3D.
 
 #include <cstdio>
 #include <exception>

@@ -15,7 +15,7 @@ std::string BuildShipsData(const std::vector<SampleShip>& ships);
 
 /// A ship of a pack (.pak).
 struct PackLine {
-  std::string file;   ///< the model beside the pack
+  std::string file;   ///< the model's file, in the pack's folder
   std::string name;   ///< shown name
   std::string third;  ///< the pack's third item: the stock ship to switch, or empty
 };
@@ -25,13 +25,13 @@ std::string BuildPack(const std::string& header, const std::vector<PackLine>& sh
 /// The registry store with the game's and the program's keys (UTF-8).
 std::string BuildRegistry(const std::filesystem::path& game, const std::filesystem::path& program);
 
-/// A native absolute path as the game and the program write it: /a/b is Z:\a\b; a path with a drive keeps it.
+/// A native absolute path as a Windows path: /a/b becomes Z:\a\b; a path with a drive keeps it.
 std::string WindowsPath(const std::filesystem::path& path);
 
-/// The player's manual (data/readme.txt as it was when the program was built).
+/// The player's manual (data/readme.txt at build time).
 std::string Manual();
 
-/// The readme.txt of the program folder: what the sample is, and the manual.
+/// The readme.txt of the program folder: an explanation of the sample, then the manual.
 std::string ProgramReadme();
 std::string ShipsFolderReadme();
 std::string MarkerText();

@@ -14,7 +14,7 @@ constexpr int kChainImages = 8;  // 256x256 down to 2x2
 std::string Numbered(const char* stem, int number) { return stem + Padded(number, 2); }
 
 void Add(std::vector<PlannedTexture>& plan, const CacheTexture& texture, Motif motif, bool withCompanion = false) {
-  // A blast grows from picture to picture: its seed is its number.
+  // A blast grows from picture to picture: its number is the seed.
   const std::uint64_t seed = motif == Motif::kBlast ? plan.size() : SeedOf(texture.name);
   plan.push_back({texture, motif, seed, false});
   if (!withCompanion) return;
@@ -43,7 +43,7 @@ std::vector<PlannedTexture> PlanTextures() {
   std::vector<PlannedTexture> plan;
   for (int i = 1; i <= 8; ++i) Add(plan, {Numbered("cockpit", i), 1, 128, 128, 7}, Motif::kPanel, true);
   for (int i = 1; i <= 16; ++i) Add(plan, {Numbered("squad", i), 1, 64, 64, 1}, Motif::kInsignia, true);
-  // The briefing screen's own forms of some signs.
+  // The briefing screen's own versions of some emblems.
   for (int i = 1; i <= 6; ++i) Add(plan, {Numbered("rsquad", i), 1, 64, 64, 1}, Motif::kInsignia);
   AddShips(plan);
   for (int i = 1; i <= 12; ++i) Add(plan, {Numbered("nebula", i), 2, 256, 256, 1}, Motif::kNebula);

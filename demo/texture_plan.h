@@ -1,4 +1,4 @@
-// Which textures the factory cache of the sample holds.
+// The textures of the sample's factory cache.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +15,11 @@ struct PlannedTexture {
   CacheTexture texture;
   Motif motif = Motif::kHull;
   std::uint64_t seed = 0;
-  bool companion = false;  ///< the "g" texture of the one before it: the same picture in the loadout palette
+  bool companion = false;  ///< the "g" texture of the previous one: the same picture in the loadout palette
 };
 
-/// The factory textures in the order of their slots. Every named ship model has two: <stem>1 and <stem>2, and those of
-/// 8 bits are followed by their "g" companions.
+/// The factory textures in slot order. Every named ship model has two: <stem>1 and <stem>2; 8-bit ones are followed by
+/// their "g" companions.
 std::vector<PlannedTexture> PlanTextures();
 
 /// The bytes of the whole factory cache; `maps` is the content of gloadconv.dat.

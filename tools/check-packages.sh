@@ -1,9 +1,9 @@
-# What the packages of build/packages must be: functions for ./check, which sources this file and counts each of them.
-# They read the packages and nothing of the build; each prints what is wrong.
+# Checks of the packages in build/packages: functions for ./check, which sources this file and counts each of them.
+# They read only the packages, not the build; each prints what is wrong.
 
 packages=build/packages
 
-# has_line TEXT LINE: the text has this very line.
+# has_line TEXT LINE: the text has exactly this line.
 has_line() { grep -qxF -- "$2" <<<"$1" || { say "  missing: $2"; return 1; }; }
 
 # same NAME IS SHOULD
@@ -12,7 +12,7 @@ same() { [ "$2" = "$3" ] || { say "  $1 is \"$2\" and should be \"$3\""; return 
 deb() { echo "$packages/oravin_$(project_version)_$(dpkg --print-architecture).deb"; }
 tarball() { echo "$packages/oravin-$(project_version)-linux-$(uname -m).tar.gz"; }
 
-# Every file of data/ is in the package, and so is whatever a desktop needs.
+# The package has every file of data/ and the files for the desktop.
 deb_files() {
   local files file bad=0
   files=$(dpkg-deb --fsys-tarfile "$(deb)" | tar --list | sed 's,^\./,,' | grep -v '/$' | grep . | LC_ALL=C sort)
@@ -33,7 +33,7 @@ deb_control() {
     grep -qE '^Depends: .*libc6 \(.*libwxgtk3\.2-1 \(' <<<"$control" || { say "  $control"; return 1; }
 }
 
-# Nothing that lintian calls an error or a warning.
+# No errors or warnings of lintian.
 deb_lintian() { lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$(deb)"; }
 
 metainfo_version() {
@@ -43,11 +43,11 @@ metainfo_version() {
 
 desktop_file() { desktop-file-validate packaging/linux/oravin.desktop; }
 metainfo() {
-  local told
-  told=$(appstreamcli validate --no-net packaging/linux/org.oravin.Oravin.metainfo.xml 2>&1) || { say "$told"; return 1; }
+  local report
+  report=$(appstreamcli validate --no-net packaging/linux/org.oravin.Oravin.metainfo.xml 2>&1) || { say "$report"; return 1; }
 }
 
-# The types of ship files are told by their ends, a pack of another program by its beginning.
+# Ship files are recognised by extension, another program's .pak by its content.
 mime_types() (
   work=$(mktemp -d)
   trap 'rm -rf "$work"' EXIT
@@ -65,7 +65,7 @@ mime_types() (
     same "the type of a model" "$(type_of model.shp)" application/x-starlancer-ship-model
 )
 
-# The tree of the archive works from any folder: a first start makes the program folder, and the game is found there.
+# The tarball's tree works from any folder: the first start creates the program folder and finds the game.
 tree_starts() (
   work=$(mktemp -d)
   trap 'rm -rf "$work"' EXIT
@@ -73,14 +73,14 @@ tree_starts() (
   tree=$work/oravin-$(project_version)-linux-$(uname -m)
   export HOME=$work/home XDG_CONFIG_HOME=$work/config WINEPREFIX=$work/wine
   unset XDG_DATA_HOME
-  same "the version told" "$("$tree/bin/oravin-cli" --version)" "oravin-cli $(project_version)" &&
+  same "the version" "$("$tree/bin/oravin-cli" --version)" "oravin-cli $(project_version)" &&
     same "the window's version" "$("$tree/bin/oravin" --version)" "Oravin $(project_version)" || exit 1
-  # Whole texts: a grep that ends at its first line would leave the program writing into nothing.
+  # Not grep -q: it would close the pipe while the program is still writing.
   help=$("$tree/bin/oravin-cli" --help) && grep -q '^Usage: oravin-cli' <<<"$help" || { say "  no help"; exit 1; }
   help=$("$tree/bin/oravin" --help) && grep -q -- '--game DIR' <<<"$help" || { say "  no help of the window"; exit 1; }
   mandoc -T utf8 "$tree/share/man/man1/oravin.1" >/dev/null && mandoc -T utf8 "$tree/share/man/man1/oravin-cli.1" >/dev/null || exit 1
   build/release/bin/oravin-demo "$work/sample" >/dev/null
-  # Without a list of ships the installation is told of; Enable then needs the list.
+  # Without a ship list the status is shown; Enable needs the list.
   "$tree/bin/oravin-cli" --json --game "$work/sample/StarLancer" status >"$work/status" 2>"$work/errors" && { say "  a start without a ship list must be refused"; exit 1; }
   for file in readme.txt 3D/cube.bmp 3D/gcube.bmp; do
     cmp "$tree/share/oravin/$file" "$HOME/.local/share/oravin/$file" || exit 1
@@ -103,7 +103,7 @@ tree_icons() (
 windows_zip() { echo "$packages/oravin-$(project_version)-windows.zip"; }
 windows_setup() { echo "$packages/oravin-$(project_version)-windows-setup.exe"; }
 
-# from_zip COMMAND...: runs it in the unpacked program folder of the portable archive.
+# from_zip COMMAND...: runs it in the unpacked portable archive.
 from_zip() (
   work=$(mktemp -d)
   trap 'rm -rf "$work"' EXIT
@@ -111,7 +111,7 @@ from_zip() (
   unzip -q "$(windows_zip)" -d "$work" && cd "$work/oravin-$version-windows" && "$@"
 )
 
-# The portable archive is the program folder, with everything of data/ and the empty folders for add-ons.
+# The portable archive is a program folder with every file of data/ and the empty folders for add-ons.
 zip_files() {
   local name
   name=oravin-$(project_version)-windows
@@ -121,20 +121,20 @@ zip_files() {
   } | LC_ALL=C sort | diff - <(zipinfo -1 "$(windows_zip)" | LC_ALL=C sort)
 }
 
-# The texts of the archive have the line ends of Windows, and are otherwise those of the tree.
+# Texts have Windows line ends and are otherwise those of the source tree.
 zip_texts() {
   local here=$PWD
   from_zip bash -c "tr -d '\r' <readme.txt | cmp - '$here/data/readme.txt' && tr -d '\r' <license.txt | cmp - '$here/LICENSE' &&
     ! grep -qv \$'\r\$' readme.txt license.txt"
 }
 
-# is_static_32_bit PROGRAM: nothing has to be installed beside it.
+# is_static_32_bit PROGRAM: it needs no DLLs but the system's.
 is_static_32_bit() {
-  local told strange
-  told=$(i686-w64-mingw32-objdump -p "$1") || return 1
-  grep -q 'file format pei-i386$' <<<"$told" || { say "  $1 is no 32-bit program for Windows"; return 1; }
-  # What every Windows since 7 has in its system folder.
-  strange=$(sed -n 's/^\tDLL Name: //p' <<<"$told" | tr A-Z a-z | grep -vxE \
+  local headers strange
+  headers=$(i686-w64-mingw32-objdump -p "$1") || return 1
+  grep -q 'file format pei-i386$' <<<"$headers" || { say "  $1 is no 32-bit program for Windows"; return 1; }
+  # In the system folder of every Windows since 7.
+  strange=$(sed -n 's/^\tDLL Name: //p' <<<"$headers" | tr A-Z a-z | grep -vxE \
     '(advapi32|comctl32|comdlg32|gdi32|gdiplus|imm32|kernel32|msimg32|msvcrt|ole32|oleacc|oleaut32|rpcrt4|shell32|shlwapi|user32|uxtheme|version|winmm|ws2_32)\.dll|winspool\.drv') || true
   [ -z "$strange" ] || { say "  $1 needs $strange"; return 1; }
   [ "$(stat -c %s "$1")" -le $((8 * 1024 * 1024)) ] || { say "  $1 is larger than 8 MiB"; return 1; }
@@ -142,13 +142,13 @@ is_static_32_bit() {
 
 windows_programs() { from_zip eval 'is_static_32_bit Oravin.exe && is_static_32_bit oravin-cli.exe'; }
 
-# The window's program belongs to the windows, the other one to the console.
+# Oravin.exe is a GUI program, oravin-cli.exe a console program.
 windows_subsystems() {
   from_zip eval 'i686-w64-mingw32-objdump -p Oravin.exe | grep "^Subsystem.*(Windows GUI)" >/dev/null &&
     i686-w64-mingw32-objdump -p oravin-cli.exe | grep "^Subsystem.*(Windows CUI)" >/dev/null'
 }
 
-# has_manifest PROGRAM TEXT...: the program has one manifest, and it holds the texts.
+# has_manifest PROGRAM TEXT...: the program has exactly one manifest, which contains the texts.
 has_manifest() {
   local program=$1 manifest text
   same "the number of manifests" "$(wrestool -l --type=24 "$program" | wc -l)" 1 || return 1
@@ -166,7 +166,7 @@ windows_manifests() {
     from_zip has_manifest oravin-cli.exe "${texts[@]}"
 }
 
-# The first group of icons is the one that Explorer shows.
+# Explorer shows the first icon group.
 program_icons() {
   local first icon sizes
   icon=$(mktemp)
@@ -178,7 +178,7 @@ program_icons() {
 }
 windows_icons() { from_zip eval 'program_icons Oravin.exe && program_icons oravin-cli.exe'; }
 
-# has_version PROGRAM VERSION: in the numbers, and in the texts that Explorer shows.
+# has_version PROGRAM VERSION: in the numeric version and in the texts that Explorer shows.
 has_version() {
   local numbers texts
   numbers=$(wrestool -x --raw --type=16 "$1" | od -A n -t u2 -j 48 -N 8 | awk '{ print $2 "." $1 "." $4 "." $3 }')

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs and uninstalls the packages of Windows in build/packages under Wine.
-# Prints a line for each check and last "COUNTS passed failed skipped".
+# Installs and uninstalls the Windows packages in build/packages under Wine. Prints a line per check, and a last line
+# "COUNTS passed failed skipped".
 # Usage: tools/check-setup.sh PROGRAMS-OF-THIS-SYSTEM
 set -euo pipefail
 programs=$(readlink -f "$1")
@@ -27,7 +27,7 @@ fi
 cat "$work/log"
 passed=$(grep -c '^ok ' "$work/log") || true
 failed=$(grep -c '^FAILED ' "$work/log") || true
-# It may have ended before its last check.
+# The script may have ended before its last check.
 if [ $status -ne 0 ] && [ "$failed" -eq 0 ]; then
   say "FAILED  the installer's checks ended with status $status"
   failed=1

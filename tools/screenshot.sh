@@ -7,7 +7,7 @@ file=$2
 work=$(mktemp -d)
 pids=()
 finish() {
-  # The program must be gone before this script is: as long as it runs, no other copy may change the installation.
+  # Wait for the program to exit: while it runs, every other Oravin is read-only on this installation.
   for ((i = ${#pids[@]} - 1; i >= 0; i--)); do
     kill "${pids[i]}" 2>/dev/null || true
     wait "${pids[i]}" 2>/dev/null || true

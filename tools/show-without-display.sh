@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# The job of the window through the command line: enable, switch a ship and back, disable, with a proof that the game
-# folder is as it was, and a screenshot of the window taken under a virtual display.
+# Shows Oravin without a display: enable, switch a ship, restore it, disable, with a proof that the game folder is
+# unchanged, and a screenshot of the window under a virtual display.
 # Usage: tools/show-without-display.sh PROGRAMS SAMPLE
 set -euo pipefail
 bin=$1
 sample=$2
 cli="$bin/oravin-cli --yes"
 
-# Every file of the game folder but the defaults of the statistics, with its digest.
+# The digest of every file in the game folder except shipstats.def, which Oravin adds.
 digests() { (cd "$sample/StarLancer" && find . -type f ! -iname shipstats.def -print0 | sort -z | xargs -0 sha256sum); }
 step() { printf '\n$ oravin-cli %s\n' "$*"; $cli "$@" 2>&1; }
 
@@ -15,7 +15,7 @@ if [ "$($cli --json status 2>/dev/null | jq .enabled)" = true ]; then step disab
 before=$(digests)
 step status
 step enable
-# The first stock ship, a fighter of two parts in the sample, and the first imported ship, which may take its place.
+# The first stock ship, in the sample a two-part fighter, and the first imported ship, also a fighter.
 target=$($cli --json ships list 2>/dev/null | jq -r '[.[] | select(.imported | not)][0].shipName')
 source=$($cli --json ships list 2>/dev/null | jq -r '[.[] | select(.imported)][0].shipName')
 step ships swap "$target" "$source"
@@ -25,7 +25,7 @@ step ships unswap "$target"
 step disable
 after=$(digests)
 if [ "$before" = "$after" ]; then
-  printf '\nThe game folder is as it was before: %s files, byte for byte.\n' "$(printf '%s\n' "$after" | wc -l)"
+  printf '\nThe game folder is unchanged: %s files, byte for byte.\n' "$(printf '%s\n' "$after" | wc -l)"
 else
   printf '\nThe game folder has changed:\n' >&2
   diff <(printf '%s\n' "$before") <(printf '%s\n' "$after") >&2

@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
-# The whole job through the command line, from enabling to disabling: after each step what it printed, its status and every
-# file of the installation are noted, so that two systems' programs can be compared.
+# Runs the command line through a whole session, from enable to disable. After each step it records the output, the exit
+# status and a digest of every file, so that the programs of two systems can be compared.
 # Usage: tools/whole-job.sh SAMPLE NOTES COMMAND...
-#   SAMPLE   a fresh sample installation, as a whole path of this machine
-#   NOTES    the folder that the notes go into
-#   COMMAND  starts the command line's program
+#   SAMPLE   a fresh sample installation, an absolute path
+#   NOTES    the folder for the records
+#   COMMAND  how to start oravin-cli
 set -euo pipefail
 sample=$1
 notes=$2
 shift 2
-# A path that both systems understand: drive Z: is the machine's root folder to either.
+# A path that both programs understand: drive Z: is the root folder for both.
 windows() { printf 'Z:%s' "${1//\//\\}"; }
 program=("$@" --game "$(windows "$sample/StarLancer")" --program "$(windows "$sample/Oravin")" --yes)
 pack=$sample/Oravin/packs

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Runs a command in a small Debian of its own, in which Wine runs 32-bit Windows programs.
 #
-# The Debian is made once by debootstrap and kept in the cache folder; each run works on a copy that is forgotten
-# afterwards, without a network and with processes, mounts and a virtual screen of its own. The command is run as the user
-# "player", who has no special rights, with Wine's prefix already set up.
+# The Debian is made once by debootstrap and cached. Each run works on an overlay that is discarded afterwards, has no
+# network, and has processes, mounts and a virtual display of its own. The command runs as the unprivileged user "player"
+# with an initialised Wine prefix.
 set -euo pipefail
 own=$(readlink -f "$0")
 . "$(dirname "$own")/common.sh"
@@ -12,11 +12,11 @@ usage() {
   cat <<'TEXT2'
 Usage: tools/windows-machine.sh [--read FOLDER]... [--write FOLDER]... [--display NUMBER] COMMAND [ARGUMENT]...
 
-  --read FOLDER     a folder of this machine that is seen there too, by the same path
-  --write FOLDER    the same, and what is written into it stays
-  --display NUMBER  a display of this machine that lets everybody in, instead of a virtual screen in there
+  --read FOLDER     mounts a folder of this machine at the same path, read-only
+  --write FOLDER    the same, writable
+  --display NUMBER  uses a display of this machine without access control, instead of a virtual one
 
-Exits with the command's status; with 77 where this machine does not permit what is needed.
+Exits with the command's status, or with 77 if this machine does not permit mounting.
 TEXT2
 }
 
@@ -39,7 +39,7 @@ prepare() {
   unshare --mount --net --pid --ipc --fork --kill-child "$own" --inside "$tree" "$tree" "" -- --setup || return 1
 }
 
-# mount_in ROOT [FOLDER MODE]...: what a running system has, and this machine's folders. Seen by this command alone.
+# mount_in ROOT [FOLDER MODE]...: mounts system folders and this machine's folders, visible only to this command.
 mount_in() {
   local root=$1
   shift
@@ -55,7 +55,7 @@ mount_in() {
   done
 }
 
-# in_there ROOT COMMAND...: a command as the player, who is told of a folder that others alone may write to.
+# in_there ROOT COMMAND...: runs a command as the player. ORAVIN_LOCKED_FOLDER is a folder that the player cannot write to.
 in_there() {
   local root=$1
   shift
@@ -64,7 +64,7 @@ in_there() {
     WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" ORAVIN_LOCKED_FOLDER='Z:\usr\' "$@"
 }
 
-# inside TREE ROOT DISPLAY [FOLDER MODE]... -- COMMAND...: runs as the first process of its own. No DISPLAY: a virtual one.
+# inside TREE ROOT DISPLAY [FOLDER MODE]... -- COMMAND...: the part that runs in its own namespaces. No DISPLAY: a virtual one.
 inside() {
   local tree=$1 root=$2 display=$3 binds=() status=0
   shift 3
@@ -72,7 +72,7 @@ inside() {
   shift
   mount --make-rprivate /
   if [ "$tree" != "$root" ]; then
-    # The Debian below, and what this run changes above it, in memory.
+    # An overlay in memory over the cached Debian.
     mount -t tmpfs tmpfs "$root"
     mkdir "$root/changes" "$root/work" "$root/all"
     mount -t overlay overlay -o "lowerdir=$tree,upperdir=$root/changes,workdir=$root/work" "$root/all"
@@ -89,7 +89,7 @@ inside() {
     shift
     for i in $(seq 100); do [ -e "/tmp/.X11-unix/X${DISPLAY#:}" ] && break; sleep 0.05; done
     cd /tmp
-    wineserver --persistent  # or it ends with each program, while the next one may be speaking to it
+    wineserver --persistent  # else it may exit between two programs
     "$@"
     status=$?
     wineserver --kill
@@ -142,7 +142,7 @@ if [ ! -e "$folder/complete" ]; then
 fi
 exec 9>&-
 
-# What is written there belongs to the player; afterwards to whom it belonged before.
+# given_back OWNER: sets the owner of the writable folders.
 given_back() {
   local i
   for ((i = 0; i < ${#binds[@]}; i += 2)); do
@@ -153,7 +153,7 @@ owner=$(stat -c %u:%g "$(dirname "$own")")
 given_back $player:$player
 status=0
 mkdir -p "$folder/run"
-# What runs in there ends with this script, also when that is killed.
+# Everything in there ends with this script, even if it is killed.
 setpriv --pdeathsig KILL unshare --mount --net --pid --ipc --fork --kill-child \
   "$own" --inside "$folder/tree" "$folder/run" "$display" ${binds[@]+"${binds[@]}"} -- "$@" ||
   status=$?

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# Prints the folder that holds wxWidgets for 32-bit Windows, a static library; builds it there first where it is missing.
-# The source is Debian's own package, in the version whose library the Linux program uses.
+# Prints the folder of a static wxWidgets for 32-bit Windows, and builds it first if it is missing. The source is Debian's
+# package, in the version that the Linux program uses.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/common.sh
 
 host=i686-w64-mingw32
-# Only what the window uses. Nothing of it reads a picture file: pictures are drawings that NanoSVG, which is in the
-# source, turns into pixels. The debug checks would show boxes of their own. For palettes it would ask each device context
-# for the screen's colours, and lists and buttons tell screen readers of themselves without the toolkit.
+# Only what the window uses. No image formats: pictures are SVG, rendered by the NanoSVG in the source. No debug checks:
+# they show message boxes of their own. No palettes: they cost a request per device context. No accessibility layer: native
+# controls work with screen readers without it.
 options=(
   --host=$host --disable-shared --disable-debug_flag --disable-optimise --disable-precomp-headers --disable-sys-libs
   --disable-tests --without-subdirs --with-dpi=none --with-nanosvg
@@ -25,7 +25,7 @@ left_out=(
   commandlinkbutton addremovectrl actindicator aboutdlg finddlg fontdlg coldlg creddlg progressdlg
   palette accessibility splitter sash miniframe metafile gif pcx tga iff pnm xpm config iniconf xlocale
 )
-# The folder browser is compiled only together with the tree control, though Windows has its own.
+# The tree control stays: the folder browser is compiled only together with it.
 for part in "${left_out[@]}"; do options+=("--disable-$part"); done
 flags="-O1 -ffunction-sections -fdata-sections -D_WIN32_WINNT=0x0601 -DWINVER=0x0601 -D_FILE_OFFSET_BITS=64"
 
@@ -39,8 +39,8 @@ if [ -e "$folder/complete" ]; then
   exit 0
 fi
 
-# precompile OBJECT NAME: has the header that every file begins with compiled once, as this object's library uses it. That
-# more than halves the time, and wxWidgets does so itself for other compilers only.
+# precompile OBJECT NAME: compiles the precompiled header for this object's library. It more than halves the time;
+# wxWidgets does so itself only for other compilers.
 precompile() {
   local command
   command=$(make -n "$1" | grep -m 1 -- "-c -o $1 ") || return 1
@@ -50,7 +50,7 @@ precompile() {
   eval "${command% *} -x c++-header ../source/include/wx/wxprec.h -o ../source/include/wx/wxprec.h.gch/$2"
 }
 
-# make_it: unpacks, builds and installs; what it says goes into the log.
+# make_it: unpacks, builds and installs.
 make_it() {
   debian_source wxwidgets3.2 "$version" "$folder.work" && mkdir "$folder.work/build" && cd "$folder.work/build" &&
     ../source/configure --prefix="$folder" "${options[@]}" CC="$host-gcc-posix" CXX="$host-g++-posix" \
@@ -60,7 +60,7 @@ make_it() {
 
 mkdir -p "$(cache_folder)"
 exec 9>"$folder.lock"
-flock 9  # somebody else may be building it
+flock 9  # another build may be running
 if [ ! -e "$folder/complete" ]; then
   say "Building wxWidgets $version for Windows, once; the log is $folder.log" >&2
   rm -rf "$folder" "$folder.work"

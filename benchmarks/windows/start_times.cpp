@@ -1,4 +1,4 @@
-// Starts two programs in turn and takes the time until each has its window in sight, painted, and waits for the person.
+// Starts two programs alternately and measures the time until each shows a painted window and waits for input.
 // Usage: start_times RUNS YARDSTICK PROGRAM, both command lines. Prints the medians and their ratio.
 
 #include <windows.h>
@@ -25,15 +25,15 @@ BOOL CALLBACK Look(HWND window, LPARAM data) {
   return search.found ? FALSE : TRUE;
 }
 
-/// Whether a process has a window in sight.
+/// True if a process has a visible window.
 bool HasWindow(DWORD process) {
   Search search{process};
   EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
-/// Seconds from a program's start until it waits for the person with its window in sight; negative when it does not
-/// come up. A program waits only when nothing is left to paint.
+/// Seconds from a program's start until it waits for input with a visible window; negative if that fails. A program
+/// waits only after it has painted everything.
 double StartOnce(const wchar_t* command) {
   std::vector<wchar_t> line(command, command + wcslen(command) + 1);
   STARTUPINFOW setup = {};
@@ -72,7 +72,7 @@ int wmain(int count, wchar_t** words) {
     const double one = StartOnce(words[2]);
     const double other = StartOnce(words[3]);
     if (one < 0 || other < 0) return 1;
-    const bool warm = !yardstick.empty() || i < _wtoi(words[1]);  // the first pair reads the files from the disk
+    const bool warm = !yardstick.empty() || i < _wtoi(words[1]);  // the first pair is a warm-up
     if (warm) {
       yardstick.push_back(one);
       program.push_back(other);

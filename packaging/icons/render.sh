@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Renders the program's icon: FOLDER/oravin-SIZE.png for each size, and the Windows icon FOLDER/oravin.ico of all of them.
-# Needs rsvg-convert; icotool only where the Windows icon is asked for.
+# Renders the program's icon: FOLDER/oravin-SIZE.png for each size and, with --ico, FOLDER/oravin.ico with all sizes.
+# Needs rsvg-convert; --ico also needs icotool.
 # Usage: packaging/icons/render.sh FOLDER [--ico]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 folder=$1
 mkdir -p "$folder"
-# What is drawn for 64 pixels and more turns to mud at the smallest sizes, which have a drawing of their own.
+# The large drawing is unreadable at small sizes, so these have a simpler one.
 for size in 16 20 24; do rsvg-convert -w $size -h $size "$here/oravin-small.svg" -o "$folder/oravin-$size.png"; done
 for size in 32 40 48 64 128 256; do rsvg-convert -w $size -h $size "$here/oravin.svg" -o "$folder/oravin-$size.png"; done
 [ "${2:-}" = --ico ] || exit 0

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the packages for Linux of a build.
-# Usage: packaging/linux/pack.sh VERSION BUILD FOLDER, in the project's folder; SOURCE_DATE_EPOCH is the date of everything
+# Usage: packaging/linux/pack.sh VERSION BUILD FOLDER, in the project's folder; SOURCE_DATE_EPOCH is the date of all files
 set -euo pipefail
 version=$1
 build=$2
@@ -19,10 +19,10 @@ lay_out() {
   done
 }
 
-# set_dates ROOT: all files get the one date.
+# set_dates ROOT: sets the date of all files.
 set_dates() { find "$1" -exec touch --no-dereference -d "@$SOURCE_DATE_EPOCH" {} +; }
 
-# What dpkg-shlibdeps finds out of the executables.
+# dependencies ROOT: what dpkg-shlibdeps finds in the executables.
 dependencies() {
   mkdir -p "$work/shlibs/debian"
   printf 'Source: oravin\n\nPackage: oravin\nArchitecture: any\n' >"$work/shlibs/debian/control"
@@ -53,10 +53,10 @@ Suggests: wine
 Section: utils
 Priority: optional
 Description: editor for the installed files of StarLancer
- Oravin edits the installed files of the space-combat game StarLancer, and can
- always put them back. It makes the game fly one ship in place of another,
- imports new ships, changes the statistics and weapons of ships, and looks into
- the game's archive and textures.
+ Oravin edits the installed files of the space-combat game StarLancer and can
+ restore them at any time. It makes the game fly one ship in place of another,
+ imports new ships, changes the statistics and weapons of ships, and extracts
+ files from the game's archive and texture cache.
  .
  The game is needed; it may be installed in Wine. Nothing of it is included.
 TEXT

@@ -1,11 +1,11 @@
 ; The installer of Oravin for Windows.
 ;
 ; makensis -DVERSION=1.2.3 -DTREE=FOLDER -DICON=FILE -DOUTPUT=FILE oravin.nsi
-;   TREE    the program folder as it is to be installed (packaging/windows/pack.sh lays it out)
+;   TREE    the program folder to install (made by packaging/windows/pack.sh)
 ;
-; It needs no administrator's rights: it installs for the user who runs it, below the user's own programs. Where the
-; user has the rights, it also sets the value of HKEY_LOCAL_MACHINE that start-up reads; without it the program takes
-; the folder that its executable lies in.
+; It needs no administrator's rights: it installs for the current user, into the user's own programs folder. If the user
+; has the rights, it also sets the HKEY_LOCAL_MACHINE value that start-up reads; without it the program uses the folder
+; of its executable.
 ;
 ; Command line:  /S               asks nothing
 ;                /D=C:\FOLDER     where to install; must be the last one
@@ -50,7 +50,7 @@ VIAddVersionKey "LegalCopyright" "Copyright 2026 The Oravin developers. MIT Lice
 !define MUI_UNICON "${ICON}"
 !define MUI_ABORTWARNING
 !define MUI_DIRECTORYPAGE_TEXT_TOP "Oravin keeps its list of ships, add-ons and backups in its own folder, so that \
-must be a folder that you may write in."
+must be a folder that you may write to."
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE CheckFolder
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
@@ -63,7 +63,7 @@ must be a folder that you may write in."
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; Sets the error flag when a path holds letters beyond plain English ones: Oravin finds no file there.
+; Sets the error flag if a path has non-ASCII characters: Oravin finds no file there.
 !macro PlainPath PATH
   System::Call 'kernel32::WideCharToMultiByte(i 20127, i 0, w "${PATH}", i -1, m .r1, i ${NSIS_MAX_STRLEN}, p 0, p 0)'
   ClearErrors
@@ -74,7 +74,7 @@ must be a folder that you may write in."
 
 Function .onInit
   SetShellVarContext current
-  ; The usual folder bears the user's name, which may not be plain.
+  ; The usual folder contains the user's name, which may have other characters.
   !insertmacro PlainPath "$INSTDIR"
   ${If} ${Errors}
     ReadEnvStr $0 SystemDrive
@@ -85,18 +85,18 @@ FunctionEnd
 Function CheckFolder
   !insertmacro PlainPath "$INSTDIR"
   ${If} ${Errors}
-    MessageBox MB_OK|MB_ICONEXCLAMATION "The path of Oravin's folder must be written in plain English letters, digits \
+    MessageBox MB_OK|MB_ICONEXCLAMATION "The path of Oravin's folder may have only plain English letters, digits \
 and signs. Please choose another folder."
     Abort
   ${EndIf}
 FunctionEnd
 
-; The installer may have the administrator's rights; what it starts must not have them.
+; The installer may be elevated; a program that it starts must not be.
 Function StartAsUser
   Exec '"$WINDIR\explorer.exe" "$INSTDIR\Oravin.exe"'
 FunctionEnd
 
-; Offers Oravin for files of one ending, beside what opens them now.
+; Adds Oravin to "Open with" for one file extension; the default program stays.
 !macro OfferFor ENDING CLASS DESCRIPTION
   WriteRegStr HKCU "${CLASSES}\${CLASS}" "" "${DESCRIPTION}"
   WriteRegStr HKCU "${CLASSES}\${CLASS}\DefaultIcon" "" "$INSTDIR\Oravin.exe,0"
@@ -105,7 +105,7 @@ FunctionEnd
   WriteRegStr HKCU "${CLASSES}\Applications\Oravin.exe\SupportedTypes" "${ENDING}" ""
 !macroend
 
-; Takes the offer back. The ending's own key stays as long as there is anything else in it.
+; Removes that again. The extension's own key stays while it has other contents.
 !macro NoOfferFor ENDING CLASS
   DeleteRegValue HKCU "${CLASSES}\${ENDING}\OpenWithProgids" "${CLASS}"
   DeleteRegKey /ifempty HKCU "${CLASSES}\${ENDING}\OpenWithProgids"
@@ -124,7 +124,7 @@ Section
   File "${TREE}\oravin-cli.exe"
   File "${TREE}\readme.txt"
   File "${TREE}\license.txt"
-  ; The player may have better ones.
+  ; The player may have replaced these.
   SetOverwrite off
   SetOutPath "$INSTDIR\3D"
   File "${TREE}\3D\*.*"
@@ -136,7 +136,7 @@ Section
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortCut "$SMPROGRAMS\Oravin.lnk" "$INSTDIR\Oravin.exe"
 
-  ; For all users where that is allowed; the user's own value makes "Oravin" known to the Run box in any case.
+  ; For all users if allowed; the user's own value makes "Oravin" known to the Run dialog in any case.
   WriteRegStr HKLM "${APP_PATHS}" "" "$INSTDIR\Oravin.exe"
   WriteRegStr HKCU "${APP_PATHS}" "" "$INSTDIR\Oravin.exe"
   ClearErrors
@@ -161,9 +161,9 @@ Section
   WriteRegDWORD HKCU "${UNINSTALL}" "EstimatedSize" "$0"
 SectionEnd
 
-; Puts the game's files back, if they are not as they were and the person wants it.
+; Restores the game's files if the editing features are enabled and the user agrees.
 Function un.OfferRestore
-  ; The features are enabled as long as this file is there and not empty.
+  ; The features are enabled while this file exists and is not empty.
   ClearErrors
   FileOpen $0 "$INSTDIR\ships.dat" r
   ${If} ${Errors}
@@ -181,7 +181,7 @@ Function un.OfferRestore
     Goto restore
   ${EndIf}
   MessageBox MB_YESNOCANCEL|MB_ICONQUESTION "Oravin's editing features are enabled, so the game's files are changed.$\r$\n$\r$\n\
-Shall Oravin put them back now ($\"Disable / Restore$\")? Close the game first. Without Oravin they cannot be put back.$\r$\n$\r$\n\
+Shall Oravin restore them now ($\"Disable / Restore$\")? Close the game first. Without Oravin they cannot be restored.$\r$\n$\r$\n\
 This will also remove all StarLancer fighters from the StarLancer\Ships\ folder. If you want to keep any of these files \
 make copies of them." /SD IDNO IDYES restore IDNO keep
   SetErrorLevel 1
@@ -193,14 +193,14 @@ make copies of them." /SD IDNO IDYES restore IDNO keep
   ${If} $0 == "0"
     Return
   ${EndIf}
-  MessageBox MB_YESNO|MB_ICONEXCLAMATION|MB_DEFBUTTON2 "The game's files could not be put back:$\r$\n$\r$\n$1$\r$\n\
-Put that right and uninstall Oravin again.$\r$\n$\r$\nRemove Oravin now all the same?" /SD IDNO IDYES keep
+  MessageBox MB_YESNO|MB_ICONEXCLAMATION|MB_DEFBUTTON2 "The game's files could not be restored:$\r$\n$\r$\n$1$\r$\n\
+Solve that and uninstall Oravin again.$\r$\n$\r$\nRemove Oravin anyway?" /SD IDNO IDYES keep
   SetErrorLevel 2
   Quit
   keep:
 FunctionEnd
 
-; Deletes a file that is still as it was installed: the player may have put a better one in its place.
+; Deletes a file only if it is unchanged since the installation: the player may have replaced it.
 !macro DeleteIfUnchanged FILE
   SetOutPath "$PLUGINSDIR"
   File "/oname=installed.tmp" "${TREE}\${FILE}"
@@ -235,7 +235,7 @@ Function un.DeleteIfUnchanged
   ${Loop}
   FileClose $1
   FileClose $2
-  ${If} $3 == $4  ; both came to their end
+  ${If} $3 == $4  ; both files ended: they are equal
     Delete "$0"
   ${EndIf}
 FunctionEnd
@@ -253,7 +253,7 @@ Section "Uninstall"
   Delete "$INSTDIR\uninstall.exe"
   !insertmacro DeleteIfUnchanged "3D\cube.bmp"
   !insertmacro DeleteIfUnchanged "3D\gcube.bmp"
-  ; What the player made stays, and so do the folders that it lies in.
+  ; The player's own files stay, and so do their folders: RMDir deletes only empty ones.
   SetOutPath "$TEMP"
   RMDir "$INSTDIR\3D"
   RMDir "$INSTDIR\addons\ships"
@@ -266,7 +266,7 @@ Section "Uninstall"
   RMDir "$INSTDIR"
 
   Delete "$SMPROGRAMS\Oravin.lnk"
-  ; Another installation's value is not this one's to delete.
+  ; The value may belong to another installation.
   ReadRegStr $0 HKLM "${APP_PATHS}" ""
   ${If} $0 == "$INSTDIR\Oravin.exe"
     DeleteRegKey HKLM "${APP_PATHS}"
@@ -282,7 +282,7 @@ Section "Uninstall"
   !insertmacro TellShell
 
   ${If} ${FileExists} "$INSTDIR\*.*"
-    MessageBox MB_OK|MB_ICONINFORMATION "What you made stays in Oravin's folder: add-ons, copies of your files and lists. \
-If you do not need them any more, delete it yourself:$\r$\n$INSTDIR" /SD IDOK
+    MessageBox MB_OK|MB_ICONINFORMATION "Your own files stay in Oravin's folder: add-ons, backups and lists. \
+If you do not need them any more, delete the folder yourself:$\r$\n$INSTDIR" /SD IDOK
   ${EndIf}
 SectionEnd

@@ -1,24 +1,24 @@
 #!/usr/bin/env bash
 # Makes the packages for Windows of a build.
-# Usage: packaging/windows/pack.sh VERSION BUILD FOLDER, in the project's folder; SOURCE_DATE_EPOCH is the date of everything
+# Usage: packaging/windows/pack.sh VERSION BUILD FOLDER, in the project's folder; SOURCE_DATE_EPOCH is the date of all files
 set -euo pipefail
 version=$1
 build=$2
 folder=$3
-most=$((8 * 1024 * 1024))  # bytes of an executable
+most=$((8 * 1024 * 1024))  # size limit of an executable, in bytes
 name=oravin-$version-windows
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 umask 022
 
-# The program folder as people get it; their editors may want Windows' line ends.
+# The program folder as it is shipped; texts get Windows line ends.
 tree=$work/$name
 mkdir -p "$tree/addons/ships" "$tree/addons/textures" "$tree/addons/stats"
 for program in Oravin.exe oravin-cli.exe; do
   i686-w64-mingw32-strip -o "$tree/$program" "$build/bin/$program"
   size=$(stat -c %s "$tree/$program")
   if [ "$size" -gt $most ]; then
-    echo "$program is too large: $size bytes, and at most $most are wanted." >&2
+    echo "$program is too large: $size bytes; the limit is $most." >&2
     exit 1
   fi
 done

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-/// Numbers and text inside byte arrays. Integers are put together by shifts, so the machine's own byte order is no
+/// Numbers and text inside byte arrays. Integers are composed by shifts, so the machine's own byte order does not
 /// matter.
 namespace oravin {
 
@@ -29,10 +29,10 @@ inline void PutLittleEndian32(std::uint8_t* at, std::uint32_t value) {
   for (int i = 0; i < 4; ++i) at[i] = static_cast<std::uint8_t>(value >> (8 * i));
 }
 
-/// The characters of some bytes, one a byte.
+/// Bytes as characters, one per byte.
 inline std::string TextOf(std::span<const std::uint8_t> bytes) { return {bytes.begin(), bytes.end()}; }
 
-/// The bytes of some characters, one a character.
+/// Characters as bytes, one per character.
 inline Bytes BytesOf(std::string_view text) { return {text.begin(), text.end()}; }
 
 }  // namespace oravin

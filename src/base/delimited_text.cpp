@@ -22,7 +22,7 @@ void Skip(DelimitedText& text, std::string_view characters) {
   text.at = std::min(text.all.find_first_not_of(characters, text.at), text.all.size());
 }
 
-/// Moves over the one separator that ends a value: a comma, or a line end of one or two characters.
+/// Skips the one separator that ends a value: a comma, or a line end of one or two characters.
 void SkipSeparator(DelimitedText& text) {
   Skip(text, " \t");
   if (text.at >= text.all.size()) return;
@@ -41,22 +41,22 @@ std::string TakeQuoted(DelimitedText& text) {
   text.at = end + 1;
   Skip(text, " \t");
   if (text.at < text.all.size() && text.all[text.at] != ',' && !IsLineEnd(text.all[text.at])) {
-    Fail(text, "a comma is missing behind a quote");
+    Fail(text, "a comma is missing after a quote");
   }
   SkipSeparator(text);
   return std::string(text.all.substr(begin, end - begin));
 }
 
-/// Behind a comma a value follows, be it an empty one.
+/// After a comma a value follows, even if it is empty.
 bool IsBehindComma(const DelimitedText& text) {
   return text.at > 0 && text.at <= text.all.size() && text.all[text.at - 1] == ',';
 }
 
-/// Takes the value that begins here or behind blanks.
+/// Returns the value that starts here, after spaces.
 std::string TakeValue(DelimitedText& text) {
   Skip(text, " \t");
   if (text.at >= text.all.size()) {
-    text.at = text.all.size() + 1;  // no further value stands behind the comma that ends the text
+    text.at = text.all.size() + 1;  // no further value follows the comma at the end of the text
     return {};
   }
   if (text.all[text.at] == '"') return TakeQuoted(text);
@@ -72,7 +72,7 @@ std::string TakeValue(DelimitedText& text) {
 bool AtEnd(DelimitedText& text) { return text.all.find_first_not_of(" \t\r\n", text.at) == std::string_view::npos; }
 
 std::string TakeText(DelimitedText& text) {
-  // Elsewhere than behind a comma empty lines stand for nothing.
+  // Empty lines are ignored, except directly after a comma.
   if (!IsBehindComma(text)) {
     if (AtEnd(text)) Fail(text, "it ends too early");
     Skip(text, " \t\r\n");

@@ -10,10 +10,10 @@ namespace oravin {
 enum class ErrorKind {
   failed,       ///< the system refused an operation; the reason is the system's
   missing,      ///< the file is not there
-  wrongFormat,  ///< it is a file of another kind
+  wrongFormat,  ///< it has another format
   damaged,      ///< its content contradicts itself, or ends too early
-  outside,      ///< what was asked for is not in the file: an index, a slot, a range
-  tooMany,      ///< it has more of something than can be used
+  outside,      ///< the requested index, slot or range is not in the file
+  tooMany,      ///< it has more items than can be used
 };
 
 /// A failure with a file or with its content: the only exception that files and formats throw. An action's error trap

@@ -8,7 +8,7 @@
 
 namespace oravin {
 
-/// A text field of fixed width, single-byte, left-aligned and padded with blanks. Longer text is cut at the width.
+/// A text field of fixed width, single-byte, left-aligned and padded with spaces. Longer text is cut to the width.
 template <std::size_t Width>
 struct FixedText {
   static constexpr std::size_t width = Width;
@@ -21,7 +21,7 @@ struct FixedText {
     text.copy(characters.data(), Width);
   }
 
-  /// The text without the padding: files hold fields that are padded with blanks or with zeros.
+  /// The text without padding; fields from files may be padded with spaces or zeros.
   [[nodiscard]] std::string Trimmed() const {
     std::string_view text(characters.data(), Width);
     return Trim(text.substr(0, text.find('\0')));

@@ -8,15 +8,14 @@
 namespace oravin {
 
 /// Hexadecimal text as 4 bytes, the most significant first. Only the last eight characters count. Trims the text and
-/// puts it in upper case.
-/// @return false at a character that is no hexadecimal digit, with the bytes filled in part
+/// converts it to upper case.
+/// @return false at a character that is not a hexadecimal digit; the bytes are then filled in part
 bool HexToByteArray(std::string& text, std::array<std::uint8_t, 4>& bytes);
 
 /// A number's hexadecimal text in upper case, without leading zeros.
 std::string DecToHex(std::uint32_t number);
 
-/// A number as 4 bytes, the least significant first, as a little-endian field of a file takes them. A number that needs
-/// more than 32 bits keeps its lowest 32.
+/// A number as 4 bytes, the least significant first. Only the lowest 32 bits are kept.
 std::array<std::uint8_t, 4> DecToByteArray(std::uint64_t number);
 
 }  // namespace oravin

@@ -11,7 +11,7 @@ namespace oravin {
 
 namespace {
 
-/// The value's width in the file behind its tag; text counts its length field alone. Nothing for an unknown tag.
+/// The size of the value after its tag; for text that of its length field. Nothing for an unknown tag.
 std::optional<std::size_t> WidthOf(std::uint16_t tag) {
   switch (tag) {
     case TaggedValue::empty:
@@ -60,7 +60,7 @@ std::int64_t WholeNumber(const TaggedValue& value) {
     const std::string text = Trim(value.characters);
     if (std::from_chars(text.data(), text.data() + text.size(), number).ec != std::errc()) number = 0;
   }
-  constexpr double farthest = 9.0e15;  // whole numbers up to here are exact; nothing in the files comes near
+  constexpr double farthest = 9.0e15;  // whole numbers up to here are exact; far above any value in the files
   if (std::isnan(number) || std::fabs(number) > farthest) return 0;
   return std::llrint(number);
 }

@@ -8,8 +8,8 @@
 
 namespace oravin {
 
-/// A value that carries its own type, as the catalogue's file keeps it: a 16-bit little-endian tag, then the value in
-/// the width that the tag gives.
+/// A value with its own type, as in the catalogue's file: a 16-bit little-endian tag, then the value with the size that
+/// the tag implies.
 ///
 ///   tag  0  empty            no bytes
 ///   tag  1  null             no bytes
@@ -43,15 +43,15 @@ TaggedValue Int16Value(int number);
 TaggedValue Int32Value(std::uint32_t number);
 TaggedValue BooleanValue(bool truth);
 
-/// The value as a whole number, whatever its tag; text is read as a number, and what is none counts as 0.
+/// The value as a whole number, whatever its tag; text is parsed as a number, 0 if it is none.
 std::int64_t WholeNumber(const TaggedValue& value);
-/// The 32 bits of a value that holds an archive's offset or size.
+/// The value as an unsigned 32-bit offset or size in an archive.
 std::uint32_t Unsigned32(const TaggedValue& value);
 
 /// Appends the value in its file form.
 void AppendTagged(std::vector<std::uint8_t>& bytes, const TaggedValue& value);
 
-/// Reads one value at `at` and moves `at` behind it. Nothing when the tag is unknown or the bytes end too early.
+/// Reads one value at `at` and advances `at`. Nothing if the tag is unknown or the bytes end too early.
 std::optional<TaggedValue> TakeTagged(std::span<const std::uint8_t> bytes, std::size_t& at);
 
 }  // namespace oravin

@@ -8,7 +8,7 @@ namespace oravin {
 
 namespace {
 
-// The characters of the bytes 0x80 to 0x9F; the five that Windows-1252 leaves free map to the control codes.
+// The characters of the bytes 0x80 to 0x9F; the five that Windows-1252 leaves undefined map to the control codes.
 constexpr std::array<char16_t, 32> upperPage = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -55,7 +55,7 @@ char32_t ToCode(char c) {
   return byte >= 0x80 && byte < 0xA0 ? upperPage.at(byte - 0x80U) : char32_t{byte};
 }
 
-/// Takes the character that begins at a place. A byte that begins none is taken alone, as a replacement character.
+/// Decodes the character at `at`. An invalid byte becomes a replacement character.
 char32_t TakeCharacter(std::string_view utf8, std::size_t& at) {
   const std::uint8_t lead = Byte(utf8[at++]);
   if (lead < 0x80) return lead;
@@ -67,7 +67,7 @@ char32_t TakeCharacter(std::string_view utf8, std::size_t& at) {
     if ((byte & 0xC0U) != 0x80) return replacementCharacter;
     code = code << 6U | (byte & 0x3FU);
   }
-  // A longer form than the character needs is no UTF-8.
+  // An overlong form is not valid UTF-8.
   constexpr std::array<char32_t, 4> least = {0, 0x80, 0x800, 0x10000};
   if (code < least.at(more)) return replacementCharacter;
   at += more;

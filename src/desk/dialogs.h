@@ -6,7 +6,7 @@
 
 namespace oravin {
 
-/// Shows a message with the OK button alone.
+/// Shows a message with an OK button only.
 void Show(Host& host, const std::string& text, Icon icon, const std::string& title = programTitle);
 
 /// Shows a message of success.
@@ -15,28 +15,28 @@ void ShowSuccess(Host& host, const std::string& text, Icon icon, const std::stri
 /// Asks a question with the buttons Yes and No; true for Yes.
 bool AskYesNo(Host& host, const std::string& text, const std::string& title = programTitle);
 
-/// Asks for a folder; empty when the person cancels or the choice is no folder of the file system.
+/// Asks for a folder; empty if the user cancels or the choice is not in the file system.
 std::string BrowseForFolder(Host& host, const std::string& prompt = "Select Folder");
 
-/// Asks for an existing file; empty when the person cancels or the choice is not there.
-/// @param folder where the dialog begins, with or without a backslash at its end
+/// Asks for an existing file; empty if the user cancels or the file does not exist.
+/// @param folder the initial folder, with or without a trailing backslash
 std::string ChooseFile(Host& host, const std::string& title, const std::string& folder, const std::string& name,
                        const std::string& filter);
 
-/// Tells how far a long action has come.
+/// Shows the progress of a long action.
 void ShowProgress(Host& host, const std::string& text, int done, int total);
 
-/// Tells that the long action has ended.
+/// Removes the progress display.
 void EndProgress(Host& host);
 
-/// True once the person has asked for the long action to stop.
+/// True once the user has asked to stop the long action.
 bool StopAsked(Host& host);
 
-/// Shows a form and comes back when it has been closed.
+/// Shows a form and returns when it has been closed.
 /// @param form its name, as "FAT_Editor"
 void ShowForm(Host& host, const std::string& form);
 
-/// Puts a text where other programs can paste it from.
+/// Copies a text to the clipboard.
 void PutOnClipboard(Host& host, const std::string& text);
 
 }  // namespace oravin

@@ -7,7 +7,7 @@ namespace oravin {
 
 namespace {
 
-/// One row for each procedure and kind, in the order of the procedures' names.
+/// One row per procedure and kind, sorted by procedure.
 constexpr std::array errorBoxes = {
     ErrorBox{"GetImportStats", ErrorKind::missing, "File not found!", Icon::critical, "GetImportStats"},
 };

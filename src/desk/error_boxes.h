@@ -8,17 +8,17 @@
 
 namespace oravin {
 
-/// The words of a message box that a procedure has for one kind of error, instead of "Error - " and what went wrong.
+/// A procedure's own message for one kind of error, instead of the general "Error - ...".
 struct ErrorBox {
-  std::string_view procedure;  ///< the name that the error trap is given
+  std::string_view procedure;  ///< as passed to the error trap
   ErrorKind kind;
   std::string_view text;
   Icon icon;
   std::string_view title;
-  bool alsoGeneral = false;  ///< the general message box follows
+  bool alsoGeneral = false;  ///< the general message box is shown after it
 };
 
-/// The row for a procedure and a kind of error; none where the general message box is the only one.
+/// The row for a procedure and a kind of error; null if there is only the general message box.
 const ErrorBox* FindErrorBox(std::string_view procedure, ErrorKind kind);
 
 }  // namespace oravin

@@ -8,12 +8,12 @@
 
 namespace oravin {
 
-/// Shows the message box of a procedure's error trap: the procedure's own words for that kind of error
-/// (desk/error_boxes.h), else "Error - " and what went wrong with which file.
+/// Shows the message box for an error in a procedure: the procedure's own text for that kind of error
+/// (desk/error_boxes.h), else "Error - ", the failed operation and the file.
 void ShowTrapped(Host& host, const std::string& procedure, const FileError& error);
 
-/// A procedure's error trap: runs its body; a run-time error in it ends it, shows one box titled with the procedure's
-/// name, and the neutral value is returned.
+/// A procedure's error trap: runs its body. A FileError ends the body and shows one message box titled with the
+/// procedure's name; the neutral value is returned.
 template <typename Value, typename Body>
 Value Trapped(Host& host, const std::string& procedure, Value neutral, Body&& body) {
   try {
@@ -24,7 +24,7 @@ Value Trapped(Host& host, const std::string& procedure, Value neutral, Body&& bo
   }
 }
 
-/// The same for a procedure without a result. Returns false when the body was ended by an error.
+/// The same for a procedure without a result. Returns false if an error ended the body.
 template <typename Body>
 bool Trap(Host& host, const std::string& procedure, Body&& body) {
   try {

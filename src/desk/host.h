@@ -5,7 +5,7 @@
 
 namespace oravin {
 
-/// What a procedure of the core reaches the outside by.
+/// Access to files and to the user.
 struct Host {
   Files files;
   Desk desk;

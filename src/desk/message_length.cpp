@@ -6,10 +6,10 @@ namespace oravin {
 
 namespace {
 
-/// About so many characters stand on a line of a message box before it is broken.
+/// Approximate number of characters per line of a message box.
 constexpr std::size_t lineLength = 60;
 
-/// So many lines, the title and the buttons fit on a screen of 600 pixels at 100 %.
+/// Lines that fit on a screen 600 pixels high at 100 %, with title and buttons.
 constexpr std::size_t mostLines = 28;
 
 }  // namespace

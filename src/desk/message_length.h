@@ -7,12 +7,11 @@
 
 namespace oravin {
 
-/// The lines that a text takes in a message box, which breaks long lines: each line of the text counts as many as it
-/// has times 60 characters, a begun one as a whole one, and an empty line counts as one.
-/// @param text its lines are joined by "\n"; each byte is a character
+/// The number of lines of a text in a message box, which wraps lines at 60 characters. An empty line counts as one.
+/// @param text its lines are separated by "\n"; one character per byte
 std::size_t ShownLines(std::string_view text);
 
-/// True for a message of more lines than a message box has room for on a small screen.
+/// True if a message is too long for a message box on a small screen.
 bool IsLong(const Message& box);
 
 }  // namespace oravin

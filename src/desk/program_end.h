@@ -2,7 +2,7 @@
 
 namespace oravin {
 
-/// Thrown where the program ends itself; only a front end's entry catches it.
+/// Ends the program; caught only by a front end's entry point.
 struct ProgramEnd {};
 
 }  // namespace oravin

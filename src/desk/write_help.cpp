@@ -20,7 +20,7 @@ std::string Help(const std::string& reason) {
   return "Put that right and try again.";
 }
 
-/// A folder that was only made and never filled holds no copies.
+// A folder that was created but never filled has no copies.
 bool HoldsFiles(Files& files, const std::string& folder) { return !ListFolder(files, folder).items.empty(); }
 
 }  // namespace

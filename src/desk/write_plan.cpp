@@ -10,7 +10,7 @@ namespace oravin {
 
 namespace {
 
-/// What the file system takes beside the bytes themselves, and what is written in passing.
+/// Allowance for file system overhead and temporary files.
 constexpr std::uint64_t spareRoom = std::uint64_t{1} << 20;
 
 void Refuse(Host& host, const std::string& path, const std::string& reason) {
@@ -25,7 +25,8 @@ void RefuseRoom(Host& host, const std::string& folder, std::uint64_t needed, std
 }
 
 bool RoomFor(Host& host, const WritePlan& plan) {
-  // Folders whose disks have the very same room left are taken to lie on one disk, which then must hold all of it.
+  // Folders whose disks have exactly the same free space are assumed to be on one disk, which must have room for all of
+  // them.
   std::map<std::uint64_t, std::uint64_t> neededByFree;
   for (const auto& [folder, bytes] : plan.room) {
     const auto free = FreeSpace(host.files, folder);

@@ -9,19 +9,19 @@
 
 namespace oravin {
 
-/// What an action is going to write, put together before its first change.
+/// What an action will write, collected before its first change.
 struct WritePlan {
-  std::vector<std::string> files;    ///< files that are changed, replaced or deleted; missing ones do not matter
-  std::vector<std::string> folders;  ///< folders in which files are made
-  std::map<std::string, std::uint64_t> room;  ///< bytes that will be written below each folder
+  std::vector<std::string> files;             ///< files that are changed, replaced or deleted; missing ones are ignored
+  std::vector<std::string> folders;           ///< folders in which files are created
+  std::map<std::string, std::uint64_t> room;  ///< bytes that will be written in each folder
 };
 
-/// Adds bytes to the room that a plan needs below a folder.
+/// Adds to the space that a plan needs in a folder.
 void NeedRoom(WritePlan& plan, const std::string& folder, std::uint64_t bytes);
 
-/// Makes sure that every file of the plan can be opened for writing, that files can be made in its folders and that the
-/// disk has room. If not, one box says which file or how much room, and the action must not begin.
-/// @return whether everything is as it must be
+/// Checks that every file of the plan can be opened for writing, that files can be created in its folders and that the
+/// disk has room. If not, one message box names the file or the missing space, and the action must not start.
+/// @return true if the action can start
 bool ReadyToWrite(Host& host, const WritePlan& plan);
 
 }  // namespace oravin

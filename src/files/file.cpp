@@ -15,7 +15,7 @@ using Kind = FileOperation::Kind;
 
 constexpr std::size_t windowSize = 16384;
 
-/// Opens a file by `open`, which returns the system's reason where it cannot.
+/// Opens a file by calling `open`, which returns the system's reason on failure.
 void OpenAs(File& file, Files& files, const std::string& path,
             const std::function<std::string(platform::NativeFile& native)>& open) {
   file.path = path;

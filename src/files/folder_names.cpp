@@ -11,7 +11,7 @@ FolderNames NamesIn(Files& files, const std::string& folder) {
     if (item.folder || item.hidden || item.system) continue;
     const FolderNames::Item here{item.name, item.length};
     const auto [known, fresh] = names.items.emplace(UpperCase(item.name), here);
-    // Of several spellings the first in byte order is taken, as where a path is looked up (platform/native_path.h).
+    // Of several spellings the first in byte order counts, as in platform/native_path.h.
     if (!fresh && here.spelling < known->second.spelling) known->second = here;
   }
   return names;

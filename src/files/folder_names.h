@@ -8,23 +8,23 @@
 
 namespace oravin {
 
-/// The files of one folder by name, listed once: for actions that ask for many names of the same folder. Hidden and
-/// system files do not count, as in FileExists.
+/// The files of one folder by name, listed once: for actions that look up many names in one folder. Hidden and system
+/// files are left out, as in FileExists.
 struct FolderNames {
   struct Item {
-    std::string spelling;  ///< as it is on disk
+    std::string spelling;  ///< on disk
     std::uint64_t length;  ///< in bytes
   };
   std::unordered_map<std::string, Item> items;  ///< by upper-cased name
 };
 
-/// Lists a folder; one that is missing has no files. Of several spellings of one name the first in byte order is taken.
+/// Lists a folder; a missing one has no files. Of several spellings of one name the first in byte order counts.
 FolderNames NamesIn(Files& files, const std::string& folder);
 
-/// A file of the folder, without regard to case; null when it is not there.
+/// A file of the folder, without regard to case; null if missing.
 const FolderNames::Item* FindIn(const FolderNames& names, const std::string& name);
 
-/// Its length in bytes; 0 when it is not there.
+/// Its length in bytes; 0 if missing.
 std::uint64_t LengthIn(const FolderNames& names, const std::string& name);
 
 }  // namespace oravin

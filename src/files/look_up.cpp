@@ -13,8 +13,8 @@ namespace {
 
 using Kind = FileOperation::Kind;
 
-/// Shows a look to the hook. A failure that the hook makes of it is one of the system's.
-/// @return the failure's reason; empty where the look is to be done
+/// Passes a look to the hook. An exception of the hook counts as a failure of the system.
+/// @return the reason of the failure; empty to go on
 std::string Announce(Files& files, const FileOperation& look) {
   if (!files.before) return {};
   try {

@@ -8,7 +8,7 @@
 #include "files/files.h"
 #include "platform/file_types.h"
 
-/// Looks at the disk: what is there under a path, and what could be done with it. Nothing is changed.
+/// Looks at the disk. Nothing is changed.
 namespace oravin {
 
 using platform::FileFacts;
@@ -16,45 +16,44 @@ using platform::Listing;
 using platform::LookUp;
 using platform::Presence;
 
-/// True when the trimmed path names an existing file: its characters have codes 32 to 127, its last one is none of `\`,
-/// `:` and `.`, and a listing for it returns a name. Hidden and system files do not count; a path with `*` or `?` in
-/// its last part counts when anything matches. False also where the system cannot say: who keeps, plans, deletes or
-/// restores files asks LookFor.
+/// True if the trimmed path names an existing file: its characters have codes 32 to 127, its last one is none of `\`,
+/// `:` and `.`, and listing it returns a name. Hidden and system files do not count; a path with `*` or `?` in its last
+/// part counts if anything matches. Also false if the system cannot say: use LookFor before keeping, deleting or
+/// restoring files.
 bool FileExists(Files& files, std::string_view path);
 
-/// Goes on only where FileExists.
-/// @throws FileError of the kind `missing`
+/// Does nothing if FileExists.
+/// @throws FileError of kind `missing` otherwise
 void RequireFile(Files& files, const std::string& path);
 
-/// True when the trimmed path names an existing folder.
+/// True if the trimmed path names an existing folder.
 bool FolderExists(Files& files, std::string_view path);
 
-/// The length of a file in bytes; 0 where there is none.
+/// The length of a file in bytes; 0 if missing.
 std::uint64_t FileLength(Files& files, const std::string& path);
 
-/// What is there under a path, told apart: nothing, a file or folder, a hidden one, or that the system could not say.
+/// What is at a path: nothing, a file or folder, a hidden one, or unknown because the system could not say.
 LookUp LookFor(Files& files, const std::string& path);
 
-/// The same with the file's identity and its number of names, which cost some systems an open file.
+/// The same with the file's identity and number of links, for which some systems must open the file.
 LookUp LookCloselyFor(Files& files, const std::string& path);
 
-/// The files and folders of one folder, hidden ones too.
+/// The files and folders of one folder, including hidden ones.
 Listing ListFolder(Files& files, const std::string& folder);
 
-/// The name of a file or folder as it is spelled on disk; of one that is not there, as the path spells it.
+/// The name of a file or folder as spelled on disk; if it is missing, as spelled in the path.
 std::string SpellingOf(Files& files, const std::string& path);
 
-/// True when both paths lead to one and the same existing file, by whatever names.
+/// True if both paths name the same existing file.
 bool IsSameFile(Files& files, const std::string& a, const std::string& b);
 
-/// Tells why an existing file cannot be changed now: it is read-only or held open by another program. Empty where it
-/// can.
+/// Why an existing file cannot be changed now: it is read-only or open in another program. Empty if it can.
 std::string WhyNotWritable(Files& files, const std::string& path);
 
-/// Tells why files cannot be made in an existing folder. Empty where they can.
+/// Why files cannot be created in an existing folder. Empty if they can.
 std::string WhyNoNewFiles(Files& files, const std::string& folder);
 
-/// The bytes that this user may still write on the disk of an existing folder; nothing when the system does not say.
+/// Free bytes for this user on the disk of an existing folder; nothing if the system does not say.
 std::optional<std::uint64_t> FreeSpace(Files& files, const std::string& folder);
 
 }  // namespace oravin

@@ -15,7 +15,7 @@ namespace {
 constexpr int firstPrintable = 32;
 constexpr int lastPrintable = 127;
 
-/// The number of characters behind the dot of the path's extension, 1 to 3; 0 when there is none among the last four.
+/// The length of the path's extension without the dot, 1 to 3; 0 if none of the last four characters starts one.
 std::size_t ExtensionLength(std::string_view path) {
   const std::string_view tail = path.substr(path.size() - std::min<std::size_t>(path.size(), 4));
   // The dot must be one of the first three of four characters; of a shorter path, one that is not the last.
@@ -25,17 +25,17 @@ std::size_t ExtensionLength(std::string_view path) {
   return 0;
 }
 
-/// True for one digit as Windows numbers its ports with it: 0 to 9, and the superscript one, two and three.
+/// True for a digit in Windows' port names: 0 to 9, and superscript one, two and three.
 bool IsPortNumber(std::string_view digit) {
   if (digit.size() == 1 && digit[0] >= '0' && digit[0] <= '9') return true;
-  // In the code page, and in UTF-8: on Windows a name that is valid UTF-8 is read as such
+  // As Windows-1252 and as UTF-8: on Windows a name that is valid UTF-8 is read as UTF-8
   // (platform/windows/wide_text.h).
   static constexpr std::array<std::string_view, 6> superscripts = {"\xB9",     "\xB2",     "\xB3",
                                                                    "\xC2\xB9", "\xC2\xB2", "\xC2\xB3"};
   return std::find(superscripts.begin(), superscripts.end(), digit) != superscripts.end();
 }
 
-/// True for a name that Windows keeps for a device, whatever follows its first dot. Spaces before the dot do not count.
+/// True for a reserved device name of Windows, with any extension. Spaces before the dot do not count.
 bool IsDeviceName(std::string_view name) {
   const std::string base = UpperCase(Trim(name.substr(0, name.find('.'))));
   static constexpr std::array<std::string_view, 6> devices = {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$"};
@@ -101,7 +101,7 @@ bool IsPlainFileName(std::string_view name) {
 }
 
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
-  // A pattern's ".*" stands for no extension too, as in every listing of the game's system.
+  // ".*" at the end of a pattern also matches no extension, as on Windows.
   if (pattern.ends_with(".*") && name.find('.') == std::string_view::npos) pattern.remove_suffix(2);
   std::size_t at = 0;
   std::size_t in = 0;

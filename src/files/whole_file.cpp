@@ -113,7 +113,7 @@ void CopyInto(File& to, const std::string& from) {
 }
 
 void CopyWhole(Files& files, const std::string& from, const std::string& to) {
-  // The source is opened first: a missing one makes no file beside.
+  // The source is opened first: if it is missing, no temporary file is made.
   File source(files, from, OpenFor::reading);
   WriteBeside(files, to, [&](File& file) { CopyBytes(source, 0, file, 0, source.length); });
 }
@@ -127,7 +127,7 @@ void EraseIfThere(Files& files, const std::string& path) {
     if (files.before) files.before({Kind::cleanUp, path});
     platform::EraseNative(path);
   } catch (const FileError&) {
-    // What is left has a name of its own, and the next run overwrites or erases it.
+    // A leftover temporary file is overwritten or deleted by the next run.
   }
 }
 

@@ -11,49 +11,47 @@
 #include "base/bytes.h"
 #include "files/file.h"
 
-/// Files as a whole. A file that is written whole is written beside itself first, flushed to the disk and then renamed
-/// over the old one: there is no moment without it. Every failure is a FileError.
+/// Whole files. A file is written to a temporary file, flushed to the disk and renamed over the old one, so that a
+/// complete file exists at every moment. Every failure is a FileError.
 namespace oravin {
 
-/// What the name of a file bears at its end while it is being written. Whatever is left over from a run that was cut
-/// short can be told by it (EraseLeftovers).
+/// Suffix of temporary files. EraseLeftovers finds those of interrupted runs by it.
 inline constexpr const char* besideSuffix = ".oravin-new";
 
 /// Reads a whole file.
-/// @param most the greatest length in bytes that is still read; a longer file is an error
+/// @param most size limit in bytes; a longer file is an error
 Bytes ReadWhole(Files& files, const std::string& path, std::uint64_t most);
 
 /// Writes a whole file.
 void WriteWhole(Files& files, const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// Writes a whole file, piece by piece: `write` puts the pieces into the temporary file it is given.
+/// Writes a whole file in parts: `write` writes them to the given temporary file.
 void WriteBeside(Files& files, const std::string& path, const std::function<void(File& file)>& write);
 
-/// Several files that are written whole together: they are flushed in one go and only then take their names.
+/// Several whole files that are flushed together and then renamed.
 struct WholeFiles {
   std::vector<std::string> paths;
-  std::set<std::string> spelled;  ///< of these, the ones that AddNew has added
+  std::set<std::string> spelled;  ///< those added by AddNew
 };
 
-/// Writes one more of them beside its name.
+/// Writes the temporary file of one more file.
 void AddWhole(Files& files, WholeFiles& together, const std::string& path,
               const std::function<void(File& file)>& write);
 
-/// The same for a file of which the caller knows that its folder has none of that name, in whatever spelling. Nobody
-/// looks for one, so that it does not matter how full the folder is.
+/// The same for a file that does not exist in any spelling, as the caller must know. The folder is not searched, so its
+/// size does not matter.
 void AddNew(Files& files, WholeFiles& together, const std::string& path, const std::function<void(File& file)>& write);
 
-/// Flushes them and renames each over the old file of its name.
+/// Flushes all temporary files and renames each over the old file.
 void CommitWhole(Files& files, WholeFiles& together);
 
-/// Gives up the files behind the first `keep` ones: what was written beside is deleted.
+/// Drops all files after the first `keep` ones and deletes their temporary files.
 void DropWhole(Files& files, WholeFiles& together, std::size_t keep);
 
-/// Copies bytes from one open file to another, in blocks. The system begins to bring them to the disk while the rest is
-/// being copied.
+/// Copies bytes between open files, in blocks. Starts writing to the disk during the copy.
 void CopyBytes(File& from, std::uint64_t fromOffset, File& to, std::uint64_t toOffset, std::uint64_t count);
 
-/// Puts the content of a whole file into an open one, from its beginning on.
+/// Copies the content of a whole file to the start of an open one.
 void CopyInto(File& to, const std::string& from);
 
 /// Copies a whole file, in blocks.
@@ -61,25 +59,25 @@ void CopyWhole(Files& files, const std::string& from, const std::string& to);
 
 void EraseFile(Files& files, const std::string& path);
 
-/// Deletes a temporary file that may be there; that it could not be deleted is passed over.
+/// Deletes a temporary file if it exists; failures are ignored.
 void EraseIfThere(Files& files, const std::string& path);
 
-/// Renames a file, over another one where that is there.
+/// Renames a file and replaces an existing one.
 void RenameOver(Files& files, const std::string& from, const std::string& to);
 
-/// The same inside one folder, with both names taken as they are spelled.
+/// The same inside one folder, with exactly these spellings of the names.
 void RenameSpelled(Files& files, const std::string& folder, const std::string& from, const std::string& to);
 
-/// Makes a folder where it is missing; the folder above must be there.
+/// Creates a folder if it is missing; its parent must exist.
 void MakeFolder(Files& files, const std::string& path);
 
-/// True when both files can be read and hold the same bytes.
+/// True if both files can be read and have the same content.
 bool SameContent(Files& files, const std::string& a, const std::string& b);
 
-/// The first name that is not there yet for an old version to be kept under: `base` + ".old", ".old2", ".old3", ...
+/// The first free name for a backup: `base` + ".old", ".old2", ".old3", ...
 std::string FreeOldName(Files& files, const std::string& base);
 
-/// Erases what a run that was cut short left half-written in one folder (not in the folders below it).
+/// Deletes temporary files of interrupted runs in one folder (not in its subfolders).
 void EraseLeftovers(Files& files, const std::string& folder);
 
 }  // namespace oravin

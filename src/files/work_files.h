@@ -7,7 +7,7 @@
 
 namespace oravin {
 
-/// Files that are only needed for a while: they are deleted when this record goes, on every way out.
+/// Temporary files, deleted at the end of the scope.
 struct WorkFiles {
   WorkFiles(Files& owner, std::vector<std::string> all) : files(owner), paths(std::move(all)) {}
   WorkFiles(const WorkFiles&) = delete;

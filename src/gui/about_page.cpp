@@ -40,7 +40,7 @@ wxSizer* NewHeading(wxPanel* page, const Surroundings& surroundings) {
 
 void AddFolder(wxPanel* page, wxSizer* grid, const wxString& caption, const Surroundings& surroundings,
                const std::string& name, TextBox& record) {
-  // Made right before its text box: the label's access key leads to the control that comes next.
+  // Made directly before its text box: a label's access key leads to the next control.
   auto* label = new wxStaticText(page, wxID_ANY, caption);
   auto* box = new wxTextCtrl(page, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_READONLY);
   Reflect(surroundings.mirror, name, box, record);

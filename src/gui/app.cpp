@@ -17,7 +17,7 @@ App::App(Options options) : options_(std::move(options)) {
 }
 
 bool App::OnInit() {
-  // The command line has been read already, so nothing of it is left for the toolkit.
+  // The command line has been parsed already; the toolkit must not parse it.
   SetAppName("oravin");
   SetClassName("Oravin");
   SetAppDisplayName(programTitle);
@@ -30,10 +30,10 @@ int App::OnRun() {
   try {
     Form_Load(main_, options_.folders);
   } catch (const ProgramEnd&) {
-    return 0;  // the person was told, or chose to leave
+    return 0;  // the user has seen a message or chose to leave
   }
   const std::string file = options_.file.empty() ? std::string() : platform::ToWindowsPath(options_.file);
-  const bool imports = IsShipFile(file);  // by a form, which comes up over the window
+  const bool imports = IsShipFile(file);  // through the import form, which needs the window
   if (!file.empty() && !imports) OpenFileOnItsTab(main_, file);
   if (imports) window_.whenPainted = [this, file] { ImportIntoWindow(window_, main_, file); };
   OpenWindow(window_, main_, options_);

@@ -8,7 +8,7 @@
 
 namespace oravin::gui {
 
-/// The program: owns the one record of all state and the window over it.
+/// The application: owns the record of all state and the window.
 class App : public wxApp {
  public:
   explicit App(Options options);

@@ -28,7 +28,7 @@ wxSizer* NewFields(wxDialog& dialog, Mirror& mirror, FatEditor& record) {
   const std::array<Field, 3> fields = {{NewField(dialog, mirror, "Name", record.lblName, record.txtName),
                                         NewField(dialog, mirror, "Offset", record.lblOffset, record.txtOffset),
                                         NewField(dialog, mirror, "Size", record.lblSize, record.txtSize)}};
-  // The other font alone would make its fields taller.
+  // The monospace font alone would make the field taller than the others.
   const wxSize size(dialog.FromDIP(fieldWidth), fields[0].text->GetBestSize().GetHeight());
   Monospace(fields[1].text);
   Monospace(fields[2].text);

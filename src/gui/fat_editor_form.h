@@ -4,7 +4,7 @@
 
 namespace oravin::gui {
 
-/// Shows the form "Table Editor" over its record until it is closed.
+/// Shows the form "Table Editor" with its record until it is closed.
 void ShowFatEditor(Window& window, Main& main);
 
 }  // namespace oravin::gui

@@ -12,7 +12,7 @@ namespace oravin::gui {
 
 namespace {
 
-/// The ships, which have the keyboard first, and what checks them all.
+/// The list of ships, which has focus first, and the buttons that check all or none.
 wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
   FighterPack& record = surroundings.main.Fighter_PACK;
   const Action& press = surroundings.press;
@@ -44,7 +44,7 @@ wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
   return whole;
 }
 
-/// The textures of the selected ship with their pictures.
+/// The textures of the selected ship and their pictures.
 wxSizer* NewTextures(wxWindow* panel, const Surroundings& surroundings) {
   FighterPack& record = surroundings.main.Fighter_PACK;
   const Action& press = surroundings.press;

@@ -4,7 +4,7 @@
 
 namespace oravin::gui {
 
-/// Shows the form in which the ships to import are chosen, over its record until it is closed.
+/// Shows the import form, in which ships are chosen, with its record until it is closed.
 void ShowFighterPack(Window& window, Main& main);
 
 }  // namespace oravin::gui

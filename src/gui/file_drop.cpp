@@ -37,7 +37,7 @@ class FileDrop : public wxFileDropTarget {
 
 void OnFileDropped(wxWindow* window, const std::function<bool(const std::string& path)>& takes,
                    const std::function<void(const std::string& path)>& dropped) {
-  window->SetDropTarget(new FileDrop(window, takes, dropped));  // which deletes it
+  window->SetDropTarget(new FileDrop(window, takes, dropped));  // owned by the window
 }
 
 bool IsShipFile(const std::string& path) {

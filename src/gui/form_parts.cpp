@@ -37,7 +37,7 @@ void SizeForm(wxDialog& dialog, const wxSize& wanted, const wxSize& least) {
   const wxWindow* parent = dialog.GetParent();
   const int screen = parent == nullptr ? wxNOT_FOUND : wxDisplay::GetFromWindow(parent);
   wxSize room = wxDisplay(static_cast<unsigned>(std::max(screen, 0))).GetClientArea().GetSize();
-  room.DecBy(dialog.FromDIP(wxSize(8, 40)));  // for its title bar
+  room.DecBy(dialog.FromDIP(wxSize(8, 40)));  // for the title bar and borders
   const wxSize content = dialog.GetSizer()->ComputeFittingClientSize(&dialog);
   wxSize smallest = dialog.FromDIP(least);
   smallest.IncTo(content);

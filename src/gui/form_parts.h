@@ -3,21 +3,21 @@
 #include "gui/pages.h"
 #include "gui/window.h"
 
-/// What the larger forms have in common.
+/// Common parts of the larger forms.
 namespace oravin::gui {
 
-/// A button of a form's last line.
+/// A button in the last line of a form.
 struct FormButton {
-  const char* name = nullptr;  ///< of its record, which is also the action
+  const char* name = nullptr;  ///< of its record and its action
   Button& record;
 };
 
-/// Lays a form out: its content, and below that a line that tells how far a long action has come, with two buttons on
-/// the right. Escape presses the second one.
+/// Lays out a form: its content, and below it a line with the progress of long actions and two buttons on the right.
+/// Escape presses the second one.
 void LayOutForm(Form& form, const Surroundings& surroundings, wxWindow* content, const FormButton& affirms,
                 const FormButton& cancels);
 
-/// Gives a form its size, as much of it as the screen has room for, in the middle of what it came up over.
+/// Sets a form's size, limited by the screen, and centres it on its parent.
 /// @param wanted,least sizes in pixels at 100 %
 void SizeForm(wxDialog& dialog, const wxSize& wanted, const wxSize& least);
 

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int linesOfFirstBytes = 6;
 
-/// What the page consists of.
+/// The controls of the page.
 struct HogParts {
   wxWindow* page = nullptr;
   wxStaticText* lblHogPath = nullptr;
@@ -52,7 +52,7 @@ wxTextCtrl* NewFirstBytes(wxWindow* page, Mirror& mirror, TextBox& record) {
   return text;
 }
 
-/// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
+/// Makes the controls in Tab order; a label's access key leads to the next control.
 HogParts NewHogParts(wxWindow* page, const Surroundings& surroundings) {
   HogTab& tab = surroundings.main.hog;
   Mirror& mirror = surroundings.mirror;
@@ -88,7 +88,7 @@ HogParts NewHogParts(wxWindow* page, const Surroundings& surroundings) {
   return parts;
 }
 
-/// The three lines above the list: names, fields and buttons stand below each other.
+/// The three lines above the list, with labels, fields and buttons in columns.
 wxSizer* NewTopLines(const HogParts& parts) {
   wxWindow* page = parts.page;
   auto* filter = FieldOf(parts.txtFilter);
@@ -123,9 +123,9 @@ void LayOut(const HogParts& parts) {
   page->SetSizer(framed);
 }
 
-/// The menu at the mouse, or at the row with the keyboard's mark.
+/// The context menu, at the mouse or at the focused row.
 void ShowPopup(ListWindow& list, const HogTab& tab, const Action& press) {
-  // A click that brings up the menu may also have selected the row; what the menu offers depends on that.
+  // The click that opens the menu may also have selected the row, which changes the menu.
   press("hog.hogList.ItemClick");
   struct Item {
     const MenuItem& record;
@@ -165,7 +165,7 @@ void BindList(ListWindow& list, HogTab& tab, const Action& press) {
 
 void BindTexts(const HogParts& parts, const Action& press) {
   parts.txtHogPath->Bind(wxEVT_TEXT_ENTER, [press](wxCommandEvent&) { press("hog.cmdOpen"); });
-  // What the record itself changes makes no such event.
+  // Changes by the record cause no such event.
   parts.txtFilter->Bind(wxEVT_TEXT, [press](wxCommandEvent&) { press("hog.txtFilter.Change"); });
   parts.txtFilter->Bind(wxEVT_CHAR_HOOK, [text = parts.txtFilter](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_ESCAPE && !text->IsEmpty()) {
@@ -176,7 +176,7 @@ void BindTexts(const HogParts& parts, const Action& press) {
   });
 }
 
-/// Opens what is dropped here, unless it is something to import.
+/// Opens a dropped file, unless it is one to import.
 void AcceptDrops(const HogParts& parts, const Surroundings& surroundings) {
   const auto any = [](const std::string&) { return true; };
   const auto dropped = [text = parts.txtHogPath, surroundings](const std::string& path) {

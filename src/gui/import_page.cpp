@@ -14,7 +14,7 @@ namespace {
 ListWindow* NewImportedList(wxWindow* edge, const Surroundings& surroundings) {
   ListView& record = surroundings.main.imports.lstImported;
   const Action& press = surroundings.press;
-  // Every ship here is an imported one, whose picture tells its class by itself.
+  // All ships here are imported; their class alone determines the picture.
   auto* list = new ListWindow(edge, record, [](const ListRow& row) { return PictureOf(row, ShipsShown::fighters); });
   list->SetSmallImages(ShipPictures());
   LetShrink(*list, {220, 120});
@@ -33,7 +33,7 @@ ListWindow* NewImportedList(wxWindow* edge, const Surroundings& surroundings) {
   return list;
 }
 
-/// The ships that were imported, with what is to be imported above them.
+/// The file to import, and below it the list of imported ships.
 wxSizer* NewShipsFrame(wxWindow* page, const Surroundings& surroundings) {
   ImportTab& tab = surroundings.main.imports;
   wxStaticBoxSizer* framed = NewFrame(page, tab.frameImport);
@@ -44,7 +44,7 @@ wxSizer* NewShipsFrame(wxWindow* page, const Surroundings& surroundings) {
   path->SetHint("A ship model or ship pack");
   path->Bind(wxEVT_TEXT_ENTER,
              [press = surroundings.press](wxCommandEvent&) { press("imports.txtImportFighter.Enter"); });
-  OnFileDropped(path, IsShipFile, surroundings.importFile);  // a text box would keep the file from the window
+  OnFileDropped(path, IsShipFile, surroundings.importFile);  // else the text box would take the file
   wxButton* browse = NewButton(frame, surroundings, "imports.cmdImportFighterBrowse", tab.cmdImportFighterBrowse);
   wxWindow* edge = NewEdge(frame);
   Enframe(edge, NewImportedList(edge, surroundings));
@@ -67,7 +67,7 @@ wxSizer* NewShipsFrame(wxWindow* page, const Surroundings& surroundings) {
   return framed;
 }
 
-/// A text box of the converter, which an action may send the keyboard to.
+/// A text box of the converter, which an action may focus.
 wxTextCtrl* NewMeshText(wxWindow* frame, Mirror& mirror, const std::string& name, TextBox& record, bool& takesFocus) {
   wxTextCtrl* text = NewText(frame, mirror, name, record);
   mirror.reflections.back().show = [text, &record, &takesFocus] {
@@ -77,7 +77,7 @@ wxTextCtrl* NewMeshText(wxWindow* frame, Mirror& mirror, const std::string& name
   return text;
 }
 
-/// Makes a mesh into a ship's model.
+/// The frame for converting a mesh.
 wxSizer* NewConvertFrame(wxWindow* page, const Surroundings& surroundings) {
   ConvertPanel& panel = surroundings.main.convert;
   Mirror& mirror = surroundings.mirror;
@@ -105,7 +105,7 @@ void FillImportPage(wxPanel* page, const Surroundings& surroundings) {
   const int margin = page->FromDIP(pageMargin);
   auto* upper = new wxBoxSizer(wxHORIZONTAL);
   wxSizer* ships = NewShipsFrame(page, surroundings);
-  wxSizer* convert = NewConvertFrame(page, surroundings);  // walked by the Tab key before what needs it least
+  wxSizer* convert = NewConvertFrame(page, surroundings);  // before the rarely used controls in Tab order
   wxSizer* textures = NewTextureFrame(page, surroundings);
   upper->Add(ships, wxSizerFlags(4).Expand());
   upper->Add(textures, wxSizerFlags(5).Expand().Border(wxLEFT, margin));

@@ -9,21 +9,21 @@ namespace oravin::gui {
 
 namespace {
 
-/// What the bitmap says of itself, in two lines of two.
+/// The bitmap's properties, in two lines of two.
 wxSizer* NewInfo(wxWindow* frame, const Surroundings& surroundings) {
   auto& labels = surroundings.main.imports.texture.lblBMPinfo;
   auto* grid = new wxGridSizer(2, frame->FromDIP(gap / 2), frame->FromDIP(gap));
   for (std::size_t i = 0; i < labels.size(); ++i) {
     const std::string name = "imports.lblBMPinfo[" + std::to_string(i) + "]";
     wxStaticText* label = NewLabel(frame, surroundings.mirror, name, labels.at(i));
-    // Wide enough for what comes behind it, so that the next one stays where it is.
+    // Fixed width, so that the next label does not move.
     label->SetMinSize({frame->GetTextExtent("Blocks: 00000").GetWidth(), -1});
     grid->Add(label);
   }
   return grid;
 }
 
-/// The fields in their order, with the button that imports among what is below them.
+/// The fields in Tab order, with the import button below them.
 struct Fields {
   wxSizer* lines = nullptr;
   wxSizer* below = nullptr;
@@ -68,7 +68,7 @@ Fields NewFields(wxWindow* frame, const Surroundings& surroundings) {
 void GiveFocus(wxTextCtrl* text, bool& wanted) {
   if (!wanted) return;
   wanted = false;
-  text->CallAfter([text] { text->SetFocus(); });  // after the action, which gives it back to what had it
+  text->CallAfter([text] { text->SetFocus(); });  // after the action, which restores the old focus
 }
 
 wxSizer* NewTextureFrame(wxWindow* page, const Surroundings& surroundings) {

@@ -4,11 +4,10 @@
 
 namespace oravin::gui {
 
-/// Makes the frame of the import page in which single textures are imported: what is given, what the bitmap says of
-/// itself, and its picture.
+/// Makes the frame of the import page for importing single textures: inputs, the bitmap's properties, and its picture.
 wxSizer* NewTextureFrame(wxWindow* page, const Surroundings& surroundings);
 
-/// Has a text box take the keyboard when its record wants that, once.
+/// Sets the focus to a text box once, if its record asks for it.
 void GiveFocus(wxTextCtrl* text, bool& wanted);
 
 }  // namespace oravin::gui

@@ -27,13 +27,13 @@ long StyleOf(const ListView& record) {
   return wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE | selection | editing | heading;
 }
 
-/// How much of a row its check box takes.
+/// The width of a row's check box.
 int BoxWidth(ListWindow& list) {
   constexpr int aroundBox = 7;
   return wxRendererNative::Get().GetCheckBoxSize(&list).GetWidth() + list.FromDIP(aroundBox);
 }
 
-/// Makes room beside a text that is being edited for the row's check box.
+/// Moves the edit field of a row away from its check box.
 void KeepOffBox(ListWindow& list) {
   wxTextCtrl* text = list.GetEditControl();
   if (text == nullptr) return;
@@ -58,11 +58,11 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
   }
   if (record.checkBoxes) EnableCheckBoxes();
   EnableAlternateRowColours();
-  SetAlternateRowColour(Between(ListText(), ListGround(), 0.04));  // the toolkit's own is too light for light text
+  SetAlternateRowColour(Between(ListText(), ListGround(), 0.04));  // the toolkit's default is too light for light text
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     event.Skip();
     ShareWidth();
-    // Whether there is a scroll bar beside the columns is settled only after this event.
+    // The scroll bar is shown or hidden only after this event.
     CallAfter([this] { ShareWidth(); });
   });
   Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
@@ -79,7 +79,7 @@ ListWindow::ListWindow(wxWindow* parent, const ListView& record, std::function<i
     event.Skip();
     SelectForMenu(event.GetIndex());
   });
-  // Some systems tell of the menu when the button goes down already.
+  // Some systems ask for the menu when the button is pressed.
   Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent& event) {
     menuByKeyboard_ = event.GetPosition() == wxDefaultPosition;
     menuIsDue_ = wxGetMouseState().RightIsDown();
@@ -92,12 +92,12 @@ void ListWindow::Settle() {
   if (!std::exchange(settled_, true)) SettleList(this);
 }
 
-/// Some toolkits make the list of two windows, the headings and the rows below them; others of one.
+/// On some systems the list has two windows, headings and rows; on others it is one.
 void ListWindow::BindParts() {
   std::vector<wxWindow*> parts(GetChildren().begin(), GetChildren().end());
   parts.push_back(this);
   for (wxWindow* part : parts) {
-    // A range is selected without an event for its rows.
+    // Selecting a range sends no event per row.
     for (const auto& mouse : {wxEVT_LEFT_DOWN, wxEVT_RIGHT_DOWN}) {
       part->Bind(mouse, [this](wxMouseEvent& event) {
         event.Skip();
@@ -135,10 +135,10 @@ void ListWindow::BindParts() {
 
 bool ListWindow::IsOnBox(const wxMouseEvent& event) { return record_.checkBoxes && event.GetX() < BoxWidth(*this); }
 
-/// Two quick clicks on a heading or a check box are two clicks; the toolkit would drop the second. On a row they are a
-/// double click.
+/// Two quick clicks on a heading or a check box count as two clicks; the toolkit would drop the second. On a row they
+/// are a double click.
 void ListWindow::TakeDoubleClick(wxWindow* part, wxMouseEvent& event) {
-  // Which part it is shows only once they have their places.
+  // Not known before layout, so asked here.
   const bool onHeading = part == Heading();
   if (part == nullptr || (!onHeading && !IsOnBox(event))) return event.Skip();
   wxMouseEvent again(event);
@@ -146,7 +146,7 @@ void ListWindow::TakeDoubleClick(wxWindow* part, wxMouseEvent& event) {
   part->GetEventHandler()->ProcessEvent(again);
 }
 
-/// The window of the headings, where they have one of their own.
+/// The window of the headings, if it is a separate one.
 const wxWindow* ListWindow::Heading() const {
   if (HasFlag(wxLC_NO_HEADER)) return nullptr;
   const auto& parts = GetChildren();
@@ -171,14 +171,14 @@ void ListWindow::SetShares(const std::vector<double>& shares) {
   ShareWidth();
 }
 
-/// Without headings the toolkit would want a width that has nothing to do with the list.
+/// Without headings the toolkit's best width is wrong.
 wxSize ListWindow::DoGetBestClientSize() const {
   const int least = FromDIP(narrowestColumn);
   return HasFlag(wxLC_NO_HEADER) ? wxSize(least, least) : wxListCtrl::DoGetBestClientSize();
 }
 
 const ListRow* ListWindow::RowAt(long row) const {
-  // While a long action rebuilds the rows, the window may still draw the old ones.
+  // The window may draw old rows while a long action rebuilds them.
   const auto index = static_cast<std::size_t>(row);
   return row >= 0 && index < record_.rows.size() ? &record_.rows[index] : nullptr;
 }
@@ -213,7 +213,7 @@ wxItemAttr* ListWindow::OnGetItemAttr(long row) const {
   if (shown == nullptr || (!shown->bold && shown->colour == 0)) return plain;
   marked_ = plain == nullptr ? wxItemAttr() : *plain;
   if (shown->bold) marked_.SetFont(GetFont().Bold());
-  if (shown->colour != 0) marked_.SetTextColour(wxColour(shown->colour));  // the toolkit counts colours the same way
+  if (shown->colour != 0) marked_.SetTextColour(wxColour(shown->colour));  // same byte order as the toolkit
   return &marked_;
 }
 
@@ -223,9 +223,9 @@ wxColour ListWindow::GroundOf(long row) const {
   return own ? attributes->GetBackgroundColour() : GetBackgroundColour();
 }
 
-/// The list gets the tooltip of the row that the mouse is over.
+/// Sets the list's tooltip to that of the row under the mouse.
 void ListWindow::ShowTooltipOfRow() {
-  // Of a list of two windows both are told of the mouse, with coordinates of the one below.
+  // Not the event's position: it may be relative to either of the list's two windows.
   const wxPoint mouse = ScreenToClient(wxGetMousePosition());
   wxString tooltip;
   const long first = GetTopItem();
@@ -236,7 +236,7 @@ void ListWindow::ShowTooltipOfRow() {
     tooltip = ToScreen(shown->tooltip);
   }
   if (GetToolTipText() == tooltip) return;
-  UnsetToolTip();  // an empty one would leave the last one standing
+  UnsetToolTip();  // setting an empty one would keep the last one
   if (!tooltip.empty()) SetToolTip(tooltip);
 }
 
@@ -246,7 +246,7 @@ const std::vector<bool>& ListWindow::Selection() {
   return selection_;
 }
 
-/// Looks at the selection when the toolkit has done what the person asked for.
+/// Checks for a changed selection after the toolkit has handled the input.
 void ListWindow::Touch() {
   if (selecting_) return;
   touched_ = true;
@@ -261,7 +261,7 @@ void ListWindow::Touch() {
   });
 }
 
-/// The menu comes up when the list is done with the click, and once, even if the list and its rows both are told.
+/// Opens the menu after the list has handled the click, and only once, even if both of its windows send an event.
 void ListWindow::AskForMenu() {
   if (std::exchange(menuIsAsked_, true)) return;
   CallAfter([this] {
@@ -278,7 +278,7 @@ wxPoint ListWindow::MenuPlace() const {
   return {rectangle.x + FromDIP(narrowestColumn), std::clamp(rectangle.GetBottom(), 0, lowest)};
 }
 
-/// A right click chooses the row that it falls on, unless that is one of those selected.
+/// A right click selects the row under the mouse, unless it is already selected.
 void ListWindow::SelectForMenu(long row) {
   SetFocus();
   if (row < 0 || GetItemState(row, wxLIST_STATE_SELECTED) != 0) return;
@@ -288,8 +288,8 @@ void ListWindow::SelectForMenu(long row) {
 }
 
 void ListWindow::ReadSelection() {
-  // Asking for a row is slow when many are selected, so no more are asked for than needed. A list that allows one
-  // selected row may have none: a click on a heading or a Tab key selects nothing.
+  // Asking for a row's state is slow with many selected rows, so stop as soon as the rest is known. Even a
+  // single-selection list may have no selected row: a click on a heading or Tab selects nothing.
   const std::size_t rows = selection_.size();
   const auto selected = static_cast<std::size_t>(std::max(0, GetSelectedItemCount()));
   std::size_t found = 0;
@@ -301,12 +301,12 @@ void ListWindow::ReadSelection() {
   for (; row < rows; ++row) selection_[row] = found < selected;
 }
 
-/// Selects a row, or with row -1 all of them.
+/// Selects a row; row -1 means all.
 void ListWindow::Select(long row, bool selected) {
   SetItemState(row, selected ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
 }
 
-/// Brings the selection to the record's, from whatever is nearest: what there is, none, or all.
+/// Applies the record's selection with the fewest changes.
 void ListWindow::ShowSelection() {
   const std::size_t rows = record_.rows.size();
   selecting_ = true;
@@ -336,7 +336,7 @@ void ListWindow::ShowSelection() {
   selecting_ = false;
 }
 
-/// Brings a row into sight that the record selected alone.
+/// Scrolls to the row if the record has selected only that one.
 void ListWindow::ShowChosenRow() {
   const auto row = SelectedRow(record_);
   if (!row) return;
@@ -379,7 +379,7 @@ std::string ShownText(const ListView& record, const ListRow& row, std::size_t co
 
 void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void()>& clicked) {
   list.Bind(wxEVT_LIST_COL_CLICK, [&record, clicked](wxListEvent& event) {
-    if (event.GetColumn() < 0) return;  // beside the columns
+    if (event.GetColumn() < 0) return;  // right of the last column
     record.clickedColumn = static_cast<std::size_t>(event.GetColumn());
     clicked();
   });
@@ -399,21 +399,21 @@ void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void(
   list.Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, [&list, &record](wxListEvent& event) {
     if (list.BoxPressed()) return event.Veto();
 #ifndef __WXMSW__
-    // A second click's edit begins a moment later, and may find that of F2 open: it would begin anew over what was
-    // typed.
+    // The edit of a second click starts with a delay and may find that of F2 open: it would restart and drop the typed
+    // text.
     if (list.GetEditControl() != nullptr) return event.Veto();
 #endif
     event.Skip();
-    // The toolkit does not know that a check box stands before the text.
+    // The toolkit does not expect a check box before the text.
     if (record.checkBoxes) list.CallAfter([&list] { KeepOffBox(list); });
   });
   list.Bind(wxEVT_LIST_END_LABEL_EDIT, [&list, &record, edited](wxListEvent& event) {
-    event.Veto();  // the list has no text of its own to change
+    event.Veto();  // the list stores no texts
     const auto row = static_cast<std::size_t>(event.GetIndex());
     if (event.IsEditCancelled() || event.GetIndex() < 0 || row >= record.rows.size()) return;
     if (event.GetLabel() == ToScreen(TextAt(record, record.rows[row], 0))) return;
     record.edited = {row, FromScreen(event.GetLabel())};
-    list.CallAfter(edited);  // a box must not come up while the text is still open
+    list.CallAfter(edited);  // a message box must not open while the edit field is open
   });
 }
 
@@ -423,9 +423,9 @@ void OnChecked(ListWindow& list, ListView& record, const std::function<void()>& 
     if (row < 0 || index >= record.rows.size()) return;
     SetChecked(record, index, !record.rows[index].checked);
     list.RefreshItem(row);
-    list.CallAfter(toggled);  // when the click has selected what it selects
+    list.CallAfter(toggled);  // after the click has changed the selection
   };
-  // The list has no check marks of its own: whichever of the two it tells of, the row's mark is the other one now.
+  // The list stores no check marks, so both events just toggle the row's mark.
   for (const auto& click : {wxEVT_LIST_ITEM_CHECKED, wxEVT_LIST_ITEM_UNCHECKED}) {
     list.Bind(click, [toggle](wxListEvent& event) { toggle(event.GetIndex()); });
   }

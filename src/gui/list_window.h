@@ -10,49 +10,49 @@
 
 namespace oravin::gui {
 
-/// A list with columns that holds no rows of its own: it draws them straight out of a record, so that a hundred
-/// thousand rows open as fast as ten. Its columns keep their shares of the width when the window is resized. Where no
-/// column has a heading there is no line for them.
+/// A list with columns that stores no rows: it draws them straight from a record, so that a hundred thousand rows open
+/// as fast as ten. Columns keep their shares of the width when the window is resized. The heading line is hidden if no
+/// column has a heading.
 class ListWindow : public wxListCtrl {
  public:
   /// @param record the rows; must outlive the window
   /// @param pictureOf a row's picture among those set by SetSmallImages, -1 for none; may be empty
   ListWindow(wxWindow* parent, const ListView& record, std::function<int(const ListRow&)> pictureOf);
 
-  /// Works its rows' height and its scroll bars out, once; by itself it does so when the window is in sight.
+  /// Computes the row height and the scroll bars now, once; by default that happens when the window is shown.
   void Settle();
 
-  /// Gives each column its share of the width; at first all have the same.
+  /// Gives each column its share of the width; initially all are equal.
   void SetShares(const std::vector<double>& shares);
 
-  /// Shows the rows, the selection and the order of the record, if it has changed since. As much is done as differs,
-  /// so that a list with all of a hundred thousand rows selected takes no longer.
+  /// Shows the rows, the selection and the order of the record if it has changed, with the fewest updates, so that it
+  /// is fast even with a hundred thousand selected rows.
   void ShowRecord();
 
-  /// Where the menu is to come up that was asked for last: at the mouse, or by the keyboard at the row with its mark.
+  /// Position of the last requested context menu: at the mouse, or at the focused row for a menu requested by keyboard.
   [[nodiscard]] wxPoint MenuPlace() const;
 
-  /// How high the line with the headings is.
+  /// The height of the heading line.
   [[nodiscard]] int HeadingHeight() const;
 
-  /// What is behind a row's texts.
+  /// The background colour of a row.
   [[nodiscard]] wxColour GroundOf(long row) const;
 
-  /// Which rows are selected on the screen.
+  /// The selection on the screen.
   const std::vector<bool>& Selection();
 
-  /// Called when the right mouse button has been let go over the list, or the Menu key pressed.
+  /// Called when the right mouse button is released over the list or the Menu key is pressed.
   std::function<void()> menuAsked;
 
-  /// Called when other rows may have come into sight.
+  /// Called when other rows may have become visible.
   std::function<void()> scrolled;
 
-  /// Called once after each thing that a person does to the selection, by mouse or keyboard, however many rows that
-  /// selects. What the record itself changed is not told.
+  /// Called once after each change of the selection by the user, however many rows it affects. Not called for changes
+  /// by the record.
   std::function<void()> selectionChanged;
 
-  /// Whether what the toolkit makes of the person's last act comes from a click on a check box: it takes a second click
-  /// there for one on the text.
+  /// True if the last input was a click on a check box. The toolkit would take a second click there for one on the
+  /// text.
   [[nodiscard]] bool BoxPressed() const { return boxPressed_; }
 
  private:
@@ -81,35 +81,35 @@ class ListWindow : public wxListCtrl {
 
   const ListView& record_;
   std::function<int(const ListRow&)> pictureOf_;
-  std::vector<double> shares_;   ///< of the whole width, one a column
-  unsigned shownRevision_ = 0;   ///< the record's that is on the screen
-  std::vector<bool> selection_;  ///< the toolkit takes long to tell which of many rows are selected
+  std::vector<double> shares_;   ///< of the total width, one per column
+  unsigned shownRevision_ = 0;   ///< revision of the record on the screen
+  std::vector<bool> selection_;  ///< a copy, because the toolkit is slow with many selected rows
   bool settled_ = false;
-  bool touched_ = false;  ///< a person may have changed the selection since it was read
+  bool touched_ = false;  ///< the user may have changed the selection since it was read
   bool lookIsDue_ = false;
-  mutable wxItemAttr marked_;  ///< of the row that was asked for last, where its text is bold or has a colour
+  mutable wxItemAttr marked_;  ///< attributes of the last requested row, if its text is bold or coloured
   bool menuByKeyboard_ = false;
-  bool boxPressed_ = false;   ///< the mouse went down on a check box, and no key since
-  bool menuIsDue_ = false;    ///< when the right button is let go
-  bool menuIsAsked_ = false;  ///< it comes up as soon as all else is done
-  bool selecting_ = false;    ///< an event comes for each row, for which its texts need not be made
+  bool boxPressed_ = false;   ///< the last input was a mouse button pressed on a check box
+  bool menuIsDue_ = false;    ///< the menu opens when the right button is released
+  bool menuIsAsked_ = false;  ///< the menu opens after the pending events
+  bool selecting_ = false;    ///< a selection of many rows is in progress; ignore its events
 };
 
-/// What a list shows in one column of a row: a very long text is cut, as none has room for it.
+/// The text that a list shows in one column of a row, truncated if very long.
 std::string ShownText(const ListView& record, const ListRow& row, std::size_t column);
 
-/// Has a click on a heading tell the record which, and call `clicked`.
+/// On a click on a heading, stores its column in the record and calls `clicked`.
 void OnHeadingClick(ListWindow& list, ListView& record, const std::function<void()>& clicked);
 
-/// Lets a list become smaller than its columns are now, so that the window around it can.
-/// @param least its least size in pixels at 100 %
+/// Lets a list become smaller than its columns, so that its window can shrink.
+/// @param least its minimum size in pixels at 100 %
 void LetShrink(ListWindow& list, const wxSize& least);
 
-/// Has a person edit a row's first text in its place, by F2 or a second click on it. The record is told what was
-/// written, and `edited` called: what is shown then is the record's to say. A text that was left as it was is not told.
+/// Lets the user edit a row's first text in place, by F2 or a second click on it. Stores the new text in the record and
+/// calls `edited`, which decides what is shown. Not called if the text is unchanged.
 void OnLabelEdited(ListWindow& list, ListView& record, const std::function<void()>& edited);
 
-/// Has a person check and uncheck a row by a click on its box or by the space bar. The record says so already when
+/// Lets the user check and uncheck a row by a click on its box or by the space bar. The record is updated before
 /// `toggled` is called.
 void OnChecked(ListWindow& list, ListView& record, const std::function<void()>& toggled);
 

@@ -18,7 +18,7 @@ namespace oravin::gui {
 
 namespace {
 
-/// A button with the answer that it stands for.
+/// A button and its answer.
 using Choice = std::pair<int, Answer>;
 
 std::vector<Choice> ChoicesOf(Buttons buttons) {
@@ -67,7 +67,7 @@ wxTextCtrl* AddContent(wxDialog& dialog, wxSizer* whole, const Message& box) {
   return text;
 }
 
-/// The buttons; the first one is pressed by Enter and has the focus, the last one is pressed by Escape.
+/// The buttons. The first has focus and is pressed by Enter, the last is pressed by Escape.
 void AddButtons(wxDialog& dialog, wxSizer* whole, const std::vector<Choice>& choices) {
   auto* line = new wxStdDialogButtonSizer;
   for (const auto& [id, answer] : choices) {

@@ -19,10 +19,11 @@ bool ShowCaption(wxWindow& window, const std::string& caption) {
   return true;
 }
 
-/// A label that may be cut short tells of files, in whose names `&` marks nothing.
+/// True if `&` does not mark an access key: labels with an ellipsis show file names.
 bool IsPlain(const wxStaticText& window) { return (window.GetWindowStyle() & wxST_ELLIPSIZE_MASK) != 0; }
 
-/// Before the window is in sight nothing can point at it, and Windows makes a window of its own for the first tooltip.
+/// Tooltips are set after the window is shown: the first one makes Windows create another window, which slows the
+/// start.
 void ShowTooltip(wxWindow& window, const std::string& tooltip) {
   const wxString text = ToScreen(tooltip);
   if (window.GetToolTipText() == text) return;
@@ -59,7 +60,7 @@ void ShowOne(Reflection& reflection) {
 }  // namespace
 
 void Take(const wxTextCtrl& window, TextBox& record) {
-  // What nobody typed into stays as it is, so that no character is lost on its way to the screen and back.
+  // An unchanged text is not copied back, so that conversion to the screen loses no character.
   if (window.GetValue() != ToScreen(record.text)) record.text = FromScreen(window.GetValue());
 }
 
@@ -82,7 +83,7 @@ bool Show(wxStaticText& window, const Label& record) {
     ShowTooltip(window, record.caption);
     return true;
   }
-  // A label that was wrapped to its place has line breaks where its caption has blanks.
+  // A wrapped label has line breaks in place of some spaces of its caption.
   wxString shown = window.GetLabel();
   shown.Replace("\n", " ");
   wxString caption = ToScreen(record.caption);

@@ -14,8 +14,8 @@
 #include "desk/controls.h"
 #include "gui/list_window.h"
 
-/// The pairs between the core's control records and the window's own controls: *take* before an action runs, *show*
-/// after it. A control without something that a person can change has nothing to take.
+/// Connects the core's control records with the window's widgets: *take* copies widget to record before an action,
+/// *show* copies record to widget after it. A control without user input has nothing to take.
 namespace oravin::gui {
 
 void Take(const wxTextCtrl& window, TextBox& record);
@@ -23,7 +23,7 @@ void Take(const wxCheckBox& window, CheckBox& record);
 void Take(ListWindow& window, ListView& record);
 void Take(const wxNotebook& window, TabStrip& record);
 
-/// Each shows what differs and leaves the rest alone. Returns whether the control may now want another size.
+/// Each updates only what differs. Returns true if the control's best size may have changed.
 bool Show(wxStaticText& window, const Label& record);
 bool Show(wxTextCtrl& window, const TextBox& record);
 bool Show(wxButton& window, const Button& record);
@@ -35,10 +35,10 @@ bool Show(wxNotebook& window, const TabStrip& record);
 struct Reflection {
   std::string name;
   wxWindow* window = nullptr;
-  const ListView* list = nullptr;  ///< where the control is a list
-  std::function<void()> take;      ///< empty for a control without a record
+  const ListView* list = nullptr;  ///< if the control is a list
+  std::function<void()> take;      ///< empty for a control without user input
   std::function<bool()> show;
-  bool inProgress = false;  ///< what it shows is kept up to date while an action runs
+  bool inProgress = false;  ///< it is also updated while an action runs
 };
 
 /// All the controls of the window.
@@ -46,19 +46,19 @@ struct Mirror {
   std::vector<Reflection> reflections;
 };
 
-/// Reads what the person did to the controls into their records.
+/// Copies the user's input from the controls to their records.
 void TakeAll(Mirror& mirror);
 
-/// Shows what the records say.
+/// Updates the controls from their records.
 void ShowAll(Mirror& mirror);
 
-/// Shows what the labels' records say: what an action can tell of itself while it runs.
+/// Updates the labels from their records, which an action may change while it runs.
 void ShowLabels(Mirror& mirror);
 
-/// Has lists that were just made work out what they show where.
+/// Makes new lists compute their layout.
 void SettleLists(Mirror& mirror);
 
-/// Puts a control and its record into the mirror and shows the record. The control bears the name from then on.
+/// Adds a control and its record to the mirror, names the control and shows the record.
 void Reflect(Mirror& mirror, const std::string& name, wxStaticText* window, Label& record);
 void Reflect(Mirror& mirror, const std::string& name, wxTextCtrl* window, TextBox& record);
 void Reflect(Mirror& mirror, const std::string& name, wxButton* window, Button& record);
@@ -66,11 +66,11 @@ void Reflect(Mirror& mirror, const std::string& name, wxCheckBox* window, CheckB
 void Reflect(Mirror& mirror, const std::string& name, ListWindow* window, ListView& record);
 void Reflect(Mirror& mirror, const std::string& name, wxNotebook* window, TabStrip& record);
 
-/// Puts a control that is none of these into the mirror, under its name.
-/// @param show brings what it shows to what its record says; returns whether it may now want another size
+/// Adds another kind of control to the mirror, under its name.
+/// @param show updates it from its record; returns true if its best size may have changed
 void Reflect(Mirror& mirror, const std::string& name, wxWindow* window, std::function<bool()> show);
 
-/// Names a control that has no record, so that the layout file tells where it is.
+/// Names a control without a record, so that it appears in the layout file.
 void Name(Mirror& mirror, const std::string& name, wxWindow* window);
 
 }  // namespace oravin::gui

@@ -6,23 +6,23 @@
 
 #include "desk/message_box.h"
 
-/// What each system asks and tells in its own way.
+/// Dialogs that differ by system.
 namespace oravin::gui {
 
-/// Shows a message box and waits for its answer. A box that was closed without a button is answered safely.
-/// @param owner the window that it stands on; null for none
+/// Shows a message box and waits for its answer. Closing it without a button gives the safe answer.
+/// @param owner the parent window; null for none
 Answer ShowMessage(wxWindow* owner, const Message& box);
 
-/// Has the person choose a folder of the file system.
-/// @param prompt what the dialog asks
-/// @param owner the window that it stands on; null for none
-/// @return its path as Windows spells it; empty when the person chose none
+/// Lets the user choose a folder of the file system.
+/// @param prompt text of the dialog
+/// @param owner the parent window; null for none
+/// @return its path as Windows spells it; empty if the user cancelled
 std::string AskForFolder(wxWindow* owner, const std::string& prompt);
 
-/// Tells somebody who started the program with words: on the standard output or, where Windows gives the program none,
+/// Prints a text for a user who started the program with arguments: to the standard output or, on Windows without one,
 /// in a message box.
 /// @param text UTF-8, whole lines
-/// @param wrong the words were wrong; it goes to the standard error
+/// @param wrong an error: goes to the standard error
 void TellStarter(const std::string& text, bool wrong);
 
 }  // namespace oravin::gui

@@ -2,26 +2,25 @@
 
 #include <wx/notebook.h>
 
-/// What each system wants of a window on its way to the screen. GTK wants little; Windows, and Wine above all, draw
-/// much of it several times unless they are kept from it.
+/// Showing and painting windows, which differs by system. Windows, and Wine above all, paints much several times unless
+/// prevented.
 namespace oravin::gui {
 
-/// The part of the main screen that no bar of the desktop takes, in the window's own pixels.
+/// The part of the main screen without desktop bars, in the window's pixels.
 wxRect RoomOnScreen();
 
-/// Has a list that was just made wait with its scroll bars, which Windows works out anew at each step, until
-/// SettleList.
+/// Postpones the scroll bars of a new list until SettleList; Windows would compute them after each step.
 void HoldList(wxWindow* list);
 
-/// Has a list that was held find its rows' height and its scroll bars: when it has its size, and best before it is in
-/// sight, where it is quick.
+/// Makes a held list compute its row height and scroll bars: when it has its size, and best before it is shown, which
+/// is faster.
 void SettleList(wxWindow* list);
 
-/// Has a tab strip paint what is around its page and not what the page covers, without flicker.
+/// Makes a tab strip paint only the area around its page, without flicker.
 void PaintAroundPage(wxNotebook* tabs);
 
-/// Has a window that has come up paint itself with all that it holds, now and not by the way of its messages, where
-/// that is quicker.
+/// Paints a new window with all its children now, without going through its message queue, on systems where that is
+/// faster.
 void PaintAtOnce(wxWindow* window);
 
 }  // namespace oravin::gui

@@ -11,9 +11,8 @@ namespace oravin::gui {
 std::optional<int> ReadOptions(const std::vector<std::string>& words, Options& options) {
   CLI::App parser{"Edits the installed files of StarLancer, in a window."};
   parser.name("oravin");
-  parser.add_option("--game", options.folders.game, "The game folder; without it, it is searched for")
-      ->type_name("DIR");
-  parser.add_option("--program", options.folders.program, "The program folder; without it, it is searched for")
+  parser.add_option("--game", options.folders.game, "The game folder; searched for if not given")->type_name("DIR");
+  parser.add_option("--program", options.folders.program, "The program folder; searched for if not given")
       ->type_name("DIR");
   parser
       .add_option(
@@ -23,14 +22,13 @@ std::optional<int> ReadOptions(const std::vector<std::string>& words, Options& o
       ->type_name(" ");
   parser
       .add_option("--layout", options.layoutFile,
-                  "For tests that click: keeps a JSON file with the window's state and where on the screen every "
-                  "control is, renewed whenever something changed")
+                  "For tests: maintains a JSON file with the window's state and the screen position of every control")
       ->type_name("FILE");
   parser.add_flag("--exit-when-painted", options.exitWhenPainted,
-                  "For measuring: ends as soon as the window was painted once");
+                  "For benchmarks: exits as soon as the window has been painted once");
   parser.set_version_flag("--version", "Oravin " + PlainVersion(), "Prints the version");
   try {
-    parser.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser takes the last one first
+    parser.parse(std::vector<std::string>(words.rbegin(), words.rend()));  // the parser expects reverse order
   } catch (const CLI::ParseError& error) {
     constexpr int wrongUse = 2;
     std::ostringstream said;

@@ -8,17 +8,17 @@
 
 namespace oravin::gui {
 
-/// What the program was started with.
+/// The command line's options.
 struct Options {
   GivenFolders folders;
-  std::string file;              ///< a file to open at once, as a path of this machine; empty for none
-  std::string layoutFile;        ///< where the layout is kept; empty for nowhere
-  bool exitWhenPainted = false;  ///< for measuring how long the start takes
+  std::string file;              ///< a file to open, as a native path; empty for none
+  std::string layoutFile;        ///< path of the layout file; empty for none
+  bool exitWhenPainted = false;  ///< for measuring the start-up time
 };
 
-/// Reads the command line. Prints what --help, --version or a wrong use call for.
-/// @param words what stands behind the program's name
-/// @return the exit status when the program ends here (0, or 2 for wrong use)
+/// Reads the command line. Handles --help, --version and wrong usage.
+/// @param words the arguments after the program's name
+/// @return the exit status if the program ends here (0, or 2 for wrong usage)
 std::optional<int> ReadOptions(const std::vector<std::string>& words, Options& options);
 
 }  // namespace oravin::gui

@@ -16,7 +16,7 @@ namespace oravin::gui {
 namespace {
 
 #ifdef __WXMSW__
-/// A control without a border does not draw one: to find that out Windows would make a device context.
+/// Skip painting the border of a borderless control: Windows would create a device context for it.
 template <typename Control>
 class Borderless : public Control {
  public:
@@ -26,8 +26,8 @@ class Borderless : public Control {
   }
 };
 
-/// Leaves access keys to the window around it: Windows looks for them only in the panel that it is asked about, and
-/// takes the key from all others.
+/// Leaves access keys to its parent: Windows looks for them only in the panel that it asks, and takes the key from all
+/// others.
 class Panel : public Borderless<wxPanel> {
  public:
   using Borderless<wxPanel>::Borderless;
@@ -41,8 +41,8 @@ using Borderless = Control;
 using Panel = wxPanel;
 #endif
 
-/// GTK's own box wants the room that its contents have now, so that nothing around it could ever shrink; what they
-/// really need is their sizer's to say.
+/// GTK's box asks for the current size of its contents, so nothing around it could shrink; use the sizer's minimum
+/// instead.
 class FrameBox : public wxStaticBox {
  public:
   using wxStaticBox::wxStaticBox;
@@ -75,7 +75,7 @@ wxPanel* NewPanel(wxWindow* parent) { return new Panel(parent); }
 
 wxWindow* NewEdge(wxWindow* parent) {
   wxPanel* edge = NewPanel(parent);
-  edge->SetSize(parent->FromDIP(wxSize(220, 200)));  // large enough from the start for a scroll bar to find its room
+  edge->SetSize(parent->FromDIP(wxSize(220, 200)));  // large enough for a scroll bar from the start
   edge->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW));
   return edge;
 }
@@ -105,7 +105,7 @@ wxSizer* NewFieldLines(wxWindow* page, const std::vector<FieldLine>& lines) {
     grid->Add(line.label, wxSizerFlags().CentreVertical());
     grid->Add(line.field, wxSizerFlags().Expand());
     for (std::size_t i = 0; i < columns; ++i) {
-      // What is done with the file stands a little apart from what belongs to the field.
+      // A larger gap between the field's own button and actions on the file.
       const wxSizerFlags flags = wxSizerFlags().CentreVertical().Border(wxLEFT, i == 1 ? space : 0);
       if (i < line.buttons.size()) {
         grid->Add(line.buttons[i], flags);
@@ -162,7 +162,7 @@ void Monospace(wxTextCtrl* text) {
 void Enlarge(wxStaticText* label, float factor, bool bold) {
   const wxFont larger = label->GetFont().Scaled(factor);
   label->SetFont(bold ? larger.Bold() : larger);
-  // Before the window is on the screen a label still wants the room of the font that it had.
+  // Before the window is shown, a label still reports its size in the old font.
   const int rounding = label->FromDIP(2);
   label->SetMinSize(label->GetTextExtent(label->GetLabelText()) + wxSize(rounding, 0));
 }

@@ -18,7 +18,7 @@ constexpr int squareSide = 8;
 constexpr unsigned char lightSquare = 0xB4;
 constexpr unsigned char darkSquare = 0xA2;
 
-/// Four squares of the checked ground.
+/// Four squares of the chequered background.
 wxBitmap NewGround(int side) {
   wxImage image(2 * side, 2 * side, false);
   for (int y = 0; y < 2 * side; ++y) {
@@ -60,14 +60,14 @@ void PicturePane::ShowRecord() {
 
 wxSize PicturePane::DoGetBestSize() const { return FromDIP(wxSize(smallestPane, smallestPane)); }
 
-/// Only where there is something to scroll the keyboard has a use for it.
+/// Accept focus only if there is something to scroll.
 bool PicturePane::AcceptsFocus() const {
   const wxSize whole = GetVirtualSize();
   const wxSize seen = GetClientSize();
   return whole.x > seen.x || whole.y > seen.y;
 }
 
-/// The size that the picture has on the screen, in the window's own pixels.
+/// The picture's size on the screen, in the window's pixels.
 wxSize PicturePane::PictureSize() const {
   if (!record_.picture) return {0, 0};
   const wxSize picture(record_.picture->width, record_.picture->height);
@@ -81,7 +81,7 @@ wxSize PicturePane::PictureSize() const {
 }
 
 void PicturePane::Arrange() {
-  // A fitted picture takes what room there is, without scroll bars.
+  // A fitted picture fills the pane, without scroll bars.
   SetVirtualSize(shownFitted_ || !record_.picture ? wxSize(1, 1) : PictureSize());
 }
 

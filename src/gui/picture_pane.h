@@ -8,21 +8,21 @@
 
 namespace oravin::gui {
 
-/// A picture of the core as one of the toolkit's.
-/// @param scale pixels of the screen to one of the window
+/// Converts a picture of the core to one of the toolkit.
+/// @param scale screen pixels per window pixel
 wxBitmap BitmapOf(const Picture& picture, double scale);
 
-/// Shows a texture's picture on a checked ground: as large as there is room, in its proportions, or pixel by pixel and
-/// scrolled where that is larger than the pane. Nothing is smoothed.
+/// Shows a texture's picture on a chequered background: fitted to the pane in its proportions, or pixel by pixel with
+/// scroll bars. No smoothing.
 class PicturePane : public wxScrolledCanvas {
  public:
   /// @param record must outlive the window
   PicturePane(wxWindow* parent, const TexturePreview& record);
 
-  /// Shows the record's picture, if that or the size it is to have has changed.
+  /// Shows the record's picture, if it or its size has changed.
   void ShowRecord();
 
-  /// Where the picture is, in the window's own coordinates; an empty rectangle without one.
+  /// The picture's rectangle in the window's coordinates; empty without one.
   [[nodiscard]] wxRect PictureRectangle() const;
 
  private:
@@ -36,12 +36,12 @@ class PicturePane : public wxScrolledCanvas {
   unsigned shownRevision_ = 0;
   bool shownFitted_ = false;
   wxBitmap ground_;
-  wxBitmap drawn_;  ///< the picture in the size that it had last
+  wxBitmap drawn_;  ///< the picture in the size drawn last
 };
 
-/// Makes the controls of a preview and lays them out below each other: what it shows, the picture, and how.
-/// @param name of its record; its controls' names begin with it
-/// @param chain whether there may be several images to choose from
+/// Makes the controls of a preview, from top to bottom: description, picture, view options.
+/// @param name of its record; a prefix of its controls' names
+/// @param chain true if there may be several mipmap levels
 wxSizer* NewPreview(wxWindow* parent, const Surroundings& surroundings, const std::string& name, TexturePreview& record,
                     bool chain);
 

@@ -14,7 +14,7 @@ namespace oravin::gui {
 namespace {
 
 constexpr int listPictureSize = 20;
-constexpr int greatestSmallIcon = 24;  ///< up to here the drawing for small sizes is clearer
+constexpr int greatestSmallIcon = 24;  ///< up to this size the small drawing is clearer
 
 enum ShipPicture {
   stockFighter,
@@ -61,7 +61,7 @@ wxBitmapBundle Emblem(const wxSize& size) { return wxBitmapBundle::FromSVG(drawi
 wxIconBundle ProgramIcon() {
   wxIconBundle icons;
 #ifdef __WXMSW__
-  // Windows takes two from the window, and the larger ones from the executable.
+  // Windows uses two sizes of the window and takes larger ones from the executable.
   const std::array<int, 2> sides = {wxSystemSettings::GetMetric(wxSYS_SMALLICON_X),
                                     wxSystemSettings::GetMetric(wxSYS_ICON_X)};
 #else

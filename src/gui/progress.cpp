@@ -22,9 +22,9 @@ constexpr int gaugeRange = 1000;
 constexpr int gaugeWidth = 200;
 constexpr int waitingWidth = 420;
 constexpr std::chrono::milliseconds betweenPaintings(40);
-constexpr std::chrono::milliseconds beforeWaiting(300);  // what is over sooner needs no window of its own
+constexpr std::chrono::milliseconds beforeWaiting(300);  // no window for shorter actions
 
-/// Makes the small window that tells of an action before there is a window.
+/// Makes the small progress window for actions before the main window exists.
 void OpenWaiting(Window& window) {
   auto* dialog = new wxDialog(nullptr, wxID_ANY, programTitle);
   dialog->SetIcons(ProgramIcon());
@@ -78,7 +78,7 @@ void HideProgress(Window& window) {
   if (window.focusBefore) window.focusBefore->SetFocus();
 }
 
-/// Disables the controls and takes the keyboard from them.
+/// Disables the controls and moves the focus away from them.
 void BeginProgress(Window& window) {
   window.progress = true;
   window.progressAt = &PlaceFor(window);
@@ -88,16 +88,16 @@ void BeginProgress(Window& window) {
   window.progressAt->gauge->Show();
 }
 
-/// Lets the window draw itself and hear the person.
+/// Processes pending paint and input events.
 void Breathe(Window& window) {
   if (wxEventLoopBase::GetActive() != nullptr) {
     wxTheApp->Yield(true);
   } else {
-    wxGUIEventLoop loop;  // the program's own has not begun yet
+    wxGUIEventLoop loop;  // the main event loop has not started yet
     const wxEventLoopActivator active(&loop);
     loop.Yield(true);
   }
-  // Counted from its end: where painting is slow, the action still gets most of the time.
+  // Counted from the end, so that the action gets most of the time even if painting is slow.
   window.progressPainted = std::chrono::steady_clock::now();
 }
 
@@ -105,7 +105,7 @@ bool HasHeldBreath(const Window& window, std::chrono::milliseconds time) {
   return std::chrono::steady_clock::now() - window.progressPainted >= time;
 }
 
-/// Before there is a window nothing is shown of what may be over at once.
+/// True before the main window exists, while the action may still be a short one: nothing is shown yet.
 bool IsTooSoon(Window& window) {
   if (window.frame != nullptr || window.waiting != nullptr) return false;
   const auto now = std::chrono::steady_clock::now();
@@ -125,7 +125,7 @@ wxGauge* NewGauge(wxWindow* parent) {
 
 wxWindow* NewKeys(wxWindow* parent) {
   auto* keys = new wxWindow(parent, wxID_ANY, wxPoint(0, 0), wxSize(1, 1), wxWANTS_CHARS);
-  keys->DisableFocusFromKeyboard();  // the Tab key passes it by
+  keys->DisableFocusFromKeyboard();  // skipped by the Tab key
   return keys;
 }
 
@@ -164,7 +164,7 @@ void ShowProgress(Window& window, const Progress& progress) {
 
 bool StopAsked(Window& window) {
   window.stoppable = true;
-  // Where the action also tells how far it is, that is to be painted with the breath.
+  // Show the latest progress in the same paint.
   if (window.progress && HasHeldBreath(window, 2 * betweenPaintings)) Breathe(window);
   return window.stop;
 }

@@ -8,35 +8,35 @@
 
 #include "desk/desk.h"
 
-/// How far a long action has come. Actions run on the window's own thread: what tells of them is painted between their
-/// steps, with all controls disabled meanwhile, and not so often that painting slows the action down.
+/// Progress of long actions. Actions run on the window's own thread. Between their steps the window is painted, with
+/// all controls disabled, but not so often that it slows the action down.
 namespace oravin::gui {
 
 struct Window;
 
-/// Where that is shown: in the window's status line, at the foot of a form, or, before there is a window, in a small
-/// one of its own.
+/// Where progress is shown: in the window's status line, at the bottom of a form or, before the window exists, in a
+/// small window of its own.
 struct ProgressPlace {
   wxGauge* gauge = nullptr;
   std::function<void(const wxString& text)> tell;
-  std::vector<wxWindow*> controls;  ///< disabled meanwhile
-  wxWindow* keys = nullptr;         ///< gets the keyboard meanwhile
+  std::vector<wxWindow*> controls;  ///< disabled during the action
+  wxWindow* keys = nullptr;         ///< has focus during the action
 };
 
-/// Makes a bar.
+/// Makes a progress bar.
 wxGauge* NewGauge(wxWindow* parent);
 
-/// Makes what gets the keyboard while all else is disabled; it is never in sight.
+/// Makes an invisible window that has focus while everything else is disabled.
 wxWindow* NewKeys(wxWindow* parent);
 
-/// Makes a line for the foot of a form: a text and a bar, which come up with the action.
-/// @param controls disabled while it runs
+/// Makes a line for the bottom of a form: a text and a bar, shown only during an action.
+/// @param controls disabled during the action
 wxSizer* NewProgressLine(wxWindow* parent, ProgressPlace& place, const std::vector<wxWindow*>& controls);
 
-/// Shows how far the action has come, or that it is over.
+/// Shows the progress of the action, or removes it at its end.
 void ShowProgress(Window& window, const Progress& progress);
 
-/// Whether the person has asked for the action to be stopped. An action that asks can be: the text tells so from then
+/// True if the user has asked to stop the action. An action that asks can be stopped, so the text says how from then
 /// on.
 bool StopAsked(Window& window);
 

@@ -7,8 +7,7 @@
 
 namespace oravin::gui {
 
-/// Draws what the lists' pictures mean, side by side. One window for all of them: each window of its own would make the
-/// program start later.
+/// Draws the meaning of the lists' pictures, side by side. One window for all: more windows make the start slower.
 class ShipLegend : public wxWindow {
  public:
   explicit ShipLegend(wxWindow* parent);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int purposeWidth = 780;
 
-/// The lines of the list.
+/// The list of lines.
 ListWindow* NewLines(wxWindow* edge, const Surroundings& surroundings) {
   ShipListForm& record = surroundings.main.ShipList;
   auto* list = new ListWindow(edge, record.lstShips, {});
@@ -27,7 +27,7 @@ ListWindow* NewLines(wxWindow* edge, const Surroundings& surroundings) {
   return list;
 }
 
-/// The fields of the selected line, in two lines of three; Enter takes them into it.
+/// The fields of the selected line, in two rows of three; Enter applies them.
 wxSizer* NewLineFields(wxWindow* panel, const Surroundings& surroundings) {
   ShipListForm& record = surroundings.main.ShipList;
   struct Field {
@@ -56,7 +56,7 @@ wxSizer* NewLineFields(wxWindow* panel, const Surroundings& surroundings) {
   return grid;
 }
 
-/// What is done with the selected line.
+/// The buttons for the selected line.
 wxSizer* NewLineButtons(wxWindow* panel, const Surroundings& surroundings) {
   ShipListForm& record = surroundings.main.ShipList;
   const std::vector<wxButton*> buttons = {

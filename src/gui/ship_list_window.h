@@ -4,8 +4,7 @@
 
 namespace oravin::gui {
 
-/// Shows the form in which a drafted ship list is looked through, over its record until it is closed. It may come up
-/// before there is a window.
+/// Shows the form for checking a drafted ship list, with its record, until it is closed. It may open before the window.
 void ShowShipList(Window& window, Main& main);
 
 }  // namespace oravin::gui

@@ -17,9 +17,9 @@ namespace oravin::gui {
 namespace {
 
 constexpr int smallestWidth = 130;
-constexpr int axisMargin = 12;  ///< left and right of the axes, so that a mark at an end is whole
+constexpr int axisMargin = 12;  ///< left and right of the axes, so that a mark at an end is not cut off
 constexpr int barHeight = 8;
-constexpr int markSide = 5;  ///< from the middle of the compared ship's mark to its corners
+constexpr int markSide = 5;  ///< from the centre of the compared ship's mark to its corners
 constexpr int chartSpace = 6;
 constexpr const char* howToCompare = "Copy Stats marks a ship to compare with.";
 
@@ -32,7 +32,7 @@ void FillRectangle(wxDC& dc, const wxColour& colour, const wxRect& rectangle) {
 /// The selected ship's bar, or its sample in the legend.
 void DrawBar(wxDC& dc, const wxRect& bar) { FillRectangle(dc, StandingOut(), bar); }
 
-/// The compared ship's mark, with an edge that sets it off from the bar.
+/// The compared ship's mark, with an outline to stand out from the bar.
 void DrawMark(wxDC& dc, const wxPoint& middle, int side) {
   const std::array<wxPoint, 4> corners = {wxPoint(0, -side), wxPoint(side, 0), wxPoint(0, side), wxPoint(-side, 0)};
   dc.SetPen(wxPen(ListGround(), 1));
@@ -79,7 +79,7 @@ StatsChartPane::StatsChartPane(wxWindow* parent, const StatsTab& record, ListWin
 void StatsChartPane::ShowRecord() {
   std::string words = Words();
   if (words.empty()) words = "Chart of the statistics of " + Chart().selectedName + " among those of all ships";
-  if (GetLabel() != ToScreen(words)) SetLabel(ToScreen(words));  // for those who hear the window
+  if (GetLabel() != ToScreen(words)) SetLabel(ToScreen(words));  // for screen readers
   Refresh();
 }
 
@@ -99,7 +99,7 @@ wxRect StatsChartPane::RowRectangle(std::size_t row) const {
   return {0, top, GetClientSize().GetWidth(), rectangle.height};
 }
 
-/// What lies below the list's headings.
+/// The area below the list's headings.
 wxRect StatsChartPane::RowsRectangle() const {
   const int top = ScreenToClient(list_.ClientToScreen(wxPoint(0, list_.HeadingHeight()))).y;
   return {0, top, GetClientSize().GetWidth(), GetClientSize().GetHeight() - top};
@@ -131,7 +131,7 @@ void StatsChartPane::Paint() {
   }
 }
 
-/// The heading goes on where the list's end, and tells what the ticks are.
+/// The heading, which continues the list's and explains the ticks.
 void StatsChartPane::PaintHeading(wxDC& dc, const wxRect& heading) {
   if (heading.height <= 0) return;
   wxRendererNative::Get().DrawHeaderButton(this, dc, heading);

@@ -9,13 +9,12 @@
 
 namespace oravin::gui {
 
-/// Draws a ship's statistics as bars beside the list of their values, each in the line of its row and scrolled with
-/// it: the selected ship's bar, the compared ship's mark, and on the axis a tick each for the smallest, the middle and
-/// the largest value of all ships.
+/// Draws a ship's statistics as bars next to the list of their values, scrolled with it: the selected ship's bar, the
+/// compared ship's mark, and ticks for the smallest, the middle and the largest value of all ships.
 class StatsChartPane : public wxWindow {
  public:
-  /// @param record what the chart shows; must outlive the window
-  /// @param list the rows to draw beside; its top is the pane's own
+  /// @param record the chart; must outlive the window
+  /// @param list the list with the rows; must have the same top edge as the pane
   StatsChartPane(wxWindow* parent, const StatsTab& record, ListWindow& list);
 
   /// Shows the chart of the record.
@@ -23,10 +22,10 @@ class StatsChartPane : public wxWindow {
 
   [[nodiscard]] const StatsChart& Chart() const { return record_.chart; }
 
-  /// What it says where there is no chart; empty where there is one.
+  /// The text shown instead of a chart; empty if there is a chart.
   [[nodiscard]] std::string Words() const;
 
-  /// Where a row is drawn, in the window's own coordinates; it may lie out of sight.
+  /// A row's rectangle in the window's coordinates; may be scrolled out of view.
   [[nodiscard]] wxRect RowRectangle(std::size_t row) const;
 
  private:
@@ -42,13 +41,13 @@ class StatsChartPane : public wxWindow {
   ListWindow& list_;
 };
 
-/// The line that tells whose the chart's bars and marks are.
+/// The legend of the chart's bars and marks.
 class StatsChartLegend : public wxWindow {
  public:
   /// @param record must outlive the window
   StatsChartLegend(wxWindow* parent, const StatsTab& record);
 
-  /// Shows the names of the record's chart.
+  /// Shows the names in the record's chart.
   void ShowRecord();
 
  private:
@@ -59,7 +58,7 @@ class StatsChartLegend : public wxWindow {
   const StatsTab& record_;
 };
 
-/// What a row of the chart shows, in words: each value on a line of its own.
+/// A row of the chart as text, one value per line.
 std::string InWords(const StatsChart& chart, const ChartRow& row);
 
 }  // namespace oravin::gui

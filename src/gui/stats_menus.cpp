@@ -48,7 +48,7 @@ void ShowStatsMenu(ListWindow& list, const StatsTab& tab, const Action& press) {
 }
 
 void ShowWeaponMenu(ListWindow& list, StatsTab& tab, const Action& press) {
-  // A click that brings up the menu may also have selected the row; what the menu offers depends on that.
+  // The click that opens the menu may also have selected the row, which changes the menu.
   press("stats.shipWeaponsList.ItemClick");
   struct Chosen {
     const TypeItem& item;

@@ -10,11 +10,11 @@ namespace oravin::gui {
 
 namespace {
 
-/// The narrowest that these may become, in pixels at 100 %.
+/// Minimum widths in pixels at 100 %.
 constexpr int smallestShips = 150;
 constexpr int smallestWeapons = 220;
 
-/// What the page consists of.
+/// The controls of the page.
 struct StatsParts {
   wxWindow* page = nullptr;
   wxStaticText* lblShips = nullptr;
@@ -39,7 +39,7 @@ struct StatsParts {
   wxButton* CmdDisable2 = nullptr;
 };
 
-/// Makes the list of the statistics wide enough for all its texts, and no wider.
+/// Fits the width of the statistics list to its texts.
 void FitStats(ListWindow& list) {
   const wxFont bold = list.GetFont().Bold();
   const int around = 2 * list.FromDIP(gap);
@@ -50,7 +50,7 @@ void FitStats(ListWindow& list) {
   };
   const int value = widthOf("0.33333334");
   const int label = widthOf("Afterburner Fuel");
-  const int whole = value + label + around;  // with room for a scroll bar
+  const int whole = value + label + around;  // including a scroll bar
   list.SetMinSize({whole, list.GetMinSize().GetHeight()});
   list.SetShares({static_cast<double>(value) / (value + label), static_cast<double>(label) / (value + label)});
 }
@@ -58,12 +58,12 @@ void FitStats(ListWindow& list) {
 ListWindow* NewList(wxWindow* edge, Mirror& mirror, const std::string& name, ListView& record, int smallest) {
   auto* list = new ListWindow(edge, record, {});
   list->SetMinSize(edge->FromDIP(wxSize(smallest, 100)));
-  edge->SetMinSize(wxDefaultSize);  // its list's
+  edge->SetMinSize(wxDefaultSize);  // use the list's minimum
   Reflect(mirror, name, list, record);
   return list;
 }
 
-/// Puts a picture of the records into the mirror.
+/// Adds a drawn pane to the mirror.
 template <typename Pane>
 void ReflectPane(Mirror& mirror, const std::string& name, Pane* pane) {
   Reflect(mirror, name, pane, [pane] {
@@ -100,7 +100,7 @@ void AddWeapons(StatsParts& parts, const Surroundings& surroundings) {
                                   [press = surroundings.press] { press("stats.chkHasCloak.MouseUp"); });
 }
 
-/// Makes the controls, in the order in which the Tab key walks them.
+/// Makes the controls in Tab order.
 StatsParts NewStatsParts(wxWindow* page, const Surroundings& surroundings) {
   StatsTab& tab = surroundings.main.stats;
   Mirror& mirror = surroundings.mirror;
@@ -121,7 +121,7 @@ StatsParts NewStatsParts(wxWindow* page, const Surroundings& surroundings) {
   return parts;
 }
 
-/// A line below a list, as high as the buttons in the other such lines.
+/// A line below a list, as high as the lines with buttons.
 wxSizer* NewLine(const StatsParts& parts) {
   auto* line = new wxBoxSizer(wxHORIZONTAL);
   line->SetMinSize({-1, parts.cmdRestoreShipStats->GetBestSize().GetHeight()});
@@ -140,7 +140,7 @@ wxSizer* LayOutShips(const StatsParts& parts) {
   return whole;
 }
 
-/// The list and its chart in one frame, as if the bars were a column.
+/// The list and its chart in one frame, so that the bars look like a column.
 wxSizer* LayOutStats(const StatsParts& parts) {
   wxWindow* page = parts.page;
   const int space = page->FromDIP(gap);
@@ -196,7 +196,7 @@ void BindLists(const StatsParts& parts, StatsTab& tab, const Action& press) {
   ListWindow& stats = *parts.shipStatsList;
   OnLabelEdited(stats, tab.shipStatsList, [press] { press("stats.shipStatsList.AfterLabelEdit"); });
   stats.Bind(wxEVT_LIST_ITEM_ACTIVATED, [&stats](wxListEvent& event) {
-    // The click itself would take the keyboard from the text at once.
+    // The click itself would take the focus from the text at once.
     stats.CallAfter([&stats, row = event.GetIndex()] { stats.EditLabel(row); });
   });
   stats.menuAsked = [&stats, &tab, press] { ShowStatsMenu(stats, tab, press); };
@@ -205,7 +205,7 @@ void BindLists(const StatsParts& parts, StatsTab& tab, const Action& press) {
   weapons.menuAsked = [&weapons, &tab, press] { ShowWeaponMenu(weapons, tab, press); };
   parts.topView->clicked = [&weapons, &tab, press](std::size_t row) {
     SelectOnly(tab.shipWeaponsList, row);
-    weapons.ShowRecord();  // before its own selection is read
+    weapons.ShowRecord();  // before the list's selection is read
     press("stats.shipWeaponsList.ItemClick");
   };
 }

@@ -10,13 +10,13 @@ namespace oravin::gui {
 
 namespace {
 
-constexpr int betweenWidth = 152;  // so that the button whose caption turns round does not move the lists
+constexpr int betweenWidth = 152;  // fixed, so that a changed caption does not move the lists
 constexpr const char* doubleClick = "switcher.swapOrgList.DblClick";
 
 ListWindow* NewShipList(wxWindow* parent, const SwitcherTab& tab, const ListView& record) {
   const std::string showsFighters = NewSwitcherTab().cmdToggle.caption;
   auto* list = new ListWindow(parent, record, [&tab, showsFighters](const ListRow& row) {
-    // The button offers the other kind of ships.
+    // The button names the other kind of ships.
     return PictureOf(row, tab.cmdToggle.caption == showsFighters ? ShipsShown::fighters : ShipsShown::capitalShips);
   });
   list->SetSmallImages(ShipPictures());
@@ -30,7 +30,7 @@ void FillSwitcherPage(wxPanel* page, const Surroundings& surroundings) {
   SwitcherTab& tab = surroundings.main.switcher;
   Mirror& mirror = surroundings.mirror;
 
-  // Made in the order in which the Tab key walks them.
+  // In Tab order.
   wxWindow* left = NewEdge(page);
   ListWindow* targets = NewShipList(left, tab, tab.swapOrgList);
   Enframe(left, targets);

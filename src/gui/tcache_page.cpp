@@ -11,11 +11,11 @@ namespace oravin::gui {
 
 namespace {
 
-/// Both set, so that the text can be read whatever colours the desktop has.
-constexpr unsigned long statusGround = 0xB8EAFF;  // blue, green, red
+/// Both are set, so that the text is readable with every desktop theme.
+constexpr unsigned long statusGround = 0xB8EAFF;  // 0xBBGGRR
 constexpr unsigned long statusText = 0x103040;
 
-/// What the page consists of.
+/// The controls of the page.
 struct TcacheParts {
   wxWindow* page = nullptr;
   wxStaticText* cacheLabel = nullptr;
@@ -54,7 +54,7 @@ ThumbnailList* NewThumbnails(wxWindow* edge, Main& main) {
   return thumbnails;
 }
 
-/// The list in its two forms, of which one is in sight.
+/// The two views of the list, one of them visible.
 void AddLists(TcacheParts& parts, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   parts.edge = NewEdge(parts.page);
@@ -70,7 +70,7 @@ void AddLists(TcacheParts& parts, const Surroundings& surroundings) {
   Enframe(parts.edge, parts.thumbnails);
 }
 
-/// The line that says when the cache has changed on disk, with the button that opens it again.
+/// The line shown when the cache has changed on disk, with a button to open it again.
 wxWindow* NewStatus(wxWindow* page, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   auto* status = NewPanel(page);
@@ -92,7 +92,7 @@ wxWindow* NewStatus(wxWindow* page, const Surroundings& surroundings) {
   return status;
 }
 
-/// Makes the controls, in the order in which the Tab key walks them: a label's access key leads to what follows it.
+/// Makes the controls in Tab order; a label's access key leads to the next control.
 TcacheParts NewTcacheParts(wxWindow* page, const Surroundings& surroundings) {
   TcacheTab& tab = surroundings.main.tcache;
   Mirror& mirror = surroundings.mirror;
@@ -167,7 +167,7 @@ void LayOut(const TcacheParts& parts) {
   page->SetSizer(framed);
 }
 
-/// Both forms of the list take the same keys and tell the same.
+/// Both views handle the same keys and run the same actions.
 void BindLists(const TcacheParts& parts, TcacheTab& tab, const Action& press) {
   ListWindow& list = *parts.lstTcache;
   ThumbnailList& thumbnails = *parts.thumbnails;
@@ -176,7 +176,7 @@ void BindLists(const TcacheParts& parts, TcacheTab& tab, const Action& press) {
   list.selectionChanged = [press] { press("tcache.lstTcache.ItemClick"); };
   list.Bind(wxEVT_LIST_ITEM_ACTIVATED, [press](wxListEvent&) { press("tcache.lstTcache.DblClick"); });
   thumbnails.selectionChanged = [&list, press] {
-    list.ShowRecord();  // before its own selection is read
+    list.ShowRecord();  // before the list's selection is read
     press("tcache.lstTcache.ItemClick");
   };
   thumbnails.activated = [press] { press("tcache.lstTcache.DblClick"); };
@@ -190,7 +190,7 @@ void BindLists(const TcacheParts& parts, TcacheTab& tab, const Action& press) {
   });
 }
 
-/// Shows the form of the list that the check box says.
+/// Shows the view that the check box selects.
 void ShowForm(const TcacheParts& parts, bool pictures) {
   parts.thumbnails->ShowRecord();
   parts.lstTcache->Show(!pictures);
@@ -199,7 +199,7 @@ void ShowForm(const TcacheParts& parts, bool pictures) {
   if (pictures) parts.thumbnails->ShowChosenRow();
 }
 
-/// Has the cache on disk looked at whenever the person comes to the page: by its tab, or from another program.
+/// Checks the cache on disk whenever the page is activated: by its tab, or when returning from another program.
 void BindArrival(wxWindow* page, const Action& press) {
   const auto arrived = [press, page = wxWeakRef<wxWindow>(page)](bool comes, wxEvent& event) {
     event.Skip();

@@ -5,19 +5,19 @@
 #include <string>
 #include <string_view>
 
-/// The edge between the core's single-byte text (Windows-1252) and the window's.
+/// Converts between the core's single-byte text (Windows-1252) and the toolkit's strings.
 namespace oravin::gui {
 
-/// Text of the core as the window shows it.
+/// Core text as a toolkit string.
 wxString ToScreen(std::string_view text);
 
-/// Text of the window for the core, as FromUtf8 has it: a character outside the code page becomes a substitute.
+/// Toolkit string as core text; as in FromUtf8, a character outside the code page becomes a substitute.
 std::string FromScreen(const wxString& text);
 
-/// A path of the core as the file dialogs want it: one of this machine.
+/// A path of the core as a native path for file dialogs.
 wxString ToDialogPath(const std::string& windowsPath);
 
-/// A path that a file dialog gave, as the core uses it.
+/// A path from a file dialog as a path of the core.
 std::string FromDialogPath(const wxString& path);
 
 }  // namespace oravin::gui

@@ -12,47 +12,47 @@
 
 namespace oravin::gui {
 
-/// Where a list of pictures has them from.
+/// The source of a list's pictures.
 struct ThumbnailSource {
-  std::function<std::string()> contents;  ///< what the rows are of: once this changes, all pictures are made anew
-  /// Makes a row's picture, at most `side` pixels wide and high; nothing for a row that has none.
+  std::function<std::string()> contents;  ///< identifies the rows' source: if it changes, all pictures are made again
+  /// Makes a row's picture, at most `side` pixels wide and high; nothing if it has none.
   std::function<std::optional<Picture>(const ListRow& row, int side)> pictureOf;
 };
 
-/// A list whose rows are shown as pictures with their names below, in as many columns as there is room for. It shows
-/// and changes the selection in the record. Only what is in sight is drawn; pictures are made when the program has
-/// nothing else to do, a few at a time and those in sight first.
+/// A list whose rows are pictures with names below, in as many columns as fit. It shows and changes the selection in
+/// the record. Only visible rows are drawn. Pictures are made while the program is idle, a few at a time, visible ones
+/// first.
 class ThumbnailList : public wxScrolledCanvas {
  public:
   /// @param record must outlive the window
   ThumbnailList(wxWindow* parent, ListView& record, ThumbnailSource source);
 
-  /// Shows the rows and the selection of the record, if they have changed since.
+  /// Shows the rows and the selection of the record, if they have changed.
   void ShowRecord();
 
-  /// Brings the selected row into sight, if it is one.
+  /// Scrolls to the selected row, if exactly one is selected.
   void ShowChosenRow();
 
-  /// The rows that are in sight: the first, and the one behind the last.
+  /// The visible rows: the first, and the one after the last.
   struct Range {
     std::size_t first = 0;
     std::size_t end = 0;
   };
   [[nodiscard]] Range RowsInSight() const;
 
-  /// Where a row is, in the window's own coordinates.
+  /// A row's rectangle in the window's coordinates.
   [[nodiscard]] wxRect RowRectangle(std::size_t row) const;
 
-  /// Whether a row's picture has been made.
+  /// True if a row's picture has been made.
   [[nodiscard]] bool HasPicture(std::size_t row) const;
 
-  /// How many pictures have been made.
+  /// The number of pictures made.
   [[nodiscard]] std::size_t PicturesMade() const { return pictures_.items.size(); }
 
   [[nodiscard]] const ListView& Record() const { return record_; }
 
-  std::function<void()> selectionChanged;  ///< called after a person has changed the selection in the record
-  std::function<void()> activated;         ///< called after a double click on a row and the Enter key
+  std::function<void()> selectionChanged;  ///< called after the user has changed the selection in the record
+  std::function<void()> activated;         ///< called after a double click on a row or the Enter key
 
  private:
   wxSize DoGetBestSize() const override;
@@ -76,12 +76,12 @@ class ThumbnailList : public wxScrolledCanvas {
   ThumbnailSource source_;
   unsigned shownRevision_;
   std::size_t shownRows_ = 0;
-  std::string contents_;     ///< what the pictures are of
+  std::string contents_;     ///< the source of the pictures
   PictureCache pictures_;    ///< by the number in a row's key
-  std::set<int> without_;    ///< those of which there is no picture
-  std::size_t next_ = 0;     ///< the row whose picture is made next, of those out of sight
-  std::size_t current_ = 0;  ///< the row with the keyboard's mark
-  std::size_t anchor_ = 0;   ///< where a range begins
+  std::set<int> without_;    ///< rows without a picture
+  std::size_t next_ = 0;     ///< the next hidden row to get its picture
+  std::size_t current_ = 0;  ///< the focused row
+  std::size_t anchor_ = 0;   ///< start of a range selection
 };
 
 }  // namespace oravin::gui

@@ -10,8 +10,8 @@
 
 namespace oravin::gui {
 
-/// Draws where the selected ship's weapons are, seen from above with the front on top: guns as discs, missile points as
-/// triangles, the selected ones filled.
+/// Draws the positions of the selected ship's weapons, seen from above with the front on top: guns as discs, missile
+/// points as triangles, the selected ones filled.
 class TopViewPane : public wxWindow {
  public:
   /// @param record must outlive the window
@@ -22,13 +22,13 @@ class TopViewPane : public wxWindow {
 
   [[nodiscard]] const TopView& View() const { return record_.topView; }
 
-  /// What it says where there is no weapon to draw; empty where there is one.
+  /// The text shown if there is no weapon to draw; else empty.
   [[nodiscard]] std::string Words() const;
 
-  /// Where a point is drawn, in the window's own coordinates.
+  /// A point's position in the window's coordinates.
   [[nodiscard]] wxRect PointRectangle(const TopViewPoint& point) const;
 
-  /// Called with the row of shipWeaponsList whose weapon was clicked.
+  /// Called with the row of the clicked weapon in shipWeaponsList.
   std::function<void(std::size_t row)> clicked;
 
  private:

@@ -32,16 +32,16 @@ constexpr bool fillsAtOnce = false;
 constexpr bool fillsAtOnce = true;
 #endif
 
-constexpr int importPlace = 3;  // the tab's, counted from 1
+constexpr int importPlace = 3;  // number of the tab, counted from 1
 
-/// Makes what a page holds, where that has not been done.
+/// Makes a page's contents, if not done yet.
 void Fill(Window& window, std::size_t page) {
   if (page >= window.unfilled.size() || !window.unfilled[page]) return;
   const std::function<void()> fill = std::exchange(window.unfilled[page], nullptr);
   fill();
 }
 
-/// Returns whether something was left to do.
+/// Returns false if nothing was left to do.
 bool FillNext(Window& window) {
   const auto next =
       std::find_if(window.unfilled.begin(), window.unfilled.end(), [](const auto& fill) { return !!fill; });
@@ -55,9 +55,8 @@ void FillAll(Window& window) {
   }
 }
 
-/// On Windows the pages come empty: the one in sight is filled when it has its size, the others when the window has
-/// been painted. GTK is quick at it, gives an empty page itself the keyboard, and measures what comes later in another
-/// way.
+/// On Windows pages start empty: the visible one is filled after layout, the others after the first paint. GTK fills
+/// all at once: it is fast, would focus an empty page itself, and measures later contents differently.
 void AddPages(Window& window, Main& main) {
   const Surroundings surroundings{main, window.mirror,
                                   [&window, &main](const std::string& action) { Press(window, main, action); },
@@ -82,7 +81,7 @@ void AddPages(Window& window, Main& main) {
   });
 }
 
-/// The status line: what a long action is doing, and a bar that tells how far it has come.
+/// The status line: the step of a long action and a progress bar.
 void AddStatusLine(Window& window) {
   window.status = window.frame->CreateStatusBar(2);
   const std::array<int, 2> widths = {-1, window.frame->FromDIP(240)};
@@ -94,15 +93,15 @@ void PlaceGauge(const wxStatusBar& status, wxGauge* gauge) {
   if (status.GetFieldRect(1, field)) gauge->SetSize(field.Deflate(status.FromDIP(2)));
 }
 
-/// What the status line shows with the first long action.
+/// The parts of the status line for long actions.
 void AddProgress(Window& window) {
   wxGauge* gauge = NewGauge(window.status);
   gauge->Hide();
   window.progressPlace = {gauge,
                           [status = window.status](const wxString& text) { status->SetStatusText(text); },
                           {window.notebook},
-                          // Windows tries a page's access keys from the tab strip only where the strip has a neighbour
-                          // that can have the keyboard.
+                          // Windows searches a page for access keys from the tab strip only if the strip has a sibling
+                          // that can have focus.
                           NewKeys(window.notebook->GetParent())};
   window.status->Bind(wxEVT_SIZE, [status = window.status, gauge](wxSizeEvent& event) {
     event.Skip();
@@ -117,8 +116,8 @@ void AddForms(Window& window, Main& main) {
   window.forms[shipListForm] = [&window, &main] { ShowShipList(window, main); };
 }
 
-/// Ctrl+PageUp and Ctrl+PageDown turn the pages wherever the focus is; a list would keep them to itself. Escape stops
-/// an action that can be stopped.
+/// Ctrl+PageUp and Ctrl+PageDown switch pages wherever the focus is; a list would consume them. Escape stops an action
+/// that can be stopped.
 void OnKey(Window& window, wxKeyEvent& event) {
   if (event.GetKeyCode() == WXK_ESCAPE && window.progress) {
     window.stop = true;
@@ -147,7 +146,7 @@ void BindEvents(Window& window, const Options& options) {
   window.frame->Bind(wxEVT_CHAR_HOOK, [&window](wxKeyEvent& event) { OnKey(window, event); });
   window.frame->Bind(wxEVT_CLOSE_WINDOW, [&window](wxCloseEvent& event) {
     if (window.running && event.CanVeto()) {
-      event.Veto();  // an action in the middle of its work must come to its end
+      event.Veto();  // a running action must finish
     } else {
       event.Skip();
     }
@@ -168,7 +167,7 @@ void BindEvents(Window& window, const Options& options) {
   });
 }
 
-/// A frame in the middle of the screen.
+/// The main frame, centred on the screen.
 wxFrame* NewFrame() {
   const wxRect screen = RoomOnScreen();
   const wxSize wanted = wxWindow::FromDIP(wxSize(1120, 720), nullptr);
@@ -180,21 +179,21 @@ wxFrame* NewFrame() {
   return frame;
 }
 
-/// Runs the action itself. Returns whether the program goes on.
+/// Runs the handler. Returns false if the program ends.
 bool RunToItsEnd(Window& window, Main& main, std::string_view action) {
   try {
     Run(main, action);
   } catch (const ProgramEnd&) {
     return false;
   } catch (const std::exception& failure) {
-    // Nothing below the handler table lets anything else out; a full memory is the one that remains.
+    // Handlers throw nothing else, except when memory is exhausted.
     ShowMessage(OnTop(window), {.text = failure.what(), .icon = Icon::critical});
   }
   return true;
 }
 
-/// Gives the focus back to what had it before an action. A control that its own action has disabled hands it on to the
-/// next one that can have it: a disabled control with the focus leaves the Tab key to start anew.
+/// Restores the focus after an action. If the action has disabled that control, the next one that can have focus gets
+/// it: with focus on a disabled control the Tab key would start at the first control.
 void RestoreFocus(wxWindow* focus) {
   wxWindow* next = focus;
   if (next != nullptr && !next->IsThisEnabled()) {
@@ -248,7 +247,7 @@ void ShowModally(Window& window, Form& form) {
   });
   form.dialog->Bind(wxEVT_CLOSE_WINDOW, [&window](wxCloseEvent& event) {
     if (window.running) {
-      event.Veto();  // an action in the middle of its work must come to its end
+      event.Veto();  // a running action must finish
     } else {
       event.Skip();
     }
@@ -257,7 +256,7 @@ void ShowModally(Window& window, Form& form) {
     event.Skip();
     KeepLayout(window);
   });
-  // The form's actions take what the window's controls show, which is to be what the action before them made of it.
+  // The form's actions read the window's controls too, so these must show the current records.
   ShowAll(window.mirror);
   const bool ran = window.running;
   window.form = &form;
@@ -275,8 +274,8 @@ void PrepareWindow(Window& window, Main& main, const Options& options) {
 
 void OpenWindow(Window& window, Main& main, const Options& options) {
   window.frame = NewFrame();
-  auto* ground = new wxPanel(window.frame);  // a frame by itself has the colour of an empty desk on Windows
-  // Pages of one colour: pictures and shortened texts take over no theme's.
+  auto* ground = new wxPanel(window.frame);  // a frame has the wrong background colour on Windows
+  // Plain page background: pictures and ellipsized labels do not adopt a theme's.
   window.notebook = new wxNotebook(ground, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxNB_NOPAGETHEME);
   PaintAroundPage(window.notebook);
   AddPages(window, main);
@@ -289,7 +288,7 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
   all->Add(ground, wxSizerFlags(1).Expand());
   window.frame->SetSizer(all);
   if (!fillsAtOnce) {
-    // What has its place before it is in sight is drawn once.
+    // Lay out before showing, so that each control is painted once.
     window.frame->Layout();
     ground->Layout();
     Fill(window, static_cast<std::size_t>(window.notebook->GetSelection()));
@@ -301,7 +300,7 @@ void OpenWindow(Window& window, Main& main, const Options& options) {
                   [&window, &main](const std::string& path) { ImportIntoWindow(window, main, path); });
   });
 #ifdef __WXMSW__
-  window.notebook->GetCurrentPage()->SetFocus();  // GTK goes to the first control by itself
+  window.notebook->GetCurrentPage()->SetFocus();  // GTK focuses the first control by itself
 #endif
   window.frame->Show();
   PaintAtOnce(window.frame);

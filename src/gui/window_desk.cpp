@@ -17,7 +17,7 @@ namespace oravin::gui {
 namespace {
 
 Answer ShowBox(Window& window, const Message& box) {
-  ShowLabels(window.mirror);  // what was said before the box
+  ShowLabels(window.mirror);  // labels changed before the message box
   window.box = &box;
   ++window.boxesShown;
   KeepLayout(window);
@@ -42,7 +42,7 @@ void PutOnClipboard(const std::string& text) {
   const wxClipboardLocker clipboard;
   if (!clipboard) return;
   wxTheClipboard->SetData(new wxTextDataObject(wxTextBuffer::Translate(ToScreen(text))));
-  wxTheClipboard->Flush();  // so that it outlives the program
+  wxTheClipboard->Flush();  // so that it stays after the program ends
 }
 
 }  // namespace

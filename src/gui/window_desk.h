@@ -5,8 +5,8 @@
 
 namespace oravin::gui {
 
-/// The desk of the window: message boxes, dialogs and the status line's progress bar. Works before the window is open,
-/// too, save for the progress.
+/// The desk of the window: message boxes, dialogs and the status line's progress bar. Also works before the window is
+/// open.
 /// @param window must outlive the desk
 Desk WindowDesk(Window& window);
 

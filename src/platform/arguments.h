@@ -5,7 +5,7 @@
 
 namespace oravin::platform {
 
-/// The words of the command line behind the program's name, in UTF-8; away from Windows the bytes that were given.
+/// The command line's arguments without the program's name: UTF-8 on Windows, elsewhere the original bytes.
 std::vector<std::string> Arguments(int argc, const char* const* argv);
 
 }  // namespace oravin::platform

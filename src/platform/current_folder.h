@@ -4,13 +4,13 @@
 
 namespace oravin::platform {
 
-/// Makes a folder (a Windows path) the process's current one. Returns false, and changes nothing, when it is not there.
+/// Sets the process's current folder (a Windows path). Returns false, and changes nothing, if it does not exist.
 bool SetCurrentFolder(const std::string& folder);
 
 /// The process's current folder as a Windows path that ends in a backslash.
 std::string CurrentFolder();
 
-/// A Windows path from the root on: one that is relative is taken from the current folder, others stay as they are.
+/// The absolute form of a Windows path; a relative one is resolved against the current folder.
 std::string FromTheRoot(const std::string& path);
 
 }  // namespace oravin::platform

@@ -4,21 +4,21 @@
 #include <string>
 #include <vector>
 
-/// Facts about files, and how files are opened. The operations themselves are in file_system.h.
+/// Types of the file operations in file_system.h.
 namespace oravin::platform {
 
-/// An open file of the system: a descriptor or a handle. `noFile` stands for none.
+/// An open file: a descriptor or a handle. `noFile` means none.
 using NativeFile = std::intptr_t;
 inline constexpr NativeFile noFile = -1;
 
 enum class OpenFor {
-  reading,    ///< an existing file, to be read
-  changing,   ///< an existing file, to be read and written
-  creating,   ///< read and written; made when it is missing, kept when it is there
-  replacing,  ///< read and written; made when it is missing, emptied when it is there
+  reading,    ///< an existing file, for reading
+  changing,   ///< an existing file, for reading and writing
+  creating,   ///< for reading and writing; created if missing, not truncated
+  replacing,  ///< for reading and writing; created if missing, else emptied
 };
 
-/// Which file it is on which disk, whatever names lead to it.
+/// Identifies a file on its disk, independently of its names.
 struct FileIdentity {
   std::uint64_t disk = 0;
   std::uint64_t number = 0;
@@ -27,35 +27,35 @@ struct FileIdentity {
 };
 
 struct FileFacts {
-  std::string name;  ///< as it is spelled on disk, without its folder; empty where one path was asked for
+  std::string name;  ///< as spelled on disk, without its folder; empty in a LookUp
   bool folder = false;
   bool hidden = false;
   bool system = false;
   std::uint64_t length = 0;   ///< in bytes; 0 for a folder
-  std::int64_t modified = 0;  ///< when the content was last changed, in nanoseconds since 1970 (UTC)
-  std::uint32_t links = 1;    ///< how many names the file has on its disk
+  std::int64_t modified = 0;  ///< last change of the content, in nanoseconds since 1970 (UTC)
+  std::uint32_t links = 1;    ///< number of hard links
   FileIdentity identity;
 };
 
-/// What is on the disk under a path.
+/// What is at a path.
 enum class Presence {
   absent,   ///< nothing of that name
   visible,  ///< a file or folder
-  hidden,   ///< one that is marked hidden or system: most of the program does not see it
+  hidden,   ///< one with the hidden or system attribute: most of the program ignores it
   failed    ///< the system could not say
 };
 
-/// A look at one path.
+/// The result of a look at one path.
 struct LookUp {
   Presence presence = Presence::absent;
-  FileFacts facts;     ///< of what is there
+  FileFacts facts;     ///< of the file or folder
   std::string reason;  ///< why the system could not say, in plain words
 };
 
-/// A look into one folder; absent where there is no such folder.
+/// The contents of one folder; absent if there is no such folder.
 struct Listing {
   Presence presence = Presence::absent;
-  std::vector<FileFacts> items;  ///< files and folders, without `.` and `..`, in no set order
+  std::vector<FileFacts> items;  ///< files and folders, without `.` and `..`, unordered
   std::string reason;            ///< why it could not be listed, in plain words
 };
 

@@ -5,16 +5,16 @@
 
 namespace oravin::platform {
 
-/// The mark that one copy of the program works on a folder. It leaves no file behind and goes with the process.
+/// A lock on a folder for one Oravin. It creates no file and is released when the process ends.
 struct FolderLock {
   std::intptr_t handle = -1;
 };
 
-/// Marks an existing folder (a Windows path) as worked on by this process.
-/// @return false when another process has marked it; true otherwise, also where the file system knows no such marks
+/// Locks an existing folder (a Windows path) for this process.
+/// @return false if another process has locked it; true otherwise, also if the file system does not support locks
 bool LockFolder(const std::string& folder, FolderLock& lock);
 
-/// Takes the mark away again; nothing happens where there is none.
+/// Releases the lock, if there is one.
 void UnlockFolder(FolderLock& lock);
 
 }  // namespace oravin::platform

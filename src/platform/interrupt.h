@@ -2,7 +2,7 @@
 
 namespace oravin::platform {
 
-/// From here on a first Ctrl+C no longer ends the process but is remembered; a second one ends it.
+/// From now on the first Ctrl+C is only recorded; the second one ends the process.
 void WatchInterrupts();
 
 /// True once Ctrl+C has been pressed since WatchInterrupts.

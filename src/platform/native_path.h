@@ -4,30 +4,29 @@
 
 namespace oravin::platform {
 
-/// Whether the machine's paths are UTF-8 in any case, or bytes that the user's settings say how to read.
+/// True if native paths are always UTF-8; false if their encoding depends on the user's locale.
 #ifdef _WIN32
 inline constexpr bool nativePathsAreUtf8 = true;
 #else
 inline constexpr bool nativePathsAreUtf8 = false;
 #endif
 
-/// Turns a Windows path of the core into a path of this machine.
+/// Converts a Windows path of the core to a native path.
 ///
-/// Names are found without regard to case, keeping the spelling on disk; the part of a path that does not exist yet
-/// keeps the spelling it is given in. On Windows the path is UTF-8. Elsewhere the drive letters are those of the
-/// player's Wine prefix (the links in its `dosdevices` folder; `WINEPREFIX`, else `~/.wine`), and `Z:` is the root
-/// folder with or without a prefix.
+/// Names are found without regard to case and get their spelling on disk; missing parts keep the given spelling. On
+/// Windows the result is UTF-8. Elsewhere drive letters are those of the player's Wine prefix (the links in its
+/// `dosdevices` folder; `WINEPREFIX`, else `~/.wine`), and `Z:` is the root folder even without a prefix.
 ///
 /// @param windowsPath a path with backslashes, absolute or relative to the current folder
-/// @return the machine's path; empty when the drive letter leads nowhere
+/// @return the native path; empty if the drive does not exist
 std::string ToNativePath(const std::string& windowsPath);
 
-/// Turns a path of this machine, or a Windows path, into the Windows path that the core uses.
+/// Converts a native path, or a Windows path, to a Windows path of the core.
 ///
-/// Away from Windows an absolute native path lies below `Z:`, a relative one is taken from the current folder first.
-/// What already looks like a Windows path (a drive letter and a colon, or a backslash) stays as it is. On Windows a
-/// slash becomes a backslash, and a path that does not begin with a drive or a machine is taken from the current
-/// folder.
+/// On other systems than Windows, an absolute native path becomes one on `Z:`, and a relative one is resolved against
+/// the current folder. Anything that looks like a Windows path (a drive letter and a colon, or a backslash) is
+/// unchanged. On Windows slashes become backslashes, and a path without a drive or server is resolved against the
+/// current folder.
 std::string ToWindowsPath(const std::string& path);
 
 }  // namespace oravin::platform

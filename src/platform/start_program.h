@@ -4,17 +4,16 @@
 
 namespace oravin::platform {
 
-/// A path or a name as one word of a command line.
+/// A path or name quoted as one argument of a command line.
 inline std::string AsWord(const std::string& text) { return '"' + text + '"'; }
 
-/// Starts another program by a command line of the core (Windows paths) and does not wait for it.
+/// Starts another program from a command line with Windows paths and does not wait for it.
 ///
-/// Away from Windows "notepad FILE" opens the file in the user's own text viewer, and the paint program `MSPAINT.EXE`
-/// with a file opens that in the user's own image program (both by `xdg-open`). Other programs whose names end in
-/// `.exe` are started through Wine. On Windows the system's own paint program is started where it is not at its old
-/// place.
+/// On other systems than Windows, "notepad FILE" opens the file in the user's text viewer and `MSPAINT.EXE` with a file
+/// opens it in the user's image program (both by `xdg-open`); other `.exe` programs are started through Wine. On
+/// Windows, the paint program is also found if it is not at its old location.
 ///
-/// @return true when it was started
+/// @return true if it was started
 bool StartProgram(const std::string& commandLine);
 
 }  // namespace oravin::platform

@@ -2,10 +2,10 @@
 
 namespace oravin::platform {
 
-/// True when a person sits at both ends: questions can be read on standard error and answered on standard input.
+/// True if standard error and standard input are a terminal, so that questions can be asked and answered.
 bool PersonAtTerminal();
 
-/// Makes the standard streams carry bytes as they are, and a console show them as UTF-8. Away from Windows they do.
+/// Sets the standard streams to binary and the console to UTF-8. Needed only on Windows.
 void PrepareStreams();
 
 }  // namespace oravin::platform

@@ -126,8 +126,8 @@ TEST(DelimitedText, AQuoteThatIsNotClosedOnItsLineIsAnErrorWithItsLine) {
 }
 
 TEST(DelimitedText, TextBehindAQuoteIsAnErrorWithItsLine) {
-  EXPECT_EQ(WrongText("1\n\"abc\" def,2", 2), "a comma is missing behind a quote (line 2)");
-  EXPECT_EQ(WrongText("\"abc\"\"def\"", 1), "a comma is missing behind a quote (line 1)");
+  EXPECT_EQ(WrongText("1\n\"abc\" def,2", 2), "a comma is missing after a quote (line 2)");
+  EXPECT_EQ(WrongText("\"abc\"\"def\"", 1), "a comma is missing after a quote (line 1)");
 }
 
 TEST(DelimitedText, NumbersInPlainDecimals) {

@@ -3,7 +3,7 @@
 #include <wx/dirdlg.h>
 #include <wx/msgdlg.h>
 
-#include <wx/generic/msgdlgg.h>  // wants wx/msgdlg.h before it
+#include <wx/generic/msgdlgg.h>  // must follow wx/msgdlg.h
 
 #include <cstdio>
 
@@ -31,7 +31,7 @@ long StyleOf(const Message& box) {
   }
   switch (box.icon) {
     case Icon::none:
-      return style;  // wxICON_NONE is no icon that the dialog knows
+      return style;  // the dialog does not know wxICON_NONE
     case Icon::exclamation:
       return style | wxICON_EXCLAMATION;
     case Icon::critical:
@@ -62,9 +62,9 @@ Answer AnswerOf(const Message& box, int result) {
 }  // namespace
 
 Answer ShowMessage(wxWindow* owner, const Message& box) {
-  // GTK's own message dialog leaves the icon out.
+  // GTK's own message dialog has no icon.
   wxGenericMessageDialog dialog(owner, ToScreen(box.text), ToScreen(box.title), StyleOf(box));
-  // Escape and the title bar's cross would otherwise press the affirmative button of a box without Cancel.
+  // Otherwise, without Cancel, Escape and the close button would press the affirmative button.
   if (box.buttons == Buttons::yesNo) dialog.SetEscapeId(wxID_NO);
   return AnswerOf(box, dialog.ShowModal());
 }

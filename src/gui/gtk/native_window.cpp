@@ -2,7 +2,7 @@
 
 #include <wx/display.h>
 
-// GTK works everything out when it draws the whole window, in one go and without flicker.
+// Nothing to do: GTK lays out and draws the whole window at once, without flicker.
 namespace oravin::gui {
 
 wxRect RoomOnScreen() { return wxDisplay(0U).GetClientArea(); }

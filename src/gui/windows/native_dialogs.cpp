@@ -2,7 +2,7 @@
 
 #include <wx/msw/wrapwin.h>
 
-#include <shlobj.h>  // wants wx/msw/wrapwin.h before it
+#include <shlobj.h>  // must follow wx/msw/wrapwin.h
 
 #include <array>
 #include <cstdio>
@@ -61,7 +61,7 @@ Answer ShowMessage(wxWindow* owner, const Message& box) {
       return Answer::no;
     case IDCANCEL:
       return Answer::cancel;
-    default:  // the system could not show it
+    default:  // could not be shown
       break;
   }
   if (box.buttons == Buttons::ok) return Answer::ok;
@@ -81,7 +81,7 @@ std::string AskForFolder(wxWindow* owner, const std::string& prompt) {
 }
 
 void TellStarter(const std::string& text, bool wrong) {
-  // A program with windows has standard streams only where somebody redirected them.
+  // A GUI program has standard streams only if they were redirected.
   const HANDLE stream = GetStdHandle(wrong ? STD_ERROR_HANDLE : STD_OUTPUT_HANDLE);
   if (stream != nullptr && stream != INVALID_HANDLE_VALUE && GetFileType(stream) != FILE_TYPE_UNKNOWN) {
     std::fputs(text.c_str(), wrong ? stderr : stdout);

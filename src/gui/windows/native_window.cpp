@@ -7,8 +7,8 @@ namespace oravin::gui {
 
 namespace {
 
-/// Paints one rectangle of a tab strip by way of a picture in memory. Nothing beyond it is drawn, though the strip
-/// believes that it draws all of itself.
+/// Paints one rectangle of a tab strip through a bitmap in memory, so that nothing outside it is drawn, although the
+/// strip paints all of itself.
 void PaintPart(wxNotebook& tabs, HDC screen, const wxRect& part) {
   const HDC memory = CreateCompatibleDC(screen);
   const HBITMAP picture = CreateCompatibleBitmap(screen, part.width, part.height);
@@ -17,7 +17,7 @@ void PaintPart(wxNotebook& tabs, HDC screen, const wxRect& part) {
   const RECT all{part.x, part.y, part.x + part.width, part.y + part.height};
   FillRect(memory, &all, GetSysColorBrush(COLOR_BTNFACE));
   tabs.MSWDefWindowProc(WM_PAINT, reinterpret_cast<WXWPARAM>(memory), 0);
-  SetViewportOrgEx(memory, -part.x, -part.y, nullptr);  // wherever the strip left it
+  SetViewportOrgEx(memory, -part.x, -part.y, nullptr);  // the strip may have changed it
   BitBlt(screen, part.x, part.y, part.width, part.height, memory, part.x, part.y, SRCCOPY);
   SelectObject(memory, before);
   DeleteObject(picture);
@@ -28,15 +28,16 @@ void PaintPart(wxNotebook& tabs, HDC screen, const wxRect& part) {
 
 wxRect RoomOnScreen() {
   RECT room{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &room, 0);  // the toolkit would make a window to hear of other screens
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &room,
+                        0);  // not by the toolkit, which creates a hidden window for display changes
   return {room.left, room.top, room.right - room.left, room.bottom - room.top};
 }
 
 void HoldList(wxWindow* list) { SendMessageW(list->GetHWND(), WM_SETREDRAW, FALSE, 0); }
 
 void SettleList(wxWindow* list) {
-  // Wine's list learns its rows' height when it is drawn first, and draws the scroll bars that follow from it once
-  // more: so it is drawn first to where nobody sees it.
+  // Wine's list computes its row height at its first paint and then paints its scroll bars again; so the first paint is
+  // done off screen.
   const HDC nowhere = CreateCompatibleDC(nullptr);
   SendMessageW(list->GetHWND(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(nowhere), PRF_CLIENT);
   DeleteDC(nowhere);
@@ -44,7 +45,7 @@ void SettleList(wxWindow* list) {
 }
 
 void PaintAroundPage(wxNotebook* tabs) {
-  // The toolkit's own way is a picture of the strip and the whole page, for which Wine stretches a ground of that size.
+  // The toolkit buffers the strip with the whole page, and Wine is slow at stretching a theme background of that size.
   tabs->Bind(wxEVT_PAINT, [tabs](wxPaintEvent&) {
     const wxPaintDC screen(tabs);
     wxRegion around(tabs->GetUpdateRegion());

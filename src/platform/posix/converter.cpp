@@ -12,7 +12,7 @@ namespace {
 
 using Function = std::int32_t (*)(const char*, const char*, const char*);
 
-/// What the loader says, without the library's own path before it.
+/// The loader's error, without the library's path at its start.
 std::string LoaderSays(const std::string& path) {
   const char* said = dlerror();
   std::string text = said == nullptr ? "no reason is given" : said;
@@ -23,7 +23,7 @@ std::string LoaderSays(const std::string& path) {
 }  // namespace
 
 Converter::Converter(const std::string& libraryPath) {
-  // An absolute path: the loader would look for a bare name in the system's own folders.
+  // Absolute, because the loader searches for a bare name in the system's folders.
   std::error_code failure;
   const std::string path = std::filesystem::absolute(ToNativePath(libraryPath), failure).string();
   if (!std::filesystem::exists(path, failure)) {

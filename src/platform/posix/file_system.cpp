@@ -44,14 +44,14 @@ std::string Reason(int error) {
   }
 }
 
-/// Whether a look that failed found nothing, or could not tell.
+/// Whether a failed look means that nothing is there.
 Presence WhyNoFacts(int error) { return error == ENOENT || error == ENOTDIR ? Presence::absent : Presence::failed; }
 
 int Descriptor(NativeFile file) { return static_cast<int>(file); }
 
 std::string Sum(bool done) { return done ? std::string() : Reason(errno); }
 
-/// Wine keeps the DOS attributes of a file as hexadecimal text in this extended attribute: 2 is hidden, 4 is system.
+/// Wine stores a file's DOS attributes as hexadecimal text in this extended attribute: 2 is hidden, 4 is system.
 unsigned DosAttributes(const std::string& path) {
   std::array<char, 16> text{};
   const ssize_t length = getxattr(path.c_str(), "user.DOSATTRIB", text.data(), text.size() - 1);
@@ -96,7 +96,7 @@ std::string OpenNative(const std::string& path, OpenFor purpose, NativeFile& fil
   struct stat status;
   const bool there = stat(native.c_str(), &status) == 0;
   if (there && S_ISDIR(status.st_mode)) return Reason(EISDIR);
-  // A file that is marked read-only is respected even where the user's rights would reach past the mark.
+  // Respect read-only files even if the user (root) could write to them.
   if (there && purpose != OpenFor::reading && (status.st_mode & anyoneMayWrite) == 0) return "it is read-only";
   const int descriptor = open(native.c_str(), flags, 0666);
   if (descriptor < 0) return Reason(errno);
@@ -163,7 +163,7 @@ void StartFlushNative(NativeFile, std::uint64_t, std::uint64_t) {}
 std::string CloseNative(NativeFile file) { return Sum(close(Descriptor(file)) == 0); }
 
 std::string FlushMany(const std::vector<std::string>& paths) {
-  // Flushing a whole file system is one wait; file by file it would be one for each.
+  // One flush of the file system waits once; one per file would wait for each.
   std::vector<dev_t> flushed;
   for (const std::string& path : paths) {
     const int file = open(ToNativePath(path).c_str(), O_RDONLY | O_CLOEXEC);
@@ -252,9 +252,9 @@ std::string WhyNotWritable(const std::string& path) {
   std::string reason = OpenNative(path, OpenFor::changing, file);
   if (!reason.empty()) return reason;
 #ifdef F_SETLEASE
-  // The kernel grants a write lease only while nobody else has the file open; where the file system knows no leases, or
-  // the file is another user's, it refuses for a different reason and the question stays open.
-  // Somebody who opens the file in that moment would raise a signal; SIGURG is one that does nothing by itself.
+  // The kernel grants a write lease only if nobody else has the file open. It refuses for another reason if the file
+  // system has no leases or the file belongs to another user; then the question stays open. If somebody opens the file
+  // at that moment, a signal is sent; SIGURG is ignored by default.
   fcntl(Descriptor(file), F_SETSIG, SIGURG);
   const bool held = fcntl(Descriptor(file), F_SETLEASE, F_WRLCK) != 0 && errno == EAGAIN;
   if (!held) fcntl(Descriptor(file), F_SETLEASE, F_UNLCK);

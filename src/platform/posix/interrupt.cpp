@@ -6,7 +6,7 @@ namespace oravin::platform {
 
 namespace {
 
-// A signal can only be told to a variable of the whole process.
+// A signal handler can only use a global variable.
 volatile std::sig_atomic_t interrupted = 0;  // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 void Remember(int) { interrupted = 1; }
@@ -18,7 +18,7 @@ void WatchInterrupts() {
   struct sigaction action {};
   action.sa_handler = Remember;
   action.sa_flags = SA_RESTART;
-  action.sa_flags |= static_cast<int>(SA_RESETHAND);  // the second one ends the process
+  action.sa_flags |= static_cast<int>(SA_RESETHAND);  // so the second one ends the process
   sigaction(SIGINT, &action, nullptr);
 }
 

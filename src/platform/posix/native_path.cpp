@@ -28,8 +28,8 @@ bool SameName(const std::string& a, const char* b) {
   return i == a.size() && b[i] == '\0';
 }
 
-/// The spelling on disk of `name` in `folder`, or `name` itself when there is none. An exact match wins; among several
-/// others the first in byte order does, so that the choice does not depend on the order of the listing.
+/// The spelling on disk of `name` in `folder`, or `name` itself if missing. An exact match wins, else the first match
+/// in byte order, so that the result does not depend on the order of the listing.
 std::string SpellingOnDisk(const std::string& folder, const std::string& name) {
   if (Exists(folder + name)) return name;
   DIR* listing = opendir(folder.empty() ? "." : folder.c_str());
@@ -48,7 +48,7 @@ bool HasDrive(const std::string& path) {
   return path.size() >= 2 && path[1] == ':' && Lower(path[0]) >= 'a' && Lower(path[0]) <= 'z';
 }
 
-/// The folder that a drive letter stands for, ending in a slash; empty when it stands for none.
+/// The folder of a drive letter, ending in a slash; empty if there is none.
 std::string DriveRoot(char letter) {
   const char drive = Lower(letter);
   if (drive == 'z') return "/";
@@ -68,14 +68,14 @@ std::string ToNativePath(const std::string& windowsPath) {
   } else if (!windowsPath.empty() && (windowsPath[0] == '\\' || windowsPath[0] == '/')) {
     native = "/";
   }
-  // One slash between two names; a drive's root brings its own.
+  // One slash between names; a drive's root already ends in one.
   std::string rest;
   for (const char c : windowsPath.substr(at)) {
     const char mark = c == '\\' ? '/' : c;
     const char before = !rest.empty() ? rest.back() : native.empty() ? '\0' : native.back();
     if (mark != '/' || before != '/') rest += mark;
   }
-  // Most paths, or at least their folders, are spelled as they are on disk: one look instead of one for each folder.
+  // Most paths, or at least their folders, have the spelling on disk: one look instead of one per folder.
   if (Exists(native + rest)) return native + rest;
   const std::size_t slash = rest.find_last_of('/');
   if (slash != std::string::npos && slash + 1 < rest.size() && Exists(native + rest.substr(0, slash + 1))) {

@@ -20,7 +20,7 @@ PackagePlaces PlacesOfPackage() {
   const fs::path executable = fs::read_symlink("/proc/self/exe", failure);
   const fs::path data = executable.parent_path().parent_path() / "share" / "oravin";
   if (failure || !fs::exists(data / "readme.txt", failure)) return {};
-  // A relative path in the variable is to be ignored; so the rules for these folders want it.
+  // The XDG specification says to ignore a relative path.
   const fs::path chosen = Environment("XDG_DATA_HOME");
   const fs::path home = Environment("HOME");
   if (!chosen.is_absolute() && !home.is_absolute()) return {};

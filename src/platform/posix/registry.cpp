@@ -18,8 +18,8 @@
 //   @="default value"                               @="default value"
 //   "Value"="text"                                  "Value"="text"
 //
-// In values a backslash and a quote are escaped by a backslash; in a Wine file those of the key's path are too, and its
-// keys are relative to the machine's root. Letter case does not matter in keys and value names.
+// In values a backslash and a quote are escaped by a backslash; in a Wine file also in a key's path, and keys are
+// relative to HKEY_LOCAL_MACHINE. Keys and value names are case-insensitive.
 
 namespace oravin::platform {
 
@@ -36,7 +36,7 @@ std::string Lowered(std::string text) {
   return text;
 }
 
-/// A key's path in one form: lower case, single backslashes, none at the end.
+/// Normal form of a key's path: lower case, single backslashes, none at the end.
 std::string PlainKey(const std::string& key) {
   std::string plain;
   for (const char c : Lowered(key)) {
@@ -56,7 +56,7 @@ std::string Quoted(const std::string& text) {
   return quoted + '"';
 }
 
-/// Reads a quoted text that begins at `at`; leaves `at` behind its closing quote. Nothing when it is no quoted text.
+/// Reads the quoted text at `at` and advances `at` past its closing quote. Nothing if it is not quoted text.
 std::optional<std::string> Unquoted(const std::string& line, std::size_t& at) {
   if (at >= line.size() || line[at] != '"') return std::nullopt;
   std::string text;
@@ -71,14 +71,14 @@ std::optional<std::string> Unquoted(const std::string& line, std::size_t& at) {
   return std::nullopt;
 }
 
-/// The key of a line such as `[Software\\Maker] 123`, in the one form; empty for any other line.
+/// The key of a line such as `[Software\\Maker] 123`, in normal form; empty for any other line.
 std::string KeyOfLine(const std::string& line) {
   const std::size_t end = line.rfind(']');
   if (line.empty() || line[0] != '[' || end == std::string::npos) return {};
   return PlainKey(line.substr(1, end - 1));
 }
 
-/// True when the line sets the value `name`, and where its `=` stands.
+/// True if the line sets the value `name`; `equals` gets the position of its `=`.
 bool SetsValue(const std::string& line, const std::string& name, std::size_t& equals) {
   if (name.empty()) {
     equals = 1;
@@ -113,7 +113,7 @@ std::string OwnStore() {
   return (chosen.empty() ? Environment("HOME") + "/.config" : chosen) + "/oravin/registry.reg";
 }
 
-/// Writes the lines beside the store, flushes them and renames them over it.
+/// Writes the lines to a temporary file, flushes it and renames it over the store.
 bool ReplaceStore(const std::string& path, const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) text += line + "\n";
@@ -145,7 +145,7 @@ bool RegWriteString(const std::string& root, const std::string& key, const std::
   fs::create_directories(fs::path(path).parent_path(), failure);
   std::vector<std::string> lines;
   std::ifstream file(path, std::ios::binary);
-  // A store that is there but cannot be read is left alone: its other lines would be lost.
+  // Do not overwrite a store that cannot be read: its other lines would be lost.
   if (!file && fs::exists(path, failure)) return false;
   for (std::string line; std::getline(file, line);) lines.push_back(line);
   if (lines.empty()) lines = {storeHeading};

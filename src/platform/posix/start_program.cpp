@@ -17,7 +17,7 @@ namespace oravin::platform {
 
 namespace {
 
-/// Splits a command line at blanks; double quotes hold a part together.
+/// Splits a command line at spaces outside double quotes.
 std::vector<std::string> SplitCommand(const std::string& line) {
   std::vector<std::string> parts;
   std::string part;
@@ -54,7 +54,7 @@ bool EndsInExe(const std::string& name) {
   return name.size() > 4 && (name.ends_with(".exe") || name.ends_with(".EXE"));
 }
 
-/// True for the paint program of Windows, wherever it is said to lie.
+/// True for Windows' paint program, in any folder.
 bool IsPaintProgram(const std::string& program) {
   constexpr std::string_view name = "mspaint.exe";
   if (program.size() < name.size()) return false;
@@ -67,9 +67,9 @@ bool IsPaintProgram(const std::string& program) {
 
 bool StartProgram(const std::string& commandLine) {
   constexpr std::string_view notepad = "notepad ";
-  while (waitpid(-1, nullptr, WNOHANG) > 0) {  // collect the programs that have ended since
+  while (waitpid(-1, nullptr, WNOHANG) > 0) {  // reap programs that have exited
   }
-  // The text editor is given one path, which may hold blanks without quotes.
+  // notepad takes one path, which may have spaces without quotes.
   if (commandLine.starts_with(notepad)) {
     std::string path = commandLine.substr(notepad.size());
     std::erase(path, '"');

@@ -1,7 +1,7 @@
 #include "platform/arguments.h"
 
 #include <windows.h>
-// Needs the header above.
+// Must follow windows.h.
 #include <shellapi.h>
 
 #include "platform/windows/wide_text.h"
@@ -9,7 +9,7 @@
 namespace oravin::platform {
 
 std::vector<std::string> Arguments(int /*argc*/, const char* const* /*argv*/) {
-  // What main was given has been through the system's code page, which may lack letters.
+  // The arguments of main are in the system's code page, which may lack characters.
   int count = 0;
   wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
   std::vector<std::string> arguments;

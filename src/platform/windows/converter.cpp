@@ -11,8 +11,7 @@ namespace {
 
 using Function = std::int32_t(__stdcall*)(const char*, const char*, const char*);
 
-/// Keeps how this program's numbers are rounded: libraries of other makers set the processor up anew, as they are
-/// loaded or in their functions.
+/// Preserves this program's floating-point rounding: other libraries may reset the FPU when they are loaded or called.
 struct KeptRounding {
   KeptRounding() { std::fegetenv(&before); }
   KeptRounding(const KeptRounding&) = delete;
@@ -22,7 +21,7 @@ struct KeptRounding {
   std::fenv_t before{};
 };
 
-/// A text in the system's own code page, which the library reads; empty when that lacks one of its characters.
+/// A text in the system's code page, which the library expects; empty if it lacks a character.
 std::string InSystemsPage(const std::wstring& text) {
   const int size = static_cast<int>(text.size());
   std::string bytes(text.size() * 2, '\0');
@@ -39,8 +38,8 @@ std::wstring ShortPath(const std::wstring& path) {
   return shorter;
 }
 
-/// A path as the library can read it. Where the system's code page lacks a letter the short names of the folders, or of
-/// the file too, have none such.
+/// A path for the library. If the system's code page lacks a character, short names of the folders (and the file) are
+/// used.
 std::string ForLibrary(const char* given) {
   const std::string text = given;
   const auto plain = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
@@ -64,7 +63,8 @@ Converter::Converter(const std::string& libraryPath) {
     return;
   }
   const KeptRounding kept;
-  // Libraries that it needs lie beside it; what is missing is told by this program and by no box of the system's.
+  // Its own dependencies are in its folder. Suppress the system's message box for missing ones; this program reports
+  // them.
   DWORD mode = 0;
   SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &mode);
   const HMODULE handle = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
@@ -75,7 +75,7 @@ Converter::Converter(const std::string& libraryPath) {
     return;
   }
   library = reinterpret_cast<std::intptr_t>(handle);
-  // Some compilers mark a stdcall function's name with the size of its arguments.
+  // Some compilers append the size of the arguments to the name of a stdcall function.
   const std::string name = converterFunction;
   for (const std::string& spelling : {name, "_" + name + "@12", name + "@12"}) {
     if (function == 0) function = reinterpret_cast<std::intptr_t>(GetProcAddress(handle, spelling.c_str()));

@@ -9,7 +9,7 @@ namespace oravin::platform {
 
 namespace {
 
-// The program may have one file open more than once, and another program may go on reading what it reads.
+// This program may open a file more than once, and other programs may keep reading it.
 constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr DWORD shareNothing = 0;
 constexpr const char* noSuchName = "no file can have this name";
@@ -20,7 +20,7 @@ std::string Sum(BOOL done, const std::wstring& path = {}) {
   return done != FALSE ? std::string() : Reason(GetLastError(), path);
 }
 
-/// A handle that is closed with this record.
+/// A handle that is closed at the end of the scope.
 struct Opened {
   explicit Opened(HANDLE opened) : handle(opened) {}
   Opened(const Opened&) = delete;
@@ -37,8 +37,8 @@ HANDLE OpenAt(const std::wstring& path, DWORD access, DWORD share, DWORD how, DW
   return CreateFileW(path.c_str(), access, share, nullptr, how, flags, nullptr);
 }
 
-/// Virus scanners and indexers look into a file that has just been written and hold it for a moment. What they stand in
-/// the way of is tried again for about a third of a second.
+/// Virus scanners and indexers open new files for a moment. An operation that they block is retried for about a third
+/// of a second.
 template <typename Try>
 std::string Patiently(const std::wstring& path, Try once) {
   constexpr int tries = 8;
@@ -67,9 +67,9 @@ std::string OpenAs(const std::wstring& path, OpenFor purpose, NativeFile& file) 
   }
   file = reinterpret_cast<NativeFile>(handle);
   std::string reason;
-  // "con", "nul" and their like open a device wherever they stand.
+  // "con", "nul" and similar names open a device in any folder.
   if (GetFileType(handle) != FILE_TYPE_DISK) reason = noSuchName;
-  // Emptied here and not by CREATE_ALWAYS, which refuses a hidden file and would take its marks away.
+  // Not by CREATE_ALWAYS, which refuses hidden files and would clear attributes.
   if (reason.empty() && purpose == OpenFor::replacing) reason = SetLengthNative(file, 0);
   if (reason.empty()) return {};
   CloseHandle(handle);
@@ -77,15 +77,14 @@ std::string OpenAs(const std::wstring& path, OpenFor purpose, NativeFile& file) 
   return reason;
 }
 
-/// Where the file is read or written next. An offset handed over with the bytes would cost Wine a request to its server
-/// each time.
+/// Sets the position of the next read or write. Passing an offset with each call would cost a request to Wine's server.
 BOOL GoTo(NativeFile file, std::uint64_t offset) {
   LARGE_INTEGER place{};
   place.QuadPart = static_cast<LONGLONG>(offset);
   return SetFilePointerEx(Handle(file), place, nullptr, FILE_BEGIN);
 }
 
-/// As many of the bytes as one call takes.
+/// As many of the bytes as one call accepts.
 DWORD Piece(std::size_t count) {
   constexpr std::size_t most = 0x4000000;
   return static_cast<DWORD>(std::min(count, most));
@@ -93,13 +92,13 @@ DWORD Piece(std::size_t count) {
 
 std::uint64_t Joined(DWORD high, DWORD low) { return static_cast<std::uint64_t>(high) << 32U | low; }
 
-/// Windows counts in steps of 100 nanoseconds since 1601.
+/// Windows counts 100-nanosecond steps since 1601.
 std::int64_t NanosecondsSince1970(const FILETIME& time) {
   constexpr std::int64_t stepsBefore1970 = 116444736000000000;
   return (static_cast<std::int64_t>(Joined(time.dwHighDateTime, time.dwLowDateTime)) - stepsBefore1970) * 100;
 }
 
-/// Whether a look that failed found nothing, or could not tell.
+/// Whether a failed look means that nothing is there.
 Presence WhyNoFacts(DWORD error) {
   switch (error) {
     case ERROR_FILE_NOT_FOUND:
@@ -136,7 +135,7 @@ std::wstring NameIn(const std::wstring& path) {
   return slash == std::wstring::npos ? path : path.substr(slash + 1);
 }
 
-/// The name of an existing file or folder as it is spelled on disk.
+/// The name of an existing file or folder as spelled on disk.
 std::wstring SpellingOnDisk(const std::wstring& path) {
   WIN32_FIND_DATAW found{};
   const HANDLE search = FindFirstFileW(path.c_str(), &found);
@@ -149,7 +148,7 @@ std::string RenameAt(const std::wstring& from, const std::wstring& to, DWORD fla
   if (from.empty() || to.empty()) return noSuchName;
   std::string reason = Patiently(from, [&] { return MoveFileExW(from.c_str(), to.c_str(), flags); });
   if (reason.empty() || GetFileAttributesW(from.c_str()) == INVALID_FILE_ATTRIBUTES) return reason;
-  // The system says of a file in the way no more than of one without rights.
+  // If a file has that name, the system reports the same error as for missing rights.
   const Opened alone(OpenAt(to, DELETE, shareNothing, OPEN_EXISTING));
   if (!alone.There() && GetLastError() == ERROR_SHARING_VIOLATION) return "another program has it open";
   const DWORD there = GetFileAttributesW(to.c_str());
@@ -207,7 +206,7 @@ std::string SetLengthNative(NativeFile file, std::uint64_t length) {
   return Sum(SetFileInformationByHandle(Handle(file), FileEndOfFileInfo, &end, sizeof end));
 }
 
-// The system begins with what was written by itself.
+// Windows starts writing cached bytes by itself.
 void StartFlushNative(NativeFile, std::uint64_t, std::uint64_t) {}
 
 std::string FlushNative(NativeFile file) { return Sum(FlushFileBuffers(Handle(file))); }
@@ -215,7 +214,7 @@ std::string FlushNative(NativeFile file) { return Sum(FlushFileBuffers(Handle(fi
 std::string CloseNative(NativeFile file) { return Sum(CloseHandle(Handle(file))); }
 
 std::string FlushMany(const std::vector<std::string>& paths) {
-  // Only an administrator may flush a whole disk in one go.
+  // Only an administrator may flush a whole disk.
   for (const std::string& path : paths) {
     const std::wstring native = CallPath(path);
     const Opened file(OpenAt(native, GENERIC_WRITE, shareAll, OPEN_EXISTING));
@@ -260,7 +259,7 @@ LookUp LookAt(const std::string& path) {
   const std::wstring given = CallPath(path);
   if (given.empty()) return {};
   const std::wstring native = WithoutEndingBackslash(given);
-  // What a folder says of a file's length may be old while the file is open.
+  // A folder's entry may have an outdated length while the file is open.
   WIN32_FILE_ATTRIBUTE_DATA data{};
   if (GetFileAttributesExW(native.c_str(), GetFileExInfoStandard, &data) == FALSE) {
     const DWORD error = GetLastError();
@@ -299,7 +298,7 @@ Listing ListNative(const std::string& folder) {
   Listing listing{Presence::visible, {}, {}};
   if (search == INVALID_HANDLE_VALUE) {
     const DWORD error = GetLastError();
-    // The root of an empty disk has not even the dots.
+    // The root of an empty disk has no "." and "..".
     if (error == ERROR_FILE_NOT_FOUND) return listing;
     return {WhyNoFacts(error), {}, Reason(error, native)};
   }
@@ -330,8 +329,8 @@ std::string WhyNotWritable(const std::string& path) {
   std::string reason = OpenNative(path, OpenFor::changing, file);
   if (!reason.empty()) return reason;
   CloseNative(file);
-  // Opened for this program alone, which fails while anybody has it open in whatever way. DELETE is asked for as well:
-  // it is needed to rename another file over this one.
+  // Open exclusively, which fails if anybody has it open. Also request DELETE, which renaming another file over this
+  // one needs.
   const std::wstring native = CallPath(path);
   return Patiently(native, [&] {
     const Opened alone(OpenAt(native, GENERIC_READ | GENERIC_WRITE | DELETE, shareNothing, OPEN_EXISTING));
@@ -345,8 +344,8 @@ std::string WhyNoNewFiles(const std::string& folder) {
   const DWORD attributes = GetFileAttributesW(native.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return Reason(GetLastError(), native);
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return "a part of the path is no folder";
-  // A folder's read-only mark says nothing, and its list of rights not all: the one sure way is to make a file, which
-  // goes as it is closed.
+  // A folder's read-only attribute means nothing and its access list is not conclusive: the only sure test is to create
+  // a file, which is deleted on close.
   const std::wstring probe = CallPath(folder + "\\oravin-" + std::to_string(GetCurrentProcessId()) + ".tmp");
   const Opened file(OpenAt(probe, GENERIC_WRITE | DELETE, shareNothing, CREATE_NEW,
                            FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE));

@@ -9,8 +9,8 @@ namespace oravin::platform {
 
 namespace {
 
-/// A name that every path of a folder leads to, for a mark that all of the machine's sessions see; empty where the
-/// folder cannot be asked.
+/// A name that is equal for every path of a folder, for a mutex in the global namespace; empty if the folder cannot be
+/// examined.
 std::wstring MarkOf(const std::wstring& folder) {
   const HANDLE handle = CreateFileW(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -31,10 +31,10 @@ bool LockFolder(const std::string& folder, FolderLock& lock) {
   UnlockFolder(lock);
   const std::wstring name = MarkOf(CallPath(folder));
   if (name.empty()) return true;
-  // That the mark exists is enough: the system takes it away with the last process that has it.
+  // Its existence is enough: the system deletes the mutex with the last process that has it open.
   const HANDLE mark = CreateMutexW(nullptr, FALSE, name.c_str());
   const DWORD error = GetLastError();
-  if (mark == nullptr) return error != ERROR_ACCESS_DENIED;  // refused: another user's process has it
+  if (mark == nullptr) return error != ERROR_ACCESS_DENIED;  // access denied: another user's process has it
   if (error == ERROR_ALREADY_EXISTS) {
     CloseHandle(mark);
     return false;

@@ -10,7 +10,7 @@ bool HasDrive(const std::wstring& path) { return path.size() >= 2 && path[1] == 
 
 bool IsSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
 
-/// The name of an existing file or folder as it is spelled on disk; one that is missing keeps its own.
+/// The name of a file or folder as spelled on disk; unchanged if it is missing.
 std::wstring SpellingOnDisk(const std::wstring& folder, const std::wstring& name) {
   if (name.empty() || name == L"." || name == L"..") return name;
   const std::wstring path = CallPath(FromWide(folder + name));
@@ -33,7 +33,7 @@ std::string ToNativePath(const std::string& windowsPath) {
     native = path.substr(0, 2);
     begin = 2;
   } else if (path.starts_with(L"\\\\")) {
-    // The machine and its share are no files.
+    // Server and share are not files.
     std::size_t end = path.find(L'\\', 2);
     end = end == std::wstring::npos ? end : path.find(L'\\', end + 1);
     begin = end == std::wstring::npos ? path.size() : end;

@@ -6,7 +6,7 @@
 namespace oravin::platform {
 
 PackagePlaces PlacesOfPackage() {
-  // The call does not tell how much room it needs, and cuts what does not fit.
+  // The call truncates a longer path and does not return the needed size.
   std::wstring executable(MAX_PATH, L'\0');
   DWORD length = GetModuleFileNameW(nullptr, executable.data(), static_cast<DWORD>(executable.size()));
   while (length == executable.size()) {

@@ -6,10 +6,10 @@ namespace oravin::platform {
 
 namespace {
 
-// The game's installer was a 32-bit program and wrote into that view.
+// The game's installer is a 32-bit program and writes to that view.
 constexpr REGSAM installersView = KEY_WOW64_32KEY;
 
-/// The key's path without a backslash at its end; empty where the root is not the one that is used.
+/// The key's path without a trailing backslash; empty if the root is not localMachine.
 std::wstring KeyPath(const std::string& root, const std::string& key) {
   if (root != localMachine) return {};
   return ToWide(key.substr(0, key.find_last_not_of('\\') + 1));
@@ -26,7 +26,7 @@ std::optional<std::string> RegReadString(const std::string& root, const std::str
   const std::wstring name = ToWide(value);
   std::wstring text;
   LSTATUS status = ERROR_MORE_DATA;
-  // Another program may write a longer text between the question for its length and its reading.
+  // Another program may write a longer text between the two calls.
   for (int i = 0; i < 4 && status == ERROR_MORE_DATA; ++i) {
     DWORD size = 0;
     status = RegGetValueW(opened, nullptr, name.c_str(), RRF_RT_REG_SZ, nullptr, nullptr, &size);
@@ -48,7 +48,7 @@ bool RegWriteString(const std::string& root, const std::string& key, const std::
                                       KEY_WRITE | installersView, nullptr, &opened, nullptr) != ERROR_SUCCESS)
     return false;
   const std::wstring wide = ToWide(text);
-  const auto* bytes = reinterpret_cast<const BYTE*>(wide.c_str());  // with the zero at its end
+  const auto* bytes = reinterpret_cast<const BYTE*>(wide.c_str());  // including the terminating zero
   const LSTATUS status = RegSetValueExW(opened, ToWide(value).c_str(), 0, REG_SZ, bytes,
                                         static_cast<DWORD>((wide.size() + 1) * sizeof(wchar_t)));
   RegCloseKey(opened);

@@ -1,7 +1,7 @@
 #include "platform/start_program.h"
 
 #include <windows.h>
-// Needs the header above.
+// Must follow windows.h.
 #include <shellapi.h>
 
 #include <algorithm>
@@ -17,7 +17,7 @@ bool Start(std::wstring commandLine) {
   STARTUPINFOW start{};
   start.cb = sizeof start;
   PROCESS_INFORMATION process{};
-  // The call may write into the command line. Its handles are not handed on: the other program outlives this one.
+  // CreateProcessW may modify the command line. Handles are not inherited: the other program may outlive this one.
   if (CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, CREATE_DEFAULT_ERROR_MODE, nullptr, nullptr,
                      &start, &process) == FALSE)
     return false;
@@ -26,7 +26,7 @@ bool Start(std::wstring commandLine) {
   return true;
 }
 
-/// Where the first word of a command line ends; quotes hold a word together.
+/// The end of the first argument of a command line, which may be quoted.
 std::size_t EndOfFirstWord(std::wstring_view line) {
   bool quoted = false;
   for (std::size_t i = 0; i < line.size(); ++i) {
@@ -50,7 +50,7 @@ bool StartProgram(const std::string& commandLine) {
   if (Start(line)) return true;
   const std::size_t end = EndOfFirstWord(line);
   if (!IsPaintProgram(line.substr(0, end))) return false;
-  // Newer systems have it in another folder, or as a program of their shop that only the shell knows.
+  // Newer systems have it in another folder, or as a store app that only the shell can start.
   const std::wstring rest = line.substr(end);
   if (Start(L"mspaint.exe" + rest)) return true;
   constexpr std::intptr_t lastFailure = 32;

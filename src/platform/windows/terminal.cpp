@@ -21,8 +21,7 @@ bool IsConsole(DWORD which) {
 bool PersonAtTerminal() { return IsConsole(STD_INPUT_HANDLE) && IsConsole(STD_ERROR_HANDLE); }
 
 void PrepareStreams() {
-  // Results are read by other programs, on whatever system; a line ends in one byte as it does in all of Oravin's
-  // files.
+  // Binary: results may be read by programs on any system, so lines end in LF, as in all of Oravin's files.
   for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
   SetConsoleOutputCP(CP_UTF8);
   SetConsoleCP(CP_UTF8);

@@ -9,7 +9,7 @@ namespace {
 constexpr UINT codePage = 1252;
 constexpr std::wstring_view longPathMark = L"\\\\?\\";
 constexpr std::wstring_view longShareMark = L"\\\\?\\UNC\\";
-// The system's own limit for a plain path is 260; a folder's leaves room for a short file name.
+// The limit of a plain path is 260; that of a folder leaves room for a short file name.
 constexpr std::size_t longestPlainPath = 247;
 
 std::wstring Decoded(UINT page, DWORD flags, std::string_view text) {
@@ -38,7 +38,7 @@ std::string PartFromWide(std::wstring_view part) {
 
 bool IsSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
 
-/// Turns what stands between separators, and keeps those.
+/// Converts the parts between separators, and keeps the separators.
 template <typename To, typename From, typename Turn>
 To PartByPart(From text, Turn turn) {
   To result;
@@ -68,7 +68,7 @@ bool DriveIsThere(const std::wstring& path) {
   return !HasDrive(plain) || GetDriveTypeW((plain.substr(0, 2) + L"\\").c_str()) != DRIVE_NO_ROOT_DIR;
 }
 
-/// True when one of the folders above is a file.
+/// True if one of the parent folders is a file.
 bool AFileIsAbove(const std::wstring& path) {
   for (std::size_t end = path.find_last_of(L"\\/"); end != std::wstring::npos && end > 0;
        end = path.find_last_of(L"\\/", end - 1)) {
@@ -122,13 +122,13 @@ std::wstring CallPath(const std::string& path) {
   std::wstring wide = ToWide(path);
   if (wide.find_first_of(L"*?\"<>|") != std::wstring::npos) return {};
   if (wide.find(L':', HasDrive(wide) ? 2 : 0) != std::wstring::npos) return {};
-  // Doubled backslashes count as one, but at the beginning, where they lead to another machine.
+  // Double backslashes count as one, except at the start, where they denote a server.
   std::wstring single;
   for (const wchar_t c : wide) {
     if (!IsSeparator(c) || single.size() < 2 || single.back() != L'\\') single += IsSeparator(c) ? L'\\' : c;
   }
   if (single.size() <= longestPlainPath) {
-    // What is relative may still be long behind its folder.
+    // A relative path may be too long together with its folder.
     const bool whole = HasDrive(single) || single.starts_with(L"\\\\");
     if (whole || single.empty()) return single;
   }

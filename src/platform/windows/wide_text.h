@@ -5,31 +5,30 @@
 #include <string>
 #include <string_view>
 
-// The core's text is bytes, Windows' own is UTF-16. A part of a path (what stands between two backslashes) is
-// Windows-1252, as all text of the core, wherever that code page has all its characters; any other part is UTF-8. Read
-// the other way round, a part that is valid UTF-8 is taken for that. So every name of the file system has one spelling
-// in the core and leads back to itself, a name from one of the game's files keeps its letters, and UTF-8 from a command
-// line is understood.
+// Core text is bytes, Windows' own is UTF-16. A part of a path (between two backslashes) is Windows-1252, as all text
+// of the core, if that code page has all its characters; any other part is UTF-8. In the opposite direction, a part
+// that is valid UTF-8 is read as UTF-8. So every name of the file system has one spelling in the core and leads back to
+// itself, names from the game's files keep their characters, and UTF-8 from a command line is understood.
 
 namespace oravin::platform {
 
-/// Text of the core, part by part, as Windows' own.
+/// Text of the core, part by part, as UTF-16.
 std::wstring ToWide(std::string_view text);
 
-/// Windows' text as the core's, part by part.
+/// UTF-16 as text of the core, part by part.
 std::string FromWide(std::wstring_view text);
 
-/// Windows' text as UTF-8.
+/// UTF-16 as UTF-8.
 std::string Utf8FromWide(std::wstring_view text);
 
-/// A path of the core as the system's calls take it: whole, and marked by "\\?\" when it is longer than they take
-/// plain. Empty for a path that no file can have: one with a colon behind the drive's (a part of another file), or with
-/// a wildcard.
+/// A path of the core as the system's calls accept it: absolute, and with the prefix "\\?\" if it is too long for a
+/// plain path. Empty for a path that no file can have: one with a second colon (a stream of another file) or a
+/// wildcard.
 std::wstring CallPath(const std::string& path);
 
 /// Why a call on a path failed, in plain words.
-/// @param error what GetLastError said
-/// @param path the path as the call was given it, to tell apart what the system gives one number; may be empty
+/// @param error from GetLastError
+/// @param path the path as passed to the call, to distinguish cases with the same error; may be empty
 std::string Reason(DWORD error, const std::wstring& path = {});
 
 }  // namespace oravin::platform

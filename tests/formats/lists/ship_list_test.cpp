@@ -166,7 +166,7 @@ TEST_F(ShipList, AMissingValueInALineMovesTheOthersAndIsRefused) {
 }
 
 TEST_F(ShipList, ABrokenQuoteIsRefused) {
-  ExpectRefused("1\n1,\"A,\"a.shp\",4,\"h\",\"w\"\n", "a comma is missing behind a quote (line 2)");
+  ExpectRefused("1\n1,\"A,\"a.shp\",4,\"h\",\"w\"\n", "a comma is missing after a quote (line 2)");
   ExpectRefused("1\n1,\"A\",\"a.shp,4\n", "a quote is not closed (line 2)");
   ExpectRefused("1\n1,\"A\",\"a.shp\",4,\"h\",\"w", "a quote is not closed (line 2)");
 }

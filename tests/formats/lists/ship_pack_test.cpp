@@ -175,7 +175,7 @@ TEST_F(ThePack, AQuoteThatNeverClosesIsRefused) {
   ExpectRefused("h\n\"\\a.shp,A,x\n", "a quote is not closed (line 2)");
   ExpectRefused("h\n\\a.shp,\"A", "a quote is not closed (line 2)");
   ExpectRefused("h\n\\a.shp,\"A\",\"x\r\n\\b.shp,\"B\",\"\"", "a quote is not closed (line 2)");
-  ExpectRefused("h\n\\a.shp,\"A\"B,x\n", "a comma is missing behind a quote (line 2)");
+  ExpectRefused("h\n\\a.shp,\"A\"B,x\n", "a comma is missing after a quote (line 2)");
 }
 
 TEST_F(ThePack, BytesAbove127AreLettersOfNames) {
