@@ -2,9 +2,7 @@
 
 #include <array>
 
-#include "tabs/archive_backup.h"
-#include "tabs/archive_extract.h"
-#include "tabs/archive_open.h"
+#include "tabs/archive_tab.h"
 #include "tabs/first_bytes.h"
 
 namespace oravin {

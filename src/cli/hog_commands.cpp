@@ -9,7 +9,7 @@
 #include "files/path.h"
 #include "platform/installation_lock.h"
 #include "platform/interrupt.h"
-#include "tabs/archive_open.h"
+#include "tabs/archive_tab.h"
 
 namespace oravin {
 
@@ -83,18 +83,19 @@ std::optional<Result> ExtractBy(Session& session, const Values& values, const ch
 std::optional<Result> RunOnHog(Session& session, const Values& values, const char* action, const char* handler) {
   if (!OpenHogForChanges(session, values.at(0))) return std::nullopt;
   const int failuresBefore = session.console.failures;
-  session.main.hog.lblFilePath.caption.clear();
+  const HogTab& tab = session.main.hog;
   Run(session.main, handler);
   if (session.console.failures > failuresBefore) return std::nullopt;
-  const std::string said = ToUtf8(session.main.hog.lblFilePath.caption);
-  return Result{{{"action", action}, {"done", !said.empty()}}, (said.empty() ? "Nothing was done" : said) + ".\n"};
+  const bool done = tab.status.kind != HogStatus::Kind::none;
+  return Result{{{"action", action}, {"done", done}},
+                (done ? ToUtf8(tab.lblFilePath.caption) : "Nothing was done") + ".\n"};
 }
 
 }  // namespace
 
 std::optional<Result> ListHog(Session& session, const Values& values) {
   if (!OpenHog(session, values.at(0))) return std::nullopt;
-  return Result{HogJson(session.main), HogTable(session.main)};
+  return Result{HogJson(session.main), HogText(session.main)};
 }
 
 std::optional<Result> ExtractHog(Session& session, const Values& values) {

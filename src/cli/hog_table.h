@@ -16,6 +16,6 @@ Json JsonOf(Main& main, const HogEntry& entry);
 Json HogJson(Main& main);
 
 /// The same as a table of text; offsets, sizes and positions are hexadecimal, as the window shows them.
-std::string HogTable(Main& main);
+std::string HogText(Main& main);
 
 }  // namespace oravin
