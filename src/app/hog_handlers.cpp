@@ -22,7 +22,7 @@ void DoInHog(Main& main) {
   action(main.host, main.hog);
 }
 
-/// After what changes the selection, its view is brought up to date too.
+/// For actions that change the selection: also updates the view of the first bytes.
 template <OnHogTab action>
 void DoAndLookInHog(Main& main) {
   action(main.hog);

@@ -92,7 +92,7 @@ TEST_F(UnpackingAFile, ADamagedEntryGivesItsBoxAndTheDestinationStays) {
 
 TEST_F(UnpackingAFile, AStreamThatRunsOutGivesItsBoxAndTheDestinationStays) {
   WriteFileAt(stage.Game("ships/out.shp"), "as it was");
-  // 3 MB of literals are promised, and neither the entry nor the 50,000 bytes behind it hold them.
+  // 3 MB of literals are promised, and neither the entry nor the 50,000 bytes after it have them.
   Bytes endless = {0x10, 0xFB, 0x2F, 0xFF, 0xFF};
   for (int i = 0; i < 2000; ++i) endless.insert(endless.end(), 113, 0xFB);
   stage.Write({{"endless", endless}, {"more", Bytes(100000, 0xFB)}});

@@ -49,13 +49,13 @@ struct ArchiveStage {
 /// The entry's bytes in the table: offset, size, name and the zero byte.
 Bytes TableRow(std::uint32_t offset, std::uint32_t size, const std::string& name);
 
-/// A header with that count, and the table behind it.
+/// A header with that count, and the table after it.
 Bytes HeaderAnd(std::uint32_t count, const Bytes& table);
 
 /// A stock ship whose record has no place in the archive.
 ShipRecord StockShip(const std::string& name, const std::string& file);
 
-/// A stock ship that stands in the archive as the entry says.
+/// A stock ship whose record has that entry.
 ShipRecord ShipAt(const std::string& name, const std::string& file, const TableEntry& entry);
 
 /// An imported ship.

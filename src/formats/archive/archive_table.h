@@ -51,7 +51,7 @@ std::uint32_t HogCount(File& hog);
 ///   or the table is longer than longestHogTable
 std::vector<HogEntry> GetHogData(File& hog, std::uint32_t count);
 
-/// True when the file begins with "BIGF", in capitals.
+/// True when the file starts with "BIGF", in capitals.
 bool IsBIGF(File& file);
 
 /// The index of the first entry of that name; -1 without one. Case and spaces at the ends do not matter.

@@ -39,7 +39,7 @@ std::string WhyNotExtracted(Files& files, const Destination& destination, const 
 /// Writes an entry's file to a temporary file and renames it when it is complete. Makes missing folders. Before an
 /// older file is replaced, the new one is flushed to the disk.
 /// @param write puts the bytes into the file it is given
-/// @throws FileError, or whatever `write` throws; then the file is as it was
+/// @throws FileError, or what `write` throws; then the file is as it was
 void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
                     const std::function<void(File& file)>& write);
 

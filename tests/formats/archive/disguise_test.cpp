@@ -1,4 +1,4 @@
-// The names of models in the archive's table: told apart, disguised and restored at one place.
+// The names of models in the archive's table: recognised, disguised and restored at one place.
 
 #include "archive/disguise.h"
 
@@ -14,7 +14,7 @@ struct NameAtAPlace : testing::Test {
     hog = File(stage.host.files, stage.hogPath, OpenFor::changing);
   }
 
-  /// Writes another name, with a zero byte behind it.
+  /// Writes another name, with a zero byte after it.
   void Write(const std::string& name) {
     Bytes bytes = BytesOf(name);
     bytes.push_back(0);
