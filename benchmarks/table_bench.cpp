@@ -53,11 +53,11 @@ void AddTableReading(const std::filesystem::path& work) {
     const std::string native = WriteArchive(work, count).string();
     const std::string figure = "GetHogData, " + std::to_string(count) + " entries";
     benchmark::RegisterBenchmark((figure + "/oravin").c_str(), [native](benchmark::State& state) {
-      Host host;
-      std::string path = platform::ToWindowsPath(native);
+      Files files;
+      const std::string path = platform::ToWindowsPath(native);
       for (auto _ : state) {
-        std::vector<HogEntry> entries;
-        GetHogData(host, path, entries);
+        File hog(files, path, OpenFor::reading);
+        const std::vector<HogEntry> entries = GetHogData(hog, HogCount(hog));
         benchmark::DoNotOptimize(entries.data());
       }
     });

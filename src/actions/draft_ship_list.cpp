@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "actions/load_table.h"
 #include "archive/disguise.h"
 #include "archive/unpack.h"
 #include "base/text.h"
@@ -12,7 +13,6 @@
 #include "files/file.h"
 #include "files/folder_names.h"
 #include "files/path.h"
-#include "installation/table_backup.h"
 #include "lists/ship_list_text.h"
 #include "models/attachments.h"
 #include "models/texture_names.h"
@@ -70,19 +70,18 @@ void AddModel(Drafting& drafting, FoundModel model) {
 }
 
 /// The plain names of entries whose names are disguised, by their position in the table.
-std::unordered_map<std::uint32_t, std::string> BackedUpNames(Host& host, const std::string& programPath) {
+std::unordered_map<std::uint32_t, std::string> BackedUpNames(Host& host, const Installation& installation) {
   std::unordered_map<std::uint32_t, std::string> names;
-  for (HogEntry& entry : ReadFatBackup(host, programPath).entries) names.emplace(entry.FatPos, std::move(entry.Name));
+  for (HogEntry& entry : LoadFatBackup(host, installation).entries) names.emplace(entry.FatPos, std::move(entry.Name));
   return names;
 }
 
 /// Finds the archive's models in the order of its table.
 /// @return whether the table could be read
 bool FindArchiveModels(Drafting& drafting) {
-  std::string path = drafting.installation.archivePath();
-  std::vector<HogEntry> entries;
-  if (GetHogData(drafting.host, path, entries) == 0) return false;
-  const auto backup = BackedUpNames(drafting.host, drafting.installation.ProgramPath);
+  const std::vector<HogEntry> entries = LoadHogTable(drafting.host, drafting.installation.archivePath()).table.entries;
+  if (entries.empty()) return false;
+  const auto backup = BackedUpNames(drafting.host, drafting.installation);
   for (const HogEntry& entry : entries) {
     if (ExtensionOf(entry.Name) != "shp") continue;
     std::string name = entry.Name;

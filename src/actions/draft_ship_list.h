@@ -50,8 +50,8 @@ inline constexpr int draftedKind = 1;
 /// - What cannot stand in the list is passed over with a reason: models in folders of the archive, long names, names
 ///   that no file can bear, second entries of one name.
 ///
-/// Nothing is written, save for what GetHogData repairs. It tells how far it has come and can be stopped. An archive
-/// that cannot be read gives the boxes of GetHogData or the error trap's, and an empty draft.
+/// Nothing is written, except for what LoadHogTable repairs. It tells how far it has come and can be stopped. An
+/// archive that cannot be read gives the boxes of LoadHogTable or the error trap's, and an empty draft.
 ShipListDraft DraftShipList(Host& host, const Installation& installation);
 
 /// The ships alone, as they are saved.

@@ -1,33 +1,34 @@
 #include "actions/unpack_models.h"
 
-#include "archive/archive_table.h"
+#include <optional>
+
+#include "actions/load_table.h"
 #include "archive/disguise.h"
 #include "archive/unpack.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/program_end.h"
-#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "installation/installation.h"
-#include "installation/model_entry.h"
 
 namespace oravin {
 
 namespace {
 
-/// Unpacks one model beside its name; says so where the archive no longer holds it.
-bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, const ShipRecord& ship,
+constexpr const char* unpackTitle = "UnpackFile()";
+
+/// Unpacks one model to a temporary file; a message box says so if the archive no longer holds it.
+bool AddShip(Host& host, WholeFiles& together, const Installation& installation, const ShipRecord& ship,
              const std::string& model, bool* nowhere = nullptr) {
-  const std::string hogPath = gamePath + hogName;
   std::optional<HogEntry> entry;
-  const bool done = Trap(host, "UnpackFile()", [&] {
-    entry = LiveEntryOf(host, hogPath, ship);
-    if (entry) {
-      AddUnpacked(host.files, together, hogPath, gamePath + "ships\\" + model, entry->Size, entry->Offset);
-    }
+  const bool done = Trap(host, unpackTitle, [&] {
+    entry = LiveEntryOf(host, installation, ship);
+    if (!entry) return;
+    AddUnpacked(host.files, together, installation.archivePath(), installation.modelPath(model), entry->Size,
+                entry->Offset);
   });
   if (done && !entry) {
     Show(host, "The model " + ModelOf(ship) + " was not found in resource.hog. Nothing was unpacked.",
@@ -37,8 +38,9 @@ bool AddShip(Host& host, WholeFiles& together, const std::string& gamePath, cons
   return done && entry;
 }
 
-/// Unpacks every stock model; a two-part ship's first model serves both parts, and the second part is passed over.
-void UnpackModels(Host& host, const std::string& gamePath, const Ships& ships) {
+/// Unpacks every stock model. The first model of a two-part ship is written for both parts.
+void UnpackModels(Host& host, const Installation& installation) {
+  const Ships& ships = installation.ships;
   const int total = static_cast<int>(ships.size());
   WholeFiles together;
   for (std::size_t i = 0; i < ships.size(); ++i) {
@@ -46,23 +48,23 @@ void UnpackModels(Host& host, const std::string& gamePath, const Ships& ships) {
     if (!IsStock(ship)) continue;
     ShowProgress(host, "Unpacking " + ModelOf(ship), static_cast<int>(i), total);
     const bool listed = Unsigned32(ship.HogFatPos) != 0;
-    if (listed) AddShip(host, together, gamePath, ship, ModelOf(ship));
+    if (listed) AddShip(host, together, installation, ship, ModelOf(ship));
     const std::int64_t partner = WholeNumber(ship.SecondPartIndex);
     if (!ship.HasSecondPart || partner <= static_cast<std::int64_t>(i)) continue;
-    if (listed) AddShip(host, together, gamePath, ship, ModelOf(ships[static_cast<std::size_t>(partner)]));
+    if (listed) AddShip(host, together, installation, ship, ModelOf(ships[static_cast<std::size_t>(partner)]));
     ++i;
   }
-  Trap(host, "UnpackFile()", [&] { CommitWhole(host.files, together); });
+  Trap(host, unpackTitle, [&] { CommitWhole(host.files, together); });
 }
 
-void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships) {
+void DisguiseModels(Host& host, const Installation& installation) {
   std::vector<std::string> passedOver;
   Trap(host, "UnpackSetup", [&] {
-    File hog(host.files, gamePath + hogName, OpenFor::changing);
-    for (const ShipRecord& ship : ships) {
+    File hog(host.files, installation.archivePath(), OpenFor::changing);
+    for (const ShipRecord& ship : installation.ships) {
       const std::uint32_t fatPos = Unsigned32(ship.HogFatPos);
       if (!IsStock(ship) || fatPos == 0) continue;
-      const bool loose = FileExists(host.files, gamePath + "ships\\" + ModelOf(ship));
+      const bool loose = FileExists(host.files, installation.modelPath(ModelOf(ship)));
       if (!loose || !DisguiseName(hog, fatPos, ModelOf(ship))) passedOver.push_back(ModelOf(ship));
     }
     Flush(hog);
@@ -77,48 +79,43 @@ void DisguiseModels(Host& host, const std::string& gamePath, const Ships& ships)
 
 }  // namespace
 
-std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
+std::uint32_t UnpackFile(Host& host, const Installation& installation, const std::string& destination,
                          std::uint32_t size, std::uint32_t offset) {
-  folder = AddBackslash(folder);
-  TrimInPlace(hogPath);
-  if (!FolderExists(host.files, folder) || !FileExists(host.files, hogPath)) {
-    Show(host, "Error - Path(s) not found", Icon::exclamation, "UnpackFile()");
-    return 0;
-  }
-  return Trapped(host, "UnpackFile()", std::uint32_t{0},
-                 [&] { return UnpackEntry(host.files, hogPath, folder + name, size, offset); });
+  return Trapped(host, unpackTitle, std::uint32_t{0}, [&] {
+    RequireFile(host.files, installation.archivePath());
+    const std::string folder = ParentFolder(destination);
+    if (!FolderExists(host.files, folder)) {
+      throw FileError("could not open", folder, "it does not exist", ErrorKind::missing);
+    }
+    return UnpackEntry(host.files, installation.archivePath(), destination, size, offset);
+  });
 }
 
-bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string& folder, const std::string& name,
+bool UnpackStockModel(Host& host, const Installation& installation, const std::string& destination,
                       const ShipRecord& ship) {
-  std::string hog = hogPath;
-  std::string into = folder;
-  HogEntry entry;
-  if (FileExists(host.files, hog)) {  // UnpackFile has the box for an archive that is missing
-    std::optional<HogEntry> found;
-    if (!Trap(host, "UnpackFile()", [&] { found = LiveEntryOf(host, hog, ship); })) return true;
-    if (!found || found->Size == 0) return false;
-    entry = *found;
+  std::optional<HogEntry> entry = HogEntry();
+  if (FileExists(host.files, installation.archivePath())) {  // UnpackFile reports a missing archive
+    if (!Trap(host, unpackTitle, [&] { entry = LiveEntryOf(host, installation, ship); })) return true;
+    if (!entry || entry->Size == 0) return false;
   }
-  UnpackFile(host, hog, into, name, entry.Size, entry.Offset);
+  UnpackFile(host, installation, destination, entry->Size, entry->Offset);
   return true;
 }
 
-bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model,
+bool UnpackShip(Host& host, const Installation& installation, const ShipRecord& ship, const std::string& model,
                 bool* nowhere) {
   WholeFiles alone;
-  return AddShip(host, alone, gamePath, ship, model, nowhere) &&
-         Trap(host, "UnpackFile()", [&] { CommitWhole(host.files, alone); });
+  return AddShip(host, alone, installation, ship, model, nowhere) &&
+         Trap(host, unpackTitle, [&] { CommitWhole(host.files, alone); });
 }
 
-void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships) {
-  gamePath = AddBackslash(gamePath);
-  if (!FolderExists(host.files, gamePath)) {
+void UnpackSetup(Host& host, const Installation& installation) {
+  if (!FolderExists(host.files, installation.GamePath)) {
     Show(host, "Error - Invalid Path", Icon::critical, "UnpackSetup");
     throw ProgramEnd();
   }
-  UnpackModels(host, gamePath, ships);
-  DisguiseModels(host, gamePath, ships);
+  UnpackModels(host, installation);
+  DisguiseModels(host, installation);
   EndProgress(host);
 }
 

@@ -3,37 +3,38 @@
 #include <cstdint>
 #include <string>
 
-#include "catalogue/ship_record.h"
 #include "desk/host.h"
+#include "installation/installation.h"
 
 namespace oravin {
 
-/// UnpackEntry into a folder, with boxes titled "UnpackFile()": "Error - Path(s) not found" when the folder or the
-/// archive is missing, and the error trap's.
-/// @param hogPath,folder trimmed in place; a backslash is appended to the folder
+/// Unpacks an entry of the game's archive to a file (UnpackEntry). Message boxes titled "UnpackFile()": "Error -
+/// Path(s) not found" when the archive or the destination's folder is missing, else the general one.
+/// @param destination the file's whole path
+/// @param size,offset of the entry, in bytes
 /// @return the signature, 4347 for a compressed entry; 0 when nothing was written
-std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
+std::uint32_t UnpackFile(Host& host, const Installation& installation, const std::string& destination,
                          std::uint32_t size, std::uint32_t offset);
 
 /// UnpackFile for a ship's stock model, wherever the archive holds it now (LiveEntryOf): a patch may have moved or
 /// replaced it since the catalogue was built.
-/// @return false when the archive does not hold the model, or holds nothing under its name; then there was no box
-bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string& folder, const std::string& name,
+/// @return false, without a message, when the archive does not hold the model or its entry is empty
+bool UnpackStockModel(Host& host, const Installation& installation, const std::string& destination,
                       const ShipRecord& ship);
 
-/// Writes a ship's stock model into the game's ships folder, after making sure that the archive still lists that ship
-/// where the catalogue says (LiveEntryOf). Where it is nowhere, a box says so.
+/// Unpacks a ship's stock model into the game's ships folder, wherever the archive holds it now (LiveEntryOf). A
+/// message box says so if the archive does not hold it.
 /// @param model the file name to write it under
-/// @param nowhere becomes true when the archive can be read and does not have the model
+/// @param nowhere becomes true when the archive can be read and does not hold the model
 /// @return whether the model was written
-bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model,
+bool UnpackShip(Host& host, const Installation& installation, const ShipRecord& ship, const std::string& model,
                 bool* nowhere = nullptr);
 
-/// Writes every stock ship's model into the game's ships folder and disguises its name in the archive's table.
+/// Unpacks every stock ship's model into the game's ships folder and disguises its name in the archive's table.
 ///
-/// Of a two-part ship the first part's model is written under both names: that is meant. A name is disguised only where
-/// the table's position still bears it and the loose model is there; what was passed over is named in one box. A folder
-/// that is missing gives "Error - Invalid Path", and the program ends.
-void UnpackSetup(Host& host, std::string& gamePath, const Ships& ships);
+/// Intentional: both parts of a two-part ship get the first part's model. A name is disguised only if the table still
+/// has it at the ship's place and the loose model is there; one message box lists the others. Without the game folder,
+/// "Error - Invalid Path" is shown and the program ends.
+void UnpackSetup(Host& host, const Installation& installation);
 
 }  // namespace oravin

@@ -1,5 +1,6 @@
 #include "app/disable.h"
 
+#include "actions/load_table.h"
 #include "actions/restore_archive.h"
 #include "actions/restore_cache.h"
 #include "actions/safekeeping.h"
@@ -10,7 +11,6 @@
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "installation/kept_models.h"
-#include "installation/table_backup.h"
 #include "stats/ship_stats.h"
 
 namespace oravin {
@@ -45,19 +45,18 @@ WritePlan PlanDisable(Files& files, const Installation& installation) {
 
 /// Returns whether the archive and the ships folder are as they were; until then the catalogue is needed.
 bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
-  const std::string hog = installation.archivePath();
-  const std::string shipsFolder = installation.modelsFolder();
   const std::string current = installation.statsPath();
   const std::string defaults = installation.defaultsPath();
-  const HogTable backup = ReadFatBackup(host, installation.ProgramPath);
+  const HogTable backup = LoadFatBackup(host, installation);
   if (installation.ships.empty()) {
-    const bool restored = RestoreHogByBackup(host, hog, shipsFolder, backup);
+    const bool restored = RestoreHogByBackup(host, installation, backup);
     RestoreAllBlocks(host, current, defaults);
     return restored;
   }
-  bool restored = RestoreHog(host, hog, shipsFolder, installation.addOnModelsFolder(), installation.ships, backup);
+  bool restored = RestoreHog(host, installation, backup);
   // Names of ships that have left the ship list since they were disguised are known to the backup alone.
-  if (FileExists(host.files, hog)) restored = RestoreHogByBackup(host, hog, shipsFolder, backup) && restored;
+  if (FileExists(host.files, installation.archivePath()))
+    restored = RestoreHogByBackup(host, installation, backup) && restored;
   RestoreShipStats(host, current, defaults, installation.ships);
   return restored;
 }

@@ -3,6 +3,7 @@
 #include "actions/add_on_ship.h"
 #include "actions/build_catalogue.h"
 #include "actions/import_refusals.h"
+#include "actions/load_table.h"
 #include "actions/safekeeping.h"
 #include "actions/unpack_models.h"
 #include "app/loadout.h"
@@ -15,6 +16,7 @@
 #include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
+#include "installation/model_entry.h"
 #include "installation/table_backup.h"
 #include "stats/ship_stats.h"
 
@@ -40,8 +42,7 @@ struct Preparation {
   std::vector<ListedShip> list;
   std::vector<std::string> stockModels;
   std::vector<std::string> models;  ///< of stock and add-on ships
-  HogTable live;
-  bool repaired = false;
+  LoadedTable archive;
   bool wasEnabled = false;
 };
 
@@ -55,11 +56,8 @@ void CollectModels(Preparation& preparation) {
 }
 
 bool ReadArchive(Main& main, Preparation& preparation) {
-  std::string hog = main.installation.archivePath();
-  std::vector<HogEntry> entries;
-  const int count = GetHogData(main.host, hog, entries, &preparation.repaired);
-  preparation.live = TableOf(std::move(entries));
-  if (count > 0) return true;
+  preparation.archive = LoadHogTable(main.host, main.installation.archivePath());
+  if (!preparation.archive.table.entries.empty()) return true;
   Show(
       main.host,
       "Enabling was stopped, because the table of resource.hog cannot be read. If you have a backup of the table, open "
@@ -74,13 +72,13 @@ void PlanModels(Main& main, const Preparation& preparation, WritePlan& plan) {
   for (const std::string& path : LooseFiles(main.host.files, installation, preparation.models))
     plan.files.push_back(path);
   File hog(main.host.files, installation.archivePath(), OpenFor::reading);
-  const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
+  const HogTable backup = LoadFatBackup(main.host, installation);
   for (const ListedShip& ship : preparation.list) {
     const std::string model = Trim(ship.file);
     if (model.empty()) continue;
     if (ship.kind == importedKind) {
       NeedRoom(plan, installation.GamePath, FileLength(main.host.files, installation.addOnModelPath(model)));
-    } else if (const auto entry = FindModel(model, preparation.live, backup)) {
+    } else if (const auto entry = FindModel(model, preparation.archive.table, backup)) {
       NeedRoom(plan, installation.GamePath, UnpackedSize(hog, entry->Size, entry->Offset));
     }
   }
@@ -99,14 +97,13 @@ WritePlan PlanEnable(Main& main, const Preparation& preparation) {
                 installation.statsPath(),
                 installation.defaultsPath(),
                 installation.cataloguePath(),
-                installation.backupPath("resource.fat"),
+                installation.backupPath(fatBackupName),
                 installation.backupPath(defaultsName),
                 installation.cachePath()};
   PlanModels(main, preparation, plan);
   NeedRoom(plan, installation.GamePath, FileLength(main.host.files, installation.statsPath()));
   NeedRoom(plan, installation.ProgramPath, preparation.list.size() * shipRecordSize);
-  NeedRoom(plan, installation.ProgramPath,
-           FatBackupSize(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live));
+  NeedRoom(plan, installation.ProgramPath, FatBackupSize(main.host.files, installation, preparation.archive.table));
   if (!preparation.wasEnabled) {
     NeedRoom(plan, installation.ProgramPath, PlayersFilesSize(main.host.files, installation, preparation.models));
   }
@@ -132,11 +129,11 @@ bool KeepBackups(Main& main, const Preparation& preparation) {
   KeepDefaults(main.host, installation);
   return Trap(main.host, "cmdEnable_Click()", [&] {
     ShowProgress(main.host, "Keeping backups", 0, 1);
-    KeepFatBackup(main.host.files, installation.GamePath, installation.ProgramPath, preparation.live,
-                  preparation.repaired, preparation.stockModels);
+    KeepFatBackup(main.host.files, installation, preparation.archive.table, preparation.archive.repaired,
+                  preparation.stockModels);
     if (preparation.wasEnabled) return;
-    KeepPlayersFiles(main.host.files, installation, preparation.models, preparation.live,
-                     ReadFatBackup(main.host, installation.ProgramPath));
+    KeepPlayersFiles(main.host.files, installation, preparation.models, preparation.archive.table,
+                     LoadFatBackup(main.host, installation));
   });
 }
 
@@ -159,10 +156,10 @@ void cmdEnable_Click(Main& main) {
   }
   if (!KeepBackups(main, preparation)) return;
   const bool companions = ReadyLoadoutMaps(main);
-  const HogTable backup = ReadFatBackup(main.host, installation.ProgramPath);
-  if (!BuildCatalogue(main.host, installation, preparation.list, preparation.live, backup)) return;
+  const HogTable backup = LoadFatBackup(main.host, installation);
+  if (!BuildCatalogue(main.host, installation, preparation.list, preparation.archive.table, backup)) return;
   Trap(main.host, "cmdEnable_Click()", [&] { EraseKeptSpellings(main.host.files, installation, preparation.models); });
-  UnpackSetup(main.host, installation.GamePath, installation.ships);
+  UnpackSetup(main.host, installation);
   SetUpShipStats(main.host, installation.statsPath(), installation.defaultsPath(), installation.ships);
   if (companions) SetUpLoadouts(main);
   EndProgress(main.host);

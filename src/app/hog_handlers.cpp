@@ -2,9 +2,7 @@
 
 #include <array>
 
-#include "tabs/archive_backup.h"
-#include "tabs/archive_extract.h"
-#include "tabs/archive_open.h"
+#include "tabs/archive_tab.h"
 #include "tabs/first_bytes.h"
 
 namespace oravin {
@@ -24,7 +22,7 @@ void DoInHog(Main& main) {
   action(main.host, main.hog);
 }
 
-/// After what changes the selection, its view is brought up to date too.
+/// For actions that change the selection: also updates the view of the first bytes.
 template <OnHogTab action>
 void DoAndLookInHog(Main& main) {
   action(main.hog);

@@ -1,6 +1,6 @@
 #include "app/main.h"
 
-#include "tabs/archive_open.h"
+#include "tabs/archive_tab.h"
 #include "tabs/imported_list.h"
 #include "tabs/stats_show.h"
 

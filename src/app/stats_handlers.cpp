@@ -22,7 +22,7 @@ void MarkWeapon(Main& main) { shipWeaponsList_ItemClick(main.stats); }
 
 void RestoreWeaponsOfSelected(Main& main) {
   const UnpackModel unpack = [&main](const std::string& folder, const std::string& name, const ShipRecord& ship) {
-    return UnpackStockModel(main.host, main.installation.archivePath(), folder, name, ship);
+    return UnpackStockModel(main.host, main.installation, folder + name, ship);
   };
   cmdRestoreWeapons_Click(main.host, main.stats, main.installation, unpack);
 }

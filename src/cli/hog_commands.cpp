@@ -9,20 +9,20 @@
 #include "files/path.h"
 #include "platform/installation_lock.h"
 #include "platform/interrupt.h"
-#include "tabs/archive_open.h"
+#include "tabs/archive_tab.h"
 
 namespace oravin {
 
 namespace {
 
-/// Opens the archive in the tab's own way; a box says why not where it cannot.
+/// Opens the archive as the tab does; if that fails, a message box says why.
 bool OpenHog(Session& session, const std::string& file) {
   session.main.hog.txtHogPath.text = file;
   Run(session.main, "hog.cmdOpen");
   return IsArchiveOpen(session.main.hog);
 }
 
-/// The same for what changes the archive or lies beside it: not while another copy of the program works there.
+/// The same for commands that write to the archive or its folder: read-only while another Oravin is using it.
 bool OpenHogForChanges(Session& session, const std::string& file) {
   Main& main = session.main;
   main.onlyLooks = !platform::LockFolder(ParentFolder(file), main.gameLock);
@@ -31,7 +31,7 @@ bool OpenHogForChanges(Session& session, const std::string& file) {
 
 bool IsPattern(const std::string& name) { return name.find_first_of("*?") != std::string::npos; }
 
-/// Selects the entries of some names; says which name stands for none.
+/// Selects the entries with these names; reports each name that no entry has.
 void SelectEntries(Session& session, const std::vector<std::string>& names) {
   HogTab& tab = session.main.hog;
   const HogNames known = NamesOf(tab.archive.entries);
@@ -79,22 +79,23 @@ std::optional<Result> ExtractBy(Session& session, const Values& values, const ch
                 files + " extracted.\n"};
 }
 
-/// Runs an action on the open archive that tells of a failure in a box.
+/// Runs an action on an archive; the action reports a failure in a message box.
 std::optional<Result> RunOnHog(Session& session, const Values& values, const char* action, const char* handler) {
   if (!OpenHogForChanges(session, values.at(0))) return std::nullopt;
   const int failuresBefore = session.console.failures;
-  session.main.hog.lblFilePath.caption.clear();
+  const HogTab& tab = session.main.hog;
   Run(session.main, handler);
   if (session.console.failures > failuresBefore) return std::nullopt;
-  const std::string said = ToUtf8(session.main.hog.lblFilePath.caption);
-  return Result{{{"action", action}, {"done", !said.empty()}}, (said.empty() ? "Nothing was done" : said) + ".\n"};
+  const bool done = tab.status.kind != HogStatus::Kind::none;
+  return Result{{{"action", action}, {"done", done}},
+                (done ? ToUtf8(tab.lblFilePath.caption) : "Nothing was done") + ".\n"};
 }
 
 }  // namespace
 
 std::optional<Result> ListHog(Session& session, const Values& values) {
   if (!OpenHog(session, values.at(0))) return std::nullopt;
-  return Result{HogJson(session.main), HogTable(session.main)};
+  return Result{HogJson(session.main), HogText(session.main)};
 }
 
 std::optional<Result> ExtractHog(Session& session, const Values& values) {

@@ -1,17 +1,17 @@
 #include "cli/hog_table.h"
 
+#include "archive/unpack.h"
 #include "base/hex_text.h"
 #include "base/text.h"
 #include "cli/text_table.h"
 #include "files/path.h"
-#include "tabs/archive_extract.h"
 
 namespace oravin {
 
 namespace {
 
 const char* KindOf(File& hog, const HogEntry& entry) {
-  if (!WhyNotInside(hog, entry).empty()) return "damaged";
+  if (!LiesInside(hog, entry)) return "damaged";
   return IsCompressed(hog, entry) ? "packed" : "stored";
 }
 
@@ -32,7 +32,7 @@ Json HogJson(Main& main) {
   return document;
 }
 
-std::string HogTable(Main& main) {
+std::string HogText(Main& main) {
   std::vector<std::vector<std::string>> rows;
   for (const HogEntry& entry : main.hog.archive.entries) {
     rows.push_back({entry.Name, DecToHex(entry.Offset), DecToHex(entry.Size), DecToHex(entry.FatPos),

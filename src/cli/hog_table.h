@@ -5,7 +5,7 @@
 #include "app/main.h"
 #include "cli/json_forms.h"
 
-/// The entries of the archive that is open, as the command line tells them.
+/// The entries of the open archive, as the command line prints them.
 namespace oravin {
 
 /// {"name":..,"offset":..,"size":..,"fatPosition":..,"extension":..,"kind":"packed" or "stored"}; the kind is "damaged"
@@ -16,6 +16,6 @@ Json JsonOf(Main& main, const HogEntry& entry);
 Json HogJson(Main& main);
 
 /// The same as a table of text; offsets, sizes and positions are hexadecimal, as the window shows them.
-std::string HogTable(Main& main);
+std::string HogText(Main& main);
 
 }  // namespace oravin

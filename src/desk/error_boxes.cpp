@@ -9,7 +9,12 @@ namespace {
 
 /// One row per procedure and kind, sorted by procedure.
 constexpr std::array errorBoxes = {
+    ErrorBox{"GetHogData", ErrorKind::missing, "Error - hog not found", Icon::exclamation, "GetHogData", true},
     ErrorBox{"GetImportStats", ErrorKind::missing, "File not found!", Icon::critical, "GetImportStats"},
+    ErrorBox{"RestoreHog", ErrorKind::missing, "Error - hog not found", Icon::exclamation, "RestoreHog"},
+    ErrorBox{"UnpackFile()", ErrorKind::missing, "Error - Path(s) not found", Icon::exclamation, "UnpackFile()"},
+    ErrorBox{"cmdOpen_Click()", ErrorKind::wrongFormat, "This file is not a valid SL Hog file", Icon::exclamation,
+             "Extractor"},
 };
 
 }  // namespace

@@ -12,11 +12,11 @@ inline constexpr const char* tcacheName = "tcachehw.dat";
 inline constexpr const char* statsName = "shipstats.bin";
 inline constexpr const char* defaultsName = "shipstats.def";
 
-/// Names of files of the program folder.
+/// Names of files of the program folder; the last one is in its `backup\`.
 inline constexpr const char* catalogueName = "ships.dat";
 inline constexpr const char* shipListName = "shipsData.txt";
 inline constexpr const char* loadoutMapsName = "gloadconv.dat";
-inline constexpr const char* fatBackupName = "backup\\resource.fat";
+inline constexpr const char* fatBackupName = "resource.fat";
 
 /// Where add-on ships lie, relative to the program folder: their models, their bitmaps, their statistics texts, and
 /// what is kept of those that were removed.

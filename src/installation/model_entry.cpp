@@ -1,7 +1,6 @@
 #include "installation/model_entry.h"
 
 #include "archive/disguise.h"
-#include "base/file_error.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
 
@@ -26,13 +25,6 @@ bool RecordHolds(File& file, const ShipRecord& ship) {
 
 }  // namespace
 
-HogTable TableOf(std::vector<HogEntry> entries) {
-  HogTable table;
-  table.names = NamesOf(entries);
-  table.entries = std::move(entries);
-  return table;
-}
-
 std::optional<HogEntry> FindModel(const std::string& model, const HogTable& live, const HogTable& backup) {
   const HogEntry* found = FirstNamed(live, model);
   if (found == nullptr) found = FirstNamed(backup, model);
@@ -44,22 +36,15 @@ bool IsDisguised(const std::string& model, const HogTable& live) {
   return FirstNamed(live, model) == nullptr && FirstNamed(live, Disguised(model)) != nullptr;
 }
 
-std::optional<HogEntry> LiveEntryOf(Host& host, const std::string& hogPath, const ShipRecord& ship) {
-  const bool known = Unsigned32(ship.HogFatPos) != 0;
-  File archive(host.files, hogPath, OpenFor::reading);
-  if (known && RecordHolds(archive, ship)) {
-    return HogEntry{ModelOf(ship), Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset), Unsigned32(ship.HogFatPos)};
-  }
-  Close(archive);
-  std::string path = hogPath;
-  std::vector<HogEntry> entries;
-  // An archive whose table cannot be read may well hold the model: that is not the same as one without it.
-  if (GetHogData(host, path, entries) == 0) {
-    throw FileError("could not look for " + ModelOf(ship) + " in", hogPath, "its table cannot be read");
-  }
-  const HogTable live = TableOf(std::move(entries));
-  if (known) return FindModel(ModelOf(ship), live, {});
-  // A model that was in the archive nowhere has no disguised name of its own there.
+std::optional<HogEntry> RecordedEntry(Files& files, const Installation& installation, const ShipRecord& ship) {
+  File archive(files, installation.archivePath(), OpenFor::reading);
+  if (Unsigned32(ship.HogFatPos) == 0 || !RecordHolds(archive, ship)) return std::nullopt;
+  return HogEntry{ModelOf(ship), Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset), Unsigned32(ship.HogFatPos)};
+}
+
+std::optional<HogEntry> LookUpModel(const ShipRecord& ship, const HogTable& live) {
+  if (Unsigned32(ship.HogFatPos) != 0) return FindModel(ModelOf(ship), live, {});
+  // A model that was not in the archive has no disguised name there either.
   const HogEntry* found = FirstNamed(live, ModelOf(ship));
   return found == nullptr ? std::nullopt : std::optional(*found);
 }

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "desk/host.h"
+#include "files/files.h"
 #include "installation/installation.h"
 #include "stats/ship_stats.h"
 

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "archive/disguise.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
+#include "installation/model_entry.h"
 
 namespace oravin {
 
@@ -14,14 +14,14 @@ namespace {
 
 constexpr std::size_t backupBlock = 1U << 18U;
 
-/// H, or where it is not believable the end of the table's last entry.
+/// H, or the end of the table's last entry if H cannot be right.
 std::uint64_t BackupLength(File& hog, const std::vector<HogEntry>& entries) {
   const std::uint64_t tableEnd = entries.empty() ? hogTableOffset : EndOf(entries.back());
   const std::uint64_t stated = ReadLongBE(hog, hogTableSizeOffset);
   return stated < hogTableOffset || stated > hog.length || stated < tableEnd ? tableEnd : stated;
 }
 
-/// Hands out the bytes that a backup made now would hold, block by block, until `take` returns false.
+/// Passes the content of a backup made now to `take`, block by block, until that returns false.
 template <typename Take>
 bool EachBlock(File& hog, const HogTable& live, bool repaired, Take&& take) {
   const std::uint64_t length = BackupLength(hog, live.entries);
@@ -46,14 +46,14 @@ bool EqualsBackup(File& hog, const std::string& backup, const HogTable& live, bo
 
 }  // namespace
 
-void KeepFatBackup(Files& files, const std::string& gamePath, const std::string& programPath, const HogTable& live,
-                   bool repaired, const std::vector<std::string>& models) {
+void KeepFatBackup(Files& files, const Installation& installation, const HogTable& live, bool repaired,
+                   const std::vector<std::string>& models) {
   if (std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); })) return;
-  const std::string backup = programPath + fatBackupName;
-  File hog(files, gamePath + hogName, OpenFor::reading);
+  const std::string backup = installation.backupPath(fatBackupName);
+  File hog(files, installation.archivePath(), OpenFor::reading);
   if (FileExists(files, backup)) {
     if (EqualsBackup(hog, backup, live, repaired)) return;
-    CopyWhole(files, backup, FreeOldName(files, programPath + "backup\\resource"));
+    CopyWhole(files, backup, FreeOldName(files, installation.backupPath("resource")));
   }
   WriteBeside(files, backup, [&](File& file) {
     EachBlock(hog, live, repaired, [&](std::uint64_t at, const Bytes& block) {
@@ -63,17 +63,9 @@ void KeepFatBackup(Files& files, const std::string& gamePath, const std::string&
   });
 }
 
-std::uint64_t FatBackupSize(Files& files, const std::string& gamePath, const std::string& programPath,
-                            const HogTable& live) {
-  File hog(files, gamePath + hogName, OpenFor::reading);
-  return BackupLength(hog, live.entries) + FileLength(files, programPath + fatBackupName);
-}
-
-HogTable ReadFatBackup(Host& host, const std::string& programPath) {
-  std::string path = programPath + fatBackupName;
-  std::vector<HogEntry> entries;
-  if (FileExists(host.files, path)) GetHogData(host, path, entries);
-  return TableOf(std::move(entries));
+std::uint64_t FatBackupSize(Files& files, const Installation& installation, const HogTable& live) {
+  File hog(files, installation.archivePath(), OpenFor::reading);
+  return BackupLength(hog, live.entries) + FileLength(files, installation.backupPath(fatBackupName));
 }
 
 }  // namespace oravin

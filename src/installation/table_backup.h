@@ -1,35 +1,33 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
-#include "desk/host.h"
+#include "archive/archive_table.h"
 #include "installation/installation.h"
-#include "installation/model_entry.h"
 
 /// `backup\resource.fat` in the program folder: the archive's header and table as they were before the first name was
-/// disguised. Ships that the live table no longer lists are found by it, and names are put back as they were spelled.
+/// disguised. It finds ships that the live table no longer lists, and restores names as they were spelled.
 namespace oravin {
 
-/// Keeps the backup.
+/// Keeps the backup up to date.
 ///
-/// It is written where it is missing, and only from a table in which no model's name is disguised. When the live table
-/// is wholly plain and differs from the backup (the game was patched or installed again), the backup is renewed and the
-/// old one kept as the first free of `backup\resource.old`, `backup\resource.old2`, ... Otherwise it stays.
+/// Nothing is written while the name of any model is disguised in the live table. Otherwise a missing backup is
+/// written. A backup that differs from the live table (the game was patched or reinstalled) is renewed, and the old one
+/// is kept under the first free name of `backup\resource.old`, `backup\resource.old2`, ...
 ///
-/// It holds the archive's first H bytes; where H is not believable, those up to the end of the last entry. Where the
-/// archive's count was repaired in this read, the backup carries the number of entries read, big-endian.
+/// The backup has the archive's first H bytes; if H cannot be right, those up to the end of the last entry.
 ///
+/// @param repaired the archive's count was 0 and has been repaired in this read: then the backup's count is the number
+///   of entries read, big-endian
 /// @param models the stock models of the catalogue
 /// @throws FileError when a file fails
-void KeepFatBackup(Files& files, const std::string& gamePath, const std::string& programPath, const HogTable& live,
-                   bool repaired, const std::vector<std::string>& models);
+void KeepFatBackup(Files& files, const Installation& installation, const HogTable& live, bool repaired,
+                   const std::vector<std::string>& models);
 
-/// How many bytes KeepFatBackup would write at the most.
-std::uint64_t FatBackupSize(Files& files, const std::string& gamePath, const std::string& programPath,
-                            const HogTable& live);
-
-/// Reads the backup's table; an empty one where there is no backup.
-HogTable ReadFatBackup(Host& host, const std::string& programPath);
+/// The number of bytes that KeepFatBackup may write.
+/// @throws FileError when the archive cannot be read
+std::uint64_t FatBackupSize(Files& files, const Installation& installation, const HogTable& live);
 
 }  // namespace oravin

@@ -5,29 +5,29 @@
 #include <string>
 #include <vector>
 
-#include "archive/archive_table.h"
+#include "actions/edit_entry.h"
+#include "archive/open_archive.h"
 #include "desk/controls.h"
 #include "desk/host.h"
-#include "files/file.h"
 
 namespace oravin {
 
-/// The archive that the tab keeps open.
-struct OpenArchive {
-  File file;                    ///< closed while none is open
-  std::string path;             ///< empty while none is open
-  std::string whyOnlyRead;      ///< why it cannot be written, in words; empty where it can
-  std::uint32_t size = 0;       ///< in bytes, as its header says
-  std::uint32_t tableSize = 0;  ///< H, the size in bytes of header and table, as its header says
-  std::vector<HogEntry> entries;
-};
-
-/// The place in an archive that Copy remembers for Paste.
-struct RememberedPlace {
-  std::string archive;
-  std::string name;
-  std::uint32_t offset = 0;
-  std::uint32_t size = 0;
+/// The last thing done on the tab, for the line under the list.
+struct HogStatus {
+  enum class Kind {
+    none,  ///< then the line says whether the archive is read-only
+    extracting,
+    unpacking,
+    extracted,
+    tableSaved,
+    tableRestored,
+    placeCopied,
+    placePasted,
+  };
+  Kind kind = Kind::none;
+  std::string entry = {};  ///< the name of the entry being extracted, copied or pasted over
+  std::string other = {};  ///< the path of the destination or of the table's backup, or the name of the pasted entry
+  unsigned files = 0;      ///< extracted
 };
 
 /// The columns of hogList.
@@ -62,11 +62,14 @@ struct HogTab {
   Label lblHogSize;
   Label lblHogFiles;
   Label lblShown;        ///< how many entries are listed and selected, and their size
-  Label lblFilePath;     ///< what is being extracted, or what there is to say of the archive
-  Button cmdFirstBytes;  ///< folds the view of the selected entry's first bytes away, and out again
+  Label lblFilePath;     ///< the text of `status`
+  Button cmdFirstBytes;  ///< hides and shows the view of the selected entry's first bytes
   TextBox txtFirstBytes;
 
   OpenArchive archive;
+  bool hasTableBackup = false;   ///< there is a backup of its table to restore
+  std::uint32_t filesShown = 0;  ///< in lblHogFiles: the archive's files, or those of the last complete extraction
+  HogStatus status;
   std::optional<RememberedPlace> remembered;
   unsigned filesExtracted = 0;  ///< by the last extraction
 };
@@ -76,21 +79,11 @@ HogTab NewHogTab();
 /// True while the tab has an archive open.
 bool IsArchiveOpen(const HogTab& tab);
 
-/// Lists the entries that the filter lets through, in the list's order, and tells their number and size. What was
-/// selected stays selected where it is still listed.
+/// Lists the entries that pass the filter, in the list's order. What was selected stays selected if it is still listed.
 void DisplayHog(HogTab& tab);
 
-/// Brings the line about what is listed and selected, and the menu, up to date.
-void TellSelection(HogTab& tab);
-
-/// Enables what can be used on the archive that is open, or disables it all when none is.
-void EnableHogControls(HogTab& tab);
-
-/// True when the open archive can be written; else a box says why not.
-bool MayWriteArchive(Host& host, const HogTab& tab);
-
-/// What there is to say of an archive that cannot be written; empty where it can.
-std::string OnlyReadRemark(const HogTab& tab);
+/// Makes captions and enabled controls from the tab's values.
+void ShowHog(HogTab& tab);
 
 /// The entry that a row shows.
 const HogEntry& EntryOf(const HogTab& tab, const ListRow& row);
@@ -98,12 +91,39 @@ const HogEntry& EntryOf(const HogTab& tab, const ListRow& row);
 /// The index of the first selected row's entry.
 std::optional<std::size_t> SelectedEntry(const HogTab& tab);
 
-/// The path of the table's backup: the archive's with the extension ".FAT".
-std::string FatBackupOf(const std::string& hogPath);
+/// Asks for an archive; its path goes into txtHogPath.
+void cmdBrowseHogPath_Click(Host& host, HogTab& tab);
 
-/// The tab's own actions on the list.
+/// Asks for the folder to extract to; it goes into txtHogDest, with a backslash at its end.
+void cmdBrowseHogDest_Click(Host& host, HogTab& tab);
+
+/// Opens the archive of txtHogPath and lists its entries (ReadArchiveTable). If it cannot be written it is opened
+/// read-only.
+///
+/// Message boxes: "File not found"; "This file is not a valid SL Hog file", after which an archive that was open stays
+/// open; one for a damaged count without a good backup, and the error trap's for a damaged table, after which none is
+/// open.
+void cmdOpen_Click(Host& host, HogTab& tab);
+
+/// Closes the archive and empties the list.
+void cmdCloseHog_Click(HogTab& tab);
+
 void cmdSelectAll_Click(HogTab& tab);
 void cmdSelectNone_Click(HogTab& tab);
 void hogList_ColumnClick(HogTab& tab);
+
+/// Writes the selected entries into the folder of txtHogDest, as they are stored or unpacked (ExtractEntries), in the
+/// list's order.
+///
+/// Message boxes: "Destination path doesn't exist"; those of ExtractEntries; at the end "Extraction Complete" or
+/// "Unpacking and extraction Complete", "Exiting unpack / extract function" after Cancel, or that the user stopped it.
+void cmdExtract_Click(Host& host, HogTab& tab);
+void cmdUnpackExtract_Click(Host& host, HogTab& tab);
+
+/// Saves the table (BackUpTable). "Couldn't create FAT backup file." is shown if there is no backup afterwards.
+void cmdBackupFAT_Click(Host& host, HogTab& tab);
+
+/// Restores the table from its backup (RestoreTable) and lists the entries again.
+void cmdRestoreFAT_Click(Host& host, HogTab& tab);
 
 }  // namespace oravin

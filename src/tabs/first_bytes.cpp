@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "archive/unpack.h"
 #include "base/file_error.h"
 #include "base/text.h"
 #include "files/file.h"
-#include "tabs/archive_extract.h"
 
 namespace oravin {
 
@@ -21,12 +21,13 @@ std::string Hex(std::size_t value, int digits) {
   return text;
 }
 
-/// What is shown for a byte: printable ASCII as it is; what other bytes mean depends on the file.
+/// Printable ASCII as it is, a dot for any other byte.
 char CharacterOf(std::uint8_t byte) { return byte >= ' ' && byte < 127 ? static_cast<char>(byte) : '.'; }
 
 std::string ViewOf(File& hog, const HogEntry& entry) {
-  const std::string outside = WhyNotInside(hog, entry);
-  if (!outside.empty()) return Presentable(entry.Name) + ": " + outside + ".";
+  if (!LiesInside(hog, entry)) {
+    return Presentable(entry.Name) + ": its place in the archive lies past that file's end.";
+  }
   Bytes bytes(std::min<std::size_t>(entry.Size, firstBytesShown));
   Get(hog, entry.Offset, bytes);
   const char* kind = IsCompressed(hog, entry) ? ", packed" : ", stored";
@@ -51,21 +52,20 @@ std::string HexView(std::span<const std::uint8_t> bytes) {
 }
 
 void hogList_ItemClick(HogTab& tab) {
-  TellSelection(tab);
+  ShowHog(tab);
   tab.txtFirstBytes.text.clear();
   const auto index = SelectedEntry(tab);
   if (!index || !tab.txtFirstBytes.shown) return;
   try {
     tab.txtFirstBytes.text = ViewOf(tab.archive.file, tab.archive.entries.at(*index));
   } catch (const FileError& error) {
-    // A look at a file is not worth a box.
+    // Intentional: a preview that fails shows no message box.
     tab.txtFirstBytes.text = error.what();
   }
 }
 
 void cmdFirstBytes_Click(HogTab& tab) {
   tab.txtFirstBytes.shown = !tab.txtFirstBytes.shown;
-  tab.cmdFirstBytes.caption = tab.txtFirstBytes.shown ? "Hide first b&ytes" : "Show first b&ytes";
   hogList_ItemClick(tab);
 }
 

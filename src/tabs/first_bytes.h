@@ -12,14 +12,14 @@ namespace oravin {
 /// How many of an entry's bytes the view under the list shows.
 inline constexpr std::size_t firstBytesShown = 256;
 
-/// Shows the first bytes of the first selected entry, in hexadecimal and as text, in txtFirstBytes; nothing without
-/// one, and while the view is folded away. Also brings the line about the selection up to date.
+/// Shows the first bytes of the first selected entry, in hexadecimal and as text, in txtFirstBytes; nothing without a
+/// selection or while the view is hidden. Also updates the line about the selection.
 void hogList_ItemClick(HogTab& tab);
 
-/// Folds the view away, or out again.
+/// Hides or shows the view.
 void cmdFirstBytes_Click(HogTab& tab);
 
-/// Bytes in lines of sixteen: their offset, each in hexadecimal, and their characters.
+/// A hex dump: lines of sixteen bytes with their offset, hexadecimal values and characters.
 std::string HexView(std::span<const std::uint8_t> bytes);
 
 }  // namespace oravin

@@ -78,7 +78,7 @@ void WriteNoChange(SwapDesk& desk, int target) {
 /// Unpacks a ship's missing model; then a backup of it is out of date. A model that could not be unpacked leaves its
 /// backup alone: it may be the only one.
 void UnpackMissing(Host& host, const Installation& installation, const ShipRecord& ship) {
-  if (!UnpackShip(host, installation.GamePath, ship, ModelOf(ship))) return;
+  if (!UnpackShip(host, installation, ship, ModelOf(ship))) return;
   const std::string backup = BackupPath(installation, ship);
   if (FileExists(host.files, backup)) EraseFile(host.files, backup);
 }
@@ -179,7 +179,7 @@ void PutModelBack(Host& host, const Installation& installation, const ShipRecord
     return;
   }
   bool nowhere = false;
-  UnpackShip(host, installation.GamePath, part, ModelOf(part), &nowhere);
+  UnpackShip(host, installation, part, ModelOf(part), &nowhere);
   if (!nowhere || IsAnothersOwn(installation, parts, ModelOf(part))) return;
   // The source may have a file of the very same name.
   if (!IsSameFile(host.files, model, SourcePath(host.files, source))) {

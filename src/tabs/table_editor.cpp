@@ -1,89 +1,10 @@
 #include "tabs/table_editor.h"
 
-#include <algorithm>
-#include <array>
-
 #include "base/hex_text.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
-#include "desk/error_trap.h"
-#include "desk/new_name.h"
-#include "files/file.h"
-#include "files/file_numbers.h"
 
 namespace oravin {
-
-namespace {
-
-constexpr const char* editorTitle = "Table Editor";
-
-/// A longer name is no game's file; an edit box would take very long to show it.
-constexpr std::size_t longestEdited = 1000;
-
-using Number = std::array<std::uint8_t, 4>;  ///< the most significant byte first
-
-/// What is written over an entry of the table.
-struct Change {
-  std::string name;  ///< as long as the entry's own
-  Number offset{};
-  Number size{};
-};
-
-void Refuse(Host& host, const std::string& text) { Show(host, text, Icon::exclamation, editorTitle); }
-
-Number BigEndian(std::uint32_t value) {
-  Number bytes{};
-  PutBigEndian32(bytes.data(), value);
-  return bytes;
-}
-
-/// The entry as the file has it now.
-HogEntry ReadBack(File& hog, const HogEntry& known) {
-  HogEntry entry;
-  entry.FatPos = known.FatPos;
-  entry.Offset = ReadLongBE(hog, entry.FatPos);
-  entry.Size = ReadLongBE(hog, std::uint64_t{entry.FatPos} + 4);
-  Bytes name(known.Name.size() + 1);
-  Get(hog, std::uint64_t{entry.FatPos} + hogNameInEntry, name);
-  entry.Name = TextOf(name);
-  entry.Name.resize(std::min(entry.Name.find('\0'), known.Name.size()));
-  return entry;
-}
-
-/// True when the table still has what was read from it: else the place may belong to another entry by now.
-bool IsAsRead(Host& host, HogTab& tab, const HogEntry& entry) {
-  if (ReadBack(tab.archive.file, entry) == entry) return true;
-  Refuse(host, "Another program has changed the table of " + Presentable(tab.archive.path) +
-                   "\nsince it was opened. Open the archive again. Changes not saved");
-  return false;
-}
-
-/// Writes an entry's offset, size and name, and takes it into the list as the file has it then.
-/// @return whether it was written
-bool SaveEntry(Host& host, HogTab& tab, std::size_t index, const Change& change, const char* procedure) {
-  bool saved = false;
-  Trap(host, procedure, [&] {
-    HogEntry& entry = tab.archive.entries.at(index);
-    if (!IsAsRead(host, tab, entry)) return;
-    File& hog = tab.archive.file;
-    const std::uint64_t at = entry.FatPos;
-    Put(hog, at, change.offset);
-    Put(hog, at + 4, change.size);
-    // The old zero byte behind the name stays in its place.
-    if (!change.name.empty()) Put(hog, at + hogNameInEntry, BytesOf(change.name));
-    Flush(hog);
-    entry = ReadBack(tab.archive.file, entry);
-    saved = true;
-  });
-  ++tab.hogList.revision;
-  TellSelection(tab);
-  return saved;
-}
-
-/// A name that cannot be edited stays as it is.
-bool NameIsEditable(const HogEntry& entry) { return entry.Name.size() <= longestEdited; }
-
-}  // namespace
 
 FatEditor NewFatEditor() {
   FatEditor form;
@@ -102,7 +23,7 @@ void pldHogProperties_Click(Host& host, HogTab& tab, FatEditor& form) {
   const auto index = SelectedEntry(tab);
   if (!index) return;
   const HogEntry& entry = tab.archive.entries.at(*index);
-  const bool writable = tab.archive.whyOnlyRead.empty();
+  const bool writable = tab.archive.whyReadOnly.empty();
   form.entry = *index;
   form.txtName.text = NameIsEditable(entry) ? entry.Name : Presentable(entry.Name);
   form.txtOffset.text = DecToHex(entry.Offset);
@@ -111,38 +32,22 @@ void pldHogProperties_Click(Host& host, HogTab& tab, FatEditor& form) {
   form.txtOffset.readOnly = !writable;
   form.txtSize.readOnly = !writable;
   form.cmdSave.enabled = writable;
-  form.lblRemark.caption =
-      writable ? "The name keeps its length of " + Grouped(entry.Name.size()) + " characters." : OnlyReadRemark(tab);
+  form.lblRemark.caption = writable ? "The name keeps its length of " + Grouped(entry.Name.size()) + " characters."
+                                    : ReadOnlyRemark(tab.archive);
   form.shown = true;
   ShowForm(host, fatEditorForm);
   form.shown = false;
 }
 
 void cmdSave_Click(Host& host, HogTab& tab, FatEditor& form) {
-  if (!IsArchiveOpen(tab) || form.entry >= tab.archive.entries.size()) return;
-  if (!MayWriteArchive(host, tab)) return;
-  const HogEntry& entry = tab.archive.entries[form.entry];
-  Change change;
-  if (NameIsEditable(entry) && form.txtName.text != entry.Name) {
-    // The table takes a name without blanks at its ends, so that is the length that counts.
-    change.name = Trim(form.txtName.text);
-    if (form.txtName.text.size() != entry.Name.size() || change.name.size() != entry.Name.size()) {
-      Refuse(host,
-             "The name of the file MUST be the same length or the\n"
-             "entire .hog file will have to be rebuilt. Changes not saved");
-      return;
-    }
-    if (!NameCanBeStored(host, change.name, editorTitle)) return;
-  }
-  if (!HexToByteArray(form.txtOffset.text, change.offset)) {
-    Refuse(host, "The value entered for offset is an invalid hexadecimal number");
-    return;
-  }
-  if (!HexToByteArray(form.txtSize.text, change.size)) {
-    Refuse(host, "The value entered for size is an invalid hexadecimal number");
-    return;
-  }
-  if (SaveEntry(host, tab, form.entry, change, "cmdSave_Click()")) cmdCancel_Click(form);
+  if (!IsArchiveOpen(tab)) return;
+  EntryTexts texts{form.txtName.text, form.txtOffset.text, form.txtSize.text};
+  const bool saved = EditEntry(host, tab.archive, form.entry, texts);
+  form.txtOffset.text = texts.offset;
+  form.txtSize.text = texts.size;
+  ++tab.hogList.revision;
+  ShowHog(tab);
+  if (saved) cmdCancel_Click(form);
 }
 
 void cmdCancel_Click(FatEditor& form) { form.shown = false; }
@@ -160,24 +65,18 @@ void pldHogCopy_Click(Host& host, HogTab& tab) {
   if (first == nullptr) return;
   tab.remembered = RememberedPlace{tab.archive.path, first->Name, first->Offset, first->Size};
   PutOnClipboard(host, lines);
-  TellSelection(tab);
-  tab.lblFilePath.caption = "Copied: the place of " + Presentable(first->Name);
+  tab.status = {HogStatus::Kind::placeCopied, first->Name};
+  ShowHog(tab);
 }
 
 void pldHogPaste_Click(Host& host, HogTab& tab) {
   const auto index = SelectedEntry(tab);
   if (!index || !tab.pldHogPaste.enabled || !tab.remembered) return;
-  if (!MayWriteArchive(host, tab)) return;
-  const RememberedPlace& place = *tab.remembered;
-  const HogEntry& entry = tab.archive.entries.at(*index);
-  const std::string question = "Do you want " + Presentable(place.name) + "\nto stand in for " +
-                               Presentable(entry.Name) +
-                               "?\nThe table will then give the second file the place and the size of the first.";
-  if (!AskYesNo(host, question)) return;
-  const Change change{"", BigEndian(place.offset), BigEndian(place.size)};
-  if (SaveEntry(host, tab, *index, change, "pldHogPaste_Click()")) {
-    tab.lblFilePath.caption = Presentable(place.name) + " now stands in for " + Presentable(entry.Name);
+  if (PasteEntry(host, tab.archive, *index, *tab.remembered)) {
+    tab.status = {HogStatus::Kind::placePasted, tab.archive.entries[*index].Name, tab.remembered->name};
   }
+  ++tab.hogList.revision;
+  ShowHog(tab);
 }
 
 }  // namespace oravin

@@ -9,8 +9,7 @@
 
 namespace oravin {
 
-/// The form in which one entry of the archive's table is edited: its name, the place of its data and their size, both
-/// as hexadecimal text.
+/// The form that edits one entry of the archive's table: its name, and the offset and size of its data in hexadecimal.
 struct FatEditor {
   Label lblName;
   TextBox txtName;
@@ -18,12 +17,12 @@ struct FatEditor {
   TextBox txtOffset;
   Label lblSize;
   TextBox txtSize;
-  Label lblRemark;  ///< what there is to know before something is changed
+  Label lblRemark;  ///< that the name keeps its length, or why nothing can be changed
   Button cmdSave;
   Button cmdCancel;
 
   bool shown = false;     ///< false closes the form
-  std::size_t entry = 0;  ///< the index of the entry that it shows
+  std::size_t entry = 0;  ///< the index of the entry
 };
 
 /// The form's name for the desk.
@@ -31,26 +30,20 @@ inline constexpr const char* fatEditorForm = "FAT_Editor";
 
 FatEditor NewFatEditor();
 
-/// Shows the form for the first selected entry; without one nothing happens. A double-click on the list, the Enter key
-/// and the menu's "Properties" do it.
+/// Shows the form for the first selected entry; does nothing without a selection.
 void pldHogProperties_Click(Host& host, HogTab& tab, FatEditor& form);
 
-/// Writes what the form says into the entry's place in the table, reads it back from there and closes the form.
-///
-/// Boxes titled "Table Editor", after which nothing is written and the form stays: a name of another length than the
-/// entry's, a changed name that cannot be stored (NameCanBeStored), an offset or a size that is no hexadecimal number,
-/// a table that is no longer what was read from it.
+/// Writes the form's fields into the table (EditEntry) and closes the form. If they are refused, the form stays open.
 void cmdSave_Click(Host& host, HogTab& tab, FatEditor& form);
 
 /// Closes the form.
 void cmdCancel_Click(FatEditor& form);
 
-/// Remembers the place and the size of the first selected entry's data for Paste, and puts the names, offsets and sizes
-/// of the selected entries on the clipboard, a line each.
+/// Remembers the place and size of the first selected entry's data for Paste, and puts name, offset and size of each
+/// selected entry on the clipboard as a line.
 void pldHogCopy_Click(Host& host, HogTab& tab);
 
-/// Asks, and then gives the first selected entry the remembered place and size, so that the one file stands in for the
-/// other.
+/// Gives the first selected entry the remembered place and size (PasteEntry).
 void pldHogPaste_Click(Host& host, HogTab& tab);
 
 }  // namespace oravin

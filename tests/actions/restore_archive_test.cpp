@@ -2,9 +2,10 @@
 
 #include "actions/restore_archive.h"
 
+#include "actions/load_table.h"
+
 #include "base/file_error.h"
 #include "demo/compressor.h"
-#include "installation/table_backup.h"
 #include "support/archive_stage.h"
 
 namespace oravin::test {
@@ -22,7 +23,7 @@ struct Restoring : testing::Test {
     plain = stage.Archive();
     const auto table = static_cast<std::ptrdiff_t>(BigEndian32(&plain[12]));
     WriteFileAt(stage.Program("backup/resource.fat"), Bytes(plain.begin(), plain.begin() + table));
-    backup = ReadFatBackup(stage.host, stage.programPath);
+    backup = LoadFatBackup(stage.host, stage.Installed());
     ships = {ShipAt("Alpha", "alpha.shp", Entry("alpha.shp")), ShipAt("Bravo", "bravo.shp", Entry("Bravo.SHP")),
              ShipRecord()};
     Write("alpha.shp", "S47ha.shp");
@@ -38,11 +39,8 @@ struct Restoring : testing::Test {
     PatchFileAt(stage.Game("resource.hog"), Entry(entryName).position + 8, BytesOf(name));
   }
   [[nodiscard]] std::string NameNow(const std::string& name) const { return NameIn(stage.Archive(), Entry(name)); }
-  bool Restore() {
-    return RestoreHog(stage.host, stage.hogPath, stage.shipsFolder, stage.programPath + "addons\\ships\\", ships,
-                      backup);
-  }
-  bool RestoreByBackup() { return RestoreHogByBackup(stage.host, stage.hogPath, stage.shipsFolder, backup); }
+  bool Restore() { return RestoreHog(stage.host, stage.Installed(ships), backup); }
+  bool RestoreByBackup() { return RestoreHogByBackup(stage.host, stage.Installed(), backup); }
   [[nodiscard]] std::vector<std::string> Loose() const {
     std::vector<std::string> names;
     for (const auto& [name, bytes] : ImageOf(stage.Game("ships"))) names.push_back(name);
@@ -143,10 +141,10 @@ TEST_F(Restoring, ANameAtAPlaceThatBearsAnotherIsPassedOverAndNamed) {
 TEST_F(Restoring, APlaceInsideTheHeaderIsNeverWritten) {
   const Bytes before = stage.Archive();
   for (const std::uint32_t place : {1U, 8U, 15U}) {
-    Ships one = {ships[0]};
-    one[0].HogFatPos = Int32Value(place);
+    ships.resize(1);
+    ships[0].HogFatPos = Int32Value(place);
     ExpectPassedOver("\nalpha.shp");
-    EXPECT_TRUE(RestoreHog(stage.host, stage.hogPath, stage.shipsFolder, stage.programPath, one, backup));
+    EXPECT_TRUE(Restore());
   }
   EXPECT_TRUE(SameBytes(before, stage.Archive()));
 }

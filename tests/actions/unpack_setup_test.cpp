@@ -32,7 +32,7 @@ struct UnpackSetupTest : testing::Test {
   }
 
   [[nodiscard]] TableEntry Entry(const std::string& name) const { return EntryNamed(before, name); }
-  void SetUpModels() { UnpackSetup(stage.host, stage.gamePath, ships); }
+  void SetUpModels() { UnpackSetup(stage.host, stage.Installed(ships)); }
   [[nodiscard]] std::string NameNow(const std::string& name) const { return NameIn(stage.Archive(), Entry(name)); }
   [[nodiscard]] Bytes Loose(const std::string& name) const { return ReadFileAt(stage.Game("ships/" + name)); }
   void ExpectPassedOver(const std::string& names) {
@@ -191,7 +191,7 @@ TEST_F(UnpackSetupTest, APlaceInsideTheHeaderThatSpellsTheNameIsNotWrittenEither
   stage.Write(archive);
   File hog(stage.host.files, stage.hogPath, OpenFor::changing);
   EXPECT_FALSE(DisguiseName(hog, 8, "alpha.shp"));
-  EXPECT_FALSE(PutNameBack(hog, 8, "alpha.shp", "alpha.shp"));
+  EXPECT_FALSE(RestoreName(hog, 8, "alpha.shp", "alpha.shp"));
   EXPECT_FALSE(NamesModel(hog, 8, "alpha.shp"));
   EXPECT_TRUE(SameBytes(archive, stage.Archive()));
 }
@@ -231,19 +231,12 @@ TEST_F(UnpackSetupTest, OfManyThatArePassedOverTheFirstTwentyAreNamed) {
 }
 
 TEST_F(UnpackSetupTest, AnInvalidPathGivesACriticalBoxAndEndsTheProgram) {
-  std::string nowhere = stage.gamePath + "nowhere";
+  Installation nowhere = stage.Installed(ships);
+  nowhere.GamePath += "nowhere\\";
   stage.desk.ExpectBox("Error - Invalid Path", "UnpackSetup", Icon::critical);
-  EXPECT_THROW(UnpackSetup(stage.host, nowhere, ships), ProgramEnd);
-  EXPECT_EQ(nowhere, stage.gamePath + "nowhere\\");
+  EXPECT_THROW(UnpackSetup(stage.host, nowhere), ProgramEnd);
   EXPECT_TRUE(SameBytes(before, stage.Archive()));
   EXPECT_TRUE(ImageOf(stage.Game("ships")).empty());
-}
-
-TEST_F(UnpackSetupTest, TheGameFolderGetsItsBackslash) {
-  std::string game = stage.gamePath.substr(0, stage.gamePath.size() - 1);
-  UnpackSetup(stage.host, game, ships);
-  EXPECT_EQ(game, stage.gamePath);
-  EXPECT_EQ(Loose("alpha.shp"), ModelBytes("alpha.shp"));
 }
 
 TEST_F(UnpackSetupTest, WithoutTheShipsFolderNothingIsDisguised) {

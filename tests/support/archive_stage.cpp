@@ -21,9 +21,8 @@ void ArchiveStage::LengthenTo(std::uint64_t length) {
 Bytes ArchiveStage::Archive() const { return ReadFileAt(Game("resource.hog")); }
 
 HogTable ArchiveStage::Table() {
-  std::vector<HogEntry> entries;
-  GetHogData(host, hogPath, entries);
-  return TableOf(std::move(entries));
+  File hog(host.files, hogPath, OpenFor::reading);
+  return TableOf(GetHogData(hog, HogCount(hog)));
 }
 
 Bytes TableRow(std::uint32_t offset, std::uint32_t size, const std::string& name) {

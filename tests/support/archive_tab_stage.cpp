@@ -23,7 +23,7 @@ void HogTabStage::Select(const std::vector<std::size_t>& entries) {
       if (row.item == static_cast<int>(entry)) row.selected = true;
     }
   }
-  TellSelection(tab);
+  ShowHog(tab);
 }
 
 std::vector<std::vector<std::string>> HogTabStage::Rows() const {

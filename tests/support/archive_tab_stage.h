@@ -2,9 +2,7 @@
 
 #include "demo/compressor.h"
 #include "support/archive_stage.h"
-#include "tabs/archive_backup.h"
-#include "tabs/archive_extract.h"
-#include "tabs/archive_open.h"
+#include "tabs/archive_tab.h"
 #include "tabs/first_bytes.h"
 #include "tabs/table_editor.h"
 

@@ -11,10 +11,8 @@ SwitcherStage::SwitcherStage() {
 }
 
 HogTable SwitcherStage::Live() {
-  std::string path = installation.GamePath + "resource.hog";
-  std::vector<HogEntry> entries;
-  GetHogData(host, path, entries);
-  return TableOf(std::move(entries));
+  File hog(host.files, installation.archivePath(), OpenFor::reading);
+  return TableOf(GetHogData(hog, HogCount(hog)));
 }
 
 bool SwitcherStage::Build(const HogTable& backup) {
@@ -25,7 +23,7 @@ bool SwitcherStage::Build(const HogTable& backup) {
 void SwitcherStage::Enable() {
   BackupShipStats(host, installation.statsPath(), installation.defaultsPath());
   EXPECT_TRUE(Build());
-  UnpackSetup(host, installation.GamePath, installation.ships);
+  UnpackSetup(host, installation);
   DisplaySwitcher(host, tab, installation, false);
 }
 

@@ -4,7 +4,6 @@
 
 #include "actions/build_catalogue.h"
 #include "catalogue/catalogue.h"
-#include "installation/model_entry.h"
 #include "lists/ship_list.h"
 #include "support/scripted_desk.h"
 #include "support/small_installation.h"
@@ -17,7 +16,7 @@ namespace oravin::test {
 struct SwitcherStage {
   SwitcherStage();
 
-  /// The table of the archive as the program reads it; it must be readable without a box.
+  /// The archive's table, read by the program.
   HogTable Live();
   /// Reads the ship list and builds the catalogue from it.
   bool Build(const HogTable& backup = {});

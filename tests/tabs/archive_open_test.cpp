@@ -200,13 +200,13 @@ TEST_F(OpeningAHog, AnArchiveThatAnotherProgramHasOpenOpensForReading) {
   if (!KnowsHeldFiles(stage.Game(""))) GTEST_SKIP() << "this file system does not tell";
   const HeldFile held(stage.Game("resource.hog"));
   cmdOpen_Click(stage.host, tab);
-  EXPECT_EQ(tab.archive.whyOnlyRead, "another program has it open");
+  EXPECT_EQ(tab.archive.whyReadOnly, "another program has it open");
 }
 
 TEST_F(OpeningAHog, TheSameArchiveCanBeOpenedAgain) {
   Open(files);
   cmdOpen_Click(stage.host, tab);
-  EXPECT_EQ(tab.archive.whyOnlyRead, "") << "the tab's own hold on it does not count";
+  EXPECT_EQ(tab.archive.whyReadOnly, "") << "the tab's own hold on it does not count";
   EXPECT_EQ(ShownNames().size(), 4U);
 }
 

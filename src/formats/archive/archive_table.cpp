@@ -4,13 +4,9 @@
 #include <array>
 #include <cstring>
 
-#include "base/hex_text.h"
+#include "base/file_error.h"
 #include "base/text.h"
-#include "desk/dialogs.h"
-#include "desk/error_trap.h"
-#include "files/file.h"
 #include "files/file_numbers.h"
-#include "files/look_up.h"
 
 namespace oravin {
 
@@ -19,22 +15,22 @@ namespace {
 constexpr std::size_t firstBlock = 65536;
 constexpr std::size_t largestReserve = 65536;
 
-/// The file offset that no entry may reach behind.
+/// No entry may end after this file offset.
 constexpr std::uint64_t tableLimit = hogTableOffset + longestHogTable;
 
-/// From this length on a name's end is looked for before its characters are kept: a name without an end must not take
-/// memory for all the rest of the file.
+/// From this length on, the end of a name is searched for before its characters are kept: a name without an end must
+/// not load the rest of the file into memory.
 constexpr std::size_t longName = std::size_t{1} << 20;
 
-/// The table's bytes as they come from the file, block by block.
+/// The table's bytes, read block by block.
 struct TableBlocks {
   File& file;
-  std::uint64_t blockAt = hogTableOffset;  ///< the file offset of the block's first byte
+  std::uint64_t blockAt = hogTableOffset;  ///< file offset of the block's first byte
   Bytes block = {};
-  std::size_t at = 0;  ///< the next byte in the block that has not been taken
+  std::size_t at = 0;  ///< index of the next unread byte in the block
 };
 
-/// Drops what has been taken and reads on behind the rest. False at the file's end.
+/// Drops the bytes already read and appends the next ones. False at the file's end.
 bool ReadOn(TableBlocks& table) {
   table.block.erase(table.block.begin(), table.block.begin() + static_cast<std::ptrdiff_t>(table.at));
   table.blockAt += table.at;
@@ -47,7 +43,7 @@ bool ReadOn(TableBlocks& table) {
   return count > 0;
 }
 
-/// True when a zero byte stands anywhere behind the block: looked for without keeping what lies before it.
+/// True when a zero byte comes anywhere after the block. Keeps none of what it searches.
 bool ZeroAhead(TableBlocks& table) {
   Bytes block(firstBlock);
   for (std::uint64_t at = table.blockAt + table.block.size();; at += block.size()) {
@@ -57,17 +53,19 @@ bool ZeroAhead(TableBlocks& table) {
   }
 }
 
-[[noreturn]] void EndsEarly(const std::string& path) {
-  throw FileError("could not read", path, "its table is damaged: it ends in the middle of an entry");
+[[noreturn]] void Damaged(const TableBlocks& table, const std::string& why) {
+  throw FileError("could not read", table.file.path, why, ErrorKind::damaged);
 }
 
-[[noreturn]] void TooLong(const std::string& path) {
-  throw FileError("could not read", path, "its table is damaged: it is too long");
+[[noreturn]] void EndsEarly(const TableBlocks& table) {
+  Damaged(table, "its table is damaged: it ends in the middle of an entry");
 }
 
-HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
+[[noreturn]] void TooLong(const TableBlocks& table) { Damaged(table, "its table is damaged: it is too long"); }
+
+HogEntry TakeEntry(TableBlocks& table) {
   while (table.block.size() - table.at < hogNameInEntry) {
-    if (!ReadOn(table)) EndsEarly(path);
+    if (!ReadOn(table)) EndsEarly(table);
   }
   const void* zero = nullptr;
   std::size_t searched = hogNameInEntry;
@@ -75,59 +73,33 @@ HogEntry TakeEntry(TableBlocks& table, const std::string& path) {
     const std::size_t left = table.block.size() - table.at;
     if (left > searched) zero = std::memchr(table.block.data() + table.at + searched, 0, left - searched);
     if (zero != nullptr) break;
-    if (table.blockAt + table.at + left > tableLimit) TooLong(path);
-    if (searched < longName && left >= longName && !ZeroAhead(table)) EndsEarly(path);
+    if (table.blockAt + table.at + left > tableLimit) TooLong(table);
+    if (searched < longName && left >= longName && !ZeroAhead(table)) EndsEarly(table);
     searched = left;
-    if (!ReadOn(table)) EndsEarly(path);
+    if (!ReadOn(table)) EndsEarly(table);
   }
   const std::uint8_t* entry = table.block.data() + table.at;
   const std::uint64_t position = table.blockAt + table.at;
   const auto length = static_cast<std::size_t>(static_cast<const std::uint8_t*>(zero) - (entry + hogNameInEntry));
   table.at += hogNameInEntry + length + 1;
-  if (table.blockAt + table.at > tableLimit) TooLong(path);
+  if (table.blockAt + table.at > tableLimit) TooLong(table);
   return {TextOf({entry + hogNameInEntry, length}), BigEndian32(entry + 4), BigEndian32(entry),
           static_cast<std::uint32_t>(position)};
 }
 
-std::uint32_t RepairCount(Host& host, const std::string& path) {
-  Show(host, "Error in resource.hog - Hog says number of items = 0 - attempting to correct", Icon::exclamation);
-  File file(host.files, path, OpenFor::changing);
-  // Little-endian, although the count is read big-endian: meant, see the header.
-  Put(file, hogCountOffset, DecToByteArray(repairedHogCount));
-  return repairedHogCount;
-}
-
-std::vector<HogEntry> ReadTable(Host& host, const std::string& path, bool& repaired) {
-  File file(host.files, path, OpenFor::reading);
-  std::uint32_t count = ReadLongBE(file, hogCountOffset);
-  if (count == 0) {
-    count = RepairCount(host, path);
-    repaired = true;
-  }
-  return ReadHogTable(file, path, count);
-}
-
 }  // namespace
 
-std::vector<HogEntry> ReadHogTable(File& file, const std::string& path, std::uint32_t count) {
-  if (hogTableOffset + count * smallestHogEntry > file.length) {
-    throw FileError("could not read", path,
-                    "it says that it holds " + Grouped(count) + " files, more than it has room for");
+std::uint32_t HogCount(File& hog) { return ReadLongBE(hog, hogCountOffset); }
+
+std::vector<HogEntry> GetHogData(File& hog, std::uint32_t count) {
+  TableBlocks table{hog};
+  if (hogTableOffset + count * smallestHogEntry > hog.length) {
+    Damaged(table, "it says that it holds " + Grouped(count) + " files, more than it has room for");
   }
   std::vector<HogEntry> entries;
   entries.reserve(std::min<std::size_t>(count, largestReserve));
-  TableBlocks table{file};
-  for (std::uint32_t i = 0; i < count; ++i) entries.push_back(TakeEntry(table, path));
+  for (std::uint32_t i = 0; i < count; ++i) entries.push_back(TakeEntry(table));
   return entries;
-}
-
-int GetHogData(Host& host, std::string& hogPath, std::vector<HogEntry>& entries, bool* repaired) {
-  TrimInPlace(hogPath);
-  if (!FileExists(host.files, hogPath)) Show(host, "Error - hog not found", Icon::exclamation, "GetHogData");
-  bool repairedNow = false;
-  entries = Trapped(host, "GetHogData", std::vector<HogEntry>(), [&] { return ReadTable(host, hogPath, repairedNow); });
-  if (repaired != nullptr) *repaired = repairedNow;
-  return static_cast<int>(entries.size());
 }
 
 bool IsBIGF(File& file) {
@@ -156,6 +128,13 @@ const std::vector<int>& EntriesNamed(const HogNames& names, const std::string& n
   static const std::vector<int> none;
   const auto found = names.find(UpperCase(Trim(name)));
   return found == names.end() ? none : found->second;
+}
+
+HogTable TableOf(std::vector<HogEntry> entries) {
+  HogTable table;
+  table.names = NamesOf(entries);
+  table.entries = std::move(entries);
+  return table;
 }
 
 std::uint64_t EndOf(const HogEntry& entry) {

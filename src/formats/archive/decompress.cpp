@@ -7,25 +7,24 @@
 #include "base/bytes.h"
 #include "base/file_error.h"
 
-// The fast loop reads commands as long as the longest one still lies inside the input, and copies in pieces of 8 and 16
-// bytes that may reach past a command's end: the bytes behind are written again by the next command or cut off at the
-// end, and both buffers have room for them. The first 16 bytes and the last few commands are left to the careful loop.
+// The fast loop runs as long as the longest command still fits in the input. It copies in pieces of 8 and 16 bytes that
+// may reach past a command's end: the next command overwrites those bytes, or they are cut off at the end. Both buffers
+// have room for them. The careful loop handles the first 16 bytes and the last few commands.
 //
-// Which form of command comes next cannot be foretold, so a branch on it would often be taken for the wrong one.
-// Instead a table tells for every first byte what its fields are made of, and all forms are taken apart by the same few
-// steps; a run of literals is a reference that copies nothing. The way from one command to the next is kept short,
-// because the next one can only be looked up when it is known where it begins.
+// The form of the next command cannot be predicted, so a branch on it would often be mispredicted. Instead a table
+// lists the fields of a command by its first byte, and the same few steps decode all forms; a run of literals is a
+// reference that copies nothing. The chain of dependent steps from one command to the next is short, because the next
+// command can only be looked up once its start is known.
 //
-// A reference with a distance of less than 8 repeats a short pattern. Eight bytes of it are written one by one; from
-// there on the pattern can be copied in pieces of 8 from the greatest multiple of the distance that reaches back far
+// A reference with a distance of less than 8 repeats a short pattern. Its first 8 bytes are written one by one; after
+// them the pattern can be copied in pieces of 8, from the largest multiple of the distance that reaches back far
 // enough.
 
 namespace oravin {
 
 namespace {
 
-/// The longest command: one control byte and 112 literals; with room for a copy of 16 bytes that begins at its last
-/// one.
+/// The longest command: one control byte and 112 literals, and room for a copy of 16 bytes that starts at the last one.
 constexpr std::ptrdiff_t longestCommand = 1 + 112 + 16;
 
 struct Command {
@@ -35,7 +34,7 @@ struct Command {
   std::size_t distance;
 };
 
-/// What the fields of a command are made of, by its first byte.
+/// How to decode the fields of a command, by its first byte.
 struct alignas(16) Form {
   std::uint32_t distanceBase;  ///< plus b1 * 256 + b2, masked and shifted
   std::uint16_t distanceMask;
@@ -45,10 +44,10 @@ struct alignas(16) Form {
   std::uint8_t copiedMask;
   std::uint8_t literalsBase;  ///< plus the upper two bits of b1, masked
   std::uint8_t literalsMask;
-  std::uint8_t advance;  ///< the control bytes and literalsBase: how far it is to the next command, but for those bits
+  std::uint8_t advance;  ///< controls + literalsBase: the command's length without the literals from b1
 };
 
-/// What the fast loop takes for a run's distance, of which it then copies nothing: any that lies inside the output.
+/// Dummy distance for literal runs, which copy 0 bytes; must lie within the output.
 constexpr std::size_t runDistance = 16;
 
 constexpr std::size_t firstRun = 0xE0;
@@ -79,16 +78,18 @@ constexpr std::array<Form, 256> forms = [] {
   return table;
 }();
 
-[[noreturn]] void Fail(const std::string& name, const char* why) { throw FileError("could not unpack", name, why); }
+[[noreturn]] void Fail(const std::string& name, const char* why) {
+  throw FileError("could not unpack", name, why, ErrorKind::damaged);
+}
 
 void Copy8(std::uint8_t* to, const std::uint8_t* from) { std::memcpy(to, from, 8); }
 void Copy16(std::uint8_t* to, const std::uint8_t* from) { std::memcpy(to, from, 16); }
 
-/// Copies `count` bytes from `distance` bytes behind `to`, up to 16 bytes more than asked for.
+/// Copies `count` bytes from `distance` bytes before `to`; may write up to 16 bytes more.
 inline void CopyBack(std::uint8_t* to, std::size_t distance, std::size_t count) {
   const std::uint8_t* from = to - distance;
   if (distance >= 8) {
-    // Pieces of 8, most often a single one: larger ones would more often wait for bytes that were only just written.
+    // Usually a single piece of 8. Larger pieces would more often have to wait for bytes that were just written.
     Copy8(to, from);
     if (count <= 8) return;
     Copy8(to + 8, from + 8);
@@ -109,7 +110,7 @@ inline void CopyLiterals(std::uint8_t* to, const std::uint8_t* from, std::size_t
   } while (to < end);
 }
 
-/// Takes a reference apart. `in` must have four bytes.
+/// Decodes a command. `in` must have four bytes.
 inline Command DecodeReference(const std::uint8_t* in) {
   const Form& form = forms[in[0]];
   const std::uint32_t both = std::uint32_t{in[1]} << 8 | in[2];
@@ -118,19 +119,19 @@ inline Command DecodeReference(const std::uint8_t* in) {
           form.distanceBase + ((both & form.distanceMask) >> form.distanceShift)};
 }
 
-/// Where the two loops stand.
+/// The position of both loops in input and output.
 struct Cursor {
   const std::uint8_t* in;
   const std::uint8_t* inEnd;
   std::uint8_t* out;
   std::uint8_t* outBegin;
-  std::uint8_t* outEnd;  ///< U bytes behind the beginning
+  std::uint8_t* outEnd;  ///< outBegin + U
 };
 
 void FastLoop(Cursor& cursor, const std::string& name) {
   const std::uint8_t* in = cursor.in;
   std::uint8_t* out = cursor.out;
-  // Bytes may alias anything: what the loop compares with is held in locals, or it would be read again at every turn.
+  // Local copies: bytes may alias anything, so the compiler would load the cursor's fields again in every iteration.
   const std::uint8_t* const outBegin = cursor.outBegin;
   const std::uint8_t* const outEnd = cursor.outEnd;
   const std::ptrdiff_t room = cursor.inEnd - in - longestCommand;
@@ -158,7 +159,7 @@ void FastLoop(Cursor& cursor, const std::string& name) {
   cursor.out = out;
 }
 
-/// Reads commands until the output has come to `until`, or the stream ends.
+/// Executes commands until the output reaches `until` or the stream ends.
 void CarefulLoop(Cursor& cursor, const std::uint8_t* until, const std::string& name) {
   bool ended = false;
   while (cursor.out < until && !ended) {
@@ -179,7 +180,7 @@ void CarefulLoop(Cursor& cursor, const std::uint8_t* until, const std::string& n
     ended = controls[0] >= firstEnd;
   }
   if (ended && cursor.out < cursor.outEnd) {
-    // What an early end leaves is zero.
+    // The stream ended early: the rest of the output is zero.
     std::memset(cursor.out, 0, static_cast<std::size_t>(cursor.outEnd - cursor.out));
     cursor.out = cursor.outEnd;
   }

@@ -14,9 +14,9 @@ namespace oravin {
 
 namespace {
 
-/// One name for all: files are extracted one after the other, and what a run that was cut short leaves is overwritten
-/// by the next one.
-const std::string nameBeside = std::string("extracting") + besideSuffix;
+/// The temporary file. One name is enough: files are extracted one after another, and a leftover of an interrupted run
+/// is overwritten by the next run.
+const std::string temporaryName = std::string("extracting") + besideSuffix;
 
 Destination::Folder ListedFolder(Files& files, const std::string& path) {
   Destination::Folder folder;
@@ -27,8 +27,8 @@ Destination::Folder ListedFolder(Files& files, const std::string& path) {
   return folder;
 }
 
-/// The item that a name leads to; null where there is none. Of several spellings it is the one that was written or made
-/// in this extraction, else the name's own, else the first in byte order, as where a path is looked up.
+/// The item of a name; null without one. Of several spellings it is the one written or made in this extraction, else
+/// the name's own, else the first in byte order, which is also what a look-up of a path finds.
 const Destination::Item* Find(const Destination::Folder& folder, const std::string& name) {
   const auto rank = [&](const Destination::Item& item) {
     return std::tuple(!item.ours, item.spelling != name, std::string_view(item.spelling));
@@ -47,7 +47,7 @@ void Forget(Destination::Folder& folder, const std::string& spelling) {
   if (item != last) folder.items.erase(item);
 }
 
-/// The folder below another one; it is made where it is missing.
+/// A subfolder; it is made if it is missing.
 Destination::Folder& Enter(Files& files, Destination& destination, const std::string& key, Destination::Folder& above,
                            const std::string& name) {
   const auto known = destination.folders.find(key);
@@ -88,7 +88,7 @@ std::string WhyNotExtracted(Files& files, const Destination& destination, const 
   std::string key;
   for (const std::string& name : entry.folders) {
     const Destination::Item* item = Find(*folder, name);
-    if (item == nullptr) return {};  // from here on everything is new
+    if (item == nullptr) return {};  // the rest of the path is new
     if (!item->folder)
       return item->ours ? "a file that was extracted before bears its folder's name" : "a file bears its folder's name";
     key += UpperCase(name) + "\\";
@@ -115,15 +115,15 @@ void WriteExtracted(Files& files, Destination& destination, const EntryPath& ent
   const Destination::Item* old = Find(*folder, entry.file);
   const std::string name = old != nullptr ? old->spelling : entry.file;
   try {
-    File file(files, folder->path, nameBeside);
+    File file(files, folder->path, temporaryName);
     write(file);
-    // What is not there yet cannot be lost: the archive still has it. Waiting for the disk at every file would take
-    // most of the time.
+    // A new file needs no flush: if it is lost, the archive still has it. Waiting for the disk after every file would
+    // take most of the time.
     if (old != nullptr) Flush(file);
     Close(file);
-    RenameSpelled(files, folder->path, nameBeside, name);
+    RenameSpelled(files, folder->path, temporaryName, name);
   } catch (...) {
-    EraseIfThere(files, folder->path + nameBeside);
+    EraseIfThere(files, folder->path + temporaryName);
     throw;
   }
   Forget(*folder, name);
@@ -134,7 +134,7 @@ void EraseExtracted(Files& files, Destination& destination, const EntryPath& ent
   Destination::Folder* folder = &destination.folders.at("");
   std::string key;
   for (const std::string& name : entry.folders) {
-    if (Find(*folder, name) == nullptr) return;  // no folder, so no file in it
+    if (Find(*folder, name) == nullptr) return;
     key += UpperCase(name) + "\\";
     folder = &Enter(files, destination, key, *folder, name);
   }

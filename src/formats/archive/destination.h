@@ -10,8 +10,8 @@
 
 namespace oravin {
 
-/// A folder that files are extracted to, and the folders below it that were looked into. Each folder is listed once, so
-/// that it does not matter how many files there are.
+/// A folder that files are extracted to, and what is known of its subfolders. Each folder is listed only once, so that
+/// the time per file does not grow with the number of files.
 struct Destination {
   struct Item {
     std::string spelling;  ///< as it is on disk
@@ -20,30 +20,30 @@ struct Destination {
   };
   struct Folder {
     std::string path;                                  ///< ends in a backslash, spelled as on disk
-    std::unordered_multimap<std::string, Item> items;  ///< by upper-cased name; each spelling is one
+    std::unordered_multimap<std::string, Item> items;  ///< by upper-case name; one item for each spelling
   };
   std::string path;                       ///< ends in a backslash
-  std::string spared;                     ///< a file that is never written over: the archive itself
-  std::map<std::string, Folder> folders;  ///< by upper-cased path below the destination; "" is the destination
+  std::string spared;                     ///< a file that is never overwritten: the archive itself
+  std::map<std::string, Folder> folders;  ///< by upper-case path below the destination; "" is the destination
 };
 
 /// @param path an existing folder, ending in a backslash
+/// @param spared a file that is never overwritten
 Destination DestinationAt(Files& files, const std::string& path, const std::string& spared);
 
-/// Tells why an entry cannot be written: its name, something of another kind that stands in its place, or an entry of
-/// that name that was written before. Makes and writes nothing.
+/// Why an entry cannot be written: its name is not allowed, a folder or a protected file is in its place, or an entry
+/// of that name was written before. Changes nothing.
 /// @return the reason in words; empty when it can be written
 std::string WhyNotExtracted(Files& files, const Destination& destination, const EntryPath& entry);
 
-/// Writes an entry's file whole: beside its name at first, which it takes when all of it is written. Makes the folders
-/// that are missing. A file that is replaced has its successor on the disk first.
+/// Writes an entry's file to a temporary file and renames it when it is complete. Makes missing folders. Before an
+/// older file is replaced, the new one is flushed to the disk.
 /// @param write puts the bytes into the file it is given
-/// @throws FileError, or whatever `write` throws; then the file is as it was
+/// @throws FileError, or what `write` throws; then the file is as it was
 void WriteExtracted(Files& files, Destination& destination, const EntryPath& entry,
                     const std::function<void(File& file)>& write);
 
-/// Deletes the file that WriteExtracted would replace, where there is one, and nothing else. Folders that are missing
-/// are not made.
+/// Deletes the file that WriteExtracted would replace, if there is one. Makes no folders.
 /// @param entry one that can be written (WhyNotExtracted)
 /// @throws FileError when the file cannot be deleted
 void EraseExtracted(Files& files, Destination& destination, const EntryPath& entry);

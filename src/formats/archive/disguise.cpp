@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view mark = "S47";
 
-/// The name's characters at a table position, as many as the model has; empty when no zero byte ends them there.
+/// The first `length` characters of the name at a table position; empty unless a zero byte follows them.
 std::string NameAt(File& file, std::uint32_t fatPos, std::size_t length) {
   if (fatPos < hogTableOffset) return {};
   Bytes bytes(length + 1);
@@ -43,7 +43,7 @@ bool DisguiseName(File& file, std::uint32_t fatPos, const std::string& model) {
   return true;
 }
 
-bool PutNameBack(File& file, std::uint32_t fatPos, const std::string& model, const std::string& spelling) {
+bool RestoreName(File& file, std::uint32_t fatPos, const std::string& model, const std::string& spelling) {
   if (spelling.size() != model.size() || !NamesModel(file, fatPos, model)) return false;
   Put(file, std::uint64_t{fatPos} + hogNameInEntry, BytesOf(spelling));
   return true;

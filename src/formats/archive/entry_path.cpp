@@ -10,7 +10,7 @@ namespace oravin {
 
 namespace {
 
-/// What the file systems of both worlds take for one name, and for a whole path with room left for the destination.
+/// Limits of the file systems of Windows and Linux for one name, and for a path with room left for the destination.
 constexpr std::size_t longestPart = 255;
 constexpr std::size_t longestPath = 3000;
 

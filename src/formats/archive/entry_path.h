@@ -5,17 +5,17 @@
 
 namespace oravin {
 
-/// Where an entry is written below a destination, by its name in the archive.
+/// Where an entry is written in a destination folder, by its name in the archive.
 struct EntryPath {
-  std::vector<std::string> folders;  ///< from the outermost to the innermost
+  std::vector<std::string> folders;  ///< outermost first
   std::string file;
-  std::string whyNot;  ///< why it must not be written, in words; empty where it may
+  std::string whyNot;  ///< why it must not be written, in words; empty where it may be
 };
 
-/// Takes an entry's name apart at its backslashes (and slashes, which the game's system takes for the same).
+/// Splits an entry's name at its backslashes and slashes; Windows accepts both.
 ///
-/// A name comes from the archive, which anybody can have made: one that would leave the destination, or that the system
-/// gives a meaning of its own, is not written.
+/// Anybody can have made the archive. An entry is not written if its name would leave the destination or is special to
+/// the system.
 EntryPath PathOfEntry(const std::string& name);
 
 }  // namespace oravin

@@ -20,8 +20,7 @@ namespace {
 
 constexpr std::uint64_t unpackBlock = 1U << 20U;
 
-/// A compressed entry's bytes and storedExcess more, as far as they can count; zeros stand in for what lies past the
-/// archive's end.
+/// A compressed entry's bytes and storedExcess more, up to the longest possible stream; zeros past the archive's end.
 Bytes ReadCompressed(File& hog, std::uint32_t size, std::uint32_t offset) {
   std::array<std::uint8_t, 5> header{};
   GetSome(hog, offset, header);
@@ -31,8 +30,8 @@ Bytes ReadCompressed(File& hog, std::uint32_t size, std::uint32_t offset) {
   return stored;
 }
 
-/// The next bytes of a stored entry; zeros stand in for what lies past the archive's end.
-/// @param at how many of its `length` bytes came before
+/// The next bytes of a stored entry; zeros past the archive's end.
+/// @param at how many of its `length` bytes have been read before
 Bytes StoredBlock(File& hog, std::uint32_t offset, std::uint64_t at, std::uint64_t length) {
   Bytes block(static_cast<std::size_t>(std::min(unpackBlock, length - at)));
   GetSome(hog, offset + at, block);
@@ -60,14 +59,23 @@ bool SameAsStored(File& hog, const std::string& path, std::uint32_t size, std::u
   return true;
 }
 
-/// Writes one more file beside its name. Two ships may share a model: a destination that was written before takes its
-/// name once, with what was written last.
+/// Writes one more temporary file. Two ships may share a model: then the destination is committed once, with what was
+/// written last.
 void AddOnce(Files& files, WholeFiles& together, const std::string& destination,
              const std::function<void(File& file)>& write) {
   std::erase_if(together.paths, [&](const std::string& path) { return SameName(path, destination); });
   AddWhole(files, together, destination, write);
 }
+
 }  // namespace
+
+bool LiesInside(const File& hog, const HogEntry& entry) {
+  return std::uint64_t{entry.Offset} + entry.Size <= hog.length;
+}
+
+bool IsCompressed(File& hog, const HogEntry& entry) {
+  return entry.Size >= 2 && ReadWordBE(hog, entry.Offset) == compressedSignature;
+}
 
 std::uint64_t UnpackedSize(File& hog, std::uint32_t size, std::uint32_t offset) {
   if (offset + std::uint64_t{5} > hog.length) return size + storedExcess;
@@ -87,7 +95,8 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
                           const std::string& destination, std::uint32_t size, std::uint32_t offset) {
   File hog(files, hogPath, OpenFor::reading);
   if (std::uint64_t{offset} + size > hog.length) {
-    throw FileError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end");
+    throw FileError("could not unpack", destination, "its place in " + hogPath + " lies past that file's end",
+                    ErrorKind::outside);
   }
   const std::uint32_t signature = ReadWordBE(hog, offset);
   if (signature != compressedSignature) {
@@ -101,11 +110,11 @@ std::uint32_t AddUnpacked(Files& files, WholeFiles& together, const std::string&
 }
 
 Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most) {
-  if (std::uint64_t{entry.Offset} + entry.Size > hog.length) {
-    throw FileError("could not unpack", entry.Name, "its place lies past the archive's end");
+  if (!LiesInside(hog, entry)) {
+    throw FileError("could not unpack", entry.Name, "its place lies past the archive's end", ErrorKind::outside);
   }
   if (entry.Size > most) throw FileError("could not unpack", entry.Name, "it is too large to be right");
-  if (entry.Size < 2 || ReadWordBE(hog, entry.Offset) != compressedSignature) {
+  if (!IsCompressed(hog, entry)) {
     Bytes stored(entry.Size);
     Get(hog, entry.Offset, stored);
     return stored;

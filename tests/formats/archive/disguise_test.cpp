@@ -1,4 +1,4 @@
-// The names of models in the archive's table: told apart, disguised and put back at one place.
+// The names of models in the archive's table: recognised, disguised and restored at one place.
 
 #include "archive/disguise.h"
 
@@ -14,7 +14,7 @@ struct NameAtAPlace : testing::Test {
     hog = File(stage.host.files, stage.hogPath, OpenFor::changing);
   }
 
-  /// Writes another name, with a zero byte behind it.
+  /// Writes another name, with a zero byte after it.
   void Write(const std::string& name) {
     Bytes bytes = BytesOf(name);
     bytes.push_back(0);
@@ -31,6 +31,16 @@ struct NameAtAPlace : testing::Test {
   Bytes before;
 };
 
+TEST(Disguise, ReplacesTheFirstThreeCharacters) {
+  EXPECT_EQ(Disguised("alpha.shp"), "S47ha.shp");
+  EXPECT_EQ(Disguised("abcd"), "S47d");
+}
+
+TEST(Disguise, ANameOfThreeCharactersOrLessStaysAsItIs) {
+  EXPECT_EQ(Disguised("abc"), "abc");
+  EXPECT_EQ(Disguised(""), "");
+}
+
 TEST_F(NameAtAPlace, IsTheModelsPlainOrDisguisedInAnyLetterCase) {
   EXPECT_TRUE(NamesModel(hog, place, "alpha.shp"));
   EXPECT_FALSE(NamesDisguised(hog, place, "alpha.shp"));
@@ -44,7 +54,7 @@ TEST_F(NameAtAPlace, IsNoOtherModels) {
     EXPECT_FALSE(NamesModel(hog, place, model)) << model;
     EXPECT_FALSE(NamesDisguised(hog, place, model)) << model;
     EXPECT_FALSE(DisguiseName(hog, place, model)) << model;
-    EXPECT_FALSE(PutNameBack(hog, place, model, model)) << model;
+    EXPECT_FALSE(RestoreName(hog, place, model, model)) << model;
   }
   EXPECT_TRUE(SameBytes(before, stage.Archive()));
 }
@@ -55,7 +65,7 @@ TEST_F(NameAtAPlace, IsNotTheModelsWhenItGoesOnBehindIt) {
   EXPECT_FALSE(DisguiseName(hog, place, "alpha.shp"));
   Write("S47ha.shpx");
   EXPECT_FALSE(NamesDisguised(hog, place, "alpha.shp"));
-  EXPECT_FALSE(PutNameBack(hog, place, "alpha.shp", "alpha.shp"));
+  EXPECT_FALSE(RestoreName(hog, place, "alpha.shp", "alpha.shp"));
 }
 
 TEST_F(NameAtAPlace, IsNotTheModelsWhenTheFileEndsInsideIt) {
@@ -84,14 +94,14 @@ TEST_F(NameAtAPlace, IsDisguisedInItsFirstThreeCharactersOnly) {
 
 TEST_F(NameAtAPlace, IsPutBackInTheSpellingAskedFor) {
   Write("S47ha.shp");
-  EXPECT_TRUE(PutNameBack(hog, place, "alpha.shp", "ALPHA.shp"));
+  EXPECT_TRUE(RestoreName(hog, place, "alpha.shp", "ALPHA.shp"));
   EXPECT_EQ(NameNow(), "ALPHA.shp");
 }
 
 TEST_F(NameAtAPlace, ASpellingOfAnotherLengthIsNotWritten) {
   Write("S47ha.shp");
-  EXPECT_FALSE(PutNameBack(hog, place, "alpha.shp", "alpha.sh"));
-  EXPECT_FALSE(PutNameBack(hog, place, "alpha.shp", " alpha.shp"));
+  EXPECT_FALSE(RestoreName(hog, place, "alpha.shp", "alpha.sh"));
+  EXPECT_FALSE(RestoreName(hog, place, "alpha.shp", " alpha.shp"));
   EXPECT_EQ(NameNow(), "S47ha.shp");
 }
 

@@ -1,7 +1,6 @@
 // Single entries written to disk: unpacked, or with the bytes that follow them.
 
 #include "archive/unpack.h"
-#include "actions/unpack_models.h"
 #include "files/file.h"
 
 #include "base/file_error.h"
@@ -11,9 +10,6 @@
 
 namespace oravin::test {
 namespace {
-
-constexpr const char* title = "UnpackFile()";
-constexpr const char* pathsBox = "Error - Path(s) not found";
 
 Bytes Content(std::size_t size, int step) {
   Bytes content(size);
@@ -27,7 +23,7 @@ struct Unpacking : testing::Test {
 
   [[nodiscard]] TableEntry Entry(const std::string& name) const { return EntryNamed(stage.Archive(), name); }
   std::uint32_t UnpackTo(const std::string& name, const TableEntry& entry) {
-    return UnpackFile(stage.host, stage.hogPath, stage.shipsFolder, name, entry.size, entry.offset);
+    return UnpackEntry(stage.host.files, stage.hogPath, stage.shipsFolder + name, entry.size, entry.offset);
   }
   [[nodiscard]] Bytes Loose(const std::string& name) const { return ReadFileAt(stage.Game("ships/" + name)); }
 
@@ -97,86 +93,11 @@ TEST_F(Unpacking, NothingButTheDestinationChanges) {
   EXPECT_TRUE(SameImage(expected, stage.Image()));
 }
 
-TEST_F(Unpacking, AMissingFolderGivesItsBoxAndNothingIsWritten) {
-  const FolderImage before = stage.Image();
-  stage.desk.ExpectBox(pathsBox, title);
-  std::string folder = stage.gamePath + "nowhere";
-  const TableEntry entry = Entry("packed");
-  EXPECT_EQ(UnpackFile(stage.host, stage.hogPath, folder, "out.shp", entry.size, entry.offset), 0U);
-  EXPECT_TRUE(SameImage(before, stage.Image()));
-}
-
-TEST_F(Unpacking, AMissingArchiveGivesTheSameBoxAndTheDestinationStays) {
-  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
-  stage.desk.ExpectBox(pathsBox, title);
-  std::string nowhere = stage.gamePath + "nowhere.hog";
-  EXPECT_EQ(UnpackFile(stage.host, nowhere, stage.shipsFolder, "out.shp", 10, 0), 0U);
-  EXPECT_EQ(ReadTextAt(stage.Game("ships/out.shp")), "as it was");
-}
-
-TEST_F(Unpacking, BothPathsAreTrimmedAndTheFolderGetsItsBackslash) {
-  std::string folder = " " + stage.gamePath + "ships ";
-  std::string hog = stage.hogPath + "  ";
-  const TableEntry entry = Entry("packed");
-  EXPECT_EQ(UnpackFile(stage.host, hog, folder, "out.shp", entry.size, entry.offset), 4347U);
-  EXPECT_EQ(folder, stage.shipsFolder);
-  EXPECT_EQ(hog, stage.hogPath);
-  EXPECT_TRUE(SameBytes(content, Loose("out.shp")));
-}
-
-TEST_F(Unpacking, AnEntryPastTheArchivesEndIsRefusedAndTheDestinationStays) {
-  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
-  const FolderImage before = stage.Image();
-  const auto length = static_cast<std::uint32_t>(stage.Archive().size());
-  const std::vector<std::pair<std::uint32_t, std::uint32_t>> sizesAndOffsets = {
-      {2, length - 1}, {1, length}, {0xFFFFFFFF, 0}, {0xFFFFFFFF, 0xFFFFFFFF}, {0, 0xFFFFFFFF}, {length, 1}};
-  for (const auto& [size, offset] : sizesAndOffsets) {
-    stage.desk.ExpectBox("Error - could not unpack " + stage.shipsFolder + "out.shp: its place in " + stage.hogPath +
-                             " lies past that file's end",
-                         title);
-    EXPECT_EQ(UnpackTo("out.shp", {"", offset, size, 0}), 0U);
-  }
-  EXPECT_TRUE(SameImage(before, stage.Image()));
-}
-
 TEST_F(Unpacking, AnEntryThatEndsWithTheArchiveIsInside) {
   const TableEntry entry = Entry("last");
   ASSERT_EQ(entry.offset + entry.size, stage.Archive().size());
   UnpackTo("out.bin", entry);
   EXPECT_TRUE(exists(stage.Game("ships/out.bin")));
-}
-
-TEST_F(Unpacking, AnEntryWithoutRoomForASignatureIsRefused) {
-  const auto length = static_cast<std::uint32_t>(stage.Archive().size());
-  stage.desk.ExpectBox("Error - could not read " + stage.hogPath + ": it ends too early", title);
-  EXPECT_EQ(UnpackTo("out.bin", {"", length - 1, 1, 0}), 0U);
-  EXPECT_FALSE(exists(stage.Game("ships/out.bin")));
-}
-
-TEST_F(Unpacking, ADamagedEntryGivesItsBoxAndTheDestinationStays) {
-  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
-  // A reference to before the start; and at the archive's end a header that is cut off by nothing but zeros, which
-  // then repeat what is not there.
-  stage.Write({{"bad", {0x10, 0xFB, 0, 0, 9, 0x00, 0x00}}, {"cut", {0x10, 0xFB, 0, 0, 9}}});
-  const FolderImage before = stage.Image();
-  for (const char* name : {"bad", "cut"}) {
-    stage.desk.ExpectBox(
-        "Error - could not unpack " + stage.shipsFolder + "out.shp: it refers to what lies before its start", title);
-    EXPECT_EQ(UnpackTo("out.shp", Entry(name)), 0U);
-  }
-  EXPECT_TRUE(SameImage(before, stage.Image()));
-}
-
-TEST_F(Unpacking, AStreamThatRunsOutGivesItsBoxAndTheDestinationStays) {
-  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
-  // 3 MB of literals are promised, and neither the entry nor the 50,000 bytes behind it hold them.
-  Bytes endless = {0x10, 0xFB, 0x2F, 0xFF, 0xFF};
-  for (int i = 0; i < 2000; ++i) endless.insert(endless.end(), 113, 0xFB);
-  stage.Write({{"endless", endless}, {"more", Bytes(100000, 0xFB)}});
-  stage.desk.ExpectBox("Error - could not unpack " + stage.shipsFolder + "out.shp: its compressed data end too early",
-                       title);
-  EXPECT_EQ(UnpackTo("out.shp", Entry("endless")), 0U);
-  EXPECT_EQ(ReadTextAt(stage.Game("ships/out.shp")), "as it was");
 }
 
 TEST_F(Unpacking, StoppedOrFailingAtAnyOperationTheDestinationIsWholeOldOrNew) {
