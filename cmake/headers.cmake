@@ -13,3 +13,4 @@ function(oravin_headers target name)
 endfunction()
 
 oravin_headers(stb stb)
+oravin_headers(xxhash xxhash.h)

@@ -4,7 +4,7 @@ say() { printf '%s\n' "$*"; }
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
 # What each command needs, as Debian's packages.
-packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libstb-dev"
+packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libstb-dev libxxhash-dev"
 packages_show="xvfb xauth xdotool openbox imagemagick x11-utils x11-xkb-utils fonts-dejavu-core jq"
 packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc lintian libglib2.0-bin $packages_show"
 packages_linux="dpkg-dev librsvg2-bin desktop-file-utils appstream shared-mime-info"
