@@ -46,7 +46,7 @@ TEST(WithoutInstallation, HelpAndVersionNeedNoneAndGoToStandardOutput) {
   const Outcome help = RunWords({"--help"});
   EXPECT_EQ(help.status, 0);
   EXPECT_EQ(help.err, "");
-  EXPECT_EQ(help.out.substr(0, 6), "Usage:");
+  EXPECT_NE(help.out.find("\nUsage: oravin-cli [options] [COMMAND]\n"), std::string::npos);
   const Outcome version = RunWords({"--version"});
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.out, "oravin-cli 0.1.0\n");
