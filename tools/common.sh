@@ -13,7 +13,21 @@ packages_windows="debootstrap g++-mingw-w64-i686-posix dpkg-dev googletest librs
 # The version as CMakeLists.txt has it.
 project_version() { sed -nE 's/^project\(oravin VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt; }
 
-# install_missing PACKAGE...: installs those that are not there, as root or through sudo.
+# apt_get WORD...: apt-get as root or through sudo. It waits up to ten minutes while another program installs packages or
+# fetches their lists; of these two apt-get itself waits only for the first.
+apt_get() {
+  local become=() said end=$((SECONDS + 600))
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || die "There is no sudo to install packages with."
+    become=(sudo)
+  fi
+  until said=$("${become[@]}" env LC_ALL=C DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=600 "$@" 2>&1); do
+    if [ $SECONDS -ge $end ] || ! grep -q '^E: Could not get lock' <<<"$said"; then die "$said"; fi
+    sleep 1
+  done
+}
+
+# install_missing PACKAGE...: installs those that are not there.
 install_missing() {
   local missing=() package
   for package in "$@"; do
@@ -21,13 +35,8 @@ install_missing() {
   done
   [ ${#missing[@]} -gt 0 ] || return 0
   say "Installing: ${missing[*]}"
-  local become=()
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || die "These packages are missing, and there is no sudo to install them with: ${missing[*]}"
-    become=(sudo)
-  fi
-  "${become[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
-  "${become[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  apt_get update
+  apt_get install -y --no-install-recommends "${missing[@]}"
 }
 
 # [targets="TARGET..."] build PRESET [CMAKE-OPTION...]: configures and builds below build/PRESET, everything or the targets;
