@@ -29,7 +29,7 @@ struct Change {
   Number size{};
 };
 
-void Refuse(Host& host, const std::string& text) { Show(host, text, Icon::exclamation, editorTitle); }
+void RefuseEntry(Host& host, const std::string& text) { Show(host, text, Icon::exclamation, editorTitle); }
 
 Number BigEndian(std::uint32_t value) {
   Number bytes{};
@@ -53,8 +53,8 @@ HogEntry ReadBack(File& hog, const HogEntry& known) {
 /// True when the table still has what was read from it: else the place may belong to another entry by now.
 bool IsAsRead(Host& host, HogTab& tab, const HogEntry& entry) {
   if (ReadBack(tab.archive.file, entry) == entry) return true;
-  Refuse(host, "Another program has changed the table of " + Presentable(tab.archive.path) +
-                   "\nsince it was opened. Open the archive again. Changes not saved");
+  RefuseEntry(host, "Another program has changed the table of " + Presentable(tab.archive.path) +
+                        "\nsince it was opened. Open the archive again. Changes not saved");
   return false;
 }
 
@@ -127,19 +127,19 @@ void cmdSave_Click(Host& host, HogTab& tab, FatEditor& form) {
     // The table takes a name without blanks at its ends, so that is the length that counts.
     change.name = Trim(form.txtName.text);
     if (form.txtName.text.size() != entry.Name.size() || change.name.size() != entry.Name.size()) {
-      Refuse(host,
-             "The name of the file MUST be the same length or the\n"
-             "entire .hog file will have to be rebuilt. Changes not saved");
+      RefuseEntry(host,
+                  "The name of the file MUST be the same length or the\n"
+                  "entire .hog file will have to be rebuilt. Changes not saved");
       return;
     }
     if (!NameCanBeStored(host, change.name, editorTitle)) return;
   }
   if (!HexToByteArray(form.txtOffset.text, change.offset)) {
-    Refuse(host, "The value entered for offset is an invalid hexadecimal number");
+    RefuseEntry(host, "The value entered for offset is an invalid hexadecimal number");
     return;
   }
   if (!HexToByteArray(form.txtSize.text, change.size)) {
-    Refuse(host, "The value entered for size is an invalid hexadecimal number");
+    RefuseEntry(host, "The value entered for size is an invalid hexadecimal number");
     return;
   }
   if (SaveEntry(host, tab, form.entry, change, "cmdSave_Click()")) cmdCancel_Click(form);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "base/file_error.h"
 #include "base/text.h"
