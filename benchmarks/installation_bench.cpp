@@ -74,7 +74,7 @@ void AddEnable(const demo::Sample& sample, const fs::path& written, const fs::pa
   for (const auto& [name, command] : {std::pair("cp of what it writes (wanted: below 2)", copy),
                                       std::pair("cp and sync of what it writes", durable)}) {
     benchmark::RegisterBenchmark((std::string("Enable/") + name).c_str(),
-                                 [work, command](benchmark::State& state) {
+                                 [work, command = command](benchmark::State& state) {
                                    for (auto _ : state) {
                                      fs::remove_all(work / "copied");
                                      state.SetIterationTime(Seconds([&] { RunShell(command); }));

@@ -1,24 +1,12 @@
 # Libraries for Windows builds. The oldest supported system is Windows 7.
 add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601 _FILE_OFFSET_BITS=64)
 
-# Header-only libraries are in /usr/include, next to the headers of Linux' C library, which must not be found. So the
-# compiler gets a folder with a link to the one library, and find_package is redirected to it.
-function(oravin_headers_alone package target folder)
-  set(view "${CMAKE_BINARY_DIR}/headers/${package}")
-  file(MAKE_DIRECTORY "${view}")
-  if(NOT EXISTS "/usr/include/${folder}")
-    message(FATAL_ERROR "The headers of ${package} are not installed.")
-  endif()
-  file(CREATE_LINK "/usr/include/${folder}" "${view}/${folder}" SYMBOLIC)
-  file(WRITE "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/${package}Config.cmake"
-    "if(NOT TARGET ${target})
-  add_library(${target} INTERFACE IMPORTED)
-  target_include_directories(${target} INTERFACE \"${view}\")
-endif()
-")
-endfunction()
-oravin_headers_alone(CLI11 CLI11::CLI11 CLI)
-oravin_headers_alone(nlohmann_json nlohmann_json::nlohmann_json nlohmann)
+# Their packages for CMake are the machine's own too: it keeps an empty one for each that the project brings itself.
+oravin_headers(CLI11::CLI11 CLI)
+oravin_headers(nlohmann_json::nlohmann_json nlohmann)
+foreach(package CLI11 nlohmann_json)
+  file(WRITE "${CMAKE_FIND_PACKAGE_REDIRECTS_DIR}/${package}Config.cmake" "")
+endforeach()
 
 # GoogleTest is built from Debian's source package.
 if(BUILD_TESTING OR NOT DEFINED BUILD_TESTING)

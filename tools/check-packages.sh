@@ -1,5 +1,10 @@
-# Checks of the packages in build/packages: functions for ./check, which sources this file and counts each of them.
-# They read only the packages, not the build; each prints what is wrong.
+#!/usr/bin/env bash
+# Checks the packages of build/packages, and what else they are made of. They read the packages and nothing of the build; each
+# prints what is wrong.
+# Usage: tools/check-packages.sh CHECK, one of the procedures below
+set -uo pipefail
+cd "$(dirname "$0")/.."
+. tools/common.sh
 
 packages=build/packages
 
@@ -192,3 +197,5 @@ windows_versions() {
   version=$(project_version)
   from_zip eval "has_version Oravin.exe $version && has_version oravin-cli.exe $version"
 }
+
+"$1"

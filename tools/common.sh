@@ -4,7 +4,7 @@ say() { printf '%s\n' "$*"; }
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
 # What each command needs, as Debian's packages.
-packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev"
+packages_build="g++ cmake ninja-build ccache libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libstb-dev libxxhash-dev"
 packages_show="xvfb xauth xdotool openbox imagemagick x11-utils x11-xkb-utils fonts-dejavu-core jq"
 packages_check="libgtest-dev libgmock-dev libbenchmark-dev liblz4-dev libdeflate-dev clang-format clang-tidy clang libclang-rt-14-dev mandoc lintian libglib2.0-bin $packages_show"
 packages_linux="dpkg-dev librsvg2-bin desktop-file-utils appstream shared-mime-info"
@@ -13,7 +13,21 @@ packages_windows="debootstrap g++-mingw-w64-i686-posix dpkg-dev googletest librs
 # The version as CMakeLists.txt has it.
 project_version() { sed -nE 's/^project\(oravin VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt; }
 
-# install_missing PACKAGE...: installs those that are not there, as root or through sudo.
+# apt_get WORD...: apt-get as root or through sudo. It waits up to ten minutes while another program installs packages or
+# fetches their lists; of these two apt-get itself waits only for the first.
+apt_get() {
+  local become=() said end=$((SECONDS + 600))
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || die "There is no sudo to install packages with."
+    become=(sudo)
+  fi
+  until said=$("${become[@]}" env LC_ALL=C DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=600 "$@" 2>&1); do
+    if [ $SECONDS -ge $end ] || ! grep -q '^E: Could not get lock' <<<"$said"; then die "$said"; fi
+    sleep 1
+  done
+}
+
+# install_missing PACKAGE...: installs those that are not there.
 install_missing() {
   local missing=() package
   for package in "$@"; do
@@ -21,13 +35,8 @@ install_missing() {
   done
   [ ${#missing[@]} -gt 0 ] || return 0
   say "Installing: ${missing[*]}"
-  local become=()
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || die "These packages are missing, and there is no sudo to install them with: ${missing[*]}"
-    become=(sudo)
-  fi
-  "${become[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq
-  "${become[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  apt_get update
+  apt_get install -y --no-install-recommends "${missing[@]}"
 }
 
 # [targets="TARGET..."] build PRESET [CMAKE-OPTION...]: configures and builds below build/PRESET, everything or the targets;

@@ -29,5 +29,12 @@ for _ in $(seq 400); do [ -s "$work/layout.json" ] && break; sleep 0.05; done
 [ -s "$work/layout.json" ]
 window=$(xdotool search --onlyvisible --name '^Oravin$' | tail -n 1)
 xdotool windowmove --sync "$window" 8 32
-sleep 1
-import -window "$window" -frame "$file"
+# It is painted when two looks at it show the same.
+before=
+for _ in $(seq 50); do
+  import -window "$window" -frame "$file"
+  now=$(identify -format '%#' "$file")
+  [ "$now" != "$before" ] || break
+  before=$now
+  sleep 0.2
+done

@@ -9,7 +9,7 @@ namespace oravin {
 
 /// Hexadecimal text as 4 bytes, the most significant first. Only the last eight characters count. Trims the text and
 /// converts it to upper case.
-/// @return false at a character that is not a hexadecimal digit; the bytes are then filled in part
+/// @return false when one of them is no hexadecimal digit; the bytes then hold the digits before it
 bool HexToByteArray(std::string& text, std::array<std::uint8_t, 4>& bytes);
 
 /// A number's hexadecimal text in upper case, without leading zeros.

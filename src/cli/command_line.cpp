@@ -3,10 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
-#include <optional>
 
 #include "base/text.h"
-#include "cli/help_text.h"
 #include "platform/native_path.h"
 #include "tabs/about_tab.h"
 
@@ -14,144 +12,134 @@ namespace oravin {
 
 namespace {
 
-// The parser takes some negative numbers, such as "-.5", for options. With this character before them, which nobody
-// types, they are values.
-constexpr char valueMark = '\x1f';
+constexpr const char* introduction = "Edits the installed files of StarLancer, as the window of Oravin does.";
+
+constexpr const char* remarks =
+    "Options stand before or after the command. Only one of --yes, --no and --answers\n"
+    "can be given. Questions that they do not answer are asked on a terminal;\n"
+    "elsewhere the answer is the safe one, No or Cancel.\n"
+    "\n"
+    "Ships are named as the lists show them; upper and lower case do not matter.\n"
+    "A negative number is taken as a value, not as an option. After \"--\", all words\n"
+    "are arguments.\n"
+    "\n"
+    "Exit status:\n"
+    "  0  done\n"
+    "  1  a message box reported a failure, or a name matched nothing\n"
+    "  2  wrong usage\n"
+    "  3  the program ended itself";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-bool IsNegativeNumber(const std::string& word) {
-  if (word.size() < 2 || word[0] != '-') return false;
-  return IsDigit(word[1]) || (word[1] == '.' && word.size() > 2 && IsDigit(word[2]));
+/// The words as the parser wants them: the last one first, and a negative number that begins with the point written
+/// with a 0 before that. The parser takes "-.5" for an option and "-0.5" for a value.
+std::vector<std::string> ForParser(std::vector<std::string> words) {
+  const auto options = std::find(words.begin(), words.end(), "--");
+  for (auto word = words.begin(); word != options; ++word) {
+    if (word->starts_with("-.") && word->size() > 2 && IsDigit((*word)[2])) word->insert(1, 1, '0');
+  }
+  std::reverse(words.begin(), words.end());
+  return words;
 }
-
-std::string Unmarked(std::string text) {
-  text.erase(std::remove(text.begin(), text.end(), valueMark), text.end());
-  return text;
-}
-
-/// The words as the parser wants them: marked, and the last one first.
-std::vector<std::string> ForParser(const std::vector<std::string>& words) {
-  std::vector<std::string> marked;
-  marked.reserve(words.size());
-  for (const std::string& word : words) marked.push_back(IsNegativeNumber(word) ? valueMark + word : word);
-  std::reverse(marked.begin(), marked.end());
-  return marked;
-}
-
-/// The words of one command as they were typed.
-struct Typed {
-  std::vector<std::optional<std::string>> arguments;  ///< in order; nothing for one that was left out
-  std::vector<std::string> several;
-  std::map<std::string, std::vector<std::string>> options;  ///< of each one its values; none when it was not given
-};
 
 /// What the parser fills.
 struct Parsed {
   std::string game;
   std::string program;
-  std::string answers;
-  bool yes = false;
-  bool no = false;
+  AnswerPlan answers;
   bool json = false;
-  std::vector<Typed> typed;        ///< one a command
   std::vector<CLI::App*> parsers;  ///< one a command
 };
 
+void AddFolder(CLI::App& app, const std::string& name, std::string& folder, const std::string& help) {
+  const auto given = [](const std::string& path) { return path.empty() ? "the folder is empty" : std::string(); };
+  app.add_option(name, folder, help)->type_name("DIR")->check(CLI::Validator(given, ""));
+}
+
 void AddOptions(CLI::App& app, Parsed& parsed) {
-  app.set_help_flag("-h,--help");
-  app.set_version_flag("--version", PlainVersion());
-  const auto folder = [](const std::string& path) { return path.empty() ? "the folder is empty" : std::string(); };
-  app.add_option("--game", parsed.game)->check(CLI::Validator(folder, ""));
-  app.add_option("--program", parsed.program)->check(CLI::Validator(folder, ""));
-  app.add_flag("--json", parsed.json);
-  CLI::Option* yes = app.add_flag("--yes", parsed.yes);
-  CLI::Option* no = app.add_flag("--no", parsed.no)->excludes(yes);
-  app.add_option("--answers", parsed.answers)
-      ->excludes(yes)
-      ->excludes(no)
-      ->check(CLI::Validator(
-          [](const std::string& list) {
-            return AnswersFrom(list) ? std::string() : "only yes, no, ok and cancel, separated by commas, are answers";
-          },
-          ""));
+  app.set_version_flag("--version", PlainVersion(), "show the version");
+  AddFolder(app, "--game", parsed.game, "the game folder, as a path of this machine or a Windows\npath");
+  AddFolder(app, "--program", parsed.program,
+            "Oravin's own folder, likewise; a folder that is not named\nis searched for as at the start of the window");
+  app.add_flag("--json", parsed.json,
+               "write the result as one JSON document to standard output,\n"
+               "and every message box as one line of JSON to standard\nerror");
+  CLI::Option* const yes = app.add_flag_callback(
+      "--yes", [&parsed] { parsed.answers.always = true; }, "answer every question with Yes or OK");
+  CLI::Option* const no = app.add_flag_callback(
+      "--no", [&parsed] { parsed.answers.always = false; },
+      "answer every question with No, or Cancel where there is\nno No");
+  const auto list = [&parsed](const std::string& text) {
+    const auto answers = AnswersFrom(text);
+    if (!answers) {
+      throw CLI::ValidationError("--answers", "only yes, no, ok and cancel, separated by commas, are answers");
+    }
+    parsed.answers.inOrder = *answers;
+  };
+  app.add_option_function<std::string>("--answers", list,
+                                       "answer the questions in this order, for example\n"
+                                       "yes,no,cancel; Yes and OK stand for each other, and so do\nNo and Cancel")
+      ->option_text("LIST")
+      ->excludes(yes, no);
+  no->excludes(yes);
+  for (CLI::Option* option : {yes, no}) option->option_text(" ");  // the help says which exclude each other
 }
 
-void AddArgument(CLI::App& parser, const Argument& argument, std::size_t index, Typed& typed) {
-  if (argument.several) {
-    parser.add_option(argument.name, typed.several);
-    return;
-  }
-  parser
-      .add_option_function<std::string>(argument.name,
-                                        [&typed, index](const std::string& word) { typed.arguments[index] = word; })
-      ->required(!argument.optional);
-}
-
-void AddOption(CLI::App& parser, const CommandOption& option, Typed& typed) {
-  std::vector<std::string>* const values = &typed.options[option.name];
-  if (option.value.empty()) {
-    parser.add_flag_callback(option.name, [values] { *values = {""}; });
-  } else if (option.several) {
-    // Each time it takes one value; the words behind that are arguments again.
-    parser.add_option(option.name, *values)->allow_extra_args(false)->required(option.required);
-  } else {
-    parser.add_option_function<std::string>(option.name, [values](const std::string& value) { *values = {value}; })
-        ->required(option.required);
-  }
-}
-
-/// Tells the parser what a command takes, and where to put it.
-void AddWords(CLI::App& parser, const Command& command, Typed& typed) {
-  typed.arguments.resize(command.arguments.size());
-  for (std::size_t i = 0; i < command.arguments.size(); ++i) AddArgument(parser, command.arguments[i], i, typed);
-  for (const CommandOption& option : command.options) AddOption(parser, option, typed);
-}
-
-/// A word as the command gets it.
-std::string Word(const std::string& typed, WordKind kind) {
-  const std::string word = Unmarked(typed);
-  return kind == WordKind::path ? platform::ToWindowsPath(word) : FromUtf8(word);
-}
-
-Values ForCommand(const Command& command, const Typed& typed) {
-  Values values;
-  for (std::size_t i = 0; i < command.arguments.size(); ++i) {
-    const Argument& argument = command.arguments[i];
-    if (typed.arguments[i]) values.arguments.push_back(Word(*typed.arguments[i], argument.kind));
-    if (!argument.several) continue;
-    for (const std::string& word : typed.several) values.several.push_back(Word(word, argument.kind));
+/// What a command takes.
+void AddWords(CLI::App& parser, const Command& command) {
+  constexpr int many = CLI::detail::expected_max_vector_size;
+  for (const Argument& argument : command.arguments) {
+    CLI::Option* const word = parser.add_option(argument.name)->option_text(" ")->description(argument.help);
+    word->required(!argument.several && !argument.optional)->expected(1, argument.several ? many : 1);
+    word->allow_extra_args(argument.several);
   }
   for (const CommandOption& option : command.options) {
-    for (const std::string& value : typed.options.at(option.name)) {
-      values.options[option.name].push_back(option.value.empty() ? std::string() : Word(value, option.kind));
+    if (option.value.empty()) {
+      parser.add_flag(option.name)->description(option.help);
+      continue;
     }
+    // Given several times, it takes one value each time; the words after that are arguments again.
+    CLI::Option* const word = parser.add_option(option.name)->type_name(option.value)->description(option.help);
+    word->required(option.required)->expected(1, option.several ? many : 1)->allow_extra_args(false);
+  }
+}
+
+/// The words that were given for an argument or an option, as the command gets them.
+std::vector<std::string> WordsOf(const CLI::App& parser, const std::string& name, WordKind kind) {
+  std::vector<std::string> words = parser.get_option(name)->results();
+  for (std::string& word : words) word = kind == WordKind::path ? platform::ToWindowsPath(word) : FromUtf8(word);
+  return words;
+}
+
+Values ForCommand(const Command& command, const CLI::App& parser) {
+  Values values;
+  for (const Argument& argument : command.arguments) {
+    std::vector<std::string>& to = argument.several ? values.several : values.arguments;
+    const std::vector<std::string> words = WordsOf(parser, argument.name, argument.kind);
+    to.insert(to.end(), words.begin(), words.end());
+  }
+  for (const CommandOption& option : command.options) {
+    if (parser.count(option.name) > 0) values.options[option.name] = WordsOf(parser, option.name, option.kind);
   }
   return values;
 }
 
 void AddCommands(CLI::App& app, std::span<const Command> commands, Parsed& parsed) {
   std::map<std::string, CLI::App*> groups = {{"", &app}};
-  parsed.typed.resize(commands.size());
-  for (std::size_t i = 0; i < commands.size(); ++i) {
-    const Command& command = commands[i];
+  for (const Command& command : commands) {
     CLI::App*& group = groups[command.group];
-    if (group == nullptr) {
-      group = app.add_subcommand(command.group);
-      group->require_subcommand(1);
-    }
-    CLI::App* parser = group->add_subcommand(command.verb);
-    AddWords(*parser, command, parsed.typed[i]);
+    if (group == nullptr) group = app.add_subcommand(command.group)->require_subcommand(0, 1)->group("Commands");
+    CLI::App* const parser = group->add_subcommand(command.verb, command.help)->group("Commands");
+    AddWords(*parser, command);
     parsed.parsers.push_back(parser);
   }
 }
 
-/// The command that the words name; null when they name none.
-const Command* NamedCommand(std::span<const Command> commands, const Parsed& parsed) {
-  for (std::size_t i = 0; i < commands.size(); ++i) {
-    if (parsed.parsers[i]->parsed()) return &commands[i];
-  }
-  return nullptr;
+/// The index of the command that the words name; past the end when they name none.
+std::size_t NamedCommand(const Parsed& parsed) {
+  const auto named =
+      std::find_if(parsed.parsers.begin(), parsed.parsers.end(), [](CLI::App* p) { return p->parsed(); });
+  return static_cast<std::size_t>(named - parsed.parsers.begin());
 }
 
 /// What is wrong with words that name no command.
@@ -159,17 +147,8 @@ std::string MissingCommand(const CLI::App& app) {
   std::string given;
   for (const CLI::App* group : app.get_subcommands()) given += group->get_name() + " ";
   const std::vector<std::string> rest = app.remaining(true);
-  if (rest.empty()) return given.empty() ? "a command is missing" : "a verb is missing behind \"" + Trim(given) + "\"";
-  return "there is no command \"" + given + Unmarked(rest.front()) + "\"";
-}
-
-/// What is wrong with an option that was given too often or without its value.
-/// @param error the parser's text, which begins with the option and a colon
-std::string WrongOption(const Command* command, const std::string& error) {
-  const std::string name = error.substr(0, error.find(':'));
-  const auto several = [&](const CommandOption& option) { return option.several && option.name == name; };
-  const bool oftener = command != nullptr && std::any_of(command->options.begin(), command->options.end(), several);
-  return name + (oftener ? " must be given with one value each time" : " must be given once and with one value");
+  if (rest.empty()) return given.empty() ? "a command is missing" : "a verb is missing after \"" + Trim(given) + "\"";
+  return "there is no command \"" + given + rest.front() + "\"";
 }
 
 CommandLine WrongUsage(const std::string& what) {
@@ -186,15 +165,14 @@ CommandLine ToShow(const std::string& text) {
   return line;
 }
 
-CommandLine ToRun(const Command& command, const Typed& typed, const Parsed& parsed) {
+CommandLine ToRun(const Command& command, const CLI::App& parser, const Parsed& parsed) {
   CommandLine line;
   line.kind = CommandLine::Kind::run;
   line.command = &command;
-  line.values = ForCommand(command, typed);
+  line.values = ForCommand(command, parser);
   // Start-up may make another folder the current one before it looks at these.
-  line.folders = {platform::ToWindowsPath(Unmarked(parsed.game)), platform::ToWindowsPath(Unmarked(parsed.program))};
-  if (parsed.yes || parsed.no) line.answers.always = parsed.yes;
-  if (!parsed.answers.empty()) line.answers.inOrder = AnswersFrom(parsed.answers).value_or(std::vector<Answer>());
+  line.folders = {platform::ToWindowsPath(parsed.game), platform::ToWindowsPath(parsed.program)};
+  line.answers = parsed.answers;
   line.json = parsed.json;
   return line;
 }
@@ -202,30 +180,33 @@ CommandLine ToRun(const Command& command, const Typed& typed, const Parsed& pars
 }  // namespace
 
 CommandLine ReadCommandLine(std::span<const Command> commands, const std::vector<std::string>& words) {
-  CLI::App app;
+  CLI::App app(introduction, "oravin-cli");
   Parsed parsed;
-  app.name("oravin-cli");
   app.fallthrough();
   app.allow_windows_style_options(false);
-  app.require_subcommand(1);
-  AddOptions(app, parsed);
+  app.require_subcommand(0, 1);
+  app.set_help_flag("-h,--help", "show this help; after a command, the help of that command");
+  app.get_formatter()->column_width(20);
+  app.get_formatter()->label("OPTIONS", "options");
+  app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app.footer("\"oravin-cli --help\" shows the options of all commands.");
   AddCommands(app, commands, parsed);
+  app.footer(remarks);
+  AddOptions(app, parsed);
   try {
     app.parse(ForParser(words));
   } catch (const CLI::CallForHelp&) {
-    const Command* command = NamedCommand(commands, parsed);
-    return ToShow(command != nullptr ? HelpText(*command) : HelpText(commands));
+    return ToShow(app.help("", CLI::AppFormatMode::All));
   } catch (const CLI::CallForVersion&) {
     return ToShow("oravin-cli " + PlainVersion() + "\n");
-  } catch (const CLI::ArgumentMismatch& error) {
-    return WrongUsage(WrongOption(NamedCommand(commands, parsed), Unmarked(error.what())));
+  } catch (const CLI::ExtrasError& error) {
+    return WrongUsage(NamedCommand(parsed) == commands.size() ? MissingCommand(app) : error.what());
   } catch (const CLI::ParseError& error) {
-    const bool verbless = std::string(error.what()) == "A subcommand is required";
-    return WrongUsage(verbless ? MissingCommand(app) : Unmarked(error.what()));
+    return WrongUsage(error.what());
   }
-  const Command* command = NamedCommand(commands, parsed);
-  if (command == nullptr) return WrongUsage(MissingCommand(app));
-  return ToRun(*command, parsed.typed[static_cast<std::size_t>(command - commands.data())], parsed);
+  const std::size_t named = NamedCommand(parsed);
+  if (named == commands.size()) return WrongUsage(MissingCommand(app));
+  return ToRun(commands[named], *parsed.parsers[named], parsed);
 }
 
 }  // namespace oravin

@@ -25,7 +25,8 @@ struct CommandLine {
 };
 
 /// Reads a command line: `[options] GROUP VERB [arguments]`, the options anywhere. A word that begins with "-" and a
-/// digit, or "-." and a digit, is a negative number and thus a value; behind "--" all words are values.
+/// digit, or "-." and a digit, is a negative number and thus a value; after "--" all words are values. A number such as
+/// "-.5" is passed on as "-0.5".
 /// @param words without the program's name, UTF-8
 CommandLine ReadCommandLine(std::span<const Command> commands, const std::vector<std::string>& words);
 

@@ -6,9 +6,9 @@ namespace oravin {
 
 namespace {
 
-template <std::size_t Count>
-std::array<std::uint8_t, Count> Read(File& file, std::uint64_t offset) {
-  std::array<std::uint8_t, Count> bytes{};
+template <std::size_t count>
+std::array<std::uint8_t, count> Read(File& file, std::uint64_t offset) {
+  std::array<std::uint8_t, count> bytes{};
   Get(file, offset, bytes);
   return bytes;
 }

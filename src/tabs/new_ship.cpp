@@ -17,18 +17,18 @@ namespace {
 
 constexpr int deepImage = 3;  // bytes a pixel
 
-void Refuse(Host& host, const std::string& text) { Show(host, text, Icon::exclamation); }
+void RefuseShip(Host& host, const std::string& text) { Show(host, text, Icon::exclamation); }
 
 bool NameCanBeUsed(Host& host, const Installation& installation, const ImportBatch& batch, const std::string& name) {
   const std::string why = WhyNoShipName(name);
   if (!why.empty()) {
-    Refuse(host, why);
+    RefuseShip(host, why);
     return false;
   }
   const bool taken = FindShip(installation.ships, name) >= 0 ||
                      std::any_of(batch.ships.begin(), batch.ships.end(),
                                  [&](const ReadyShip& ship) { return SameName(ship.record.ShipName.Trimmed(), name); });
-  if (taken) Refuse(host, "The ship name '" + name + "' has the same name as an existing ship.");
+  if (taken) RefuseShip(host, "The ship name '" + name + "' has the same name as an existing ship.");
   return !taken;
 }
 
@@ -48,16 +48,16 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
   std::vector<ListedTexture> listed;
   if (!TextureList(host, model, installation.cachePath(), checked.given, listed)) return false;
   if (listed.size() > texturesPerShip) {
-    Refuse(host, "The ship '" + checked.ship.shipName + "' has " + std::to_string(listed.size()) +
-                     " textures. A ship can have at most " + std::to_string(texturesPerShip) +
-                     ", so it cannot be imported.");
+    RefuseShip(host, "The ship '" + checked.ship.shipName + "' has " + std::to_string(listed.size()) +
+                         " textures. A ship can have at most " + std::to_string(texturesPerShip) +
+                         ", so it cannot be imported.");
     return false;
   }
   std::vector<std::string> names;
   for (const ListedTexture& texture : listed) {
     const std::string bitmap = BitmapFor(host, texture, model, given);
     if (bitmap.empty()) {
-      Refuse(host, "Texture not found - skipping ship!");
+      RefuseShip(host, "Texture not found - skipping ship!");
       return false;
     }
     const std::string name = ShipText(texture.name).Trimmed();
@@ -157,7 +157,7 @@ std::optional<NewShip> Look(Host& host, const Installation& installation, const 
                             GivenBitmaps& given, ImportBatch& batch) {
   const std::string& model = checked.ship.modelPath;
   if (!FileExists(host.files, model)) {
-    Refuse(host, "The model of the ship '" + checked.ship.shipName + "' was not found:\n" + model);
+    RefuseShip(host, "The model of the ship '" + checked.ship.shipName + "' was not found:\n" + model);
     return std::nullopt;
   }
   if (!NameCanBeUsed(host, installation, batch, checked.ship.shipName)) return std::nullopt;
@@ -166,7 +166,7 @@ std::optional<NewShip> Look(Host& host, const Installation& installation, const 
   const std::string own = FileNameOf(model);
   const std::string name = FreeModelName(host, installation, batch, model);
   if (!IsPlainFileName(name) || !CanBeListed(name)) {
-    Refuse(host, "The model of the ship '" + checked.ship.shipName + "' needs another file name:\n" + model);
+    RefuseShip(host, "The model of the ship '" + checked.ship.shipName + "' needs another file name:\n" + model);
     return std::nullopt;
   }
   TakeStats(host, installation, model, name, ship);

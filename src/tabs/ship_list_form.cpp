@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* listTitle = "Ship list";
 
-void Refuse(Host& host, const std::string& text) { Show(host, text, Icon::exclamation, listTitle); }
+void RefuseLine(Host& host, const std::string& text) { Show(host, text, Icon::exclamation, listTitle); }
 
 ListRow RowOf(std::size_t index, const DraftedShip& drafted) {
   const ListedShip& ship = drafted.ship;
@@ -85,20 +85,20 @@ std::string PurposeOf(const ShipListDraft& draft) {
 std::optional<ListedShip> ShipInBoxes(Host& host, const ShipListForm& form) {
   const auto kind = WholeIn(form.txtKind.text, 1, importedKind);
   if (!kind) {
-    Refuse(host, "The kind must be 1, 2 or 3.");
+    RefuseLine(host, "The kind must be 1, 2 or 3.");
     return std::nullopt;
   }
   const int highest = form.blocks > 0 ? form.blocks - 1 : 32767;
   const auto block = WholeIn(form.txtStats.text, 0, highest);
   if (!block) {
-    Refuse(host, "The statistics must be a whole number from 0 to " + std::to_string(highest) + ".");
+    RefuseLine(host, "The statistics must be a whole number from 0 to " + std::to_string(highest) + ".");
     return std::nullopt;
   }
   ListedShip ship = {*kind,  Trim(form.txtName.text),     Trim(form.txtFile.text),
                      *block, Trim(form.txtTexture0.text), Trim(form.txtTexture1.text)};
   const std::string why = WhyNotListed(ship);
   if (why.empty()) return ship;
-  Refuse(host, "The line cannot be changed like this: " + why + ".");
+  RefuseLine(host, "The line cannot be changed like this: " + why + ".");
   return std::nullopt;
 }
 
@@ -212,7 +212,7 @@ void cmdSave_Click(Host& host, ShipListForm& form) {
       SelectOnly(form.lstShips, fault->line);
       ShowFields(form);
     }
-    Refuse(host, fault->text + "\nThe ship list was not saved.");
+    RefuseLine(host, fault->text + "\nThe ship list was not saved.");
     return;
   }
   if (!SaveShipList(host, form.path, ships, true)) return;

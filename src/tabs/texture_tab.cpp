@@ -1,6 +1,10 @@
 #include "tabs/texture_tab.h"
 
+#define XXH_INLINE_ALL
+#include <xxhash.h>
+
 #include <algorithm>
+#include <array>
 
 #include "actions/restore_cache.h"
 #include "base/text.h"
@@ -19,19 +23,9 @@ namespace oravin {
 
 namespace {
 
-/// The 64-bit FNV-1a sum of some bytes, going on from an earlier one.
-std::uint64_t Sum(std::uint64_t sum, std::span<const std::uint8_t> bytes) {
-  for (const std::uint8_t byte : bytes) sum = (sum ^ byte) * 0x100000001B3U;
-  return sum;
-}
-
 std::uint64_t SealOf(const TcacheBytes& cache) {
-  Bytes head(16);
-  PutLittleEndian32(head.data(), static_cast<std::uint32_t>(cache.count));
-  PutLittleEndian32(&head[4], static_cast<std::uint32_t>(cache.dataEnd));
-  PutLittleEndian32(&head[8], static_cast<std::uint32_t>(cache.length));
-  PutLittleEndian32(&head[12], static_cast<std::uint32_t>(cache.length >> 32));
-  return Sum(Sum(0xCBF29CE484222325U, head), cache.slots);
+  const std::array<std::int64_t, 3> head = {cache.count, cache.dataEnd, static_cast<std::int64_t>(cache.length)};
+  return XXH3_64bits_withSeed(cache.slots.data(), cache.slots.size(), XXH3_64bits(head.data(), sizeof head));
 }
 
 std::string FormatText(std::int32_t pixelFormat) {

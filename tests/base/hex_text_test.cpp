@@ -31,13 +31,13 @@ TEST(HexToByteArray, OfLongerTextTheLastEightCharactersCount) {
   EXPECT_EQ(bytes, (FourBytes{0x12, 0x34, 0x56, 0x78}));
 }
 
-TEST(HexToByteArray, ACharacterThatIsNoDigitEndsItWithTheBytesFilledInPart) {
+TEST(HexToByteArray, ACharacterThatIsNoDigitIsRefused) {
   std::string text = "12G4";
   FourBytes bytes{9, 9, 9, 9};
   EXPECT_FALSE(HexToByteArray(text, bytes));
   EXPECT_EQ(bytes[0], 0);
   EXPECT_EQ(bytes[1], 0);
-  EXPECT_EQ(bytes[2], 0);  // the places left of the character were never reached
+  EXPECT_EQ(bytes[2], 0);
   std::string minus = "-1";
   EXPECT_FALSE(HexToByteArray(minus, bytes));
   std::string colon = "1:";

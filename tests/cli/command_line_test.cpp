@@ -4,7 +4,6 @@
 
 #include <filesystem>
 
-#include "cli/help_text.h"
 #include "tabs/about_tab.h"
 
 namespace oravin {
@@ -86,9 +85,13 @@ TEST(CommandLine, ANegativeNumberIsAValue) {
   for (const std::string number : {"-5", "-0.25", "-.5", "-1e-3", "-12,5"}) {
     const CommandLine line = Read({"stats", "set", "Predator", "Ammo", number, "--json"});
     ASSERT_EQ(line.kind, Kind::run) << number << ": " << line.text;
-    EXPECT_EQ(line.values.arguments.back(), number);
+    EXPECT_EQ(line.values.arguments.back(), number == "-.5" ? "-0.5" : number);
     EXPECT_TRUE(line.json);
   }
+}
+
+TEST(CommandLine, AfterTwoDashesANegativeNumberStaysAsItWasTyped) {
+  EXPECT_EQ(Read({"stats", "set", "Predator", "Ammo", "--", "-.5"}).values.arguments.back(), "-.5");
 }
 
 TEST(CommandLine, SeveralNegativeNumbersAreValues) {
@@ -173,9 +176,9 @@ TEST(CommandLine, AnOptionOfSeveralThatIsGivenOnceOrNotAtAll) {
 }
 
 TEST(CommandLine, AnOptionOfSeveralWithoutItsValueIsWrong) {
-  ExpectWrong({"pack", "make", "a", "--from", "b", "--only"}, "--only must be given with one value each time");
+  ExpectWrong({"pack", "make", "a", "--from", "b", "--only"}, "--only: 1 required NAME missing");
   ExpectWrong({"pack", "make", "a", "--from", "b", "--to", "x", "--to", "y"},
-              "--to must be given once and with one value");
+              "--to: At Most 1 required but received 2");
 }
 
 TEST(CommandLine, AnOptionWithoutAValueIsGivenOrNot) {
@@ -234,8 +237,8 @@ TEST(CommandLine, AnEmptyFolderIsWrong) {
 }
 
 TEST(CommandLine, AnOptionWithoutItsValueOrGivenTwiceIsWrong) {
-  ExpectWrong({"look", "--game"}, "--game must be given once and with one value");
-  ExpectWrong({"look", "--game", "a", "--game", "b"}, "--game must be given once and with one value");
+  ExpectWrong({"look", "--game"}, "--game: 1 required DIR missing");
+  ExpectWrong({"look", "--game", "a", "--game", "b"}, "--game: At Most 1 required but received 2");
 }
 
 TEST(CommandLine, NoCommandIsWrong) {
@@ -243,7 +246,7 @@ TEST(CommandLine, NoCommandIsWrong) {
   ExpectWrong({"--json"}, "a command is missing");
 }
 
-TEST(CommandLine, AGroupWithoutAVerbIsWrong) { ExpectWrong({"stats"}, "a verb is missing behind \"stats\""); }
+TEST(CommandLine, AGroupWithoutAVerbIsWrong) { ExpectWrong({"stats"}, "a verb is missing after \"stats\""); }
 
 TEST(CommandLine, AnUnknownCommandIsNamed) {
   ExpectWrong({"fly"}, "there is no command \"fly\"");
@@ -267,52 +270,64 @@ TEST(CommandLine, VersionIsToldWithoutACommand) {
   EXPECT_EQ(line.text, "oravin-cli " + PlainVersion() + "\n");
 }
 
-TEST(CommandLine, HelpIsShownWithoutACommand) {
-  const CommandLine line = Read({"--help"});
+/// The lines of the help that the words ask for.
+std::vector<std::string> HelpLines(std::span<const Command> commands, const std::vector<std::string>& words) {
+  const CommandLine line = ReadCommandLine(commands, words);
   EXPECT_EQ(line.kind, Kind::show);
-  EXPECT_EQ(line.text, HelpText(MadeUp()));
-  EXPECT_EQ(Read({"-h"}).text, line.text);
+  std::istringstream text(line.text);
+  std::vector<std::string> lines;
+  for (std::string one; std::getline(text, one);) lines.push_back(one);
+  return lines;
+}
+
+bool HasLine(const std::vector<std::string>& lines, const std::string& start) {
+  return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) { return line.starts_with(start); });
+}
+
+TEST(CommandLine, HelpIsShownWithoutACommand) {
+  const auto lines = HelpLines(MadeUp(), {"--help"});
+  EXPECT_TRUE(HasLine(lines, "Usage: oravin-cli [options] [COMMAND]"));
+  EXPECT_EQ(HelpLines(MadeUp(), {"-h"}), lines);
 }
 
 TEST(CommandLine, HelpOfACommandNeedsNoArguments) {
-  const CommandLine line = Read({"stats", "set", "--help"});
-  EXPECT_EQ(line.kind, Kind::show);
-  EXPECT_EQ(line.text,
-            "Usage: oravin-cli [options] stats set SHIP LABEL VALUE\n"
-            "\n"
-            "Sets.\n"
-            "\n"
-            "  SHIP   a ship\n"
-            "  LABEL  a label\n"
-            "  VALUE  a value\n"
-            "\n"
-            "\"oravin-cli --help\" shows the options.\n");
+  const auto lines = HelpLines(MadeUp(), {"stats", "set", "--help"});
+  EXPECT_EQ(lines.at(0), "Sets.");
+  EXPECT_EQ(lines.at(1), "Usage: oravin-cli stats set [options] SHIP LABEL VALUE");
+  for (const char* word :
+       {"  SHIP              a ship", "  LABEL             a label", "  VALUE             a value"}) {
+    EXPECT_TRUE(HasLine(lines, word)) << word;
+  }
+}
+
+TEST(CommandLine, HelpOfAGroupNamesItsVerbs) {
+  const auto lines = HelpLines(MadeUp(), {"stats", "-h"});
+  EXPECT_TRUE(HasLine(lines, "Usage: oravin-cli stats "));
+  EXPECT_TRUE(HasLine(lines, "  Sets."));
+  EXPECT_FALSE(HasLine(lines, "  Looks."));
 }
 
 TEST(CommandLine, HelpMarksWhatMayBeLeftOutOrGivenSeveralTimes) {
-  const auto usage = [](const std::vector<std::string>& words) {
-    const std::string text = Read(words).text;
-    return text.substr(0, text.find('\n'));
-  };
-  EXPECT_EQ(usage({"weapons", "set", "-h"}), "Usage: oravin-cli [options] weapons set SHIP TYPE [CODE]");
-  EXPECT_EQ(
-      usage({"pack", "make", "-h"}),
-      "Usage: oravin-cli [options] pack make FILE [NAME...] [--only NAME]... --from DIR... [--to TEXT] [--quick]");
+  EXPECT_EQ(HelpLines(MadeUp(), {"weapons", "set", "-h"}).at(1),
+            "Usage: oravin-cli weapons set [options] SHIP TYPE [CODE]");
+  const auto lines = HelpLines(MadeUp(), {"pack", "make", "-h"});
+  EXPECT_EQ(lines.at(1), "Usage: oravin-cli pack make [options] FILE [NAME...]");
+  for (const char* option : {"  --only NAME ...", "  --from DIR ... REQUIRED", "  --to TEXT  ", "  --quick  "}) {
+    EXPECT_TRUE(HasLine(lines, option)) << option;
+  }
 }
 
-TEST(HelpText, NamesEveryCommandAndOptionAndFitsATerminal) {
-  const std::string text = HelpText(Commands());
-  for (const Command& command : Commands()) EXPECT_NE(text.find("  " + NameOf(command)), std::string::npos);
+TEST(CommandLine, HelpNamesEveryCommandAndOptionAndFitsATerminal) {
+  const auto lines = HelpLines(Commands(), {"--help"});
+  for (const Command& command : Commands()) {
+    EXPECT_TRUE(HasLine(lines, command.group.empty() ? command.verb : command.group)) << NameOf(command);
+    EXPECT_TRUE(command.group.empty() || HasLine(lines, "    " + command.verb + " ")) << NameOf(command);
+  }
   for (const char* option :
-       {"--game DIR", "--program DIR", "--yes", "--no", "--answers LIST", "--json", "--help", "--version"}) {
-    EXPECT_NE(text.find(option), std::string::npos) << option;
+       {"--game DIR", "--program DIR", "--yes", "--no", "--answers LIST", "--json", "-h,--help", "--version"}) {
+    EXPECT_TRUE(HasLine(lines, std::string("  ") + option)) << option;
   }
-  for (std::size_t begin = 0; begin < text.size();) {
-    const std::size_t end = text.find('\n', begin);
-    ASSERT_NE(end, std::string::npos);
-    EXPECT_LE(end - begin, 80U) << text.substr(begin, end - begin);
-    begin = end + 1;
-  }
+  for (const std::string& line : lines) EXPECT_LE(line.size(), 80U) << line;
 }
 
 TEST(Commands, AreThoseOfTheProgram) {

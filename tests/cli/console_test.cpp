@@ -9,7 +9,7 @@
 namespace oravin {
 namespace {
 
-struct ConsoleTest : testing::Test {
+struct ConsoleDesk : testing::Test {
   Answer Show(const Message& box) { return DeskOf(console).showBox(box); }
 
   std::ostringstream out;
@@ -21,24 +21,24 @@ struct ConsoleTest : testing::Test {
 const Message message{"It went wrong.", "Somewhere", Icon::exclamation, Buttons::ok, false};
 const Message question{"Two lines.\nGo on?", "Oravin", Icon::question, Buttons::yesNo, false};
 
-TEST_F(ConsoleTest, AMessageIsItsTitleAndText) {
+TEST_F(ConsoleDesk, AMessageIsItsTitleAndText) {
   EXPECT_EQ(Show(message), Answer::ok);
   EXPECT_EQ(err.str(), "Somewhere: It went wrong.\n");
   EXPECT_EQ(out.str(), "");
 }
 
-TEST_F(ConsoleTest, FurtherLinesAreIndentedAndAQuestionHasItsAnswer) {
+TEST_F(ConsoleDesk, FurtherLinesAreIndentedAndAQuestionHasItsAnswer) {
   console.answers.always = true;
   EXPECT_EQ(Show(question), Answer::yes);
   EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] yes\n");
 }
 
-TEST_F(ConsoleTest, LineEndsOfTwoCharactersAreOneLineEnd) {
+TEST_F(ConsoleDesk, LineEndsOfTwoCharactersAreOneLineEnd) {
   Show({"One\r\nTwo", "Oravin", Icon::none, Buttons::ok, false});
   EXPECT_EQ(err.str(), "Oravin: One\n  Two\n");
 }
 
-TEST_F(ConsoleTest, JsonBoxesAreOneLineWithTheKeysInOrder) {
+TEST_F(ConsoleDesk, JsonBoxesAreOneLineWithTheKeysInOrder) {
   console.json = true;
   Show(question);
   EXPECT_EQ(
@@ -48,7 +48,7 @@ TEST_F(ConsoleTest, JsonBoxesAreOneLineWithTheKeysInOrder) {
   EXPECT_EQ(out.str(), "");
 }
 
-TEST_F(ConsoleTest, JsonNamesEveryIcon) {
+TEST_F(ConsoleDesk, JsonNamesEveryIcon) {
   console.json = true;
   for (const auto& [icon, word] : std::vector<std::pair<Icon, std::string>>{{Icon::none, "none"},
                                                                             {Icon::exclamation, "exclamation"},
@@ -61,7 +61,7 @@ TEST_F(ConsoleTest, JsonNamesEveryIcon) {
   }
 }
 
-TEST_F(ConsoleTest, JsonNamesEveryKindOfButtonsAndTheSafeAnswer) {
+TEST_F(ConsoleDesk, JsonNamesEveryKindOfButtonsAndTheSafeAnswer) {
   console.json = true;
   for (const auto& [buttons, word, answer] :
        std::vector<std::tuple<Buttons, std::string, std::string>>{{Buttons::ok, "ok", "ok"},
@@ -74,7 +74,7 @@ TEST_F(ConsoleTest, JsonNamesEveryKindOfButtonsAndTheSafeAnswer) {
   }
 }
 
-TEST_F(ConsoleTest, TextsAreUtf8Outside) {
+TEST_F(ConsoleDesk, TextsAreUtf8Outside) {
   Show({"caf\xE9", "\x80", Icon::none, Buttons::ok, false});
   console.json = true;
   Show({"caf\xE9", "\x80", Icon::none, Buttons::ok, false});
@@ -84,14 +84,14 @@ TEST_F(ConsoleTest, TextsAreUtf8Outside) {
             "\"answer\":\"ok\"}}\n");
 }
 
-TEST_F(ConsoleTest, ExclamationAndCriticalCountAsFailures) {
+TEST_F(ConsoleDesk, ExclamationAndCriticalCountAsFailures) {
   Show({"Text", "Title", Icon::exclamation, Buttons::ok, false});
   EXPECT_EQ(console.failures, 1);
   Show({"Text", "Title", Icon::critical, Buttons::ok, false});
   EXPECT_EQ(console.failures, 2);
 }
 
-TEST_F(ConsoleTest, OtherIconsAreNoFailures) {
+TEST_F(ConsoleDesk, OtherIconsAreNoFailures) {
   for (const Icon icon : {Icon::none, Icon::question, Icon::information}) {
     Show({"Text", "Title", icon, Buttons::ok, false});
   }
@@ -99,25 +99,25 @@ TEST_F(ConsoleTest, OtherIconsAreNoFailures) {
   EXPECT_EQ(console.successes, 0);
 }
 
-TEST_F(ConsoleTest, ASuccessIsNoFailureWhateverItsIcon) {
+TEST_F(ConsoleDesk, ASuccessIsNoFailureWhateverItsIcon) {
   Show({"Text", "Title", Icon::exclamation, Buttons::ok, true});
   Show({"Text", "Title", Icon::critical, Buttons::ok, true});
   EXPECT_EQ(console.failures, 0);
   EXPECT_EQ(console.successes, 2);
 }
 
-TEST_F(ConsoleTest, AQuestionWithTheExclamationIconCountsAsOne) {
+TEST_F(ConsoleDesk, AQuestionWithTheExclamationIconCountsAsOne) {
   Show({"Text", "Title", Icon::exclamation, Buttons::yesNo, false});
   EXPECT_EQ(console.failures, 1);
 }
 
-TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenNobodys) {
+TEST_F(ConsoleDesk, ThePlannedAnswersComeFirstThenNobodys) {
   console.answers.inOrder = {Answer::yes};
   EXPECT_EQ(Show(question), Answer::yes);
   EXPECT_EQ(Show(question), Answer::none);
 }
 
-TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenThePerson) {
+TEST_F(ConsoleDesk, ThePlannedAnswersComeFirstThenThePerson) {
   console.terminal = true;
   console.answers.inOrder = {Answer::no};
   in.str("yes\n");
@@ -125,32 +125,32 @@ TEST_F(ConsoleTest, ThePlannedAnswersComeFirstThenThePerson) {
   EXPECT_EQ(Show(question), Answer::yes);
 }
 
-TEST_F(ConsoleTest, APersonIsAskedAtTheTerminal) {
+TEST_F(ConsoleDesk, APersonIsAskedAtTheTerminal) {
   console.terminal = true;
   in.str("y\n");
   EXPECT_EQ(Show(question), Answer::yes);
   EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] ");
 }
 
-TEST_F(ConsoleTest, APersonIsAskedAgainUntilTheAnswerIsOne) {
+TEST_F(ConsoleDesk, APersonIsAskedAgainUntilTheAnswerIsOne) {
   console.terminal = true;
   in.str("maybe\n\ncancel\nNO\nyes\n");
   EXPECT_EQ(Show(question), Answer::no);
   EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no]   [yes/no]   [yes/no]   [yes/no] ");
 }
 
-TEST_F(ConsoleTest, AtTheEndOfTheInputTheSafeAnswerIsWrittenAndNobodyGaveIt) {
+TEST_F(ConsoleDesk, AtTheEndOfTheInputTheSafeAnswerIsWrittenAndNobodyGaveIt) {
   console.terminal = true;
   EXPECT_EQ(Show(question), Answer::none);
   EXPECT_EQ(err.str(), "Oravin: Two lines.\n  Go on?\n  [yes/no] no\n");
 }
 
-TEST_F(ConsoleTest, NobodyIsAskedAwayFromATerminal) {
+TEST_F(ConsoleDesk, NobodyIsAskedAwayFromATerminal) {
   in.str("yes\n");
   EXPECT_EQ(Show(question), Answer::none);
 }
 
-TEST_F(ConsoleTest, APersonIsAskedWithJsonTooAndTheLineHasTheAnswer) {
+TEST_F(ConsoleDesk, APersonIsAskedWithJsonTooAndTheLineHasTheAnswer) {
   console.terminal = true;
   console.json = true;
   in.str("yes\n");
@@ -161,7 +161,7 @@ TEST_F(ConsoleTest, APersonIsAskedWithJsonTooAndTheLineHasTheAnswer) {
             test::BoxLine("Oravin", "Two lines.\nGo on?", "question", "yesno", "yes"));
 }
 
-TEST_F(ConsoleTest, AMessageWithOkAloneAsksNobody) {
+TEST_F(ConsoleDesk, AMessageWithOkAloneAsksNobody) {
   console.terminal = true;
   in.str("left alone\n");
   Show(message);
@@ -170,13 +170,13 @@ TEST_F(ConsoleTest, AMessageWithOkAloneAsksNobody) {
   EXPECT_EQ(line, "left alone");
 }
 
-TEST_F(ConsoleTest, ProgressIsSilentAwayFromATerminal) {
+TEST_F(ConsoleDesk, ProgressIsSilentAwayFromATerminal) {
   DeskOf(console).showProgress({"Unpacking", 1, 2});
   DeskOf(console).showProgress({});
   EXPECT_EQ(err.str(), "");
 }
 
-TEST_F(ConsoleTest, ProgressIsOneRewrittenLineOnATerminal) {
+TEST_F(ConsoleDesk, ProgressIsOneRewrittenLineOnATerminal) {
   console.terminal = true;
   DeskOf(console).showProgress({"Unpacking", 1, 2});
   DeskOf(console).showProgress({"Done", 2, 2});
@@ -184,32 +184,32 @@ TEST_F(ConsoleTest, ProgressIsOneRewrittenLineOnATerminal) {
   EXPECT_EQ(err.str(), "Unpacking (1/2)\r               \rDone (2/2)\r          \r");
 }
 
-TEST_F(ConsoleTest, ALongProgressTextStaysOnOneLine) {
+TEST_F(ConsoleDesk, ALongProgressTextStaysOnOneLine) {
   console.terminal = true;
   DeskOf(console).showProgress({std::string(200, 'x'), 1, 2});
   EXPECT_EQ(err.str(), std::string(78, 'x'));
 }
 
-TEST_F(ConsoleTest, ABoxTakesTheProgressLineAwayFirst) {
+TEST_F(ConsoleDesk, ABoxTakesTheProgressLineAwayFirst) {
   console.terminal = true;
   DeskOf(console).showProgress({"Up", 1, 2});
   Show(message);
   EXPECT_EQ(err.str(), "Up (1/2)\r        \rSomewhere: It went wrong.\n");
 }
 
-TEST_F(ConsoleTest, AnErrorIsToldAndCounts) {
+TEST_F(ConsoleDesk, AnErrorIsToldAndCounts) {
   SayError(console, "no ship is named \"\xC9toile\"");
   EXPECT_EQ(err.str(), "oravin-cli: no ship is named \"\xC3\x89toile\"\n");
   EXPECT_EQ(console.failures, 1);
 }
 
-TEST_F(ConsoleTest, AnErrorIsOneLineOfJson) {
+TEST_F(ConsoleDesk, AnErrorIsOneLineOfJson) {
   console.json = true;
   SayError(console, "no ship is named \"X\"");
   EXPECT_EQ(err.str(), "{\"error\":\"no ship is named \\\"X\\\"\"}\n");
 }
 
-TEST_F(ConsoleTest, AFolderIsTypedAtTheTerminal) {
+TEST_F(ConsoleDesk, AFolderIsTypedAtTheTerminal) {
   console.terminal = true;
   in.str(" /games/lancer \nC:\\Lancer\n");
   EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "Z:\\games\\lancer");
@@ -217,14 +217,14 @@ TEST_F(ConsoleTest, AFolderIsTypedAtTheTerminal) {
   EXPECT_EQ(err.str(), "Select (an empty line cancels): Select (an empty line cancels): ");
 }
 
-TEST_F(ConsoleTest, AnEmptyLineAndTheEndOfTheInputCancelAFolder) {
+TEST_F(ConsoleDesk, AnEmptyLineAndTheEndOfTheInputCancelAFolder) {
   console.terminal = true;
   in.str("\n");
   EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "");
   EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "");
 }
 
-TEST_F(ConsoleTest, AFolderIsCancelledAwayFromATerminalAndTheOptionsAreNamed) {
+TEST_F(ConsoleDesk, AFolderIsCancelledAwayFromATerminalAndTheOptionsAreNamed) {
   in.str("/games/lancer\n");
   EXPECT_EQ(DeskOf(console).browseForFolder("Select"), "");
   EXPECT_EQ(
@@ -233,7 +233,7 @@ TEST_F(ConsoleTest, AFolderIsCancelledAwayFromATerminalAndTheOptionsAreNamed) {
       "and --program\n");
 }
 
-TEST_F(ConsoleTest, AFileIsTypedAtTheTerminalAndCancelledElsewhere) {
+TEST_F(ConsoleDesk, AFileIsTypedAtTheTerminalAndCancelledElsewhere) {
   in.str("/a/b.txt\n");
   EXPECT_EQ(DeskOf(console).openDialog({"Open", "Z:\\a\\", "", ""}), "");
   EXPECT_EQ(err.str(), "oravin-cli: a file is asked for (\"Open\") and nobody is there to answer\n");
@@ -241,7 +241,7 @@ TEST_F(ConsoleTest, AFileIsTypedAtTheTerminalAndCancelledElsewhere) {
   EXPECT_EQ(DeskOf(console).openDialog({"Open", "Z:\\a\\", "", ""}), "Z:\\a\\b.txt");
 }
 
-TEST_F(ConsoleTest, TheFileThatIsAskedForIsNamed) {
+TEST_F(ConsoleDesk, TheFileThatIsAskedForIsNamed) {
   const FileQuestion wanted{"Find texture file", "Z:\\a\\", "hull.bmp", ""};
   EXPECT_EQ(DeskOf(console).openDialog(wanted), "");
   console.terminal = true;

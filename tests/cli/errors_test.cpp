@@ -7,9 +7,9 @@
 namespace oravin::test {
 namespace {
 
-struct Failures : SampleRuns {};
+struct CommandFailures : SampleRuns {};
 
-TEST_F(Failures, ACriticalBoxIsStatusOne) {
+TEST_F(CommandFailures, ACriticalBoxIsStatusOne) {
   std::filesystem::remove(sample.program / "shipsData.txt");
   const Outcome outcome = RunWords({"enable", "--yes", "--json"});
   EXPECT_EQ(outcome.status, 1);
@@ -19,7 +19,7 @@ TEST_F(Failures, ACriticalBoxIsStatusOne) {
                                BoxLine("Oravin", "shipsData.txt not found", "critical", "ok", "ok")}));
 }
 
-TEST_F(Failures, AnExclamationBoxIsStatusOne) {
+TEST_F(CommandFailures, AnExclamationBoxIsStatusOne) {
   std::filesystem::resize_file(sample.game / "resource.hog", 14);
   const Outcome outcome = RunWords({"enable", "--yes", "--json"});
   EXPECT_EQ(outcome.status, 1);
@@ -27,14 +27,14 @@ TEST_F(Failures, AnExclamationBoxIsStatusOne) {
   EXPECT_EQ(outcome.ErrorLines().back()["box"]["icon"], "exclamation");
 }
 
-TEST_F(Failures, AnActionThatIsDoneWithAWarningTellsItsResultAndIsStatusOne) {
+TEST_F(CommandFailures, AnActionThatIsDoneWithAWarningTellsItsResultAndIsStatusOne) {
   EditShipList("sabrewing.shp", "nowhere.shp");
   const Outcome outcome = RunWords({"enable", "--yes", "--json"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.Document(), Json::parse(R"({"action":"enable","done":true,"enabled":true,"ships":15})"));
 }
 
-TEST_F(Failures, WrongUsageIsStatusTwoAndStartsNothing) {
+TEST_F(CommandFailures, WrongUsageIsStatusTwoAndStartsNothing) {
   const Outcome outcome = RunWords({"enable", "--yes", "--no"});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.out, "");
@@ -42,17 +42,17 @@ TEST_F(Failures, WrongUsageIsStatusTwoAndStartsNothing) {
   EXPECT_FALSE(std::filesystem::exists(sample.game / "shipstats.def"));
 }
 
-TEST(WithoutInstallation, HelpAndVersionNeedNoneAndGoToStandardOutput) {
+TEST(HelpAndVersion, NeedNoInstallationAndGoToStandardOutput) {
   const Outcome help = RunWords({"--help"});
   EXPECT_EQ(help.status, 0);
   EXPECT_EQ(help.err, "");
-  EXPECT_EQ(help.out.substr(0, 6), "Usage:");
+  EXPECT_NE(help.out.find("\nUsage: oravin-cli [options] [COMMAND]\n"), std::string::npos);
   const Outcome version = RunWords({"--version"});
   EXPECT_EQ(version.status, 0);
   EXPECT_EQ(version.out, "oravin-cli 0.1.0\n");
 }
 
-TEST_F(Failures, AnotherCopyAtWorkKeepsThisOneFromChangingAnything) {
+TEST_F(CommandFailures, AnotherCopyAtWorkKeepsThisOneFromChangingAnything) {
   platform::FolderLock other;
   ASSERT_TRUE(platform::LockFolder(folder.Windows("sample/StarLancer") + "\\", other));
   const Outcome outcome = RunWords({"enable", "--yes", "--json"});
@@ -67,7 +67,7 @@ TEST_F(Failures, AnotherCopyAtWorkKeepsThisOneFromChangingAnything) {
   platform::UnlockFolder(other);
 }
 
-TEST_F(Failures, AnotherCopyAtWorkLetsThisOneLook) {
+TEST_F(CommandFailures, AnotherCopyAtWorkLetsThisOneLook) {
   platform::FolderLock other;
   ASSERT_TRUE(platform::LockFolder(folder.Windows("sample/StarLancer") + "\\", other));
   const Outcome outcome = RunWords({"status", "--json"});
@@ -77,7 +77,7 @@ TEST_F(Failures, AnotherCopyAtWorkLetsThisOneLook) {
   platform::UnlockFolder(other);
 }
 
-TEST_F(Failures, AResultThatCannotBeWrittenIsStatusOne) {
+TEST_F(CommandFailures, AResultThatCannotBeWrittenIsStatusOne) {
   std::ostringstream out;
   std::ostringstream err;
   std::istringstream in;

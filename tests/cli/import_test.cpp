@@ -280,7 +280,7 @@ TEST_F(ImportRuns, APackWithoutShipsImportsNothing) {
 
 TEST_F(ImportRuns, WrongUses) {
   ExpectRefused({"import"}, WrongUsage("FILE is required"), 2);
-  ExpectRefused({"import", Raiders(), "--only"}, WrongUsage("--only must be given with one value each time"), 2);
+  ExpectRefused({"import", Raiders(), "--only"}, WrongUsage("--only: 1 required NAME missing"), 2);
   ExpectRefused({"import", Raiders(), Sentinels()},
                 WrongUsage("The following argument was not expected: " + Sentinels()), 2);
 }
@@ -383,7 +383,7 @@ TEST_F(ImportedRuns, RemovalsThatAreRefused) {
                 "oravin-cli: name the ships to remove, or give --all\n");
   ExpectRefused({"imported", "remove", "Manta", "Nobody", "--yes"},
                 "oravin-cli: there is no imported ship \"Nobody\"; \"imported list\" shows them\n");
-  ExpectRefused({"imported"}, WrongUsage("a verb is missing behind \"imported\""), 2);
+  ExpectRefused({"imported"}, WrongUsage("a verb is missing after \"imported\""), 2);
 }
 
 TEST_F(ImportWhileDisabled, ANewUsersDayLeavesTheGameAsItWas) {

@@ -13,7 +13,7 @@ struct ShipsSwap : EnabledRuns {
   static Json Ship(std::size_t index) { return RunWords({"ships", "list", "--json"}).Document().at(index); }
 };
 struct ShipsUnswap : ShipsSwap {};
-struct OddShips : SampleRuns {};
+struct ShipsByName : SampleRuns {};
 
 TEST_F(ShipsList, IsAnArrayOfEveryRecordButTheInertOne) {
   const Outcome outcome = RunWords({"ships", "list", "--json"});
@@ -43,7 +43,7 @@ TEST_F(ShipsList, TextIsATableWithALineForEachRecord) {
             static_cast<std::ptrdiff_t>(sample.ships.size()) + 1);
 }
 
-TEST_F(OddShips, TheListIsEmptyWhileTheFeaturesAreNotEnabled) {
+TEST_F(ShipsByName, TheListIsEmptyWhileTheFeaturesAreNotEnabled) {
   const Outcome json = RunWords({"ships", "list", "--json"});
   EXPECT_EQ(json.status, 0);
   EXPECT_EQ(json.out, "[]\n");
@@ -236,7 +236,7 @@ TEST_F(ShipsUnswap, AllWithNothingChangedDoesNothing) {
             Json::parse(R"({"action":"unswap-all","done":false,"ships":[]})"));
 }
 
-TEST_F(OddShips, ANameIsUnknownWhileTheFeaturesAreNotEnabled) {
+TEST_F(ShipsByName, ANameIsUnknownWhileTheFeaturesAreNotEnabled) {
   const Outcome outcome = RunWords({"ships", "swap", "Predator", "Manta"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err,
@@ -245,7 +245,7 @@ TEST_F(OddShips, ANameIsUnknownWhileTheFeaturesAreNotEnabled) {
   EXPECT_EQ(RunWords({"ships", "unswap", "Predator"}).status, 1);
 }
 
-TEST_F(OddShips, AShipOfAnotherKindIsNotListed) {
+TEST_F(ShipsByName, AShipOfAnotherKindIsNotListed) {
   EditShipList("1,\"Sabrewing\"", "4,\"Sabrewing\"");
   Enable();
   const Outcome outcome = RunWords({"ships", "swap", "sabrewing", "Manta"});
@@ -253,7 +253,7 @@ TEST_F(OddShips, AShipOfAnotherKindIsNotListed) {
   EXPECT_EQ(outcome.err, "oravin-cli: \"Sabrewing\" is not listed on the Switcher tab\n");
 }
 
-TEST_F(OddShips, ANameInBothDisplaysIsTakenWhereTheOtherShipIs) {
+TEST_F(ShipsByName, ANameInBothDisplaysIsTakenWhereTheOtherShipIs) {
   EditShipList("\"Ascension Carrier\"", "\"Sabrewing\"");
   Enable();
   EXPECT_EQ(RunWords({"ships", "swap", "Sabrewing", "Colossus Carrier"}).status, 0);
@@ -262,7 +262,7 @@ TEST_F(OddShips, ANameInBothDisplaysIsTakenWhereTheOtherShipIs) {
   EXPECT_EQ(ships.at(8)["changed"], true);
 }
 
-TEST_F(OddShips, AccentedNamesAreUtf8OutsideAndCaseDoesNotMatter) {
+TEST_F(ShipsByName, AccentedNamesAreUtf8OutsideAndCaseDoesNotMatter) {
   EditShipList("\"Sabrewing\"",
                "\"S\xE4"
                "brewing\"");

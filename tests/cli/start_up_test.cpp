@@ -4,15 +4,15 @@ namespace oravin::test {
 namespace {
 
 /// The same installation, but nothing that start-up's search could find it by.
-struct UnknownInstallation : SampleRuns {
-  UnknownInstallation() : empty("XDG_CONFIG_HOME", folder.Native("empty").string()) {}
+struct StartUpFolders : SampleRuns {
+  StartUpFolders() : empty("XDG_CONFIG_HOME", folder.Native("empty").string()) {}
 
   Environment empty;
 };
 
 constexpr const char* notInRegistry = "Registy entries for StarLancer not found!";
 
-TEST_F(UnknownInstallation, TheFoldersAreTakenFromTheOptionsAsNativePaths) {
+TEST_F(StartUpFolders, TheFoldersAreTakenFromTheOptionsAsNativePaths) {
   const Outcome outcome =
       RunWords({"status", "--json", "--game", sample.game.string(), "--program", sample.program.string()});
   EXPECT_EQ(outcome.status, 0);
@@ -21,7 +21,7 @@ TEST_F(UnknownInstallation, TheFoldersAreTakenFromTheOptionsAsNativePaths) {
   EXPECT_EQ(outcome.Document()["programFolder"], folder.Windows("sample/Oravin") + "\\");
 }
 
-TEST_F(UnknownInstallation, TheFoldersAreTakenFromTheOptionsAsWindowsPaths) {
+TEST_F(StartUpFolders, TheFoldersAreTakenFromTheOptionsAsWindowsPaths) {
   const Outcome outcome = RunWords({"--game", folder.Windows("sample/StarLancer"), "--program",
                                     folder.Windows("sample/Oravin") + "\\", "status", "--json"});
   EXPECT_EQ(outcome.status, 0);
@@ -54,7 +54,7 @@ TEST_F(SampleRuns, AFolderThatIsNotThereEndsTheProgram) {
   EXPECT_EQ(RunWords({"status", "--program", folder.Native("nowhere").string()}).status, 3);
 }
 
-TEST_F(UnknownInstallation, AwayFromATerminalTheQuestionForAFolderIsCancelledAndEndsTheProgram) {
+TEST_F(StartUpFolders, AwayFromATerminalTheQuestionForAFolderIsCancelledAndEndsTheProgram) {
   const Outcome outcome = RunWords({"status", "--json"}, sample.game.string() + "\n");
   EXPECT_EQ(outcome.status, 3);
   EXPECT_EQ(outcome.out, "");
@@ -64,7 +64,7 @@ TEST_F(UnknownInstallation, AwayFromATerminalTheQuestionForAFolderIsCancelledAnd
   EXPECT_TRUE(lines[1].contains("error"));
 }
 
-TEST_F(UnknownInstallation, AtATerminalTheFoldersAreTypedAndKept) {
+TEST_F(StartUpFolders, AtATerminalTheFoldersAreTypedAndKept) {
   const Outcome first =
       RunWords({"status", "--json"}, sample.game.string() + "\n" + sample.program.string() + "\n", true);
   EXPECT_EQ(first.status, 1);  // the boxes that asked bear the exclamation icon
@@ -73,9 +73,7 @@ TEST_F(UnknownInstallation, AtATerminalTheFoldersAreTypedAndKept) {
   EXPECT_NE(first.err.find("Select your StarLancer Game Directory (an empty line cancels): "), std::string::npos);
 }
 
-TEST_F(UnknownInstallation, AtATerminalAnEmptyLineEndsTheProgram) {
-  EXPECT_EQ(RunWords({"status"}, "\n", true).status, 3);
-}
+TEST_F(StartUpFolders, AtATerminalAnEmptyLineEndsTheProgram) { EXPECT_EQ(RunWords({"status"}, "\n", true).status, 3); }
 
 TEST_F(SampleRuns, AGivenProgramFolderWhoseListIsLostCanStillBeDisabled) {
   ASSERT_EQ(RunWords({"enable", "--yes"}).status, 0);

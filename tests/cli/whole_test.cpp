@@ -4,7 +4,7 @@
 namespace oravin::test {
 namespace {
 
-struct WholeRuns : SampleRuns {
+struct EnableAndDisable : SampleRuns {
   [[nodiscard]] bool CatalogueThere() const { return std::filesystem::exists(sample.program / "ships.dat"); }
 };
 
@@ -20,14 +20,14 @@ constexpr const char* disableQuestionText =
     "If you want to keep any of these files make copies of them.\n"
     "Are you sure you want to continue?";
 
-TEST_F(WholeRuns, EnableTellsTheNumberOfShips) {
+TEST_F(EnableAndDisable, EnableTellsTheNumberOfShips) {
   const Outcome outcome = RunWords({"enable", "--yes"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "Enabled: the catalogue holds 15 ships.\n");
   EXPECT_TRUE(CatalogueThere());
 }
 
-TEST_F(WholeRuns, EnableShowsItsBoxesInPlainTextOnStandardError) {
+TEST_F(EnableAndDisable, EnableShowsItsBoxesInPlainTextOnStandardError) {
   EXPECT_EQ(RunWords({"enable", "--yes"}).err,
             "Oravin: Enabling these features will require about 6 MB of storage space\n"
             "  and will make reversable modifications to key StarLancer files.\n"
@@ -41,7 +41,7 @@ TEST_F(WholeRuns, EnableShowsItsBoxesInPlainTextOnStandardError) {
             "  If you have any suggestions or bug reports, please send the to me.\n");
 }
 
-TEST_F(WholeRuns, EnableInJsonIsOneDocumentAndALineForEachBox) {
+TEST_F(EnableAndDisable, EnableInJsonIsOneDocumentAndALineForEachBox) {
   const Outcome outcome = RunWords({"enable", "--yes", "--json"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "{\n  \"action\": \"enable\",\n  \"done\": true,\n  \"enabled\": true,\n  \"ships\": 15\n}\n");
@@ -49,7 +49,7 @@ TEST_F(WholeRuns, EnableInJsonIsOneDocumentAndALineForEachBox) {
                                                      BoxLine("Oravin", enabledText, "none", "ok", "ok")}));
 }
 
-TEST_F(WholeRuns, AwayFromATerminalTheAnswerIsNoAndNothingIsDone) {
+TEST_F(EnableAndDisable, AwayFromATerminalTheAnswerIsNoAndNothingIsDone) {
   const FolderImage before = ImageOf(sample.program);
   const Outcome outcome = RunWords({"enable"}, "yes\n");
   EXPECT_EQ(outcome.status, 0);
@@ -57,27 +57,27 @@ TEST_F(WholeRuns, AwayFromATerminalTheAnswerIsNoAndNothingIsDone) {
   EXPECT_TRUE(SameImage(before, ImageOf(sample.program)));
 }
 
-TEST_F(WholeRuns, NoIsAnsweredWithNo) {
+TEST_F(EnableAndDisable, NoIsAnsweredWithNo) {
   const Outcome outcome = RunWords({"enable", "--no", "--json"}, "yes\n", true);
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.Document(), Json::parse(R"({"action":"enable","done":false,"enabled":false,"ships":0})"));
   EXPECT_FALSE(CatalogueThere());
 }
 
-TEST_F(WholeRuns, AtATerminalThePersonIsAsked) {
+TEST_F(EnableAndDisable, AtATerminalThePersonIsAsked) {
   EXPECT_EQ(RunWords({"enable"}, "no\n", true).out, "Nothing was done.\n");
   EXPECT_FALSE(CatalogueThere());
   EXPECT_EQ(RunWords({"enable"}, "yes\n", true).out, "Enabled: the catalogue holds 15 ships.\n");
   EXPECT_TRUE(CatalogueThere());
 }
 
-TEST_F(WholeRuns, TheFirstAnswerOfTheListIsTheFirstQuestions) {
+TEST_F(EnableAndDisable, TheFirstAnswerOfTheListIsTheFirstQuestions) {
   EXPECT_EQ(RunWords({"enable", "--answers", "no,yes"}).out, "Nothing was done.\n");
   EXPECT_EQ(RunWords({"enable", "--answers", "ok,no"}).status, 0);
   EXPECT_TRUE(CatalogueThere());
 }
 
-TEST_F(WholeRuns, ProgressIsWrittenAtATerminalAloneAndNotOnStandardOutput) {
+TEST_F(EnableAndDisable, ProgressIsWrittenAtATerminalAloneAndNotOnStandardOutput) {
   const Outcome terminal = RunWords({"enable", "--yes"}, "", true);
   EXPECT_NE(terminal.err.find("(0/1)\r"), std::string::npos);
   EXPECT_EQ(terminal.out.find('\r'), std::string::npos);
@@ -85,12 +85,12 @@ TEST_F(WholeRuns, ProgressIsWrittenAtATerminalAloneAndNotOnStandardOutput) {
   EXPECT_EQ(RunWords({"enable", "--yes"}).err.find('\r'), std::string::npos);
 }
 
-TEST_F(WholeRuns, NothingIsColoured) {
+TEST_F(EnableAndDisable, NothingIsColoured) {
   const Outcome outcome = RunWords({"enable", "--yes"}, "", true);
   EXPECT_EQ((outcome.out + outcome.err).find('\x1b'), std::string::npos);
 }
 
-TEST_F(WholeRuns, DisableRestoresTheGameByteForByte) {
+TEST_F(EnableAndDisable, DisableRestoresTheGameByteForByte) {
   const FolderImage before = ImageOf(sample.game);
   Enable();
   ASSERT_EQ(RunWords({"ships", "swap", "Predator", "Manta"}).status, 0);
@@ -104,19 +104,19 @@ TEST_F(WholeRuns, DisableRestoresTheGameByteForByte) {
   EXPECT_FALSE(CatalogueThere());
 }
 
-TEST_F(WholeRuns, DisableTellsThatItIsDone) {
+TEST_F(EnableAndDisable, DisableTellsThatItIsDone) {
   Enable();
   EXPECT_EQ(RunWords({"disable", "--yes"}).out, "Disabled: the game's files are restored.\n");
 }
 
-TEST_F(WholeRuns, DisableAnsweredWithNoLeavesTheFeaturesEnabled) {
+TEST_F(EnableAndDisable, DisableAnsweredWithNoLeavesTheFeaturesEnabled) {
   Enable();
   const Outcome outcome = RunWords({"disable", "--no", "--json"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.Document(), Json::parse(R"({"action":"disable","done":false,"enabled":true,"ships":15})"));
 }
 
-TEST_F(WholeRuns, StatusTellsFoldersStateAndFiles) {
+TEST_F(EnableAndDisable, StatusTellsFoldersStateAndFiles) {
   const Outcome outcome = RunWords({"status", "--json"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.err, "");
@@ -132,7 +132,7 @@ TEST_F(WholeRuns, StatusTellsFoldersStateAndFiles) {
   EXPECT_EQ(status["files"][1]["count"], 426);
 }
 
-TEST_F(WholeRuns, StatusOfAnEnabledInstallationCountsTheShips) {
+TEST_F(EnableAndDisable, StatusOfAnEnabledInstallationCountsTheShips) {
   Enable();
   RunWords({"ships", "swap", "Predator", "Manta"});
   const Json status = RunWords({"status", "--json"}).Document();
@@ -141,7 +141,7 @@ TEST_F(WholeRuns, StatusOfAnEnabledInstallationCountsTheShips) {
   EXPECT_EQ(status["changedShips"], 2);
 }
 
-TEST_F(WholeRuns, StatusInTextIsALineForEach) {
+TEST_F(EnableAndDisable, StatusInTextIsALineForEach) {
   Enable();
   const std::string text = RunWords({"status"}).out;
   EXPECT_EQ(text.substr(0, text.find('\n')), "Game folder:     " + folder.Windows("sample/StarLancer") + "\\");

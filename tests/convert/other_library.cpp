@@ -1,3 +1,3 @@
 // A library without the converter's function.
 
-extern "C" int convert_something_else() { return 0; }
+extern "C" int ConvertSomethingElse() { return 0; }

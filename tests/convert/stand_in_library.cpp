@@ -27,6 +27,8 @@ bool HasCapital(const std::string& text) {
 
 }  // namespace
 
+// The name is the library's.
+// NOLINTNEXTLINE(readability-identifier-naming)
 extern "C" std::int32_t CONVERTER_CALL convert3ds2sl(const char* source, const char* option, const char* destination) {
   if (source == nullptr || option == nullptr || destination == nullptr) return badArgument;
   const std::string from = source;

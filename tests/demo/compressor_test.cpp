@@ -33,22 +33,22 @@ Forms RoundTrip(const Bytes& data, Effort effort, std::size_t* size = nullptr) {
   return forms;
 }
 
-class EveryEffort : public ::testing::TestWithParam<Effort> {};
+class CompressorEffort : public ::testing::TestWithParam<Effort> {};
 std::string NameOfEffort(const ::testing::TestParamInfo<Effort>& info) {
   return info.param == Effort::kFast ? "Fast" : info.param == Effort::kNormal ? "Normal" : "Best";
 }
-INSTANTIATE_TEST_SUITE_P(Compressor, EveryEffort, ::testing::Values(Effort::kFast, Effort::kNormal, Effort::kBest),
+INSTANTIATE_TEST_SUITE_P(Compressor, CompressorEffort, ::testing::Values(Effort::kFast, Effort::kNormal, Effort::kBest),
                          NameOfEffort);
 
-TEST_P(EveryEffort, EmptyContentIsHeaderAndEndCommand) {
+TEST_P(CompressorEffort, EmptyContentIsHeaderAndEndCommand) {
   EXPECT_EQ(Compress({}, GetParam()), (Bytes{0x10, 0xFB, 0, 0, 0, 0xFC}));
 }
 
-TEST_P(EveryEffort, OneByteRidesOnTheEndCommand) {
+TEST_P(CompressorEffort, OneByteRidesOnTheEndCommand) {
   EXPECT_EQ(Compress(Bytes{0x42}, GetParam()), (Bytes{0x10, 0xFB, 0, 0, 1, 0xFD, 0x42}));
 }
 
-TEST_P(EveryEffort, EveryLengthUpTo300RoundTrips) {
+TEST_P(CompressorEffort, EveryLengthUpTo300RoundTrips) {
   for (std::size_t size = 0; size <= 300; ++size) {
     RoundTrip(RandomBytes(size, size), GetParam());
     RoundTrip(RandomBytes(size, size, 2), GetParam());
@@ -56,20 +56,20 @@ TEST_P(EveryEffort, EveryLengthUpTo300RoundTrips) {
   }
 }
 
-TEST_P(EveryEffort, ContentsOfEveryKindRoundTrip) {
+TEST_P(CompressorEffort, ContentsOfEveryKindRoundTrip) {
   for (const Content content :
        {Content::kSound, Content::kScript, Content::kPicture, Content::kTable, Content::kProp, Content::kMusic}) {
     RoundTrip(MakeContent(content, 5, 150000), GetParam());
   }
 }
 
-TEST_P(EveryEffort, FewSymbolsRoundTrip) {
+TEST_P(CompressorEffort, FewSymbolsRoundTrip) {
   for (std::uint32_t different = 1; different <= 8; ++different) {
     RoundTrip(RandomBytes(different, 60000, different), GetParam());
   }
 }
 
-TEST_P(EveryEffort, RunsUseOverlappingLongCopies) {
+TEST_P(CompressorEffort, RunsUseOverlappingLongCopies) {
   std::size_t packed = 0;
   const Forms forms = RoundTrip(Bytes(100000, 0), GetParam(), &packed);
   EXPECT_GT(forms.overlapping, 0U);
@@ -77,7 +77,7 @@ TEST_P(EveryEffort, RunsUseOverlappingLongCopies) {
   EXPECT_LT(packed, 500U);
 }
 
-TEST_P(EveryEffort, NoiseGrowsByLessThanOnePercent) {
+TEST_P(CompressorEffort, NoiseGrowsByLessThanOnePercent) {
   std::size_t packed = 0;
   const Forms forms = RoundTrip(RandomBytes(3, 200000), GetParam(), &packed);
   EXPECT_GT(forms.literalRuns, 1000U);

@@ -14,7 +14,7 @@ namespace {
 using test::TemporaryFolder;
 using test::WriteFileAt;
 
-struct OpenFiles : testing::Test {
+struct FileAccess : testing::Test {
   TemporaryFolder folder;
   Files files;
 
@@ -40,7 +40,7 @@ std::string ErrorOf(Run&& run) {
   return "no error";
 }
 
-TEST_F(OpenFiles, AreClosedAtTheEndOfTheirLife) {
+TEST_F(FileAccess, AreClosedAtTheEndOfTheirLife) {
   const std::string path = Make("a", {1});
   {
     const File first(files, path, OpenFor::reading);
@@ -51,7 +51,7 @@ TEST_F(OpenFiles, AreClosedAtTheEndOfTheirLife) {
   EXPECT_EQ(files.open, 0);
 }
 
-TEST_F(OpenFiles, MovingLeavesAClosedOneBehind) {
+TEST_F(FileAccess, MovingLeavesAClosedOneBehind) {
   File first(files, Make("a", {'a'}), OpenFor::reading);
   File second = std::move(first);
   EXPECT_FALSE(IsOpen(first));  // NOLINT(bugprone-use-after-move): that is what is asked
@@ -59,7 +59,7 @@ TEST_F(OpenFiles, MovingLeavesAClosedOneBehind) {
   EXPECT_EQ(files.open, 1);
 }
 
-TEST_F(OpenFiles, AnotherFileMovedOntoAnOpenOneClosesIt) {
+TEST_F(FileAccess, AnotherFileMovedOntoAnOpenOneClosesIt) {
   File file(files, Make("a", {'a'}), OpenFor::reading);
   EXPECT_EQ(Read(file, 0, 1), (Bytes{'a'}));
   file = File(files, Make("b", {'b', 'b'}), OpenFor::reading);
@@ -68,12 +68,12 @@ TEST_F(OpenFiles, AnotherFileMovedOntoAnOpenOneClosesIt) {
   EXPECT_EQ(files.open, 1);
 }
 
-TEST_F(OpenFiles, OneThatCannotBeOpenedLeavesNothingOpen) {
+TEST_F(FileAccess, OneThatCannotBeOpenedLeavesNothingOpen) {
   EXPECT_THROW(File(files, folder.Windows("missing"), OpenFor::reading), FileError);
   EXPECT_EQ(files.open, 0);
 }
 
-TEST_F(OpenFiles, ClosingTwiceDoesNotMatter) {
+TEST_F(FileAccess, ClosingTwiceDoesNotMatter) {
   File file(files, Make("a", {1}), OpenFor::reading);
   Close(file);
   Close(file);
@@ -82,7 +82,7 @@ TEST_F(OpenFiles, ClosingTwiceDoesNotMatter) {
   EXPECT_THROW(Read(file, 0, 1), FileError);
 }
 
-TEST_F(OpenFiles, AnErrorTellsTheOperationThePathAndTheReason) {
+TEST_F(FileAccess, AnErrorTellsTheOperationThePathAndTheReason) {
   const std::string missing = folder.Windows("missing.bin");
   EXPECT_EQ(ErrorOf([&] { File(files, missing, OpenFor::reading); }),
             "could not open " + missing + ": it does not exist");
@@ -94,7 +94,7 @@ TEST_F(OpenFiles, AnErrorTellsTheOperationThePathAndTheReason) {
   EXPECT_EQ(ErrorOf([&] { Read(file, 0, 1); }), "could not use " + path + ": it is not open");
 }
 
-TEST_F(OpenFiles, ReadingUpToTheVeryEndIsNoError) {
+TEST_F(FileAccess, ReadingUpToTheVeryEndIsNoError) {
   File file(files, Make("file", {1, 2, 3}), OpenFor::reading);
   EXPECT_EQ(Read(file, 1, 2), (Bytes{2, 3}));
   EXPECT_THROW(Read(file, 2, 2), FileError);
@@ -102,7 +102,7 @@ TEST_F(OpenFiles, ReadingUpToTheVeryEndIsNoError) {
   EXPECT_EQ(Read(file, 3, 0), Bytes());
 }
 
-TEST_F(OpenFiles, GetSomeTellsHowManyBytesThereWere) {
+TEST_F(FileAccess, GetSomeTellsHowManyBytesThereWere) {
   File file(files, Make("file", {1, 2, 3}), OpenFor::reading);
   Bytes bytes(4);
   EXPECT_EQ(GetSome(file, 1, bytes), 2U);
@@ -111,7 +111,7 @@ TEST_F(OpenFiles, GetSomeTellsHowManyBytesThereWere) {
   EXPECT_EQ(GetSome(file, 1000000, bytes), 0U);
 }
 
-TEST_F(OpenFiles, BufferedReadsSeeWhatWasPut) {
+TEST_F(FileAccess, BufferedReadsSeeWhatWasPut) {
   File file(files, Make("file", {1, 2, 3, 4}), OpenFor::changing);
   EXPECT_EQ(Read(file, 0, 4), (Bytes{1, 2, 3, 4}));
   Put(file, 1, Bytes{9, 8});
@@ -119,7 +119,7 @@ TEST_F(OpenFiles, BufferedReadsSeeWhatWasPut) {
   EXPECT_EQ(test::ReadFileAt(folder.Native("file")), (Bytes{1, 9, 8, 4}));  // it went straight to the file
 }
 
-TEST_F(OpenFiles, TheLengthCountsWhatIsPutBehindTheEnd) {
+TEST_F(FileAccess, TheLengthCountsWhatIsPutBehindTheEnd) {
   File file(files, folder.Windows("new"), OpenFor::creating);
   EXPECT_EQ(file.length, 0U);
   Put(file, 3, Bytes{7});
@@ -129,7 +129,7 @@ TEST_F(OpenFiles, TheLengthCountsWhatIsPutBehindTheEnd) {
   EXPECT_EQ(file.length, 4U);
 }
 
-TEST_F(OpenFiles, ReadingByteByByteCostsOneReadOfTheFile) {
+TEST_F(FileAccess, ReadingByteByByteCostsOneReadOfTheFile) {
   File file(files, Make("file", Bytes(5000, 1)), OpenFor::reading);
   int reads = 0;
   files.before = [&](const FileOperation& operation) { reads += operation.kind == FileOperation::Kind::read ? 1 : 0; };
@@ -137,7 +137,7 @@ TEST_F(OpenFiles, ReadingByteByByteCostsOneReadOfTheFile) {
   EXPECT_EQ(reads, 1);
 }
 
-TEST_F(OpenFiles, RandomReadsAndWritesGiveWhatThePlainBytesWould) {
+TEST_F(FileAccess, RandomReadsAndWritesGiveWhatThePlainBytesWould) {
   std::mt19937 random(17);
   const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>(0, end - 1)(random); };
   Bytes plain(60000);
@@ -158,7 +158,7 @@ TEST_F(OpenFiles, RandomReadsAndWritesGiveWhatThePlainBytesWould) {
   EXPECT_TRUE(test::SameBytes(plain, test::ReadFileAt(folder.Native("file"))));
 }
 
-TEST_F(OpenFiles, TheHookSeesEveryOperationJustBeforeItIsDone) {
+TEST_F(FileAccess, TheHookSeesEveryOperationJustBeforeItIsDone) {
   std::vector<std::string> seen;
   files.before = [&](const FileOperation& operation) { seen.push_back(test::InWords(operation)); };
   const std::string path = folder.Windows("file");
@@ -169,7 +169,7 @@ TEST_F(OpenFiles, TheHookSeesEveryOperationJustBeforeItIsDone) {
   EXPECT_EQ(seen, (std::vector<std::string>{"open " + path, "write " + path, "read " + path, "flush " + path}));
 }
 
-TEST_F(OpenFiles, AFailedReadIsNotTakenForWhatIsInTheFile) {
+TEST_F(FileAccess, AFailedReadIsNotTakenForWhatIsInTheFile) {
   File file(files, Make("file", {5, 6}), OpenFor::reading);
   test::Fault fault{test::FaultKind::failure, 1, 0, false, {}};
   test::Watch(files, fault);

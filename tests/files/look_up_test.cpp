@@ -175,7 +175,7 @@ TEST(ListFolder, TellsAMissingFolderFromOneThatCannotBeListed) {
   EXPECT_FALSE(FileExists(files, folder.Windows("*")));
 }
 
-TEST(Questions, ThatFailAreAnsweredOnTheSafeSide) {
+TEST(LookUpQuestions, ThatFailAreAnsweredOnTheSafeSide) {
   const TemporaryFolder folder;
   Files files;
   WriteFileAt(folder.Native("file"), "abc");
@@ -193,7 +193,7 @@ TEST(Questions, ThatFailAreAnsweredOnTheSafeSide) {
   EXPECT_EQ(SpellingOf(files, folder.Windows("FILE")), "FILE");
 }
 
-TEST(Questions, AreAllSeenByTheHook) {
+TEST(LookUpQuestions, AreAllSeenByTheHook) {
   const TemporaryFolder folder;
   Files files;
   WriteFileAt(folder.Native("file"), "abc");

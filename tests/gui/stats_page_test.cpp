@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstring>
 #include <string>
-#include <thread>
 
 #include "stats_session.h"
 
@@ -197,9 +195,10 @@ TEST(StatsPage, ValueIsEditedInItsPlace) {
   EXPECT_TRUE(FocusIs(session, values));
 
   MoveTo(session.desktop, MiddleOf(StatOf(session, "Shield Strength")["rectangle"]));
+  const int windows = WindowsInSight(session.desktop, "Oravin");
   MoveTo(session.desktop, MiddleOf(StatOf(session, "Shield Recharge")["rectangle"]));
   EXPECT_TRUE(Becomes(session, values, "tooltip", "Default: " + old));
-  std::this_thread::sleep_for(std::chrono::seconds(1));
+  EXPECT_TRUE(WindowsBecome(session, windows + 1)) << "the tooltip's own";
   EXPECT_TRUE(SaveScreenshot(session.desktop, "stats_edited"));
   MoveTo(session.desktop, MiddleOf(StatOf(session, "Shield Strength")["rectangle"]));
   EXPECT_TRUE(Becomes(session, values, "tooltip", ""));

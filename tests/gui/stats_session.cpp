@@ -1,8 +1,6 @@
 #include "stats_session.h"
 
-#include <chrono>
 #include <stdexcept>
-#include <thread>
 
 namespace oravin::test {
 
@@ -40,8 +38,9 @@ testing::AssertionResult ShipChosen(const Session& session, const std::string& n
 int WindowsWithoutMenu(const Session& session) {
   const Json client = Layout(session)["client"];
   MoveTo(session.desktop, {client["x"].get<int>() + 2, client["y"].get<int>() + client["height"].get<int>() - 60});
-  std::this_thread::sleep_for(std::chrono::milliseconds(300));
-  return WindowsInSight(session.desktop, "Oravin");
+  int now = 0;
+  Eventually([&] { return (now = WindowsInSight(session.desktop, "Oravin")) == 1; });  // a tooltip closes
+  return now;
 }
 
 testing::AssertionResult WindowsBecome(const Session& session, int count) {

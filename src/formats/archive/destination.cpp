@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "base/file_error.h"
 #include "base/text.h"
@@ -54,12 +55,15 @@ Destination::Folder& Enter(Files& files, Destination& destination, const std::st
   if (known != destination.folders.end()) return known->second;
   const Destination::Item* item = Find(above, name);
   const std::string path = above.path + (item != nullptr ? item->spelling : name) + "\\";
-  if (item != nullptr) return destination.folders[key] = ListedFolder(files, path);
-  MakeFolder(files, path);
-  above.items.emplace(UpperCase(name), Destination::Item{name, true, true});
-  Destination::Folder& made = destination.folders[key];
-  made.path = path;
-  return made;
+  Destination::Folder entered;
+  if (item != nullptr) {
+    entered = ListedFolder(files, path);
+  } else {
+    MakeFolder(files, path);
+    above.items.emplace(UpperCase(name), Destination::Item{name, true, true});
+    entered.path = path;
+  }
+  return destination.folders.emplace(key, std::move(entered)).first->second;
 }
 
 std::string WhyNotReplaced(Files& files, const Destination& destination, const std::string& path,

@@ -15,10 +15,10 @@ constexpr std::size_t step = 16;
 constexpr std::size_t reach = step + 2;  // the 4 bytes past the step's end are within two pixels
 
 /// (value * factor + half) >> shift in each lane of 16 bits.
-template <int Shift>
+template <int shift>
 __m256i Scaled(__m256i value, short factor, short half) {
   const __m256i product = _mm256_mullo_epi16(value, _mm256_set1_epi16(factor));
-  return _mm256_srli_epi16(_mm256_add_epi16(product, _mm256_set1_epi16(half)), Shift);
+  return _mm256_srli_epi16(_mm256_add_epi16(product, _mm256_set1_epi16(half)), shift);
 }
 
 __m128i* Target(std::uint8_t* at) { return reinterpret_cast<__m128i*>(at); }

@@ -50,7 +50,7 @@ std::optional<Picture> BitmapPicture(Files& files, const std::string& path, cons
 /// The picture with its sides scaled, each pixel the nearest of the old ones; sides of at least 1.
 Picture Scaled(const Picture& picture, int width, int height);
 
-/// The picture as a bitmap file of 24 bits, and as a PNG file (not compressed).
+/// The picture as a bitmap file of 24 bits, and as a PNG file.
 Bytes BitmapFileOf(const Picture& picture);
 Bytes PngFileOf(const Picture& picture);
 

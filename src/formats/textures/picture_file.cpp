@@ -1,71 +1,14 @@
 // Pictures as files.
-//
-// A PNG file is a signature of 8 bytes and chunks: the length of the data (4 bytes, the highest first), four letters,
-// the data, and a check sum over letters and data. IHDR tells width, height, 8 bits a part, colour type 2 (red, green,
-// blue); IDAT holds the rows, the highest first, each behind a byte 0 for "no filter", in a zlib stream; IEND ends it.
-// The zlib stream is made of blocks that are stored as they are, at most 65535 bytes each.
-#include <algorithm>
-#include <array>
-#include <string_view>
+#include <new>
 
 #include "textures/picture.h"
 
+#define STB_IMAGE_WRITE_IMPLEMENTATION
+#define STB_IMAGE_WRITE_STATIC
+#define STBI_WRITE_NO_STDIO
+#include <stb/stb_image_write.h>
+
 namespace oravin {
-
-namespace {
-
-constexpr std::size_t largestBlock = 65535;
-constexpr std::array<std::uint8_t, 8> signature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-
-void AppendBig32(Bytes& bytes, std::uint32_t value) {
-  bytes.resize(bytes.size() + 4);
-  PutBigEndian32(&bytes[bytes.size() - 4], value);
-}
-
-std::uint32_t Crc32(std::span<const std::uint8_t> bytes) {
-  std::uint32_t sum = 0xFFFFFFFFU;
-  for (const std::uint8_t byte : bytes) {
-    sum ^= byte;
-    for (int bit = 0; bit < 8; ++bit) sum = sum >> 1U ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
-  }
-  return ~sum;
-}
-
-std::uint32_t Adler32(std::span<const std::uint8_t> bytes) {
-  std::uint32_t a = 1;
-  std::uint32_t b = 0;
-  for (const std::uint8_t byte : bytes) {
-    a = (a + byte) % 65521;
-    b = (b + a) % 65521;
-  }
-  return b << 16U | a;
-}
-
-void AppendChunk(Bytes& file, std::string_view letters, std::span<const std::uint8_t> data) {
-  AppendBig32(file, static_cast<std::uint32_t>(data.size()));
-  const std::size_t begin = file.size();
-  file.insert(file.end(), letters.begin(), letters.end());
-  file.insert(file.end(), data.begin(), data.end());
-  AppendBig32(file, Crc32(std::span(file).subspan(begin)));
-}
-
-Bytes StoredStream(const Bytes& data) {
-  Bytes stream = {0x78, 0x01};
-  for (std::size_t at = 0; at < data.size(); at += largestBlock) {
-    const std::size_t count = std::min(largestBlock, data.size() - at);
-    stream.push_back(at + count == data.size() ? 1 : 0);
-    for (const std::size_t value : {count, ~count}) {
-      stream.push_back(static_cast<std::uint8_t>(value & 255U));
-      stream.push_back(static_cast<std::uint8_t>(value >> 8U & 255U));
-    }
-    const auto from = data.begin() + static_cast<std::ptrdiff_t>(at);
-    stream.insert(stream.end(), from, from + static_cast<std::ptrdiff_t>(count));
-  }
-  AppendBig32(stream, Adler32(data));
-  return stream;
-}
-
-}  // namespace
 
 Bytes BitmapFileOf(const Picture& picture) {
   const auto width = static_cast<std::size_t>(picture.width);
@@ -94,21 +37,14 @@ Bytes BitmapFileOf(const Picture& picture) {
 }
 
 Bytes PngFileOf(const Picture& picture) {
-  const std::size_t row = static_cast<std::size_t>(picture.width) * 3;
-  Bytes rows;
-  for (std::size_t at = 0; at + row <= picture.rgb.size() && row > 0; at += row) {
-    rows.push_back(0);
-    const auto from = picture.rgb.begin() + static_cast<std::ptrdiff_t>(at);
-    rows.insert(rows.end(), from, from + static_cast<std::ptrdiff_t>(row));
+  Bytes file;
+  const auto append = [](void* to, void* from, int count) {
+    const auto* bytes = static_cast<const std::uint8_t*>(from);
+    static_cast<Bytes*>(to)->assign(bytes, bytes + count);  // the whole file at once
+  };
+  if (stbi_write_png_to_func(append, &file, picture.width, picture.height, 3, picture.rgb.data(), 0) == 0) {
+    throw std::bad_alloc();
   }
-  Bytes header;
-  AppendBig32(header, static_cast<std::uint32_t>(picture.width));
-  AppendBig32(header, static_cast<std::uint32_t>(picture.height));
-  header.insert(header.end(), {8, 2, 0, 0, 0});
-  Bytes file(signature.begin(), signature.end());
-  AppendChunk(file, "IHDR", header);
-  AppendChunk(file, "IDAT", StoredStream(rows));
-  AppendChunk(file, "IEND", {});
   return file;
 }
 

@@ -218,6 +218,11 @@ TEST_F(ThePicture, AsAFileIsOpenedByAnImageProgram) {
   }
 }
 
+TEST(PngFile, OfAPlainPictureIsMuchSmallerThanItsPixels) {
+  const Picture plain{256, 64, Bytes(std::size_t{256} * 64 * 3, 0x5A)};
+  EXPECT_LT(PngFileOf(plain).size(), plain.rgb.size() / 20);
+}
+
 TEST(ThePictureCache, DropsWhatWasNotUsedForTheLongestTime) {
   PictureCache cache;
   cache.mostBytes = 30;
