@@ -89,21 +89,6 @@ std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, 
                  [&] { return UnpackEntry(host.files, hogPath, folder + name, size, offset); });
 }
 
-bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string& folder, const std::string& name,
-                      const ShipRecord& ship) {
-  std::string hog = hogPath;
-  std::string into = folder;
-  HogEntry entry;
-  if (FileExists(host.files, hog)) {  // UnpackFile has the box for an archive that is missing
-    std::optional<HogEntry> found;
-    if (!Trap(host, "UnpackFile()", [&] { found = LiveEntryOf(host, hog, ship); })) return true;
-    if (!found || found->Size == 0) return false;
-    entry = *found;
-  }
-  UnpackFile(host, hog, into, name, entry.Size, entry.Offset);
-  return true;
-}
-
 bool UnpackShip(Host& host, const std::string& gamePath, const ShipRecord& ship, const std::string& model,
                 bool* nowhere) {
   WholeFiles alone;

@@ -15,12 +15,6 @@ namespace oravin {
 std::uint32_t UnpackFile(Host& host, std::string& hogPath, std::string& folder, const std::string& name,
                          std::uint32_t size, std::uint32_t offset);
 
-/// UnpackFile for a ship's stock model, wherever the archive holds it now (LiveEntryOf): a patch may have moved or
-/// replaced it since the catalogue was built.
-/// @return false when the archive does not hold the model, or holds nothing under its name; then there was no box
-bool UnpackStockModel(Host& host, const std::string& hogPath, const std::string& folder, const std::string& name,
-                      const ShipRecord& ship);
-
 /// Writes a ship's stock model into the game's ships folder, after making sure that the archive still lists that ship
 /// where the catalogue says (LiveEntryOf). Where it is nowhere, a box says so.
 /// @param model the file name to write it under

@@ -2,6 +2,7 @@
 
 #include "actions/restore_archive.h"
 #include "actions/restore_cache.h"
+#include "actions/restore_stats.h"
 #include "actions/safekeeping.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -11,7 +12,6 @@
 #include "files/whole_file.h"
 #include "installation/kept_models.h"
 #include "installation/table_backup.h"
-#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -47,18 +47,16 @@ WritePlan PlanDisable(Files& files, const Installation& installation) {
 bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
   const std::string hog = installation.archivePath();
   const std::string shipsFolder = installation.modelsFolder();
-  const std::string current = installation.statsPath();
-  const std::string defaults = installation.defaultsPath();
   const HogTable backup = ReadFatBackup(host, installation.ProgramPath);
   if (installation.ships.empty()) {
     const bool restored = RestoreHogByBackup(host, hog, shipsFolder, backup);
-    RestoreAllBlocks(host, current, defaults);
+    RestoreAllBlocks(host, installation);
     return restored;
   }
   bool restored = RestoreHog(host, hog, shipsFolder, installation.addOnModelsFolder(), installation.ships, backup);
   // Names of ships that have left the ship list since they were disguised are known to the backup alone.
   if (FileExists(host.files, hog)) restored = RestoreHogByBackup(host, hog, shipsFolder, backup) && restored;
-  RestoreShipStats(host, current, defaults, installation.ships);
+  RestoreShipStats(host, installation);
   return restored;
 }
 

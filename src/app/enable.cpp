@@ -3,6 +3,7 @@
 #include "actions/add_on_ship.h"
 #include "actions/build_catalogue.h"
 #include "actions/import_refusals.h"
+#include "actions/restore_stats.h"
 #include "actions/safekeeping.h"
 #include "actions/unpack_models.h"
 #include "app/loadout.h"
@@ -16,7 +17,6 @@
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "installation/table_backup.h"
-#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -163,7 +163,7 @@ void cmdEnable_Click(Main& main) {
   if (!BuildCatalogue(main.host, installation, preparation.list, preparation.live, backup)) return;
   Trap(main.host, "cmdEnable_Click()", [&] { EraseKeptSpellings(main.host.files, installation, preparation.models); });
   UnpackSetup(main.host, installation.GamePath, installation.ships);
-  SetUpShipStats(main.host, installation.statsPath(), installation.defaultsPath(), installation.ships);
+  SetUpShipStats(main.host, installation);
   if (companions) SetUpLoadouts(main);
   EndProgress(main.host);
   FillLists(main);

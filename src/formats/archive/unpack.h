@@ -36,6 +36,9 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
 /// @throws FileError when the entry is larger, does not lie inside the archive, is damaged, or cannot be read
 Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most);
 
+/// The same as UnpackEntry writes it: a stored entry is followed by storedExcess more bytes.
+Bytes UnpackedContent(File& hog, const HogEntry& entry, std::uint64_t most);
+
 /// The most bytes that UnpackEntry may write for an entry, read from its first bytes.
 std::uint64_t UnpackedSize(File& hog, std::uint32_t size, std::uint32_t offset);
 
