@@ -21,7 +21,7 @@ void ShowStatsRows(StatsTab& tab) {
   for (std::size_t i = 0; i < statsRows.size(); ++i) {
     const StatsRow& stat = statsRows.at(i);
     const float value = tab.stats->values.at(stat.field);
-    ListRow row{"v" + std::to_string(i + 1), {NumberText(value), stat.label}};
+    ListRow row{static_cast<int>(i), {NumberText(value), stat.label}};
     if (tab.defaults && !Same(value, tab.defaults->values.at(stat.field))) {
       row.bold = true;
       row.tooltip = "Default: " + NumberText(tab.defaults->values.at(stat.field));
@@ -40,16 +40,15 @@ std::string WeaponText(const ShpAttachment& attachment, bool pair) {
   return before + GetGunName(attachment.gunType);
 }
 
-/// Makes the rows of shipWeaponsList from the weapons; the selected row stays selected by its key.
+/// Makes the rows of shipWeaponsList from the weapons; the selected attachment stays selected.
 void ShowWeaponRows(StatsTab& tab) {
-  const auto before = SelectedRow(tab.shipWeaponsList);
-  const std::string selected = before ? tab.shipWeaponsList.rows[*before].key : std::string();
+  const int selected = SelectedItem(tab.shipWeaponsList);
   ClearRows(tab.shipWeaponsList);
   const auto& [attachments, pairs] = tab.weapons;
   for (std::size_t i = 0; i < attachments.size(); ++i) {
     if (pairs.paired[i] && static_cast<std::size_t>(pairs.partner[i]) < i) continue;
-    const std::string key = "w" + std::to_string(i + 1);
-    AddRow(tab.shipWeaponsList, {key, {WeaponText(attachments[i], pairs.paired[i])}, 0, key == selected});
+    const int item = static_cast<int>(i);
+    AddRow(tab.shipWeaponsList, {item, {WeaponText(attachments[i], pairs.paired[i])}, 0, item == selected});
   }
 }
 
