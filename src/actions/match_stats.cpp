@@ -26,7 +26,7 @@ bool IsLetterOrDigit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || code >= 0x80;
 }
 
-/// What is left of a name without case, blanks and punctuation.
+/// What is left of a name without case, spaces and punctuation.
 struct NameKey {
   std::string plain;
   std::string numbered;  ///< the same with digits for words that are Roman numbers

@@ -115,6 +115,7 @@ TEST_F(FormatBoxes, OfTextureNames) {
   ExpectBox(
       "GetShpTextureNames", [&] { ReadShpTextureNames(files, nowhere); }, "Error - Path not found", "ORAVIN");
   std::vector<std::string> names;
+  names.reserve(51);
   for (int i = 0; i < 51; ++i) names.push_back("texture" + std::to_string(i));
   Bytes model = ModelHead();
   AddTextures(model, names);
