@@ -5,6 +5,7 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
+#include "installation/stats_source.h"
 #include "stats/ship_stats.h"
 
 namespace oravin {
@@ -20,10 +21,11 @@ std::uint64_t StockBlocks(Files& files, const Installation& installation) {
 
 /// The statistics of an add-on ship's text, else those of the first block of `shipstats.bin`.
 ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecord& ship) {
-  std::string text = installation.addOnStatsPath(ChangeExtension(ModelOf(ship), ".txt"));
-  std::string current = installation.statsPath();
+  const std::string text = StatsTextOf(installation, ship);
   ShipStats stats;
-  if (!FileExists(host.files, text) || !GetImportStats(host, text, stats)) GetShipsStats(host, current, 0, stats);
+  const bool read =
+      FileExists(host.files, text) && Trap(host, "GetImportStats", [&] { stats = ReadImportStats(host.files, text); });
+  if (!read) Trap(host, "GetShipsStats", [&] { stats = ReadShipsStats(host.files, installation.statsPath(), 0); });
   return stats;
 }
 
@@ -31,21 +33,28 @@ ShipStats StatsFor(Host& host, const Installation& installation, const ShipRecor
 
 std::optional<int> GiveBlock(Host& host, const Installation& installation, const ShipRecord& ship,
                              const ShipStats& stats, std::size_t number) {
-  std::string defaults = installation.defaultsPath();
+  const std::string defaults = installation.defaultsPath();
   const int stockBlocks = static_cast<int>(StockBlocks(host.files, installation));
   const std::string name = ship.ShipName.Trimmed();
-  const int known = FindAddedBlock(host, defaults, name, stockBlocks, number);
-  // Defaults that are missing must not be begun by an imported ship: start-up would never make them from the game's.
+  const int known = Trapped(host, "CopyShipStats", -1,
+                            [&] { return FindAddedBlock(host.files, defaults, name, stockBlocks, number); });
+  // Defaults that are missing must not be started by an imported ship: start-up would never make them from the game's.
   if (known < 0 && !FileExists(host.files, defaults)) return 0;
-  if (known >= 0) return PutShipsStats(host, defaults, known, stats) ? std::optional(known) : std::nullopt;
-  const int free = FindFreeBlock(host, defaults, stockBlocks);
-  if (free < 0) {
-    const bool empty = FileLength(host.files, defaults) == 0;  // such a file is never added to
-    const int added = CopyShipStats(host, defaults, ship, stats);
-    return added > 0 || empty ? std::optional(added) : std::nullopt;
+  if (known >= 0) {
+    const bool put = Trap(host, "PutShipsStats", [&] { WriteShipsStats(host.files, defaults, known, stats); });
+    return put ? std::optional(known) : std::nullopt;
   }
-  const bool put = Trap(host, "CopyShipStats", [&] { PutShipBlock(host.files, defaults, free, name, stats); });
-  return put ? std::optional(free) : std::nullopt;
+  const int free = Trapped(host, "CopyShipStats", -1, [&] { return FindFreeBlock(host.files, defaults, stockBlocks); });
+  const bool empty = FileLength(host.files, defaults) == 0;  // such a file is never added to
+  const std::optional<int> failed = empty ? std::optional(0) : std::nullopt;
+  return Trapped(host, "CopyShipStats", failed, [&]() -> std::optional<int> {
+    if (free >= 0) {
+      PutShipBlock(host.files, defaults, free, name, stats);
+      return free;
+    }
+    const int added = AppendShipBlock(host.files, defaults, name, stats);
+    return added > 0 ? added : failed;
+  });
 }
 
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship, std::size_t number) {

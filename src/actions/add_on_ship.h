@@ -26,15 +26,15 @@ std::optional<int> GiveBlock(Host& host, const Installation& installation, const
 /// @return the block's index; 0 when it has none
 int AddOnStats(Host& host, const Installation& installation, const ShipRecord& ship, std::size_t number);
 
-/// Puts the blocks of the imported ships into defaults that were lost and are being made anew, each where its record's
-/// StatsIndex says: so the catalogue stays as it is. The statistics are those of AddOnStats. A record that names one of
+/// Writes the blocks of the imported ships into defaults that were lost and are being made anew, each at its record's
+/// StatsIndex, so that the catalogue stays valid. The statistics are those of AddOnStats. A record that names one of
 /// the game's own blocks has none of its own.
 /// @param file the new file with the stock blocks in it
 /// @throws FileError when it cannot be written
 void PutAddOnBlocks(Host& host, const Installation& installation, File& file);
 
-/// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: behind the stock blocks, and
-/// bearing the name of the ship whose record leads to them.
+/// The blocks of `shipstats.def` that belong to some imported ships and to no other ones: they follow the stock blocks
+/// and have the name of the ship whose record leads to them.
 /// @param indices of the ships in the catalogue
 /// @throws FileError when the file cannot be read
 std::set<int> OwnBlocks(Files& files, const Installation& installation, const std::vector<std::size_t>& indices);

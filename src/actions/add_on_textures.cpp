@@ -74,8 +74,7 @@ void Commit(Host& host, TextureBatch& batch) {
 
 AddOnTextures TexturesOfModel(Host& host, const std::string& model) {
   AddOnTextures textures;
-  std::string path = model;
-  GetShpTextureNames(host, path, textures.names);
+  Trap(host, "GetShpTextureNames", [&] { textures.names = ReadShpTextureNames(host.files, model); });
   textures.tooMany = textures.names.size() > texturesPerShip;
   textures.names.resize(std::min(textures.names.size(), texturesPerShip));
   return textures;

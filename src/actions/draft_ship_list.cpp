@@ -14,8 +14,9 @@
 #include "files/folder_names.h"
 #include "files/path.h"
 #include "lists/ship_list_text.h"
-#include "models/attachments.h"
+#include "models/class_byte.h"
 #include "models/texture_names.h"
+#include "stats/ship_stats.h"
 
 namespace oravin {
 

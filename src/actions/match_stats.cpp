@@ -9,14 +9,12 @@
 
 #include "base/text.h"
 #include "files/file.h"
-#include "stats/ship_stats.h"
 
 namespace oravin {
 
 namespace {
 
 constexpr std::size_t mostPairs = 1000000;
-constexpr std::size_t mostMatchedBlocks = 32768;  // a block's index is a 16-bit signed number
 
 /// A name shorter than this says too little to be the beginning of another one.
 constexpr std::size_t shortestPrefix = 3;
@@ -28,7 +26,7 @@ bool IsLetterOrDigit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || code >= 0x80;
 }
 
-/// What is left of a name without case, blanks and punctuation.
+/// What is left of a name without case, spaces and punctuation.
 struct NameKey {
   std::string plain;
   std::string numbered;  ///< the same with digits for words that are Roman numbers
@@ -244,19 +242,6 @@ std::vector<StatsMatch> MatchStats(std::span<const NamedModel> models, std::span
   TakeSimilar(matching);
   TakeForSecondParts(matching);
   return std::move(matching.matches);
-}
-
-std::vector<std::string> BlockNames(Files& files, const std::string& path) {
-  File file(files, path, OpenFor::reading);
-  const std::uint64_t blocks = file.length / statsBlockSize;
-  std::vector<std::string> names(static_cast<std::size_t>(std::min<std::uint64_t>(blocks, mostMatchedBlocks)));
-  std::array<std::uint8_t, statsNameWidth> field{};
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    Get(file, i * statsBlockSize, field);
-    const std::string text = TextOf(field);
-    names[i] = Trim(std::string_view(text).substr(0, text.find('\0')));
-  }
-  return names;
 }
 
 }  // namespace oravin

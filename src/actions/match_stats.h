@@ -6,15 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "desk/host.h"
-
-/// Which block of the statistics is a model's: only the names tell it, and those are alike rather than equal.
+/// Which block of the statistics is a model's: only the names say it, and those are alike rather than equal.
 namespace oravin {
 
 /// How sure it is that a block is a ship's.
 enum class MatchSureness {
-  exact,   ///< the block bears the model's name
-  alike,   ///< the same but for case, blanks and punctuation; "IV" is taken for "4"
+  exact,   ///< the block has the model's name
+  alike,   ///< the same but for case, spaces and punctuation; "IV" is taken for "4"
   prefix,  ///< one of the names begins with the other
   close,   ///< the names differ by a letter or two
   shared,  ///< a second part without a block of its own: its ship's
@@ -41,9 +39,5 @@ struct StatsMatch {
 /// @param blocks the blocks' names; an empty one matches nothing
 /// @return one for each model
 std::vector<StatsMatch> MatchStats(std::span<const NamedModel> models, std::span<const std::string> blocks);
-
-/// The names of a statistics file's blocks, at most 32,768, without zeros and blanks behind them.
-/// @throws FileError when the file cannot be read
-std::vector<std::string> BlockNames(Files& files, const std::string& path);
 
 }  // namespace oravin

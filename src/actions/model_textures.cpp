@@ -125,10 +125,7 @@ bool TextureList(Host& host, std::string modelPath, const std::string& cachePath
   Trap(host, "TextureList", [&] {
     std::vector<std::string> names;
     TrimInPlace(modelPath);
-    if (!FileExists(host.files, modelPath)) {
-      GetShpTextureNames(host, modelPath, names);  // it tells that the model is missing
-      return;
-    }
+    if (!Trap(host, "GetShpTextureNames", [&] { RequireFile(host.files, modelPath); })) return;
     if (!IsShpFile(host.files, modelPath)) {
       Show(host, "This is not a valid SL shp file", Icon::exclamation, "Oravin - TextureList()");
       return;

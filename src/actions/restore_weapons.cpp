@@ -5,12 +5,14 @@
 #include <utility>
 #include <vector>
 
+#include "actions/edit_weapons.h"
+#include "actions/load_table.h"
+#include "archive/unpack.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"
 #include "files/look_up.h"
 #include "files/path.h"
-#include "files/whole_file.h"
 #include "models/attachments.h"
 
 namespace oravin {
@@ -18,6 +20,7 @@ namespace oravin {
 namespace {
 
 constexpr const char* title = "RestoreWeapons";
+constexpr std::uint64_t largestModel = std::uint64_t{256} << 20;  // bytes in the archive; real models have a few MiB
 
 void TellNoOriginal(Host& host) { Show(host, "No suitable original can be found", Icon::exclamation, title); }
 
@@ -41,25 +44,20 @@ std::optional<ShpAttachments> TableOf(Host& host, const std::string& path) {
   return table;
 }
 
-/// @return false when a box has said why it is still there
-bool EraseTemporary(Host& host, const std::string& path) {
-  return Trap(host, title, [&] {
-    if (FileExists(host.files, path)) EraseFile(host.files, path);
-  });
-}
-
-/// The table of a stock ship's own model. The temporary file is gone again whatever happens.
-std::optional<ShpAttachments> StockTable(Host& host, const Installation& installation, const ShipRecord& ship,
-                                         const UnpackModel& unpack) {
-  const std::string path = installation.programFile(temporaryModel);
-  if (!EraseTemporary(host, path)) return std::nullopt;  // an old one must not be taken for the original
+/// The table of a stock ship's own model, unpacked into memory; nothing after a box.
+std::optional<ShpAttachments> StockTable(Host& host, const Installation& installation, const ShipRecord& ship) {
+  const std::string hogPath = installation.archivePath();
   bool held = true;
   std::optional<ShpAttachments> table;
-  Trap(host, title, [&] {
-    held = unpack(installation.ProgramPath, temporaryModel, ship);
-    if (FileExists(host.files, path)) table = ReadAttachments(host.files, path);
+  Trap(host, "UnpackFile()", [&] {
+    RequireFile(host.files, hogPath);
+    const auto entry = LiveEntryOf(host, installation, ship);
+    held = entry && entry->Size > 0;
+    if (!held) return;
+    File hog(host.files, hogPath, OpenFor::reading);
+    ModelReader reader(ModelOf(ship), UnpackedContent(hog, *entry, largestModel));
+    table = AttachmentsOf(reader);
   });
-  EraseTemporary(host, path);
   if (!held) TellNoOriginal(host);
   return table;
 }
@@ -74,7 +72,7 @@ std::optional<ShpAttachments> ImportedTable(Host& host, const Installation& inst
   return std::nullopt;
 }
 
-/// The models that a ship's table goes into whatever it looks like.
+/// The models that must take a ship's table: its own, and that of the ship that replaces it.
 std::vector<std::string> ModelsOf(const Installation& installation, const ShipRecord& ship) {
   std::vector<std::string> models{installation.modelPath(ModelOf(ship))};
   const std::int64_t partner = WholeNumber(ship.ChangedToIndex);
@@ -88,10 +86,6 @@ std::vector<std::string> ModelsOf(const Installation& installation, const ShipRe
 /// True when every one of the models can take the table; else a box has said why not.
 bool Fits(Host& host, const ShpAttachments& table, const std::vector<std::string>& models) {
   for (const std::string& model : models) {
-    if (!FileExists(host.files, model)) {
-      Show(host, "Error - Path not found", Icon::exclamation);
-      return false;
-    }
     const auto present = TableOf(host, model);
     if (!present) return false;
     if (SameForm(table, *present)) continue;
@@ -103,15 +97,10 @@ bool Fits(Host& host, const ShpAttachments& table, const std::vector<std::string
 
 }  // namespace
 
-std::string VariantOf(const Installation& installation, const ShipRecord& ship) {
-  return installation.modelPath("t_" + ModelOf(ship));
-}
-
-bool RestoreWeapons(Host& host, const Installation& installation, std::size_t number, const UnpackModel& unpack) {
+bool RestoreWeapons(Host& host, const Installation& installation, std::size_t number) {
   if (number >= installation.ships.size() || IsInert(installation.ships[number])) return false;
   const ShipRecord& ship = installation.ships[number];
-  const auto table =
-      ship.Imported ? ImportedTable(host, installation, ship) : StockTable(host, installation, ship, unpack);
+  const auto table = ship.Imported ? ImportedTable(host, installation, ship) : StockTable(host, installation, ship);
   if (!table) return false;
   std::vector<std::string> models = ModelsOf(installation, ship);
   if (!Fits(host, *table, models)) return false;
@@ -125,8 +114,8 @@ bool RestoreWeapons(Host& host, const Installation& installation, std::size_t nu
   }
   WritePlan plan;
   plan.files = models;
-  return ReadyToWrite(host, plan) && std::all_of(models.begin(), models.end(), [&](const std::string& model) {
-           return PutAttachments(host, model, *table);
+  return ReadyToWrite(host, plan) && Trap(host, "PutAttachments", [&] {
+           for (const std::string& model : models) PutAttachments(host.files, model, *table);
          });
 }
 

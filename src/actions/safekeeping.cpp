@@ -5,6 +5,7 @@
 #include "actions/add_on_ship.h"
 #include "actions/remove_texture.h"
 #include "actions/restore_cache.h"
+#include "actions/restore_stats.h"
 #include "archive/unpack.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
@@ -82,7 +83,7 @@ void KeepDefaults(Host& host, const Installation& installation) {
   // Only the current file tells which blocks are the game's: without it BackupShipStats has its box, and the next start
   // tries again.
   if (!lost || !FileExists(host.files, current)) {
-    BackupShipStats(host, installation.statsPath(), installation.defaultsPath());
+    BackupShipStats(host, installation);
     return;
   }
   // Where the backup cannot be read, the current file is no substitute: changed statistics would become the defaults.

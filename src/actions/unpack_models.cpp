@@ -91,17 +91,6 @@ std::uint32_t UnpackFile(Host& host, const Installation& installation, const std
   });
 }
 
-bool UnpackStockModel(Host& host, const Installation& installation, const std::string& destination,
-                      const ShipRecord& ship) {
-  std::optional<HogEntry> entry = HogEntry();
-  if (FileExists(host.files, installation.archivePath())) {  // UnpackFile reports a missing archive
-    if (!Trap(host, unpackTitle, [&] { entry = LiveEntryOf(host, installation, ship); })) return true;
-    if (!entry || entry->Size == 0) return false;
-  }
-  UnpackFile(host, installation, destination, entry->Size, entry->Offset);
-  return true;
-}
-
 bool UnpackShip(Host& host, const Installation& installation, const ShipRecord& ship, const std::string& model,
                 bool* nowhere) {
   WholeFiles alone;

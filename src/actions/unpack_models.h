@@ -16,12 +16,6 @@ namespace oravin {
 std::uint32_t UnpackFile(Host& host, const Installation& installation, const std::string& destination,
                          std::uint32_t size, std::uint32_t offset);
 
-/// UnpackFile for a ship's stock model, wherever the archive holds it now (LiveEntryOf): a patch may have moved or
-/// replaced it since the catalogue was built.
-/// @return false, without a message, when the archive does not hold the model or its entry is empty
-bool UnpackStockModel(Host& host, const Installation& installation, const std::string& destination,
-                      const ShipRecord& ship);
-
 /// Unpacks a ship's stock model into the game's ships folder, wherever the archive holds it now (LiveEntryOf). A
 /// message box says so if the archive does not hold it.
 /// @param model the file name to write it under

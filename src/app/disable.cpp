@@ -3,6 +3,7 @@
 #include "actions/load_table.h"
 #include "actions/restore_archive.h"
 #include "actions/restore_cache.h"
+#include "actions/restore_stats.h"
 #include "actions/safekeeping.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -11,7 +12,6 @@
 #include "files/look_up.h"
 #include "files/whole_file.h"
 #include "installation/kept_models.h"
-#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -45,19 +45,17 @@ WritePlan PlanDisable(Files& files, const Installation& installation) {
 
 /// Returns whether the archive and the ships folder are as they were; until then the catalogue is needed.
 bool RestoreArchiveAndStats(Host& host, const Installation& installation) {
-  const std::string current = installation.statsPath();
-  const std::string defaults = installation.defaultsPath();
   const HogTable backup = LoadFatBackup(host, installation);
   if (installation.ships.empty()) {
     const bool restored = RestoreHogByBackup(host, installation, backup);
-    RestoreAllBlocks(host, current, defaults);
+    RestoreAllBlocks(host, installation);
     return restored;
   }
   bool restored = RestoreHog(host, installation, backup);
   // Names of ships that have left the ship list since they were disguised are known to the backup alone.
   if (FileExists(host.files, installation.archivePath()))
     restored = RestoreHogByBackup(host, installation, backup) && restored;
-  RestoreShipStats(host, current, defaults, installation.ships);
+  RestoreShipStats(host, installation);
   return restored;
 }
 

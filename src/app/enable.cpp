@@ -4,6 +4,7 @@
 #include "actions/build_catalogue.h"
 #include "actions/import_refusals.h"
 #include "actions/load_table.h"
+#include "actions/restore_stats.h"
 #include "actions/safekeeping.h"
 #include "actions/unpack_models.h"
 #include "app/loadout.h"
@@ -18,7 +19,6 @@
 #include "files/whole_file.h"
 #include "installation/model_entry.h"
 #include "installation/table_backup.h"
-#include "stats/ship_stats.h"
 
 namespace oravin {
 
@@ -160,7 +160,7 @@ void cmdEnable_Click(Main& main) {
   if (!BuildCatalogue(main.host, installation, preparation.list, preparation.archive.table, backup)) return;
   Trap(main.host, "cmdEnable_Click()", [&] { EraseKeptSpellings(main.host.files, installation, preparation.models); });
   UnpackSetup(main.host, installation);
-  SetUpShipStats(main.host, installation.statsPath(), installation.defaultsPath(), installation.ships);
+  SetUpShipStats(main.host, installation);
   if (companions) SetUpLoadouts(main);
   EndProgress(main.host);
   FillLists(main);

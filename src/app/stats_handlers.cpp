@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "actions/unpack_models.h"
 #include "tabs/stats_edit.h"
 #include "tabs/stats_show.h"
 #include "tabs/weapons_edit.h"
@@ -20,13 +19,6 @@ void Do(Main& main) {
 
 void MarkWeapon(Main& main) { shipWeaponsList_ItemClick(main.stats); }
 
-void RestoreWeaponsOfSelected(Main& main) {
-  const UnpackModel unpack = [&main](const std::string& folder, const std::string& name, const ShipRecord& ship) {
-    return UnpackStockModel(main.host, main.installation, folder + name, ship);
-  };
-  cmdRestoreWeapons_Click(main.host, main.stats, main.installation, unpack);
-}
-
 constexpr std::array<Handler, 13> statsHandlers = {
     {{"stats.shipEditingList.ItemClick", Do<shipEditingList_ItemClick>, false},
      {"stats.shipWeaponsList.ItemClick", MarkWeapon, false},
@@ -40,7 +32,7 @@ constexpr std::array<Handler, 13> statsHandlers = {
      {"stats.pldExtGunType", Do<pldExtGunType_Click>, true},
      {"stats.pldMissileType", Do<pldMissileType_Click>, true},
      {"stats.chkHasCloak.MouseUp", Do<chkHasCloak_MouseUp>, true},
-     {"stats.cmdRestoreWeapons", RestoreWeaponsOfSelected, true}}};
+     {"stats.cmdRestoreWeapons", Do<cmdRestoreWeapons_Click>, true}}};
 
 }  // namespace
 

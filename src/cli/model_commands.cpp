@@ -3,16 +3,16 @@
 
 #include "base/text.h"
 #include "cli/commands.h"
+#include "desk/error_trap.h"
 #include "models/texture_names.h"
 
 namespace oravin {
 
 std::optional<Result> ListModelTextures(Session& session, const Values& values) {
-  std::string path = values.at(0);
+  const std::string path = Trim(values.at(0));
   std::vector<std::string> names;
-  const int failuresBefore = session.console.failures;
-  GetShpTextureNames(session.main.host, path, names);
-  if (session.console.failures > failuresBefore) return std::nullopt;
+  Host& host = session.main.host;
+  if (!Trap(host, "GetShpTextureNames", [&] { names = ReadShpTextureNames(host.files, path); })) return std::nullopt;
   Json textures = Json::array();
   std::string text;
   for (const std::string& name : names) {

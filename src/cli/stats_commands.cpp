@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "actions/edit_stats.h"
 #include "app/handlers.h"
 #include "base/number_text.h"
 #include "base/text.h"
@@ -7,7 +8,6 @@
 #include "cli/ship_names.h"
 #include "cli/shortest_number.h"
 #include "cli/text_table.h"
-#include "installation/stats_source.h"
 
 namespace oravin {
 
@@ -36,13 +36,12 @@ bool RunOnStats(Session& session, const char* handler) {
 std::optional<Result> ShowStats(Session& session, const Values& values) {
   const ShipRecord* ship = SelectShip(session, values.at(0));
   if (ship == nullptr) return std::nullopt;
-  StatsSource source = SourceOf(session.main.installation, *ship);
-  ShipStats stats;
-  if (!GetShipsStats(session.main.host, source.path, source.index, stats)) return std::nullopt;
+  const auto stats = GetShipsStats(session.main.host, session.main.installation, *ship);
+  if (!stats) return std::nullopt;
   Json shown = Json::array();
   std::vector<std::vector<std::string>> rows;
   for (const StatsRow& row : statsRows) {
-    const float value = stats.values.at(row.field);
+    const float value = stats->values.at(row.field);
     shown.push_back(Json{{"label", row.label}, {"value", ShortestJson(value)}});
     rows.push_back({row.label, NumberText(value)});
   }

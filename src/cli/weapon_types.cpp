@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "models/attachments.h"
+#include "models/weapons.h"
 
 namespace oravin {
 

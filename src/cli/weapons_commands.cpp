@@ -27,8 +27,8 @@ const ShipRecord* ShipWithWeapons(Session& session, const std::string& name) {
 /// The attachments that a row of the weapons shows: one, or both of a pair.
 std::vector<std::size_t> AttachmentsOf(const StatsTab& tab, std::size_t row) {
   const auto first = static_cast<std::size_t>(tab.shipWeaponsList.rows.at(row).item);
-  if (!tab.pairs.paired.at(first)) return {first};
-  return {first, static_cast<std::size_t>(tab.pairs.partner.at(first))};
+  if (!tab.weapons.pairs.paired.at(first)) return {first};
+  return {first, static_cast<std::size_t>(tab.weapons.pairs.partner.at(first))};
 }
 
 /// The row that shows an attachment.
@@ -44,7 +44,7 @@ std::size_t RowWith(const StatsTab& tab, std::size_t attachment) {
 Json JsonOf(const StatsTab& tab, std::size_t row) {
   Json attachments = Json::array();
   for (const std::size_t index : AttachmentsOf(tab, row)) {
-    const ShpAttachment& attachment = tab.attachments.at(index);
+    const ShpAttachment& attachment = tab.weapons.attachments.at(index);
     attachments.push_back(Json{{"index", index},
                                {"filePosition", attachment.filePosition},
                                {"kind", attachment.kind},
@@ -63,7 +63,7 @@ std::string WeaponsTable(const StatsTab& tab) {
     const std::vector<std::size_t> shown = AttachmentsOf(tab, row);
     std::string indices;
     for (const std::size_t index : shown) indices += (indices.empty() ? "" : ", ") + std::to_string(index);
-    const ShpAttachment& first = tab.attachments.at(shown.front());
+    const ShpAttachment& first = tab.weapons.attachments.at(shown.front());
     rows.push_back({std::to_string(row + 1), tab.shipWeaponsList.rows[row].texts.at(0), indices,
                     std::to_string(first.x), std::to_string(first.y), std::to_string(first.z)});
   }
@@ -85,8 +85,9 @@ std::optional<std::size_t> RowNumbered(Session& session, const ShipRecord& ship,
 
 Result CloakOf(const StatsTab& tab, const ShipRecord& ship) {
   const std::string name = ToUtf8(ship.ShipName.Trimmed());
-  const std::string& kind = tab.lblShipClass.caption;
-  return {{{"ship", name}, {"class", kind}, {"cloakingDevice", tab.chkHasCloak.checked}}, name + ": " + kind + "\n"};
+  const std::string kind = ClassText(tab.shipClass);
+  return {{{"ship", name}, {"class", kind}, {"cloakingDevice", tab.shipClass == ShipClass::cloakedFighter}},
+          name + ": " + kind + "\n"};
 }
 
 }  // namespace

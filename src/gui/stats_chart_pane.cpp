@@ -184,7 +184,7 @@ void StatsChartLegend::ShowRecord() {
   const StatsChart& chart = record_.chart;
   std::string words = chart.selectedName;
   if (!chart.comparedName.empty()) words += ", compared with " + chart.comparedName;
-  if (!words.empty() && !record_.remembered) words += ". " + std::string(howToCompare);
+  if (!words.empty() && !chart.remembered) words += ". " + std::string(howToCompare);
   const wxString text = ToScreen(words);
   if (GetLabel() == text) return;
   SetLabel(text);
@@ -202,7 +202,7 @@ void StatsChartLegend::Paint() {
   dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
   const wxSize room = GetClientSize();
   const int unit = Unit(*this);
-  const bool hint = chart.comparedName.empty() && !record_.remembered;
+  const bool hint = chart.comparedName.empty() && !chart.remembered;
   const std::string second = hint ? howToCompare : chart.comparedName;
   const int between = FromDIP(chartSpace);
   const int sample = 3 * barHeight * unit;

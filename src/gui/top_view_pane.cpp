@@ -88,9 +88,9 @@ std::optional<std::size_t> TopViewPane::RowAt(const wxPoint& mouse) const {
     least = distance;
     nearest = &point;
   }
-  if (nearest == nullptr || nearest->attachment >= record_.pairs.paired.size()) return std::nullopt;
-  const bool paired = record_.pairs.paired[nearest->attachment];
-  const int partner = paired ? static_cast<int>(record_.pairs.partner[nearest->attachment]) : -1;
+  if (nearest == nullptr || nearest->attachment >= record_.weapons.pairs.paired.size()) return std::nullopt;
+  const bool paired = record_.weapons.pairs.paired[nearest->attachment];
+  const int partner = paired ? static_cast<int>(record_.weapons.pairs.partner[nearest->attachment]) : -1;
   const auto& rows = record_.shipWeaponsList.rows;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const int index = rows[i].item;

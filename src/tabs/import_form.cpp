@@ -6,10 +6,11 @@
 
 #include "base/text.h"
 #include "desk/dialogs.h"
+#include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "lists/ship_list.h"
-#include "models/attachments.h"
+#include "models/class_byte.h"
 
 namespace oravin {
 
@@ -36,7 +37,7 @@ void Clear(FighterPack& form) {
 
 /// The one ship of a single model; none where the model is missing, after its box.
 std::vector<PackShip> ShipOfModel(Host& host, const std::string& path) {
-  const bool capital = IsCapitalShip(host, path);
+  const bool capital = Trapped(host, "IsCapitalShip", false, [&] { return IsCapitalShip(host.files, path); });
   if (!FileExists(host.files, path)) return {};
   const std::string file = FileNameOf(path);
   PackShip ship;

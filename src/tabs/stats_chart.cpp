@@ -29,12 +29,12 @@ std::vector<std::optional<ShipStats>> AllStats(Files& files, const Installation&
     const ShipRecord& ship = installation.ships[i];
     if (IsInert(ship)) continue;
     const StatsSource source = SourceOf(installation, ship);
-    File& file = source.path.ends_with(".def") ? defaults : current;
+    File& file = source.path == installation.defaultsPath() ? defaults : current;
     if (IsOpen(file)) {
       try {
         all[i] = ReadBlock(file, source.index);
       } catch (const FileError&) {
-        all[i].reset();  // it is passed over, as one without a block
+        all[i].reset();
       }
     }
     if (ship.HasSecondPart) ++i;

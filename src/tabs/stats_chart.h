@@ -4,12 +4,12 @@
 #include <optional>
 #include <string>
 
-#include "desk/host.h"
+#include "files/files.h"
 #include "installation/installation.h"
 #include "stats/ship_stats.h"
 
-/// What the chart beside the statistics shows: a ship's 15 values against the smallest, the middle and the largest of
-/// all ships, and a second ship to compare.
+/// The chart next to the statistics: a ship's 15 values against the smallest, the middle and the largest of all ships,
+/// and a second ship to compare.
 namespace oravin {
 
 /// A value and its place on the row's axis, from 0 (left) to 1 (right).
@@ -32,6 +32,7 @@ struct ChartRow {
 struct StatsChart {
   std::string selectedName;               ///< empty while no ship is selected; then there are no rows to draw
   std::string comparedName;               ///< empty without a second ship
+  bool remembered = false;                ///< a ship is remembered to compare with; it may be the selected one
   std::array<ChartRow, statsCount> rows;  ///< in the shown order
 };
 

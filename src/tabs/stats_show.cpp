@@ -2,28 +2,33 @@
 
 #include <bit>
 
+#include "actions/edit_stats.h"
 #include "base/number_text.h"
-#include "files/look_up.h"
 #include "installation/stats_source.h"
 
 namespace oravin {
 
 namespace {
 
-/// The same number, bit for bit: what is no number at all can be compared as well.
+/// The same number, bit for bit, so that values that are no numbers can be compared too.
 bool Same(float a, float b) { return a == b || std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b); }
 
-void AddStatsRows(StatsTab& tab, const ShipStats& stats, const std::optional<ShipStats>& defaults) {
+/// Makes the rows of shipStatsList from the statistics; the selected row stays selected.
+void ShowStatsRows(StatsTab& tab) {
+  const auto selected = SelectedRow(tab.shipStatsList);
+  ClearRows(tab.shipStatsList);
+  if (!tab.stats) return;
   for (std::size_t i = 0; i < statsRows.size(); ++i) {
     const StatsRow& stat = statsRows.at(i);
-    const float value = stats.values.at(stat.field);
+    const float value = tab.stats->values.at(stat.field);
     ListRow row{static_cast<int>(i), {NumberText(value), stat.label}};
-    if (defaults && !Same(value, defaults->values.at(stat.field))) {
+    if (tab.defaults && !Same(value, tab.defaults->values.at(stat.field))) {
       row.bold = true;
-      row.tooltip = "Default: " + NumberText(defaults->values.at(stat.field));
+      row.tooltip = "Default: " + NumberText(tab.defaults->values.at(stat.field));
     }
     AddRow(tab.shipStatsList, std::move(row));
   }
+  SelectOnly(tab.shipStatsList, selected);
 }
 
 std::string WeaponText(const ShpAttachment& attachment, bool pair) {
@@ -35,56 +40,63 @@ std::string WeaponText(const ShpAttachment& attachment, bool pair) {
   return before + GetGunName(attachment.gunType);
 }
 
-void AddWeaponRows(StatsTab& tab, int selected) {
-  for (std::size_t i = 0; i < tab.attachments.size(); ++i) {
-    const bool paired = tab.pairs.paired[i];
-    if (paired && static_cast<std::size_t>(tab.pairs.partner[i]) < i) continue;
+/// Makes the rows of shipWeaponsList from the weapons; the selected attachment stays selected.
+void ShowWeaponRows(StatsTab& tab) {
+  const int selected = SelectedItem(tab.shipWeaponsList);
+  ClearRows(tab.shipWeaponsList);
+  const auto& [attachments, pairs] = tab.weapons;
+  for (std::size_t i = 0; i < attachments.size(); ++i) {
+    if (pairs.paired[i] && static_cast<std::size_t>(pairs.partner[i]) < i) continue;
     const int item = static_cast<int>(i);
-    AddRow(tab.shipWeaponsList, {item, {WeaponText(tab.attachments[i], paired)}, 0, item == selected});
+    AddRow(tab.shipWeaponsList, {item, {WeaponText(attachments[i], pairs.paired[i])}, 0, item == selected});
   }
+}
+
+void ShowClass(StatsTab& tab) {
+  tab.chkHasCloak.checked = tab.shipClass == ShipClass::cloakedFighter;
+  tab.lblShipClass.caption = ClassText(tab.shipClass);
 }
 
 }  // namespace
 
 void DisplayShipStats(Host& host, StatsTab& tab, const Installation& installation) {
-  const auto before = SelectedRow(tab.shipStatsList);
-  ClearRows(tab.shipStatsList);
-  tab.chart = StatsChart();
   const int index = SelectedShip(tab);
   const ShipRecord* ship = ShipAt(installation, index);
-  if (ship == nullptr) return;
-  StatsSource source = SourceOf(installation, *ship);
-  ShipStats stats;
-  if (!GetShipsStats(host, source.path, source.index, stats)) return;
-  AddStatsRows(tab, stats, DefaultsOf(host.files, installation, *ship));
-  SelectOnly(tab.shipStatsList, before);
-  const int compared = RememberedShipIn(tab, installation.ships);
-  tab.chart = ChartOf(host.files, installation, index, compared == index ? -1 : compared);
+  tab.stats = ship == nullptr ? std::nullopt : GetShipsStats(host, installation, *ship);
+  tab.defaults = tab.stats ? DefaultsOf(host.files, installation, *ship) : std::nullopt;
+  ShowStatsRows(tab);
+  tab.chart = StatsChart();
+  if (!tab.stats) return;
+  const int remembered = RememberedShipIn(tab, installation.ships);
+  tab.chart = ChartOf(host.files, installation, index, remembered == index ? -1 : remembered);
+  tab.chart.remembered = remembered >= 0;
 }
 
 void DisplayWeapons(Host& host, StatsTab& tab, const Installation& installation) {
-  const int selected = SelectedItem(tab.shipWeaponsList);
-  ClearRows(tab.shipWeaponsList);
-  tab.attachments.clear();
-  tab.chkHasCloak.checked = false;
-  tab.lblShipClass.caption.clear();
-  if (const ShipRecord* ship = ShipAt(installation, SelectedShip(tab)); ship != nullptr) {
-    const std::string model = installation.modelPath(ModelOf(*ship));
-    GetAttachments(host, model, tab.attachments);
-    if (FileExists(host.files, model)) ShowClass(host, tab, model);  // else the one box says it
-  }
-  tab.pairs = FindWeaponPairs(tab.attachments);
-  AddWeaponRows(tab, selected);
+  const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
+  tab.weapons = ship == nullptr ? ModelWeapons() : GetWeapons(host, installation, *ship);
+  ShowWeaponRows(tab);
+  DisplayClass(host, tab, installation);
   shipWeaponsList_ItemClick(tab);
 }
 
-void ShowClass(Host& host, StatsTab& tab, const std::string& model) {
-  tab.chkHasCloak.checked = IsCloaked(host, model);
-  if (IsCapitalShip(host, model)) {
-    tab.lblShipClass.caption = "Capital ship";
-  } else {
-    tab.lblShipClass.caption = tab.chkHasCloak.checked ? "Fighter with a cloaking device" : "Fighter";
+void DisplayClass(Host& host, StatsTab& tab, const Installation& installation) {
+  const ShipRecord* ship = ShipAt(installation, SelectedShip(tab));
+  tab.shipClass = ship == nullptr ? std::nullopt : ClassOf(host, installation, *ship);
+  ShowClass(tab);
+}
+
+std::string ClassText(const std::optional<ShipClass>& shipClass) {
+  if (!shipClass) return "";
+  switch (*shipClass) {
+    case ShipClass::capital:
+      return "Capital ship";
+    case ShipClass::cloakedFighter:
+      return "Fighter with a cloaking device";
+    case ShipClass::fighter:
+      break;
   }
+  return "Fighter";
 }
 
 void shipEditingList_ItemClick(Host& host, StatsTab& tab, const Installation& installation) {
@@ -100,12 +112,24 @@ void ShowShipAgain(Host& host, StatsTab& tab, const Installation& installation) 
     DisplayShipStats(host, tab, installation);
     DisplayWeapons(host, tab, installation);
   }
-  EnableStatsControls(tab);
+  EnableStatsControls(tab, installation.ships);
+}
+
+void ClearShip(StatsTab& tab) {
+  tab.stats.reset();
+  tab.defaults.reset();
+  tab.weapons = ModelWeapons();
+  tab.shipClass.reset();
+  tab.chart = StatsChart();
+  tab.topView = TopView();
+  ShowStatsRows(tab);
+  ShowWeaponRows(tab);
+  ShowClass(tab);
 }
 
 void shipWeaponsList_ItemClick(StatsTab& tab) {
-  tab.topView = TopViewOf(tab.attachments, tab.pairs, SelectedAttachment(tab));
-  EnableStatsControls(tab);
+  tab.topView = TopViewOf(tab.weapons.attachments, tab.weapons.pairs, SelectedAttachment(tab));
+  EnableWeaponMenus(tab);
 }
 
 }  // namespace oravin

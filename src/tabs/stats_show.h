@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "desk/host.h"
@@ -8,14 +9,20 @@
 
 namespace oravin {
 
-/// Shows the statistics of the selected ship in shipStatsList, those that differ from its defaults in bold, and draws
-/// the chart anew. Boxes are those of GetShipsStats; then the list is empty.
+/// Reads the statistics of the selected ship and shows them in shipStatsList, those that differ from its defaults in
+/// bold, and in the chart. Boxes are those of GetShipsStats; then the list is empty.
 void DisplayShipStats(Host& host, StatsTab& tab, const Installation& installation);
 
-/// Shows the weapons of the selected ship's model in the game's ships folder, a pair in one row, and its class byte.
-/// A missing model gives the box "Error - Path not found". The attachment that was selected stays selected where it is
-/// still listed.
+/// Reads the weapons and the class of the selected ship's model in the game's ships folder and shows them, a pair in
+/// one row. A missing model gives the box "Error - Path not found". The attachment that was selected stays selected
+/// where it is still listed.
 void DisplayWeapons(Host& host, StatsTab& tab, const Installation& installation);
+
+/// Reads the class of the selected ship's model and shows it.
+void DisplayClass(Host& host, StatsTab& tab, const Installation& installation);
+
+/// A class in words: "Capital ship", "Fighter with a cloaking device", "Fighter"; empty for none.
+std::string ClassText(const std::optional<ShipClass>& shipClass);
 
 /// Shows the ship that was clicked in shipEditingList.
 void shipEditingList_ItemClick(Host& host, StatsTab& tab, const Installation& installation);
@@ -23,8 +30,8 @@ void shipEditingList_ItemClick(Host& host, StatsTab& tab, const Installation& in
 /// Shows the selected ship anew, after anything else may have changed the game's files. Nothing without one.
 void ShowShipAgain(Host& host, StatsTab& tab, const Installation& installation);
 
-/// Shows what the class byte of a model says, which must be there.
-void ShowClass(Host& host, StatsTab& tab, const std::string& model);
+/// Empties everything that shows the selected ship.
+void ClearShip(StatsTab& tab);
 
 /// Marks the attachment whose row was clicked in shipWeaponsList.
 void shipWeaponsList_ItemClick(StatsTab& tab);

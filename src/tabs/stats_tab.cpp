@@ -1,5 +1,7 @@
 #include "tabs/stats_tab.h"
 
+#include "tabs/stats_show.h"
+
 namespace oravin {
 
 namespace {
@@ -19,7 +21,7 @@ void NameMenus(StatsTab& tab) {
   tab.pldStatsRestoreDefault.caption = "Restore Default";
   tab.pldWeaponPopUp.caption = "WeaponRightClick";
   tab.pldChangeToGun.caption = "Change to Gun";
-  // The items' captions differ from the weapons' names in the list in places; both are meant.
+  // Intentional: some captions differ from the weapons' names in the list.
   tab.pldGunType = TypeItems(
       1, {"Laser Cannon", "Pulse Cannon", "Messon Blasters", "Proton Cannon", "Gatling Lasers", "Tachyon Cannon",
           "Neutron Particle", "Collapser Guns", "Gatling Plasma Cannon", "Vulcan Battery", "Nova Cannon (readme)",
@@ -28,7 +30,7 @@ void NameMenus(StatsTab& tab) {
   tab.pldExtGunType = TypeItems(0, {"Pulse Cannon", "Gatling Lasers", "Proton Cannon", "Double Barrel Lasers",
                                     "Laser Cannon 1 (short)", "Laser Cannon 2 (short)", "Laser Cannon 3 (short)",
                                     "Laser Cannon 4 (Gatling look)", "Laser Cannon 5 (very small)"});
-  tab.pldExtGunType.back().Index = 11;  // the codes 8 to 10 stand for no external gun
+  tab.pldExtGunType.back().Index = 11;  // no external gun has the codes 8 to 10
   tab.pldChangeToMissile.caption = "Change to Missile";
   tab.pldMissileType = TypeItems(0, {"Missile Point"});
 }
@@ -51,7 +53,7 @@ StatsTab NewStatsTab() {
   tab.cmdEnable2 = {"&Enable", "Enables editing features - see readme", true};
   tab.CmdDisable2 = {"&Disable / Restore", "Disables editing features - see readme", true};
   NameMenus(tab);
-  EnableStatsControls(tab);
+  EnableStatsControls(tab, {});
   return tab;
 }
 
@@ -67,20 +69,12 @@ int RememberedShipIn(const StatsTab& tab, const Ships& ships) {
 
 std::optional<std::size_t> SelectedAttachment(const StatsTab& tab) {
   const int index = SelectedItem(tab.shipWeaponsList);
-  if (index < 0 || static_cast<std::size_t>(index) >= tab.attachments.size()) return std::nullopt;
+  if (index < 0 || static_cast<std::size_t>(index) >= tab.weapons.attachments.size()) return std::nullopt;
   return static_cast<std::size_t>(index);
 }
 
-void EnableStatsControls(StatsTab& tab) {
-  const bool ship = SelectedShip(tab) >= 0;
+void EnableWeaponMenus(StatsTab& tab) {
   const bool weapon = SelectedAttachment(tab).has_value();
-  tab.cmdRestoreShipStats.enabled = ship;
-  tab.cmdRestoreWeapons.enabled = ship;
-  tab.chkHasCloak.enabled = ship;
-  tab.cmdRestoreAllStats.enabled = !tab.shipEditingList.rows.empty();
-  tab.pldStatsCopy.enabled = ship;
-  tab.pldStatsPaste.enabled = ship && tab.remembered;
-  tab.pldStatsRestoreDefault.enabled = ship;
   for (MenuItem* item : {&tab.pldChangeToGun, &tab.pldChangeToExtGun, &tab.pldChangeToMissile}) {
     item->enabled = weapon;
   }
@@ -89,15 +83,16 @@ void EnableStatsControls(StatsTab& tab) {
   }
 }
 
-void ClearShip(StatsTab& tab) {
-  ClearRows(tab.shipStatsList);
-  ClearRows(tab.shipWeaponsList);
-  tab.chkHasCloak.checked = false;
-  tab.lblShipClass.caption.clear();
-  tab.chart = StatsChart();
-  tab.topView = TopView();
-  tab.attachments.clear();
-  tab.pairs = WeaponPairs();
+void EnableStatsControls(StatsTab& tab, const Ships& ships) {
+  const bool ship = SelectedShip(tab) >= 0;
+  tab.cmdRestoreShipStats.enabled = ship;
+  tab.cmdRestoreWeapons.enabled = ship;
+  tab.chkHasCloak.enabled = ship;
+  tab.cmdRestoreAllStats.enabled = !tab.shipEditingList.rows.empty();
+  tab.pldStatsCopy.enabled = ship;
+  tab.pldStatsPaste.enabled = ship && RememberedShipIn(tab, ships) >= 0;
+  tab.pldStatsRestoreDefault.enabled = ship;
+  EnableWeaponMenus(tab);
 }
 
 void DisplayShipEdit(StatsTab& tab, const Ships& ships) {
@@ -111,7 +106,7 @@ void DisplayShipEdit(StatsTab& tab, const Ships& ships) {
   }
   if (ships.empty()) tab.remembered.reset();
   if (SelectedShip(tab) < 0) ClearShip(tab);
-  EnableStatsControls(tab);
+  EnableStatsControls(tab, ships);
 }
 
 }  // namespace oravin

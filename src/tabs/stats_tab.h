@@ -1,14 +1,13 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "actions/edit_weapons.h"
 #include "desk/controls.h"
-#include "desk/host.h"
 #include "installation/installation.h"
-#include "models/attachments.h"
+#include "stats/ship_stats.h"
 #include "tabs/stats_chart.h"
 #include "tabs/top_view.h"
 
@@ -33,7 +32,7 @@ enum StatsColumn : std::size_t { statsValueColumn, statsLabelColumn };
 struct StatsTab {
   Label lblShips;
   ListView shipEditingList;
-  Label lblShipClass;  ///< what the selected ship's class byte says
+  Label lblShipClass;  ///< the selected ship's class
 
   ListView shipStatsList;  ///< a row's item is its number from 0; bold where the value is not the default
   Button cmdRestoreShipStats;
@@ -65,32 +64,35 @@ struct StatsTab {
   StatsChart chart;
   TopView topView;
 
-  ShpAttachments attachments;  ///< of the selected ship's model, as they were read for the list
-  WeaponPairs pairs;
-  std::optional<RememberedShip> remembered;
+  // Of the selected ship, as they were read last; tabs/stats_show.h makes the lists and captions from them.
+  std::optional<ShipStats> stats;
+  std::optional<ShipStats> defaults;
+  ModelWeapons weapons;
+  std::optional<ShipClass> shipClass;
+
+  std::optional<RememberedShip> remembered;  ///< whether it can be used, RememberedShipIn says
 };
 
-/// The tab as it looks before a catalogue is loaded.
+/// The tab before a catalogue is loaded.
 StatsTab NewStatsTab();
 
-/// Fills the tab's list of ships from the catalogue: every ship once, a two-part ship by its first record. The ship
-/// that was selected stays selected. Without a catalogue the remembered ship is forgotten, and without a selected ship
-/// nothing is shown of one.
+/// Fills the tab's list of ships from the catalogue: every ship once, a two-part ship by its first record. The selected
+/// ship stays selected; without one nothing is shown of a ship. Without a catalogue the remembered ship is forgotten.
 void DisplayShipEdit(StatsTab& tab, const Ships& ships);
 
 /// The index of the selected ship; -1 when none is selected.
 int SelectedShip(const StatsTab& tab);
 
-/// The index of the remembered ship; -1 when there is none, or when the catalogue has another ship there by now.
+/// The index of the remembered ship; -1 when there is none, or when the catalogue now has another ship there.
 int RememberedShipIn(const StatsTab& tab, const Ships& ships);
 
 /// The index of the attachment that the selected row of shipWeaponsList shows.
 std::optional<std::size_t> SelectedAttachment(const StatsTab& tab);
 
-/// Enables what can be used on what is selected.
-void EnableStatsControls(StatsTab& tab);
+/// Enables the controls that can be used on the selected ship and weapon.
+void EnableStatsControls(StatsTab& tab, const Ships& ships);
 
-/// Empties everything that shows the selected ship.
-void ClearShip(StatsTab& tab);
+/// Enables the weapon menus when a weapon is selected.
+void EnableWeaponMenus(StatsTab& tab);
 
 }  // namespace oravin

@@ -1,7 +1,9 @@
 #include "tabs/swap.h"
 
 #include <algorithm>
+#include <optional>
 
+#include "actions/restore_stats.h"
 #include "actions/swap_plan.h"
 #include "actions/unpack_models.h"
 #include "base/text.h"
@@ -112,34 +114,32 @@ void ReplaceModel(Host& host, const Installation& installation, const ShipRecord
   CopyWhole(host.files, from, model);
 }
 
-/// The statistics that a source brings along. False when they cannot be read.
-bool SourceStats(Host& host, const Installation& installation, const ShipRecord& source, ShipStats& stats) {
+/// The statistics that a source brings along; nothing when they cannot be read, after a box.
+std::optional<ShipStats> SourceStats(Host& host, const Installation& installation, const ShipRecord& source) {
   const bool fromDefaults = source.Imported || source.Changed;
-  std::string path = fromDefaults ? installation.defaultsPath() : installation.statsPath();
-  if (!GetShipsStats(host, path, IndexIn(source.StatsIndex), stats)) return false;
-  if (!source.Imported && WholeNumber(source.ShipKind) == strongGunKind) {
-    stats.values[gunEnergyField] += 50.0F;
-    stats.values[gunRechargeField] = 6.0F;
+  const std::string path = fromDefaults ? installation.defaultsPath() : installation.statsPath();
+  std::optional<ShipStats> stats;
+  Trap(host, "GetShipsStats", [&] { stats = ReadShipsStats(host.files, path, IndexIn(source.StatsIndex)); });
+  if (stats && !source.Imported && WholeNumber(source.ShipKind) == strongGunKind) {
+    stats->values[gunEnergyField] += 50.0F;
+    stats->values[gunRechargeField] = 6.0F;
   }
-  return true;
+  return stats;
 }
 
 void CopyStats(SwapDesk& desk, int target, const ShipRecord& source) {
-  ShipStats stats;
-  if (!SourceStats(desk.host, desk.installation, source, stats)) return;
-  std::string current = desk.installation.statsPath();
+  const auto stats = SourceStats(desk.host, desk.installation, source);
+  if (!stats) return;
   for (const std::size_t part : PartIndices(desk.installation, target)) {
-    PutShipsStats(desk.host, current, IndexIn(desk.installation.ships[part].StatsIndex), stats);
+    const int block = IndexIn(desk.installation.ships[part].StatsIndex);
+    Trap(desk.host, "PutShipsStats",
+         [&] { WriteShipsStats(desk.host.files, desk.installation.statsPath(), block, *stats); });
   }
 }
 
 void RestoreStats(SwapDesk& desk, int target) {
-  std::string current = desk.installation.statsPath();
-  std::string defaults = desk.installation.defaultsPath();
   for (const std::size_t part : PartIndices(desk.installation, target)) {
-    const int index = IndexIn(desk.installation.ships[part].StatsIndex);
-    ShipStats stats;
-    if (GetShipsStats(desk.host, defaults, index, stats)) PutShipsStats(desk.host, current, index, stats);
+    RestoreBlock(desk.host, desk.installation, IndexIn(desk.installation.ships[part].StatsIndex));
   }
 }
 

@@ -2,8 +2,9 @@
 
 #include <optional>
 
+#include "desk/error_trap.h"
 #include "files/look_up.h"
-#include "models/attachments.h"
+#include "models/class_byte.h"
 #include "platform/start_program.h"
 
 namespace oravin {
@@ -35,7 +36,8 @@ std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalSh
 }
 
 bool Capital(Host& host, const Installation& installation, const ShipRecord& ship) {
-  return IsCapitalShip(host, installation.modelPath(ModelOf(ship)));
+  return Trapped(host, "IsCapitalShip", false,
+                 [&] { return IsCapitalShip(host.files, installation.modelPath(ModelOf(ship))); });
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "models/attachments.h"
+#include "models/weapons.h"
 
 /// A small picture of a model's attachments seen from above: x across, z along.
 namespace oravin {

@@ -4,9 +4,9 @@
 #include <array>
 #include <bit>
 
+#include "actions/restore_stats.h"
 #include "base/file_error.h"
 #include "base/text.h"
-#include "stats/ship_stats.h"
 #include "support/fault.h"
 #include "support/swap_stage.h"
 
@@ -14,7 +14,7 @@ namespace oravin::test {
 namespace {
 
 struct CatalogueBuild : testing::Test {
-  CatalogueBuild() { BackupShipStats(stage.host, stage.files.Game(statsName), stage.files.Game(defaultsName)); }
+  CatalogueBuild() { BackupShipStats(stage.host, stage.installation); }
 
   [[nodiscard]] TableEntry Entry(int ship) const {
     return EntryNamed(ReadFileAt(stage.files.Game("resource.hog")),

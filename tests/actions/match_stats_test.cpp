@@ -133,34 +133,5 @@ TEST(StatsMatch, BlocksOfOneNameInTheThousandsTakeNoTimeToSpeakOf) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
-struct StatsBlockNames : testing::Test {
-  std::vector<std::string> Read(const Bytes& bytes) {
-    WriteFileAt(folder.Native("shipstats.bin"), bytes);
-    return BlockNames(files, folder.Windows("shipstats.bin"));
-  }
-
-  TemporaryFolder folder;
-  Files files;
-};
-
-TEST_F(StatsBlockNames, EndAtAZeroByteAndLoseTheirBlanks) {
-  Bytes bytes(352 * 3);
-  const Bytes name = BytesOf(" Rescue Tug  ");
-  std::copy(name.begin(), name.end(), bytes.begin());
-  bytes[20] = 'x';  // behind the zero byte
-  std::fill_n(bytes.begin() + 704, 352, std::uint8_t{'n'});
-  EXPECT_EQ(Read(bytes), (std::vector<std::string>{"Rescue Tug", "", std::string(64, 'n')}));
-}
-
-TEST_F(StatsBlockNames, APieceOfABlockAtTheEndIsNone) {
-  EXPECT_EQ(Read(Bytes(352 + 351)).size(), 1U);
-  EXPECT_TRUE(Read(Bytes(351)).empty());
-  EXPECT_TRUE(Read({}).empty());
-}
-
-TEST_F(StatsBlockNames, AMissingFileIsAnError) {
-  EXPECT_THROW(BlockNames(files, folder.Windows("missing.bin")), FileError);
-}
-
 }  // namespace
 }  // namespace oravin::test

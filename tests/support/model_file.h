@@ -54,7 +54,7 @@ inline void AddAttachments(Bytes& model, ShpAttachments& attachments, std::uint3
   }
 }
 
-/// A chunk of texture names, each in an element of `size` bytes with something unknown behind it.
+/// A chunk of texture names, each in an element of `size` bytes and the rest of the element is unknown bytes.
 inline void AddTextures(Bytes& model, const std::vector<std::string>& names, std::uint32_t size = 36) {
   AddChunkHeader(model, 6, size, static_cast<std::uint32_t>(names.size()));
   for (const std::string& name : names) {

@@ -25,7 +25,7 @@ inline std::string CannotBeStored(const std::string& shown) {
 ///   Host host;
 ///   ScriptedDesk desk(host);
 ///   desk.ExpectBox("Error - file not found", "IsCloaked", Icon::exclamation);
-///   IsCloaked(host, path);
+///   ToggleCloakOf(host, installation, ship);
 struct ScriptedDesk {
   explicit ScriptedDesk(Host& host);
   ScriptedDesk(const ScriptedDesk&) = delete;

@@ -1,7 +1,7 @@
 #include "support/swap_stage.h"
 
+#include "actions/restore_stats.h"
 #include "actions/unpack_models.h"
-#include "stats/ship_stats.h"
 
 namespace oravin::test {
 
@@ -21,7 +21,7 @@ bool SwitcherStage::Build(const HogTable& backup) {
 }
 
 void SwitcherStage::Enable() {
-  BackupShipStats(host, installation.statsPath(), installation.defaultsPath());
+  BackupShipStats(host, installation);
   EXPECT_TRUE(Build());
   UnpackSetup(host, installation);
   DisplaySwitcher(host, tab, installation, false);

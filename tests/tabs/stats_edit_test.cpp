@@ -161,7 +161,7 @@ TEST_F(StatsEditing, WithoutAShipNothingIsEdited) {
   EXPECT_TRUE(SameImage(before, Image()));
 }
 
-TEST_F(StatsEditing, AValueThatIsNotTheDefaultIsBoldAndTellsTheDefault) {
+TEST_F(StatsEditing, AValueThatIsNotTheDefaultIsBoldAndShowsTheDefault) {
   Choose(alpha);
   for (const ListRow& row : tab.shipStatsList.rows) EXPECT_FALSE(row.bold);
   ASSERT_TRUE(Edit(2, "9"));
@@ -189,6 +189,7 @@ TEST_F(StatsEditing, PastingNeedsARememberedShip) {
   EXPECT_TRUE(SameImage(before, Image()));
   pldStatsCopy_Click(at.host, tab, installation);
   EXPECT_TRUE(tab.pldStatsPaste.enabled);
+  EXPECT_TRUE(tab.chart.remembered);
 }
 
 TEST_F(StatsEditing, PastingWritesTheStatisticsOfTheRememberedShipAsTheyAreNow) {
@@ -250,6 +251,8 @@ TEST_F(StatsEditing, AnotherShipAtTheRememberedPlaceIsNotPasted) {
   installation.ships[alpha].ShipName.Set("Other");
   const FolderImage before = Image();
   Paste(bravo);
+  EXPECT_FALSE(tab.pldStatsPaste.enabled);
+  EXPECT_FALSE(tab.chart.remembered);
   EXPECT_TRUE(SameImage(before, Image()));
 }
 
@@ -283,7 +286,7 @@ TEST_F(StatsEditing, AnImportedShipWithoutATextHasNoDefault) {
   }
 }
 
-TEST_F(StatsEditing, ADamagedTextIsToldAndIsNoDefault) {
+TEST_F(StatsEditing, ADamagedTextIsReportedAndIsNoDefault) {
   WriteFileAt(Program("addons/stats/manta.txt"), "1,2,three");
   const FolderImage before = Image();
   Choose(manta);
@@ -294,7 +297,7 @@ TEST_F(StatsEditing, ADamagedTextIsToldAndIsNoDefault) {
   EXPECT_TRUE(SameImage(before, Image()));
 }
 
-TEST_F(StatsEditing, RestoringWithoutDefaultsIsToldAndChangesNothing) {
+TEST_F(StatsEditing, RestoringWithoutDefaultsIsReportedAndChangesNothing) {
   std::filesystem::remove(Game("shipstats.def"));
   const FolderImage before = Image();
   Choose(alpha);
@@ -303,7 +306,7 @@ TEST_F(StatsEditing, RestoringWithoutDefaultsIsToldAndChangesNothing) {
   EXPECT_TRUE(SameImage(before, Image()));
 }
 
-TEST_F(StatsEditing, RestoringAllTellsInOneBoxWhatCouldNotBe) {
+TEST_F(StatsEditing, RestoringAllReportsInOneBoxWhatCouldNotBe) {
   FolderImage expected = Image();
   for (const std::size_t ship : {alpha, bravo, twin}) {
     Choose(ship);
@@ -364,7 +367,7 @@ TEST_F(StatsEditing, AFailureAnywhereLeavesEveryBlockOldOrNew) {
   }
 }
 
-TEST_F(StatsEditing, AFailureWhileAllAreRestoredIsToldInTheOneBox) {
+TEST_F(StatsEditing, AFailureWhileAllAreRestoredIsInTheOneBox) {
   installation.ships.resize(manta);
   const FolderImage before = Image();
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {

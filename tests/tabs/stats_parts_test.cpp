@@ -1,4 +1,4 @@
-// Statistics of ships of two parts: one ship to whoever pastes and restores them.
+// Statistics of ships of two parts: pasting and restoring treats them as one ship.
 
 #include "support/stats_tab_stage.h"
 #include "tabs/stats_edit.h"
@@ -84,7 +84,7 @@ TEST_F(StatsOfParts, RestoringAnImportedTwoPartShipReadsTheTextOfEachPart) {
   EXPECT_TRUE(SameImage(expected, Image()));
 }
 
-TEST_F(StatsOfParts, APartWithoutADefaultIsToldAndTheOtherOneIsRestored) {
+TEST_F(StatsOfParts, APartWithoutADefaultIsReportedAndTheOtherOneIsRestored) {
   MakeImportedShipOfTwoParts();
   const FolderImage before = Image();
   FolderImage expected = before;
@@ -110,7 +110,7 @@ TEST_F(StatsOfParts, APartWithoutADefaultIsToldAndTheOtherOneIsRestored) {
   EXPECT_TRUE(SameBytes(expected.at("game/shipstats.def"), ReadFileAt(Game("shipstats.def"))));
 }
 
-TEST_F(StatsOfParts, RestoringAnImportedTwoPartShipWithoutTextsIsToldOnce) {
+TEST_F(StatsOfParts, RestoringAnImportedTwoPartShipWithoutTextsIsReportedOnce) {
   MakeImportedShipOfTwoParts();
   std::filesystem::remove(Program("addons/stats/manta.txt"));
   const FolderImage before = Image();
@@ -120,7 +120,7 @@ TEST_F(StatsOfParts, RestoringAnImportedTwoPartShipWithoutTextsIsToldOnce) {
   EXPECT_TRUE(SameImage(before, Image()));
 }
 
-TEST_F(StatsOfParts, RestoringATwoPartShipWithoutDefaultsIsToldOnce) {
+TEST_F(StatsOfParts, RestoringATwoPartShipWithoutDefaultsIsReportedOnce) {
   std::filesystem::remove(Game("shipstats.def"));
   const FolderImage before = Image();
   Choose(twin);

@@ -23,7 +23,7 @@ TEST(StatsTab, LooksAsItDoesBeforeACatalogueIsLoaded) {
   EXPECT_EQ(tab.CmdDisable2.caption, "&Disable / Restore");
 }
 
-TEST(StatsTab, BearsItsCaptionsAndTooltips) {
+TEST(StatsTab, HasItsCaptionsAndTooltips) {
   const StatsTab tab = NewStatsTab();
   EXPECT_EQ(tab.Label2.caption, "Right Click on Weapons to change");
   EXPECT_EQ(tab.chkHasCloak.caption, "Cloaking Device");
@@ -88,8 +88,9 @@ TEST(StatsTab, TheMenuItemsStandForTheWeaponsCodes) {
 }
 
 TEST(StatsTab, NothingCanBeDoneBeforeAShipIsSelected) {
+  const Ships ships = {Ship("A")};
   StatsTab tab = NewStatsTab();
-  DisplayShipEdit(tab, {Ship("A")});
+  DisplayShipEdit(tab, ships);
   EXPECT_TRUE(tab.cmdRestoreAllStats.enabled);
   for (const Button* button : {&tab.cmdRestoreShipStats, &tab.cmdRestoreWeapons}) EXPECT_FALSE(button->enabled);
   for (const MenuItem* item : {&tab.pldStatsCopy, &tab.pldStatsPaste, &tab.pldStatsRestoreDefault}) {
@@ -99,7 +100,7 @@ TEST(StatsTab, NothingCanBeDoneBeforeAShipIsSelected) {
   EXPECT_FALSE(tab.pldChangeToGun.enabled);
   EXPECT_FALSE(tab.pldGunType.front().item.enabled);
   SelectOnly(tab.shipEditingList, 0);
-  EnableStatsControls(tab);
+  EnableStatsControls(tab, ships);
   EXPECT_TRUE(tab.cmdRestoreShipStats.enabled);
   EXPECT_TRUE(tab.chkHasCloak.enabled);
   DisplayShipEdit(tab, {});

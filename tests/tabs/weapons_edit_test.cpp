@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "demo/archive_writer.h"
+#include "demo/compressor.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/stats_tab_stage.h"
@@ -51,7 +53,7 @@ TEST_F(WeaponEditing, AMissingModelHasOneBoxAndNoWeapons) {
   at.desk.ExpectBox("Error - Path not found");
   Choose(bravo);
   EXPECT_TRUE(tab.shipWeaponsList.rows.empty());
-  EXPECT_TRUE(tab.attachments.empty());
+  EXPECT_TRUE(tab.weapons.attachments.empty());
   EXPECT_EQ(tab.lblShipClass.caption, "");
 }
 
@@ -276,6 +278,18 @@ TEST_F(WeaponEditing, TogglingAMissingModelHasItsBox) {
   std::filesystem::remove(Game("ships/alpha.shp"));
   at.desk.ExpectBox("Error - file not found", "IsCloaked");
   chkHasCloak_MouseUp(at.host, tab, installation);
+}
+
+TEST_F(WeaponEditing, RestoredWeaponsAreShown) {
+  const Bytes stock = ReadFileAt(Game("ships/alpha.shp"));
+  WriteFileAt(Game("resource.hog"), demo::BuildArchive({{"alpha.shp", demo::Compress(stock)}}));
+  Choose(alpha);
+  ChooseWeapon(0);
+  ChangeTo(pldExtGunType_Click, 11);
+  EXPECT_EQ(tab.shipWeaponsList.rows.at(0).texts.at(0), "Pair: External - Laser Cannon Type 5");
+  cmdRestoreWeapons_Click(at.host, tab, installation);
+  EXPECT_EQ(tab.shipWeaponsList.rows.at(0).texts.at(0), "Pair: Pulse Cannon");
+  EXPECT_TRUE(SameBytes(stock, ReadFileAt(Game("ships/alpha.shp"))));
 }
 
 TEST_F(WeaponEditing, TheTopViewShowsEveryAttachmentAndMarksTheSelectedPair) {

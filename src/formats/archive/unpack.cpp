@@ -124,6 +124,15 @@ Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most) {
   return {unpacked.Span().begin(), unpacked.Span().end()};
 }
 
+Bytes UnpackedContent(File& hog, const HogEntry& entry, std::uint64_t most) {
+  Bytes content = ContentOf(hog, entry, most);
+  if (entry.Size >= 2 && ReadWordBE(hog, entry.Offset) == compressedSignature) return content;
+  const std::size_t own = content.size();
+  content.resize(own + static_cast<std::size_t>(storedExcess));
+  GetSome(hog, std::uint64_t{entry.Offset} + own, std::span(content).subspan(own));
+  return content;
+}
+
 bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string& path, std::uint32_t size,
                     std::uint32_t offset) {
   File hog(files, hogPath, OpenFor::reading);

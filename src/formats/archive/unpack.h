@@ -45,6 +45,9 @@ bool SameAsUnpacked(Files& files, const std::string& hogPath, const std::string&
 ///   be read
 Bytes ContentOf(File& hog, const HogEntry& entry, std::uint64_t most);
 
+/// The same as UnpackEntry writes it: a stored entry is followed by storedExcess more bytes.
+Bytes UnpackedContent(File& hog, const HogEntry& entry, std::uint64_t most);
+
 /// An upper limit of the bytes that UnpackEntry writes for an entry, read from its first bytes.
 std::uint64_t UnpackedSize(File& hog, std::uint32_t size, std::uint32_t offset);
 

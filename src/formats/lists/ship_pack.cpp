@@ -12,7 +12,7 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "models/attachments.h"
+#include "models/class_byte.h"
 
 namespace oravin {
 
@@ -99,7 +99,7 @@ int GetPAK(Host& host, std::string path, const std::string& folder, std::vector<
     for (std::size_t i = 0; i < count; ++i) {
       PackShip& ship = read[i];
       // A box for each of many missing models would help nobody.
-      const bool capital = FileExists(host.files, ship.modelPath) && IsCapitalShip(host, ship.modelPath);
+      const bool capital = FileExists(host.files, ship.modelPath) && IsCapitalShip(host.files, ship.modelPath);
       ship.shipClass = capital ? capitalClass : fighterClass;
     }
     ships = std::move(read);

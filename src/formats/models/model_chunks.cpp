@@ -39,7 +39,7 @@ std::optional<ModelChunk> NextChunk(ModelReader& reader, std::uint32_t type) {
   for (;;) {
     const auto header = BytesAt(reader, reader.next, chunkHeaderSize);
     if (header.size() < chunkHeaderSize) return std::nullopt;
-    // As far as the block goes, a walk over very many small chunks looks at their headers alone.
+    // Within the block only headers are read, so that very many small chunks are fast.
     const std::uint8_t* const end = reader.block.data() + reader.block.size();
     const std::uint8_t* at = header.data();
     for (;;) {

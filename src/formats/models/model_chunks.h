@@ -16,54 +16,55 @@
 ///     4  2  number of elements
 ///     6     the elements
 ///
-/// The next chunk begins behind the last element. A stored model of the archive is followed by bytes that are not its
-/// own; they are walked as well.
+/// The next chunk follows the last element. A stored model of the archive is followed by bytes that are not its own;
+/// they are walked as well.
 namespace oravin {
 
 inline constexpr std::uint64_t chunkHeaderSize = 6;
 inline constexpr std::uint32_t textureNamesChunk = 6;
 inline constexpr std::uint32_t attachmentsChunk = 9;
 
-/// The longest name that an element has room for.
+/// The longest name that fits into an element.
 inline constexpr std::size_t longestElement = 65535;
 
 struct ModelChunk {
   std::uint32_t elementSize = 0;  ///< in bytes; may be 0
   std::uint32_t count = 0;
-  std::uint64_t elements = 0;  ///< where the first element begins in the file; all of them may lie past its end
+  std::uint64_t elements = 0;  ///< offset of the first element in the file; all of them may lie past its end
 };
 
-/// Where the elements of a chunk end, and the next chunk begins. Never before the chunk's own end.
+/// The offset after a chunk's last element, where the next chunk starts.
 inline std::uint64_t EndOf(const ModelChunk& chunk) {
   return chunk.elements + std::uint64_t{chunk.elementSize} * chunk.count;
 }
 
-/// A model that is being read from its beginning to its end. No byte is read twice, and elements that nobody asks for
-/// are not read at all where they are many.
+/// A model that is being read from start to end. No byte is read twice, and large runs of elements that nobody asks for
+/// are not read at all.
 struct ModelReader {
   /// @throws FileError when the file cannot be opened
   ModelReader(Files& owner, std::string modelPath);
-  /// A model whose bytes are in memory already, under the name that errors give it.
+  /// A model that is in memory.
+  /// @param modelName its path in errors
   ModelReader(std::string modelName, Bytes content);
 
   std::string path;
-  std::optional<File> file;  ///< none for a model in memory, whose bytes are all in the block
+  std::optional<File> file;  ///< none for a model in memory, of which the block is the whole
   std::uint64_t length;      ///< of the file in bytes
-  std::uint64_t next = 0;    ///< where the next chunk begins
-  Bytes block;               ///< some of the file's bytes, beginning at `blockAt`
+  std::uint64_t next = 0;    ///< offset of the next chunk
+  Bytes block;               ///< some of the file's bytes, starting at `blockAt`
   std::uint64_t blockAt = 0;
 };
 
-/// The next chunk of one type; nothing where none is left. A header that the file has not room for is none: up to five
-/// bytes behind the last chunk do not matter.
+/// The next chunk of one type; nothing where none is left. Up to five bytes after the last chunk, too few for a header,
+/// do not matter.
 /// @throws FileError when the file cannot be read
 std::optional<ModelChunk> NextChunk(ModelReader& reader, std::uint32_t type);
 
-/// Up to `count` bytes at `offset`; fewer where the file ends before. They are good until the next call.
+/// Up to `count` bytes at `offset`; fewer where the file ends before. Valid until the next call.
 /// @throws FileError when the file cannot be read
 std::span<const std::uint8_t> BytesAt(ModelReader& reader, std::uint64_t offset, std::size_t count);
 
-/// The characters from `offset` up to the first zero byte, which may stand behind the element's own end.
+/// The characters from `offset` up to the first zero byte, which may lie past the element's end.
 /// @throws FileError when there is none in the file or before longestElement, and when the file cannot be read
 std::string NameAt(ModelReader& reader, std::uint64_t offset);
 

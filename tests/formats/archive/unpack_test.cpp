@@ -55,6 +55,16 @@ TEST_F(Unpacking, PastTheArchivesEndAStoredEntryIsFollowedByZeros) {
   EXPECT_TRUE(SameBytes(expected, Loose("out.bin")));
 }
 
+TEST_F(Unpacking, TheContentInMemoryIsWhatIsWritten) {
+  for (const std::string name : {"first", "packed", "last"}) {
+    const TableEntry entry = Entry(name);
+    UnpackTo("out.bin", entry);
+    File hog(stage.host.files, stage.hogPath, OpenFor::reading);
+    const Bytes inMemory = UnpackedContent(hog, {name, entry.size, entry.offset, entry.position}, 1000000);
+    EXPECT_TRUE(SameBytes(Loose("out.bin"), inMemory)) << name;
+  }
+}
+
 TEST_F(Unpacking, ALargeStoredEntryIsWrittenWhole) {
   const Bytes large = Content(3'500'000, 13);
   stage.Write({{"large", large}, {"last", last}});

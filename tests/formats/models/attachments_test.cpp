@@ -8,8 +8,8 @@
 #include "support/file_marks.h"
 #include "support/folder_image.h"
 #include "support/model_file.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
+#include "support/thrown.h"
 
 namespace oravin {
 namespace {
@@ -25,17 +25,12 @@ using test::SameBytes;
 
 struct Attachments : testing::Test {
   test::TemporaryFolder folder;
-  test::ScriptedHost at;
+  Files files;
   std::string path = folder.Windows("model.shp");
 
   void Write(const Bytes& model) const { test::WriteFileAt(folder.Native("model.shp"), model); }
   [[nodiscard]] Bytes Model() const { return test::ReadFileAt(folder.Native("model.shp")); }
-  ShpAttachments Read() {
-    ShpAttachments read;
-    const int count = GetAttachments(at.host, path, read);
-    EXPECT_EQ(count, static_cast<int>(read.size()));
-    return read;
-  }
+  ShpAttachments Read() { return ReadAttachments(files, path); }
 };
 
 /// Attachments that are easily told apart.
@@ -49,14 +44,11 @@ ShpAttachments Several(std::size_t count) {
   return attachments;
 }
 
-TEST_F(Attachments, AModelWithoutATableYieldsNoneAndLeavesTheArrayAsItWas) {
+TEST_F(Attachments, AModelWithoutATableYieldsNone) {
   Bytes model = ModelHead();
   AddOther(model, 2, 20);
   Write(model);
-  ShpAttachments before = {Gun(1, 2, 3)};
-  const ShpAttachments kept = before;
-  EXPECT_EQ(GetAttachments(at.host, path, before), 0);
-  EXPECT_EQ(before, kept);
+  EXPECT_TRUE(Read().empty());
 }
 
 TEST_F(Attachments, AnEmptyModelYieldsNone) {
@@ -84,6 +76,8 @@ TEST_F(Attachments, OfTwoTablesComeInTheOrderOfTheFileWithTheirPositions) {
   ShpAttachments expected = first;
   expected.insert(expected.end(), second.begin(), second.end());
   EXPECT_EQ(Read(), expected);
+  ModelReader inMemory("model.shp", model);
+  EXPECT_EQ(AttachmentsOf(inMemory), expected);
 }
 
 TEST_F(Attachments, AHundredAndTwentyAreAllRead) {
@@ -124,7 +118,7 @@ TEST_F(Attachments, OfManyTablesAreCountedAsFarAsSixteenBitsGo) {
   EXPECT_EQ(Read().size(), 65535U);
 }
 
-TEST_F(Attachments, OfNoSizeAllStandAtOnePlace) {
+TEST_F(Attachments, OfNoSizeAreAllAtOnePlace) {
   ShpAttachments one = {Gun(5, 6, 7, 2)};
   Bytes model = ModelHead();
   AddChunkHeader(model, 9, 0, 4);
@@ -143,7 +137,7 @@ TEST_F(Attachments, OfATableThatPointsPastTheEndAreCountedWithZerosForWhatIsNotT
   const std::size_t table = model.size();
   AddAttachments(model, two);
   model[table + 4] = 4;             // two more than there are
-  model.resize(model.size() - 60);  // and the last one is cut short behind its coordinates
+  model.resize(model.size() - 60);  // and the last one is cut short after its coordinates
   Write(model);
   const ShpAttachments read = Read();
   ASSERT_EQ(read.size(), 4U);
@@ -176,26 +170,24 @@ TEST_F(Attachments, AHeaderThatIsCutShortIsNoChunk) {
   }
 }
 
-TEST_F(Attachments, OfAMissingModelGiveTheirBox) {
-  at.desk.ExpectBox("Error - Path not found", "Oravin");
-  ShpAttachments read;
-  EXPECT_EQ(GetAttachments(at.host, path, read), 0);
-  at.desk.ExpectBox("Error - Path not found", "Oravin");
-  EXPECT_FALSE(PutAttachments(at.host, path, Several(2)));
+TEST_F(Attachments, OfAMissingModelAreAnError) {
+  EXPECT_EQ(test::KindThrown([&] { Read(); }), ErrorKind::missing);
+  EXPECT_EQ(test::KindThrown([&] { PutAttachments(files, path, Several(2)); }), ErrorKind::missing);
+  EXPECT_EQ(test::KindThrown([&] { CanPutAttachments(files, path, Several(2)); }), ErrorKind::missing);
   EXPECT_FALSE(std::filesystem::exists(folder.Native("model.shp")));
 }
 
-TEST_F(Attachments, AFailingDiskGivesNoneInsteadOfZeros) {
+TEST_F(Attachments, AFailingDiskIsAnErrorInsteadOfZeros) {
   ShpAttachments all = Several(9);
   Bytes model = ModelHead();
   AddAttachments(model, all);
   Write(model);
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
-    test::ScriptedHost here;
-    test::Watch(here.host.files, fault);
+    Files failing;
+    test::Watch(failing, fault);
     ShpAttachments read;
-    const int count = GetAttachments(here.host, path, read);
-    EXPECT_EQ(count, fault.happened ? 0 : 9);
+    const auto error = test::Thrown([&] { read = ReadAttachments(failing, path); });
+    EXPECT_EQ(error.has_value(), fault.happened);
     EXPECT_EQ(read, fault.happened ? ShpAttachments() : all);
   });
 }
@@ -206,7 +198,7 @@ TEST_F(Attachments, WrittenBackUnchangedLeaveTheFileAsItWas) {
   AddAttachments(model, all);
   AddOther(model, 2, 400);
   Write(model);
-  EXPECT_TRUE(PutAttachments(at.host, path, Read()));
+  PutAttachments(files, path, Read());
   EXPECT_TRUE(SameBytes(model, Model()));
 }
 
@@ -219,7 +211,7 @@ TEST_F(Attachments, WritingChangesTheSixFieldsAndNothingElse) {
   ShpAttachments changed = all;
   changed[2] = {all[2].filePosition, 3, -1, -2, -3, 11, 7};
   changed[6] = {all[6].filePosition, 1, 10, 20, 30, 0, 65535};
-  EXPECT_TRUE(PutAttachments(at.host, path, changed));
+  PutAttachments(files, path, changed);
   for (const std::size_t i : {2U, 6U}) PutElement(model, static_cast<std::size_t>(changed[i].filePosition), changed[i]);
   EXPECT_TRUE(SameBytes(model, Model()));
 }
@@ -229,7 +221,7 @@ TEST_F(Attachments, ARecordWithoutAFilePositionIsPassedOver) {
   Bytes model = ModelHead();
   AddAttachments(model, all);
   Write(model);
-  EXPECT_TRUE(PutAttachments(at.host, path, ShpAttachments{{0, 3, 1, 2, 3, 4, 5}}));
+  PutAttachments(files, path, ShpAttachments{{0, 3, 1, 2, 3, 4, 5}});
   EXPECT_TRUE(SameBytes(model, Model()));
 }
 
@@ -246,7 +238,7 @@ TEST_F(Attachments, ARecordThatIsNoElementOfATableIsPassedOver) {
     elsewhere.push_back({position, 3, 1, 2, 3, 4, 5});
   }
   elsewhere.push_back({2147483647, 3, 1, 2, 3, 4, 5});
-  EXPECT_TRUE(PutAttachments(at.host, path, elsewhere));
+  PutAttachments(files, path, elsewhere);
   EXPECT_TRUE(SameBytes(model, Model()));
 }
 
@@ -276,9 +268,9 @@ TEST_F(Attachments, FieldsThatAnElementHasNoRoomForAreNotWritten) {
       }
       std::copy(element.begin(), element.end(), expected.begin() + static_cast<std::ptrdiff_t>(elements + i * size));
     }
-    EXPECT_TRUE(PutAttachments(at.host, path, changed));
+    PutAttachments(files, path, changed);
     EXPECT_TRUE(SameBytes(expected, Model()));
-    EXPECT_EQ(CanPutAttachments(at.host.files, path, changed), size >= 102);
+    EXPECT_EQ(CanPutAttachments(files, path, changed), size >= 102);
   }
 }
 
@@ -291,7 +283,7 @@ TEST_F(Attachments, TheFileNeverGrows) {
   ShpAttachments changed = two;
   for (ShpAttachment& attachment : changed) attachment.gunType = 0x1234;
   changed[1].x = 9;
-  EXPECT_TRUE(PutAttachments(at.host, path, changed));
+  PutAttachments(files, path, changed);
   Bytes expected = model;
   PutElement(expected, static_cast<std::size_t>(two[0].filePosition), changed[0]);
   changed[1].gunType = two[1].gunType;
@@ -308,9 +300,9 @@ TEST_F(Attachments, AReadOnlyModelStaysAsItIs) {
   AddAttachments(model, all);
   Write(model);
   test::SetReadOnly(folder.Native("model.shp"), true);
-  at.desk.ExpectBox("Error - could not open " + path + ": it is read-only", "PutAttachments");
   all[0].kind = 3;
-  EXPECT_FALSE(PutAttachments(at.host, path, all));
+  EXPECT_EQ(test::TextThrown([&] { PutAttachments(files, path, all); }),
+            "could not open " + path + ": it is read-only");
   EXPECT_TRUE(SameBytes(model, Model()));
 }
 
@@ -326,18 +318,17 @@ TEST_F(Attachments, AFailureBetweenTwoElementsLeavesEachOldOrNewAndASecondTryMen
     const int operations = test::AtEachOperation(kind, [&](test::Fault& fault) {
       Write(model);
       {
-        test::ScriptedHost here;
-        here.desk.AllowOthers([](const Message&) { return Answer::ok; });
-        test::Watch(here.host.files, fault);
-        bool put = false;
-        const bool stopped = test::Stopped([&] { put = PutAttachments(here.host, path, changed); });
+        Files failing;
+        test::Watch(failing, fault);
+        std::optional<FileError> error;
+        const bool stopped =
+            test::Stopped([&] { error = test::Thrown([&] { PutAttachments(failing, path, changed); }); });
         EXPECT_EQ(stopped, fault.happened && kind == test::FaultKind::stop);
-        EXPECT_EQ(put, !fault.happened);
-        EXPECT_EQ(here.desk.shown.size(), fault.happened && !stopped ? 1U : 0U);
+        EXPECT_EQ(error.has_value(), fault.happened && !stopped);
       }
-      const ShpAttachments now = ReadAttachments(at.host.files, path);
+      const ShpAttachments now = ReadAttachments(files, path);
       for (std::size_t i = 0; i < 4; ++i) EXPECT_TRUE(now[i] == all[i] || now[i] == changed[i]);
-      EXPECT_TRUE(PutAttachments(at.host, path, changed));
+      PutAttachments(files, path, changed);
       EXPECT_TRUE(SameBytes(done, Model()));
     });
     EXPECT_GE(operations, 7);  // two opens, a read, four writes
@@ -406,13 +397,13 @@ TEST_F(Attachments, OfHostileModelsAreReadAsThePlainestReaderDoesAndWrittenInsid
     SCOPED_TRACE(run);
     const Bytes model = HostileModel(random);
     Write(model);
-    ShpAttachments read = ReadAttachments(at.host.files, path);
+    ShpAttachments read = ReadAttachments(files, path);
     ASSERT_EQ(read, PlainTable(model));
     if (read.empty()) continue;
-    EXPECT_TRUE(PutAttachments(at.host, path, read));
+    PutAttachments(files, path, read);
     EXPECT_TRUE(SameBytes(model, Model()));
     for (ShpAttachment& attachment : read) attachment.gunType ^= 0xFFFFU;
-    EXPECT_TRUE(PutAttachments(at.host, path, read));
+    PutAttachments(files, path, read);
     const Bytes written = Model();
     ASSERT_EQ(written.size(), model.size());
     std::vector<bool> gunTypes(model.size());
@@ -425,7 +416,7 @@ TEST_F(Attachments, OfHostileModelsAreReadAsThePlainestReaderDoesAndWrittenInsid
     for (std::size_t i = 0; i < model.size(); ++i) {
       ASSERT_TRUE(gunTypes[i] || written[i] == model[i]) << "byte " << i;
     }
-    ASSERT_EQ(ReadAttachments(at.host.files, path).size(), read.size());
+    ASSERT_EQ(ReadAttachments(files, path).size(), read.size());
   }
 }
 

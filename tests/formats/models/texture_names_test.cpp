@@ -7,8 +7,8 @@
 #include "support/fault.h"
 #include "support/folder_image.h"
 #include "support/model_file.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
+#include "support/thrown.h"
 
 namespace oravin {
 namespace {
@@ -22,18 +22,22 @@ using Names = std::vector<std::string>;
 
 struct TextureNames : testing::Test {
   test::TemporaryFolder folder;
-  test::ScriptedHost at;
+  Files files;
   std::string path = folder.Windows("model.shp");
-  Names names;
 
-  int Read(const Bytes& model) {
+  Names Read(const Bytes& model) {
     test::WriteFileAt(folder.Native("model.shp"), model);
-    const int count = GetShpTextureNames(at.host, path, names);
+    Names names = ReadShpTextureNames(files, path);
     EXPECT_TRUE(test::SameBytes(model, test::ReadFileAt(folder.Native("model.shp"))));
-    return count;
+    return names;
   }
-  void ExpectTrapped(const std::string& why) {
-    at.desk.ExpectBox("Error - could not read " + path + ": " + why, "GetShpTextureNames");
+  /// The model must be refused for this reason.
+  void ExpectRefused(const Bytes& model, const std::string& why, ErrorKind kind = ErrorKind::failed) {
+    const auto error = test::Thrown([&] { Read(model); });
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->what(), "could not read " + path + ": " + why);
+    EXPECT_EQ(error->kind, kind);
+    EXPECT_TRUE(test::SameBytes(model, test::ReadFileAt(folder.Native("model.shp"))));
   }
 };
 
@@ -47,8 +51,7 @@ TEST_F(TextureNames, AreListedInTheOrderOfTheirFirstAppearance) {
   Bytes model = ModelHead();
   AddTextures(model, {"wing", "hull", "glass"});
   AddOther(model, 9, 108);
-  EXPECT_EQ(Read(model), 3);
-  EXPECT_EQ(names, (Names{"wing", "hull", "glass"}));
+  EXPECT_EQ(Read(model), (Names{"wing", "hull", "glass"}));
 }
 
 TEST_F(TextureNames, OneThatTwoTablesNameIsListedOnceAtItsFirstPlace) {
@@ -56,80 +59,63 @@ TEST_F(TextureNames, OneThatTwoTablesNameIsListedOnceAtItsFirstPlace) {
   AddTextures(model, {"hull", "wing"});
   AddOther(model, 3, 160);
   AddTextures(model, {"glass", "hull"});
-  EXPECT_EQ(Read(model), 3);
-  EXPECT_EQ(names, (Names{"hull", "wing", "glass"}));
+  EXPECT_EQ(Read(model), (Names{"hull", "wing", "glass"}));
 }
 
-TEST_F(TextureNames, AModelWithoutATableYieldsNoneAndLeavesTheArrayAsItWas) {
-  names = {"before"};
+TEST_F(TextureNames, AModelWithoutATableYieldsNone) {
   Bytes model = ModelHead();
   AddOther(model, 9, 108);
-  EXPECT_EQ(Read(model), 0);
-  EXPECT_EQ(names, Names{"before"});
+  EXPECT_EQ(Read(model), Names());
 }
 
-TEST_F(TextureNames, AnEmptyModelYieldsNone) { EXPECT_EQ(Read({}), 0); }
+TEST_F(TextureNames, AnEmptyModelYieldsNone) { EXPECT_EQ(Read({}), Names()); }
 
 TEST_F(TextureNames, AnEmptyNameIsSkipped) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull", "", "wing", ""});
-  EXPECT_EQ(Read(model), 2);
-  EXPECT_EQ(names, (Names{"hull", "wing"}));
+  EXPECT_EQ(Read(model), (Names{"hull", "wing"}));
 }
 
-TEST_F(TextureNames, ATableOfEmptyNamesAloneLeavesTheArrayAsItWas) {
-  names = {"before"};
+TEST_F(TextureNames, ATableOfEmptyNamesAloneYieldsNone) {
   Bytes model = ModelHead();
   AddTextures(model, {"", ""});
-  EXPECT_EQ(Read(model), 0);
-  EXPECT_EQ(names, Names{"before"});
+  EXPECT_EQ(Read(model), Names());
 }
 
 TEST_F(TextureNames, ThatDifferInLetterCaseAreTwo) {
   Bytes model = ModelHead();
   AddTextures(model, {"Hull", "hull", "HULL", "Hull"});
-  EXPECT_EQ(Read(model), 3);
-  EXPECT_EQ(names, (Names{"Hull", "hull", "HULL"}));
+  EXPECT_EQ(Read(model), (Names{"Hull", "hull", "HULL"}));
 }
 
-TEST_F(TextureNames, ThatDifferInBlanksAreTwo) {
+TEST_F(TextureNames, ThatDifferInSpacesAreDifferent) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull", " hull", "hull "});
-  EXPECT_EQ(Read(model), 3);
+  EXPECT_EQ(Read(model), (Names{"hull", " hull", "hull "}));
 }
 
 TEST_F(TextureNames, FiftyAreListed) {
   Bytes model = ModelHead();
   AddTextures(model, Numbered(50));
   AddTextures(model, {"texture49", "", "texture0"});
-  EXPECT_EQ(Read(model), 50);
-  EXPECT_EQ(names, Numbered(50));
+  EXPECT_EQ(Read(model), Numbered(50));
 }
 
 TEST_F(TextureNames, FiftyOneAreAnError) {
-  names = {"before"};
   Bytes model = ModelHead();
   AddTextures(model, Numbered(51));
-  ExpectTrapped("it names more than 50 textures");
-  EXPECT_EQ(Read(model), 0);
-  EXPECT_EQ(names, Names{"before"});
+  ExpectRefused(model, "it names more than 50 textures", ErrorKind::tooMany);
 }
 
-TEST_F(TextureNames, AMissingModelGivesItsBox) {
-  names = {"before"};
-  at.desk.ExpectBox("Error - Path not found", "ORAVIN");
-  EXPECT_EQ(GetShpTextureNames(at.host, path, names), 0);
-  EXPECT_EQ(names, Names{"before"});
+TEST_F(TextureNames, AMissingModelIsAnError) {
+  EXPECT_EQ(test::KindThrown([&] { ReadShpTextureNames(files, path); }), ErrorKind::missing);
 }
 
-TEST_F(TextureNames, ThePathIsTrimmedInPlace) {
+TEST_F(TextureNames, SpacesAroundThePathDoNotMatter) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull"});
-  const std::string plain = path;
   path = "  " + path + " ";
-  test::WriteFileAt(folder.Native("model.shp"), model);
-  EXPECT_EQ(GetShpTextureNames(at.host, path, names), 1);
-  EXPECT_EQ(path, plain);
+  EXPECT_EQ(Read(model), Names{"hull"});
 }
 
 TEST_F(TextureNames, ANameWithoutAnEndIsAnError) {
@@ -137,8 +123,7 @@ TEST_F(TextureNames, ANameWithoutAnEndIsAnError) {
   AddChunkHeader(model, 6, 36, 1);
   const Bytes name = BytesOf("endless");
   model.insert(model.end(), name.begin(), name.end());
-  ExpectTrapped("a texture's name in it has no end");
-  EXPECT_EQ(Read(model), 0);
+  ExpectRefused(model, "a texture's name in it has no end");
 }
 
 TEST_F(TextureNames, AVeryLongNameIsAnError) {
@@ -146,11 +131,9 @@ TEST_F(TextureNames, AVeryLongNameIsAnError) {
   AddChunkHeader(model, 6, 36, 1);
   model.insert(model.end(), 65535, 'a');
   model.push_back(0);
-  EXPECT_EQ(Read(model), 1);
-  EXPECT_EQ(names.at(0).size(), 65535U);
+  EXPECT_EQ(Read(model), Names{std::string(65535, 'a')});
   model.insert(model.end() - 1, 'a');
-  ExpectTrapped("a texture's name in it has no end");
-  EXPECT_EQ(Read(model), 0);
+  ExpectRefused(model, "a texture's name in it has no end");
 }
 
 TEST_F(TextureNames, ANameMayRunOnPastItsElement) {
@@ -159,54 +142,49 @@ TEST_F(TextureNames, ANameMayRunOnPastItsElement) {
   const Bytes all = BytesOf("longname");
   model.insert(model.end(), all.begin(), all.end());
   AddOther(model, 256, 0);  // its first byte is the zero that ends the names
-  EXPECT_EQ(Read(model), 2);
-  EXPECT_EQ(names, (Names{"longname", "name"}));
+  EXPECT_EQ(Read(model), (Names{"longname", "name"}));
 }
 
 TEST_F(TextureNames, ATableThatReachesPastTheEndIsAnError) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull"});
   model[model.size() - 36 - 2] = 2;  // one more than there are
-  ExpectTrapped("a texture's name in it has no end");
-  EXPECT_EQ(Read(model), 0);
+  ExpectRefused(model, "a texture's name in it has no end");
 }
 
 TEST_F(TextureNames, AnotherChunkThatReachesPastTheEndEndsTheWalk) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull"});
   AddChunkHeader(model, 2, 65535, 65535);
-  EXPECT_EQ(Read(model), 1);
+  EXPECT_EQ(Read(model), Names{"hull"});
 }
 
-TEST_F(TextureNames, ElementsOfNoSizeBearOneName) {
+TEST_F(TextureNames, ElementsOfNoSizeHaveOneName) {
   Bytes model = ModelHead();
   AddChunkHeader(model, 6, 0, 65535);
   AddOther(model, 0x6161, 3, 0);  // "aa" and the element size's low byte
-  EXPECT_EQ(Read(model), 1);
-  EXPECT_EQ(names, Names{"aa\x03"});
+  EXPECT_EQ(Read(model), Names{"aa\x03"});
 }
 
 TEST_F(TextureNames, WalksThatHardlyAdvanceEnd) {
   Bytes model;
   while (model.size() < 400000) AddChunkHeader(model, 6, 0, 65535);
   model.push_back(0);
-  EXPECT_EQ(Read(model), 1);  // every name is the 6 that begins the next chunk's header
-  EXPECT_EQ(names, Names{"\x06"});
+  // every name is the 6 that begins the next chunk's header
+  EXPECT_EQ(Read(model), Names{"\x06"});
 }
 
-TEST_F(TextureNames, AFailingDiskIsToldAndLeavesTheArrayAsItWas) {
+TEST_F(TextureNames, AFailingDiskIsAnError) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull"});
   test::WriteFileAt(folder.Native("model.shp"), model);
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
-    test::ScriptedHost here;
-    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
-    test::Watch(here.host.files, fault);
-    Names read = {"before"};
-    const int count = GetShpTextureNames(here.host, path, read);
-    EXPECT_EQ(count, fault.happened ? 0 : 1);
-    EXPECT_EQ(read, Names{fault.happened ? "before" : "hull"});
-    EXPECT_EQ(here.desk.shown.size(), fault.happened ? 1U : 0U);
+    Files failing;
+    test::Watch(failing, fault);
+    Names read;
+    const auto error = test::Thrown([&] { read = ReadShpTextureNames(failing, path); });
+    EXPECT_EQ(error.has_value(), fault.happened);
+    EXPECT_EQ(read, fault.happened ? Names() : Names{"hull"});
   });
 }
 
@@ -257,13 +235,10 @@ TEST_F(TextureNames, OfHostileModelsAreThoseOfThePlainestReader) {
     }
     const auto expected = PlainNames(model);
     test::WriteFileAt(folder.Native("model.shp"), model);
-    test::ScriptedHost here;
-    here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Names read;
-    const int count = GetShpTextureNames(here.host, path, read);
-    ASSERT_EQ(here.desk.shown.size(), expected ? 0U : 1U);
+    const auto error = test::Thrown([&] { read = ReadShpTextureNames(files, path); });
+    ASSERT_EQ(error.has_value(), !expected);
     ASSERT_EQ(read, expected.value_or(Names()));
-    ASSERT_EQ(count, static_cast<int>(read.size()));
     (expected ? listed : refused) += 1;
   }
   EXPECT_GT(refused, 300);

@@ -1,6 +1,7 @@
+#include "actions/restore_stats.h"
+
 #include <gtest/gtest.h>
 
-#include "stats/ship_stats.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/scripted_desk.h"
@@ -30,13 +31,14 @@ ShipRecord Ship(const std::string& name, int index, bool imported = false) {
   return ship;
 }
 
-/// A game folder whose statistics were changed in every block, with the defaults beside them.
+/// A game folder whose statistics were changed in every block, and the defaults.
 struct RestoredStats : testing::Test {
   TemporaryFolder folder;
   ScriptedHost at;
-  std::string current = folder.Windows("shipstats.bin");
-  std::string defaults = folder.Windows("shipstats.def");
-  Ships ships = {Ship("A", 0), Ship("B", 1), Ship("C", 2, true), ShipRecord()};
+  Installation installation{
+      folder.windows, folder.windows, {Ship("A", 0), Ship("B", 1), Ship("C", 2, true), ShipRecord()}};
+  Ships& ships = installation.ships;
+  std::string current = installation.statsPath();
 
   void SetUp() override {
     WriteFileAt(folder.Native("shipstats.bin"), Now(100, 200, 300));
@@ -53,14 +55,14 @@ struct RestoredStats : testing::Test {
 };
 
 TEST_F(RestoredStats, EveryStockShipGetsItsOwnBackAndTheDefaultsAreDeleted) {
-  RestoreShipStats(at.host, current, defaults, ships);
+  RestoreShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(1, 2, 300)}}, ImageOf(folder.native)));
 }
 
 TEST_F(RestoredStats, ASecondRestoreFails) {
-  RestoreShipStats(at.host, current, defaults, ships);
+  RestoreShipStats(at.host, installation);
   ExpectMissing();
-  RestoreShipStats(at.host, current, defaults, ships);
+  RestoreShipStats(at.host, installation);
   EXPECT_EQ(ReadFileAt(folder.Native("shipstats.bin")), Now(1, 2, 300));
 }
 
@@ -68,14 +70,14 @@ TEST_F(RestoredStats, AMissingCurrentFileKeepsTheDefaults) {
   std::filesystem::remove(folder.Native("shipstats.bin"));
   const FolderImage before = ImageOf(folder.native);
   ExpectMissing();
-  RestoreShipStats(at.host, current, defaults, ships);
+  RestoreShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(before, ImageOf(folder.native)));
 }
 
 TEST_F(RestoredStats, AShipWithoutABlockIsReportedAndTheOthersAreRestored) {
   ships[0].StatsIndex = Int16Value(7);
   ExpectInvalidShip();
-  RestoreShipStats(at.host, current, defaults, ships);
+  RestoreShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(100, 2, 300)}}, ImageOf(folder.native)));
 }
 
@@ -84,7 +86,7 @@ TEST_F(RestoredStats, AnIndexThatIsNoBlockNumberIsAnInvalidShip) {
     SetUp();
     ships[0].StatsIndex = index;
     ExpectInvalidShip();
-    RestoreShipStats(at.host, current, defaults, ships);
+    RestoreShipStats(at.host, installation);
     EXPECT_EQ(ReadFileAt(folder.Native("shipstats.bin")), Now(100, 2, 300));
   }
 }
@@ -95,7 +97,7 @@ TEST_F(RestoredStats, WhereAWriteFailsTheDefaultsAreKept) {
     at.desk.ExpectBox("Error - could not open " + current + ": it is read-only", "PutShipsStats", Icon::exclamation);
   }
   const FolderImage before = ImageOf(folder.native);
-  RestoreShipStats(at.host, current, defaults, ships);
+  RestoreShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(before, ImageOf(folder.native)));
 }
 
@@ -105,10 +107,10 @@ TEST_F(RestoredStats, WhateverFailsAnotherRestoreFinishesIt) {
     ScriptedHost failing;
     failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
-    RestoreShipStats(failing.host, current, defaults, ships);
+    RestoreShipStats(failing.host, installation);
     EXPECT_EQ(failing.desk.shown.size(), fault.happened ? 1U : 0U);
     EXPECT_EQ(std::filesystem::exists(folder.Native("shipstats.def")), fault.happened) << fault.what;
-    if (fault.happened) RestoreShipStats(at.host, current, defaults, ships);
+    if (fault.happened) RestoreShipStats(at.host, installation);
     EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(1, 2, 300)}}, ImageOf(folder.native)));
   });
 }
@@ -118,34 +120,34 @@ TEST_F(RestoredStats, WhereverTheProcessStopsAnotherRestoreFinishesIt) {
     SetUp();
     ScriptedHost stopping;
     test::Watch(stopping.host.files, fault);
-    const bool stopped = test::Stopped([&] { RestoreShipStats(stopping.host, current, defaults, ships); });
-    if (stopped) RestoreShipStats(at.host, current, defaults, ships);
+    const bool stopped = test::Stopped([&] { RestoreShipStats(stopping.host, installation); });
+    if (stopped) RestoreShipStats(at.host, installation);
     EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(1, 2, 300)}}, ImageOf(folder.native)));
   });
 }
 
 TEST_F(RestoredStats, WithoutACatalogueEveryBlockThatBothFilesHaveIsRestored) {
-  RestoreAllBlocks(at.host, current, defaults);
+  RestoreAllBlocks(at.host, installation);
   EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(1, 2, 300)}}, ImageOf(folder.native)));
 }
 
 TEST_F(RestoredStats, WithoutACatalogueADefaultBlockThatIsCutOffIsPassedOver) {
   std::filesystem::resize_file(folder.Native("shipstats.def"), 2 * 352 - 1);
-  RestoreAllBlocks(at.host, current, defaults);
+  RestoreAllBlocks(at.host, installation);
   EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(1, 200, 300)}}, ImageOf(folder.native)));
 }
 
 TEST_F(RestoredStats, WithoutACatalogueAMissingFileIsReported) {
   std::filesystem::remove(folder.Native("shipstats.def"));
   ExpectMissing();
-  RestoreAllBlocks(at.host, current, defaults);
+  RestoreAllBlocks(at.host, installation);
   EXPECT_EQ(ReadFileAt(folder.Native("shipstats.bin")), Now(100, 200, 300));
 }
 
 TEST_F(RestoredStats, WithoutACatalogueWhereAWriteFailsTheDefaultsAreKept) {
   test::SetReadOnly(folder.Native("shipstats.bin"), true);
   at.desk.ExpectBox("Error - could not open " + current + ": it is read-only", "PutShipsStats", Icon::exclamation);
-  RestoreAllBlocks(at.host, current, defaults);
+  RestoreAllBlocks(at.host, installation);
   EXPECT_TRUE(std::filesystem::exists(folder.Native("shipstats.def")));
 }
 
@@ -155,7 +157,7 @@ TEST_F(RestoredStats, SettingUpCopiesEachPairOnceFromTheHigherIndex) {
   ships[1].Changed = true;
   ships[1].ChangedToIndex = Int16Value(0);
   const Bytes kept = ReadFileAt(folder.Native("shipstats.def"));
-  SetUpShipStats(at.host, current, defaults, ships);
+  SetUpShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(FolderImage{{"shipstats.bin", Now(2, 200, 300)}, {"shipstats.def", kept}},
                               ImageOf(folder.native)));
 }
@@ -164,14 +166,14 @@ TEST_F(RestoredStats, SettingUpUsesThePartnersOwnBlock) {
   ships[0].StatsIndex = Int16Value(2);  // ship 0 stands in block 2
   ships[1].Changed = true;
   ships[1].ChangedToIndex = Int16Value(0);
-  SetUpShipStats(at.host, current, defaults, ships);
+  SetUpShipStats(at.host, installation);
   EXPECT_EQ(ReadFileAt(folder.Native("shipstats.bin")), Now(100, 200, 2));
 }
 
 TEST_F(RestoredStats, SettingUpWithoutChangedShipsChangesNothing) {
   ships[1].ChangedToIndex = Int16Value(0);
   const FolderImage before = ImageOf(folder.native);
-  SetUpShipStats(at.host, current, defaults, ships);
+  SetUpShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(before, ImageOf(folder.native)));
 }
 
@@ -181,24 +183,25 @@ TEST_F(RestoredStats, SettingUpPassesOverAPartnerOutsideOfTheArray) {
   ships[0].Changed = true;
   ships[0].ChangedToIndex = Int16Value(30000);
   const FolderImage before = ImageOf(folder.native);
-  SetUpShipStats(at.host, current, defaults, ships);
+  SetUpShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(before, ImageOf(folder.native)));
 }
 
 TEST_F(RestoredStats, SettingUpWithoutTheDefaultsReports) {
   std::filesystem::remove(folder.Native("shipstats.def"));
   ExpectMissing();
-  SetUpShipStats(at.host, current, defaults, ships);
+  SetUpShipStats(at.host, installation);
 }
 
 struct BackedUpStats : testing::Test {
   TemporaryFolder folder;
   ScriptedHost at;
+  Installation installation{folder.windows, folder.windows, {}};
 };
 
 TEST_F(BackedUpStats, TheDefaultsAreACopy) {
   WriteFileAt(folder.Native("ShipStats.bin"), "statistics");
-  BackupShipStats(at.host, folder.windows + "shipstats.bin", folder.windows + "shipstats.def");
+  BackupShipStats(at.host, installation);
   EXPECT_EQ(ImageOf(folder.native),
             (FolderImage{{"ShipStats.bin", BytesOf("statistics")}, {"shipstats.def", BytesOf("statistics")}}));
 }
@@ -207,14 +210,14 @@ TEST_F(BackedUpStats, DefaultsThatAreThereStay) {
   WriteFileAt(folder.Native("shipstats.bin"), "changed");
   WriteFileAt(folder.Native("ShipStats.DEF"), "defaults");
   const FolderImage before = ImageOf(folder.native);
-  BackupShipStats(at.host, folder.windows + "shipstats.bin", folder.windows + "shipstats.def");
+  BackupShipStats(at.host, installation);
   EXPECT_TRUE(test::SameImage(before, ImageOf(folder.native)));
 }
 
 TEST_F(BackedUpStats, AMissingFileGivesItsBox) {
   WriteFileAt(folder.Native("shipstats.def"), "defaults");
   at.desk.ExpectBox("Can't find shipstats.bin", "Oravin", Icon::exclamation);
-  BackupShipStats(at.host, folder.windows + "shipstats.bin", folder.windows + "shipstats.def");
+  BackupShipStats(at.host, installation);
 }
 
 TEST_F(BackedUpStats, WhereverTheProcessStopsTheDefaultsAreWholeOrMissing) {
@@ -223,10 +226,9 @@ TEST_F(BackedUpStats, WhereverTheProcessStopsTheDefaultsAreWholeOrMissing) {
     WriteFileAt(folder.Native("shipstats.bin"), "statistics");
     ScriptedHost stopping;
     test::Watch(stopping.host.files, fault);
-    const bool stopped = test::Stopped(
-        [&] { BackupShipStats(stopping.host, folder.windows + "shipstats.bin", folder.windows + "shipstats.def"); });
+    const bool stopped = test::Stopped([&] { BackupShipStats(stopping.host, installation); });
     EXPECT_EQ(std::filesystem::exists(folder.Native("shipstats.def")), !stopped);
-    BackupShipStats(at.host, folder.windows + "shipstats.bin", folder.windows + "shipstats.def");
+    BackupShipStats(at.host, installation);
     EXPECT_EQ(test::ReadTextAt(folder.Native("shipstats.def")), "statistics");
   });
 }

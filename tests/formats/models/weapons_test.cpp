@@ -3,7 +3,7 @@
 #include <array>
 #include <random>
 
-#include "models/attachments.h"
+#include "models/weapons.h"
 #include "support/model_file.h"
 
 namespace oravin {

@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "files/file.h"
-#include "files/whole_file.h"
+#include "demo/archive_writer.h"
+#include "demo/compressor.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
 #include "support/stats_tab_stage.h"
-#include "tabs/weapons_edit.h"
 
 namespace oravin::test {
 namespace {
@@ -27,21 +26,17 @@ struct RestoredWeapons : TabStage {
     for (const ShpAttachment& attachment : modified) {
       PutElement(modifiedModel, static_cast<std::size_t>(attachment.filePosition), attachment);
     }
+    WriteArchive(demo::Compress(stock));
   }
 
   void Put(const std::string& name, const Bytes& model) const { WriteFileAt(folder.Native(name), model); }
-  bool Restore(std::size_t ship) { return Restore(at.host, ship); }
-  bool Restore(Host& host, std::size_t ship) {
-    return RestoreWeapons(host, installation, ship,
-                          [&](const std::string& destination, const std::string& name, const ShipRecord& record) {
-                            ++unpackings;
-                            EXPECT_EQ(destination, installation.ProgramPath);
-                            EXPECT_EQ(name, "tmpweapn");
-                            EXPECT_EQ(&record, &installation.ships[ship]);
-                            if (unpacked && held) WriteWhole(host.files, destination + name, *unpacked);
-                            return held;
-                          });
+  /// Writes the archive, in which each of the stock ships has the same model.
+  void WriteArchive(const Bytes& entry) const {
+    std::vector<demo::ArchiveFile> files{{"sounds\\hum.wav", Bytes(100, 0x20)}};
+    for (const char* name : {"alpha.shp", "bravo.shp", "twin.shp"}) files.push_back({name, entry});
+    Put("game/resource.hog", demo::BuildArchive(files));
   }
+  bool Restore(std::size_t ship) { return RestoreWeapons(at.host, installation, ship); }
   /// Restores and expects that nothing at all changes.
   void ExpectNothing(std::size_t ship) {
     const FolderImage before = Image();
@@ -52,9 +47,6 @@ struct RestoredWeapons : TabStage {
   Bytes stock;
   Bytes modifiedModel;
   ShpAttachments modified;
-  std::optional<Bytes> unpacked = ModelWith(weapons);
-  bool held = true;  ///< whether the archive holds the models
-  int unpackings = 0;
 };
 
 TEST_F(RestoredWeapons, OfAStockShipAreThoseOfTheArchivesModel) {
@@ -63,7 +55,6 @@ TEST_F(RestoredWeapons, OfAStockShipAreThoseOfTheArchivesModel) {
   expected.at("game/ships/alpha.shp") = stock;
   EXPECT_TRUE(Restore(alpha));
   EXPECT_TRUE(SameImage(expected, Image()));
-  EXPECT_EQ(unpackings, 1);
 }
 
 TEST_F(RestoredWeapons, KeepWhatElseDiffersInTheModel) {
@@ -141,23 +132,45 @@ TEST_F(RestoredWeapons, LeaveAVariantOfAnotherFormAlone) {
 }
 
 TEST_F(RestoredWeapons, OfAStockShipThatTheArchiveHasNotHaveNoOriginal) {
-  held = false;
+  Put("game/resource.hog", demo::BuildArchive({{"sounds\\hum.wav", Bytes(100, 0x20)}}));
   at.desk.ExpectBox("No suitable original can be found", "RestoreWeapons");
   ExpectNothing(alpha);
 }
 
-TEST_F(RestoredWeapons, StayWhereTheUnpackingFailed) {
-  unpacked.reset();  // the unpacking has its own box
+TEST_F(RestoredWeapons, OfAStockShipWhoseEntryIsEmptyHaveNoOriginal) {
+  WriteArchive({});
+  at.desk.ExpectBox("No suitable original can be found", "RestoreWeapons");
   ExpectNothing(alpha);
 }
 
-TEST_F(RestoredWeapons, ATemporaryModelThatWasLeftOverIsNotTakenForTheOriginal) {
-  unpacked.reset();
-  Put("game/ships/alpha.shp", modifiedModel);
-  const FolderImage before = Image();
-  Put("program/tmpweapn", stock);
-  EXPECT_FALSE(Restore(alpha));
-  EXPECT_TRUE(SameImage(before, Image()));
+TEST_F(RestoredWeapons, StayWhereTheArchiveIsMissing) {
+  std::filesystem::remove(Game("resource.hog"));
+  at.desk.ExpectBox("Error - Path(s) not found", "UnpackFile()");
+  ExpectNothing(alpha);
+}
+
+TEST_F(RestoredWeapons, StayWhereTheArchivesModelIsDamaged) {
+  Bytes damaged = demo::Compress(stock);
+  damaged.resize(5);
+  Put("game/resource.hog", demo::BuildArchive({{"alpha.shp", damaged}}));
+  at.desk.ExpectBox("Error - could not unpack alpha.shp: it refers to what lies before its start", "UnpackFile()");
+  ExpectNothing(alpha);
+}
+
+TEST_F(RestoredWeapons, OfAStoredModelCountTheAttachmentsInTheBytesThatFollowItToo) {
+  // The loose model was written with the same bytes after its own, so the tables have one form.
+  ShpAttachments more = {Gun(1, 2, 3, 4)};
+  Bytes next;
+  AddAttachments(next, more);
+  next.resize(60000);
+  Put("game/resource.hog", demo::BuildArchive({{"alpha.shp", stock}, {"next", next}}));
+  Bytes loose = stock;
+  loose.insert(loose.end(), next.begin(), next.begin() + 50000);
+  Bytes changed = loose;
+  std::copy(modifiedModel.begin(), modifiedModel.end(), changed.begin());
+  Put("game/ships/alpha.shp", changed);
+  EXPECT_TRUE(Restore(alpha));
+  EXPECT_TRUE(SameBytes(loose, ReadFileAt(Game("ships/alpha.shp"))));
 }
 
 TEST_F(RestoredWeapons, OfAMissingModelHaveTheirBox) {
@@ -173,7 +186,6 @@ TEST_F(RestoredWeapons, OfAnImportedShipAreThoseOfItsBackup) {
   expected.at("game/ships/manta.shp") = stock;
   EXPECT_TRUE(Restore(manta));
   EXPECT_TRUE(SameImage(expected, Image()));
-  EXPECT_EQ(unpackings, 0);
 }
 
 TEST_F(RestoredWeapons, OfAnImportedShipWithoutABackupAreThoseOfTheAddOn) {
@@ -211,8 +223,8 @@ TEST_F(RestoredWeapons, OfAnImportedShipWithoutEitherHaveNoOriginal) {
 TEST_F(RestoredWeapons, PastTheHundredAndTwentiethStayAsTheyAre) {
   ShpAttachments many;
   for (int i = 0; i < 125; ++i) many.push_back({0, 2, i, i, i, 1, 0});
-  unpacked = ModelWith(many);
-  Bytes changed = *unpacked;
+  Bytes changed = ModelWith(many);
+  WriteArchive(demo::Compress(changed));
   for (const std::size_t i : {0U, 119U, 120U, 124U}) {
     ShpAttachment other = many[i];
     other.gunType = 15;
@@ -239,37 +251,21 @@ TEST_F(RestoredWeapons, OfAShipThatIsNoneAreNothing) {
   ExpectNothing(8);
 }
 
-TEST_F(RestoredWeapons, TheTemporaryModelIsGoneAfterAnyFailure) {
-  FolderImage done = Image();
+TEST_F(RestoredWeapons, AFailureAnywhereIsReportedAndASecondTryFinishesIt) {
+  const FolderImage done = Image();
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
     Put("game/ships/twin.shp", modifiedModel);
     Put("game/ships/t_twin.shp", modifiedModel);
     ScriptedHost here;
     here.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(here.host.files, fault);
-    const bool restored = Restore(here.host, twin);
+    const bool restored = RestoreWeapons(here.host, installation, twin);
     EXPECT_TRUE(restored || fault.happened);
     EXPECT_EQ(here.desk.shown.empty(), !fault.happened);
-    // Erasing it is the one thing that may itself fail.
-    if (fault.what.starts_with("erase")) std::filesystem::remove(Program("tmpweapn"));
-    EXPECT_FALSE(std::filesystem::exists(Program("tmpweapn")));
-    here.host.files.before = nullptr;
-    EXPECT_TRUE(Restore(here.host, twin));
+    EXPECT_TRUE(Restore(twin));
     EXPECT_TRUE(SameImage(done, Image()));
   });
   EXPECT_GT(operations, 15);
-}
-
-TEST_F(RestoredWeapons, AreShownAgain) {
-  Put("game/ships/alpha.shp", modifiedModel);
-  Choose(alpha);
-  EXPECT_EQ(tab.shipWeaponsList.rows.at(0).texts.at(0), "External - Unknown");
-  cmdRestoreWeapons_Click(at.host, tab, installation,
-                          [&](const std::string& destination, const std::string& name, const ShipRecord&) {
-                            WriteWhole(at.host.files, destination + name, stock);
-                            return true;
-                          });
-  EXPECT_EQ(tab.shipWeaponsList.rows.at(0).texts.at(0), "Pair: Pulse Cannon");
 }
 
 }  // namespace
