@@ -10,8 +10,8 @@
 namespace oravin {
 
 /// True when the texture cache has free slots for the textures of the list's add-on ships and for their companions.
-/// Nothing is changed, and no box comes.
-bool CacheHasSlotsFor(const Installation& installation, const std::vector<ListedShip>& list);
+/// Nothing is changed, and no box is shown.
+bool CacheHasSlotsFor(Files& files, const Installation& installation, const std::vector<ListedShip>& list);
 
 /// Builds the catalogue from the ship list and loads it.
 ///

@@ -24,7 +24,7 @@ void SetUpLoadouts(Main& main) {
                                 [&] { return LackingCompanions(main.host.files, cache, installation.ships); });
   if (lacking.empty()) return;
   ShowProgress(main.host, "Making loadout textures", 0, 1);
-  LoadoutSetup(main.host, cache, installation.ProgramPath, lacking, lacking.size());
+  LoadoutSetup(main.host, installation, lacking);
 }
 
 }  // namespace oravin

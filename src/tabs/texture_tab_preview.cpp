@@ -1,5 +1,4 @@
-// The Tcache Editor tab's pictures: the preview of the selected texture, and the thumbnails.
-
+// The pictures of the "Tcache Editor" tab: the preview of the selected texture, and the thumbnails.
 #include "base/file_error.h"
 #include "tabs/texture_tab.h"
 #include "textures/extract_texture.h"

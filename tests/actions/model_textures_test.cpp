@@ -40,7 +40,7 @@ struct TheTextureList : CacheStage {
   std::string Why(const Bytes& bitmap) {
     Write("some.bmp", bitmap);
     BmpInfo info;
-    return WhyUnusable(folder.Windows("some.bmp"), info);
+    return WhyUnusable(at.host.files, folder.Windows("some.bmp"), info);
   }
 
   GivenBitmaps given;
@@ -60,7 +60,7 @@ TEST_F(TheTextureList, ListsTheNamesInTheOrderOfTheModel) {
 TEST_F(TheTextureList, LooksEachNameUpInTheCacheWithoutRegardToCase) {
   ASSERT_TRUE(ListNames({"HULL", "t7", "none"}));
   ASSERT_TRUE(textures[0].cached.has_value());
-  EXPECT_EQ(textures[0].cached->entryOffset, FindStructOffset(at.host, Path(), "HULL"));
+  EXPECT_EQ(textures[0].cached->entryOffset, TcacheEntryOffset(426));
   EXPECT_EQ(textures[0].cached->width, 8);
   EXPECT_EQ(textures[0].cachedPalette, "3D\\cube.bmp");
   ASSERT_TRUE(textures[1].cached.has_value());
@@ -136,7 +136,7 @@ TEST_F(TheTextureList, SaysWhyABitmapCannotBecomeATexture) {
   EXPECT_EQ(Why(Bitmap(300, 300, 8, Pattern(90000))),
             "its sides must each be one of 2, 4, 8, ... 256, and it must not be compressed");
   BmpInfo info;
-  EXPECT_EQ(WhyUnusable(folder.Windows("none.bmp"), info), "it is no bitmap that can be read");
+  EXPECT_EQ(WhyUnusable(at.host.files, folder.Windows("none.bmp"), info), "it is no bitmap that can be read");
 }
 
 TEST_F(TheTextureList, ABitmapThatLiesAboutItsSizeIsListedAsUnusable) {

@@ -25,8 +25,7 @@ struct TheRemoval : test::CacheStage {
   }
   /// The names from slot 426 on.
   std::vector<std::string> UserNames() {
-    TcacheTable table;
-    GetTcacheTable(at.host, Path(), table);
+    const TcacheTable table = GetTcacheTable(at.host.files, Path());
     std::vector<std::string> names;
     for (std::size_t i = 426; i < table.size(); ++i) names.push_back(table[i].name);
     return names;
