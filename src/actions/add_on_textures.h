@@ -6,7 +6,7 @@
 #include "desk/host.h"
 #include "installation/installation.h"
 
-/// The textures of add-on ships: their names stand in the models, their bitmaps in `addons\textures\` of the program
+/// The textures of add-on ships: their names are in the models, their bitmaps in `addons\textures\` of the program
 /// folder.
 namespace oravin {
 

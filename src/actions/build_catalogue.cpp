@@ -91,7 +91,7 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
     ShipRecord ship = NewRecord(line);
     if (line.kind == importedKind) ship.Imported = true;
     if (IsInert(ship)) {
-      // A line without a model: its record is kept for the order of the records, and nothing works on it.
+      // A line without a model: its record only keeps the order of the records.
     } else if (ship.Imported) {
       PrepareAddOn(host, installation, ship, counts, shortcomings);
     } else {

@@ -58,7 +58,7 @@ bool ImportFighterTextures(Host& host, const Installation& installation, const s
 /// texture's through the maps.
 NewTexture CompanionOf(const NewTexture& texture, const LoadoutMaps& maps);
 
-/// The errors behind the boxes listed above.
+/// The errors for three of the boxes listed above.
 FileError CacheIsFull(const std::string& cachePath);
 FileError CacheIsDamaged(const std::string& cachePath);
 FileError BitmapDoesNotFit(const std::string& bitmapPath);

@@ -31,7 +31,7 @@ bool HasNames(Files& files, const std::string& path) {
   return false;
 }
 
-/// True when the file is long enough for a model and nothing but whole chunks; less than a header may be left over.
+/// True when the file is long enough for a model and consists of whole chunks; less than a header may be left over.
 bool IsAllChunks(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   if (reader.length <= classByteAt) return false;
@@ -114,7 +114,7 @@ bool TextureList(Host& host, std::string modelPath, const std::string& cachePath
     std::vector<std::string> names;
     TrimInPlace(modelPath);
     if (!FileExists(host.files, modelPath)) {
-      GetShpTextureNames(host, modelPath, names);  // it tells that the model is missing
+      GetShpTextureNames(host, modelPath, names);  // shows the box for a missing model
       return;
     }
     if (!IsShpFile(host.files, modelPath)) {

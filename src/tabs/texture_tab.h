@@ -27,7 +27,7 @@ struct TcacheTab {
   Button cmdBrowseTcacheSource;
   TextBox txtTcacheDestination;  ///< the folder for extracted bitmaps
   TextBox txtTcacheSource;       ///< the cache's path
-  ListView lstTcache;  ///< a row's key is "t" and the index of its texture in `table`; nothing else links the two
+  ListView lstTcache;  ///< a row's key is "t" and the index of its texture in `table`; the only link between the two
   Label lblTcacheSize;
   Label lblTcachePath;
   Label lblTcacheStructs;          ///< the number of textures; during an extraction the current one

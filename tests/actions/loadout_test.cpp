@@ -95,7 +95,7 @@ TEST_F(TheLoadout, OfDataThatLieNowhereStopsWithItsBox) {
   ExpectTidy();
 }
 
-TEST_F(TheLoadout, WithAMissingPathIsTold) {
+TEST_F(TheLoadout, WithAMissingPathIsReported) {
   at.desk.ExpectBox("Error - Path(s) not found", "LoadoutSetup", Icon::critical);
   EXPECT_FALSE(Set({}));
   Make(CacheWith({}));

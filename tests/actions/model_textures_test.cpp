@@ -89,7 +89,7 @@ TEST_F(TheTextureList, TheCacheIsReadOnceForAllNames) {
   EXPECT_EQ(opened, 1);
 }
 
-TEST_F(TheTextureList, FindsABitmapOfTheNameBesideTheModelAlone) {
+TEST_F(TheTextureList, FindsABitmapOfTheNameInTheModelsFolderOnly) {
   Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("tail.bmp", Bitmap(16, 8, 24, Pattern(384)));
   ASSERT_TRUE(ListNames({"wing", "tail"}));
@@ -101,7 +101,7 @@ TEST_F(TheTextureList, FindsABitmapOfTheNameBesideTheModelAlone) {
   EXPECT_EQ(textures[1].info, BmpInfo{});
 }
 
-TEST_F(TheTextureList, AGivenBitmapComesBeforeTheOneBesideTheModel) {
+TEST_F(TheTextureList, AGivenBitmapComesBeforeTheOneInTheModelsFolder) {
   Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("other.bmp", Bitmap(4, 4, 8, Pattern(16)));
   given[BitmapKey(" WING ")] = folder.Windows("other.bmp");
@@ -171,7 +171,7 @@ TEST_F(TheTextureList, AModelWithoutTexturesIsAModel) {
   EXPECT_TRUE(List(trailing));
 }
 
-TEST_F(TheTextureList, BytesBehindAModelWithTexturesDoNotMatter) {
+TEST_F(TheTextureList, BytesAfterAModelWithTexturesDoNotMatter) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull"});
   const Bytes foreign(50000, 0xEE);
@@ -180,12 +180,12 @@ TEST_F(TheTextureList, BytesBehindAModelWithTexturesDoNotMatter) {
   EXPECT_EQ(textures.size(), 1U);
 }
 
-TEST_F(TheTextureList, AMissingModelIsToldOfAsByItsReader) {
+TEST_F(TheTextureList, AMissingModelShowsItsReadersBox) {
   at.desk.ExpectBox("Error - Path not found", "ORAVIN");
   EXPECT_FALSE(TextureList(at.host, folder.Windows("none.shp"), Path(), given, textures));
 }
 
-TEST_F(TheTextureList, AMissingCacheIsToldOfOnce) {
+TEST_F(TheTextureList, AMissingCacheShowsOneBox) {
   at.desk.ExpectBox("TCACHE file not found", "FindStructOffset");
   Write("pack/ship.shp", [] {
     Bytes model = ModelHead();

@@ -200,7 +200,7 @@ TEST_F(TheBatch, TakesAllBack) {
 
 TEST_F(TheBatch, IsTakenBackWholeAfterItsCommitByteForByte) {
   Bytes before = Cache(426);
-  for (std::size_t i = 0; i < 480; ++i) before[12 + 240 * 426 + i] = 0x3C;  // what stands in slots that are not used
+  for (std::size_t i = 0; i < 480; ++i) before[12 + 240 * 426 + i] = 0x3C;  // the content of unused slots
   Make(before);
   ASSERT_TRUE(Begin());
   EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::added);

@@ -105,7 +105,7 @@ TEST_F(TheExtraction, TakesTheCompanionsTemplateWhereItsTextureIsThere) {
   EXPECT_EQ(Bytes(bitmap.begin() + 54, bitmap.begin() + 1078), Bytes(gcube.begin() + 54, gcube.begin() + 1078));
 }
 
-TEST_F(TheExtraction, OfAnUnsupportedFormatGivesZerosBehindAsManyAsTheHeaderBeforeHad) {
+TEST_F(TheExtraction, OfAnUnsupportedFormatGivesZerosAfterAsManyAsTheHeaderBeforeHad) {
   Bytes cache = CacheWith({{"odd1", 1, 4, 4, 1},
                            {"flat", 1, 4, 4, 1},
                            {"odd2", 1, 4, 4, 1},
@@ -129,7 +129,7 @@ TEST_F(TheExtraction, OfAnUnsupportedFormatGivesZerosBehindAsManyAsTheHeaderBefo
   EXPECT_EQ(Extracted("odd2.bmp"), Bytes(48));
 }
 
-TEST_F(TheExtraction, TellsWhichTextureItIsAt) {
+TEST_F(TheExtraction, ShowsWhichTextureItIsAt) {
   Open(CacheWith({{"flat", 1, 4, 4, 1}, {"deep", 2, 4, 4, 1}}));
   Select({"flat", "deep"});
   ExpectComplete();
@@ -149,7 +149,7 @@ TEST_F(TheExtraction, ReplacesExistingFiles) {
   EXPECT_EQ(Extracted("flat.bmp").size(), 1078U + 16);
 }
 
-TEST_F(TheExtraction, IntoAMissingFolderIsTold) {
+TEST_F(TheExtraction, IntoAMissingFolderIsReported) {
   Open(Cache(3));
   for (const std::string& where : {folder.Windows("none"), std::string()}) {
     tab.txtTcacheDestination.text = where;

@@ -223,13 +223,13 @@ TEST_F(ThePanel, OfAFighterThatFailsAnywhereAddsBothOrNoneAndTidiesUp) {
   });
 }
 
-TEST_F(ThePanel, WithoutABitmapIsTold) {
+TEST_F(ThePanel, WithoutABitmapIsReported) {
   at.desk.ExpectBox("Import texture not found.", programTitle);
   Click();
   EXPECT_TRUE(test::SameBytes(before, CacheNow()));
 }
 
-TEST_F(ThePanel, WithoutANameIsToldAndTheNameTakesTheFocus) {
+TEST_F(ThePanel, WithoutANameShowsABoxAndFocusesTheName) {
   Write("a.bmp", Bitmap(8, 8, 8, Pattern(64)));
   for (const char* name : {"", "   "}) {
     panel.nameTakesFocus = false;

@@ -1,4 +1,4 @@
-// The preview of a texture beside the list, and the thumbnails.
+// The preview of a texture next to the list, and the thumbnails.
 
 #include "support/cache_stage.h"
 #include "tabs/texture_import_panel.h"

@@ -32,7 +32,7 @@ bool CanBeAddedTo(const TcacheBytes& cache);
 /// @param reserved how far they move the data end together, in bytes
 bool HasRoomFor(const TcacheBytes& cache, std::uint64_t reserved);
 
-/// Adds a texture's entry to the table in memory alone, with count and data end.
+/// Adds a texture's entry to the table in memory, with count and data end.
 /// @param cache has a free slot, and room for the texture
 void AddEntry(TcacheBytes& cache, const NewTexture& texture);
 

@@ -26,7 +26,7 @@ struct TheBitmap : test::CacheStage {
   }
 };
 
-TEST_F(TheBitmap, TellsItsSizesDepthAndImages) {
+TEST_F(TheBitmap, HasItsSizesDepthAndLevels) {
   EXPECT_EQ(InfoOf(Bitmap(64, 32, 8, Pattern(2048))), (BmpInfo{1078, 64, 32, 1, 1}));
   EXPECT_EQ(InfoOf(Bitmap(64, 32, 16, Pattern(4096))), (BmpInfo{54, 64, 32, 2, 1}));
   EXPECT_EQ(InfoOf(Bitmap(64, 32, 24, Pattern(6144))), (BmpInfo{54, 64, 32, 3, 1}));
@@ -127,7 +127,7 @@ TEST_F(TheBitmap, OfAnotherDepthDoesNotFit) {
   EXPECT_FALSE(Fits(Bitmap(64, 64, 32, Pattern(16384))));
   EXPECT_FALSE(Fits(Bitmap(64, 64, 4, Pattern(2048))));
   EXPECT_FALSE(Fits(Bitmap(64, 64, 1, Pattern(512))));
-  // Four rows of one bit a pixel are as long as one of eight: only the header tells them apart.
+  // Four rows of one bit a pixel are as long as one of eight: only the header shows which it is.
   EXPECT_FALSE(Fits(Bitmap(4, 4, 1, Pattern(16))));
 }
 
@@ -153,7 +153,7 @@ TEST_F(TheBitmap, WithAnOs2HeaderDoesNotFit) {
   EXPECT_FALSE(Fits(file));
 }
 
-TEST_F(TheBitmap, WhosePixelsBeginBehindItsEndDoesNotFit) {
+TEST_F(TheBitmap, WhosePixelsStartAfterItsEndDoesNotFit) {
   Bytes file = Bitmap(8, 8, 8, Pattern(64));
   for (const std::uint32_t offset : {0xFFFFFFFFU, 0x7FFFFFFFU, static_cast<std::uint32_t>(file.size())}) {
     SetLong(file, 10, offset);

@@ -172,7 +172,7 @@ TEST_F(ThePicture, OfABitmapOfAnotherDepthIsNoneWhereverItsPixelsBegin) {
   EXPECT_FALSE(BitmapPicture(at.host.files, folder.Windows("a.bmp"), info));
 }
 
-TEST_F(ThePicture, OfABitmapWhosePixelsBeginFarBehindItsHeader) {
+TEST_F(ThePicture, OfABitmapWhosePixelsStartFarAfterItsHeader) {
   constexpr std::uint32_t pixelsAt = 0xFFFF0000;
   Bytes file = Bitmap(4, 4, 8, {});
   SetLong(file, 10, pixelsAt);

@@ -63,7 +63,7 @@ TEST_F(TheTable, CountsOf1And425And426And999AreAccepted) {
   }
 }
 
-TEST_F(TheTable, AMissingCacheIsTold) { ExpectRefused(ErrorKind::missing); }
+TEST_F(TheTable, AMissingCacheIsReported) { ExpectRefused(ErrorKind::missing); }
 
 TEST_F(TheTable, AFileThatEndsBeforeItsSlotsIsRefused) {
   const Bytes whole = Cache(3);
