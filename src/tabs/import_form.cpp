@@ -46,10 +46,10 @@ std::vector<PackShip> ShipOfModel(Host& host, const std::string& path) {
   return {ship};
 }
 
-ListRow RowOf(Files& files, const PackShip& ship, std::size_t number) {
+ListRow RowOf(Files& files, const PackShip& ship, std::size_t index) {
   const bool there = FileExists(files, ship.modelPath);
   ListRow row;
-  row.key = "s" + std::to_string(number);
+  row.item = static_cast<int>(index);
   row.texts = {Trim(ship.shipName), ship.shipClass == capitalClass ? "Capital ship" : "Fighter",
                FileNameOf(ship.modelPath) + (there ? "" : " (not found)"), Trim(ship.suggestedSwitch)};
   row.tooltip = ship.modelPath;
@@ -163,7 +163,7 @@ bool LoadPack(Host& host, FighterPack& form, const Installation& installation, c
   form.caption = "Import: < " + FileNameOf(chosen) + " >";
   form.ships = std::move(ships);
   form.given.resize(form.ships.size());
-  for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(host.files, form.ships[i], i + 1));
+  for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(host.files, form.ships[i], i));
   ColourPack(form, installation);
   if (!form.ships.empty()) SelectOnly(form.lstPack, 0);
   // Nobody has chosen that ship: what is wrong with its model is told in the form, and in boxes when it is clicked.

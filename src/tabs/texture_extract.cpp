@@ -13,16 +13,10 @@ namespace {
 
 constexpr int enterKey = 13;
 
-/// The texture that a row shows; null when the table has none.
-const TcacheEntry* EntryOfRow(const TcacheTab& tab, const ListRow& row) {
-  const std::size_t index = NumberOfKey(row.key);
-  return index < tab.table.size() ? &tab.table[index] : nullptr;
-}
-
 std::vector<const TcacheEntry*> SelectedTextures(const TcacheTab& tab) {
   std::vector<const TcacheEntry*> selected;
   for (const ListRow& row : tab.lstTcache.rows) {
-    const TcacheEntry* entry = row.selected ? EntryOfRow(tab, row) : nullptr;
+    const TcacheEntry* entry = row.selected ? TextureOfRow(tab, row) : nullptr;
     if (entry != nullptr) selected.push_back(entry);
   }
   return selected;
@@ -59,7 +53,7 @@ void cmdExtractTcache_Click(Host& host, TcacheTab& tab, const Installation& inst
 
 void lstTcache_DblClick(Host& host, TcacheTab& tab, const Installation& installation) {
   const auto row = SelectedRow(tab.lstTcache);
-  const TcacheEntry* entry = row ? EntryOfRow(tab, tab.lstTcache.rows[*row]) : nullptr;
+  const TcacheEntry* entry = row ? TextureOfRow(tab, tab.lstTcache.rows[*row]) : nullptr;
   if (entry != nullptr) PaintTexture(host, installation, tab.openCache, tab.table, *entry);
 }
 

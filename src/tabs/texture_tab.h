@@ -27,7 +27,7 @@ struct TcacheTab {
   Button cmdBrowseTcacheSource;
   TextBox txtTcacheDestination;  ///< the folder for extracted bitmaps
   TextBox txtTcacheSource;       ///< the cache's path
-  ListView lstTcache;  ///< a row's key is "t" and the index of its texture in `table`; the only link between the two
+  ListView lstTcache;            ///< a row's item is the index of its texture in `table`, the only link between them
   Label lblTcacheSize;
   Label lblTcachePath;
   Label lblTcacheStructs;          ///< the number of textures; during an extraction the current one
@@ -46,8 +46,8 @@ struct TcacheTab {
   std::uint64_t seal = 0;         ///< checksum of header, table and length of the open cache
 };
 
-/// The index of a row's texture in the table, by the row's key.
-std::size_t NumberOfKey(const std::string& key);
+/// The texture that a row shows; null for a row without one.
+const TcacheEntry* TextureOfRow(const TcacheTab& tab, const ListRow& row);
 
 /// The tab as it looks before a cache is opened.
 TcacheTab NewTcacheTab();
