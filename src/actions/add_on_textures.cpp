@@ -35,20 +35,20 @@ std::vector<std::string> WantedTextures(const Ships& ships) {
 }
 
 /// Uses the maps' file only: Enable has already made it, or shown a box that says why it could not.
-void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
+void UseMapsThatAreThere(Files& files, const Installation& installation, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
-    if (FileExists(files, batch.mapsPath)) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
+    batch.maps = ReadLoadoutMaps(files, installation.loadoutMapsPath());
   } catch (const FileError&) {
     batch.maps.reset();
   }
 }
 
 /// Finds the maps that Enable will have, without making their file.
-void FindMaps(Files& files, TextureBatch& batch) {
+void FindMaps(Files& files, const Installation& installation, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
-    batch.maps = FindLoadoutMaps(files, batch.cachePath, batch.mapsPath);
+    batch.maps = FindLoadoutMaps(files, installation);
   } catch (const FileError&) {
     batch.maps.reset();
   }
@@ -78,7 +78,7 @@ void AddAll(Host& host, const Installation& installation, TextureBatch& batch, c
     ShowProgress(host, "Adding the texture " + names[i], static_cast<int>(i), static_cast<int>(names.size()));
     const std::string bitmap = BitmapAmongAddOns(host.files, installation, names[i]);
     if (!bitmap.empty()) {
-      AddTexture(host, batch, names[i], bitmap, AlreadyThere::byName);
+      AddTexture(host, installation, batch, names[i], bitmap, AlreadyThere::byName);
     } else if (SlotNamed(batch.cache, names[i]) < 0) {
       missing.push_back(names[i]);
     }
@@ -108,14 +108,13 @@ bool AddOnTexturesHaveSlots(Files& files, const Installation& installation, cons
   if (!FileExists(files, installation.cachePath())) return true;
   TextureBatch batch;
   batch.cachePath = installation.cachePath();
-  batch.mapsPath = installation.loadoutMapsPath();
   batch.counting = true;
   try {
     batch.cache = ReadTcache(files, batch.cachePath);
   } catch (const FileError&) {
     return true;
   }
-  FindMaps(files, batch);
+  FindMaps(files, installation, batch);
   // No texture is added to a damaged cache, but LoadoutSetup still looks at its table.
   if (CanBeAddedTo(batch.cache)) {
     for (const std::string& name : WantedTextures(ships)) {
@@ -132,7 +131,7 @@ void InstallAddOnTextures(Host& host, const Installation& installation) {
   if (names.empty() || !FileExists(host.files, cache)) return;
   TextureBatch batch;
   if (!BeginTextures(host, installation, batch)) return;
-  UseMapsThatAreThere(host.files, batch);
+  UseMapsThatAreThere(host.files, installation, batch);
   std::vector<std::string> missing;
   try {
     AddAll(host, installation, batch, names, missing);

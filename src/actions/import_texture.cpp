@@ -73,7 +73,7 @@ bool ImportFighterTextures(Host& host, const Installation& installation, const s
       MakeTexture(Trim(name).substr(0, longestTextureName), fighterChain, std::move(chain))};
   std::optional<LoadoutMaps> maps;
   if (!FileExists(host.files, mapsPath) && FileExists(host.files, cache)) {
-    maps = ProvideLoadoutMaps(host, cache, mapsPath);
+    maps = ProvideLoadoutMaps(host, installation);
   } else if (!Trap(host, "ConvertTexture", [&] { maps = ReadLoadoutMaps(host.files, mapsPath); })) {
     return false;
   }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "desk/host.h"
+#include "installation/installation.h"
 #include "textures/loadout_maps.h"
 
 /// Learning `gloadconv.dat` from the game's own textures: many of its 8-bit textures have companions, which are pixel
@@ -37,7 +38,7 @@ LoadoutMaps MapsOf(const LearnedLoadout& learned);
 /// The maps of the maps' file or, where that is missing, those learned from the cache. Nothing is written.
 /// @return nothing when the file is missing and the game's textures hold no pair
 /// @throws FileError when the file is there but cannot be used, or the cache cannot be read
-std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const std::string& cachePath, const std::string& mapsPath);
+std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const Installation& installation);
 
 /// The title of the boxes about learning.
 inline constexpr const char* learnTitle = "LearnLoadout";
@@ -46,6 +47,6 @@ inline constexpr const char* learnTitle = "LearnLoadout";
 /// learned, one box says why, and nothing is written.
 /// @return nothing when they could not be learned
 /// @throws FileError when the file is there but cannot be used
-std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath);
+std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const Installation& installation);
 
 }  // namespace oravin

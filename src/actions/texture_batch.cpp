@@ -25,8 +25,8 @@ bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTex
 }
 
 /// Provides the maps for a companion. A box says once, at the first need, that they cannot be learned.
-bool ProvideMaps(Host& host, TextureBatch& batch) {
-  if (!batch.mapsSought) batch.maps = ProvideLoadoutMaps(host, batch.cachePath, batch.mapsPath);
+bool ProvideMaps(Host& host, const Installation& installation, TextureBatch& batch) {
+  if (!batch.mapsSought) batch.maps = ProvideLoadoutMaps(host, installation);
   batch.mapsSought = true;
   return batch.maps.has_value();
 }
@@ -51,27 +51,28 @@ void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture
 }
 
 /// Adds the companion that an installed texture lacks: the ship that is being imported will use the texture.
-void AddLackingCompanion(Host& host, TextureBatch& batch, int slot, const std::string& name) {
+void AddLackingCompanion(Host& host, const Installation& installation, TextureBatch& batch, int slot,
+                         const std::string& name) {
   const TcacheEntry entry = EntryOf(batch.cache, slot);
   const BmpInfo info{0, entry.width, entry.height, entry.pixelFormat, entry.imageCount};
   if (entry.pixelFormat != paletteFormat || SlotNamed(batch.cache, "g" + name) >= 0) return;
-  if (!SidesFit(info) || !DataLiesIn(entry, batch.cache.length) || !ProvideMaps(host, batch)) return;
+  if (!SidesFit(info) || !DataLiesIn(entry, batch.cache.length) || !ProvideMaps(host, installation, batch)) return;
   if (batch.cache.count == tcacheCapacity) throw CacheIsFull(batch.cachePath);
   const NewTexture texture = MakeTexture(name, info, ReadTextureData(host.files, batch.cachePath, entry));
   AddTogether(host.files, batch, {CompanionOf(texture, *batch.maps)});
 }
 
-AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
-                 AlreadyThere rule) {
+AddedTexture Add(Host& host, const Installation& installation, TextureBatch& batch, const std::string& name,
+                 const std::string& bitmapPath, AlreadyThere rule) {
   const bool installed = IsInstalled(batch, name);
   if (installed && rule == AlreadyThere::byName) return AddedTexture::installed;
   BmpInfo info;
   if (!Trap(host, "GetBMPInfo", [&] { info = GetBMPInfo(host.files, bitmapPath); })) return AddedTexture::refused;
   const AddedTexture added =
-      AddBitmap(host.files, batch, name, bitmapPath, info, [&] { return ProvideMaps(host, batch); });
+      AddBitmap(host.files, batch, name, bitmapPath, info, [&] { return ProvideMaps(host, installation, batch); });
   if (added == AddedTexture::nameTaken) ShowNameTaken(host, name);
   if (added == AddedTexture::cannotBeStored) NameCanBeStored(host, name);  // shows why
-  if (installed) AddLackingCompanion(host, batch, SlotNamed(batch.cache, name), name);
+  if (installed) AddLackingCompanion(host, installation, batch, SlotNamed(batch.cache, name), name);
   return added;
 }
 
@@ -80,7 +81,6 @@ AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const
 bool BeginTextures(Host& host, const Installation& installation, TextureBatch& batch) {
   batch = {};
   batch.cachePath = installation.cachePath();
-  batch.mapsPath = installation.loadoutMapsPath();
   return TrappedImport(host, false, [&] {
     batch.cache = ReadTcache(host.files, batch.cachePath);
     if (!CanBeAddedTo(batch.cache)) throw CacheIsDamaged(batch.cachePath);
@@ -112,11 +112,11 @@ bool IsInstalled(const TextureBatch& batch, const std::string& name) {
   return SlotNamed(batch.cache, name) >= factoryTextures;
 }
 
-AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
-                        AlreadyThere rule) {
+AddedTexture AddTexture(Host& host, const Installation& installation, TextureBatch& batch, const std::string& name,
+                        const std::string& bitmapPath, AlreadyThere rule) {
   const std::string given = Trim(name).substr(0, longestTextureName);
-  const AddedTexture added =
-      TrappedImport(host, AddedTexture::refused, [&] { return Add(host, batch, given, bitmapPath, rule); });
+  const AddedTexture added = TrappedImport(host, AddedTexture::refused,
+                                           [&] { return Add(host, installation, batch, given, bitmapPath, rule); });
   return added == AddedTexture::cannotBeStored ? AddedTexture::refused : added;
 }
 

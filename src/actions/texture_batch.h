@@ -16,11 +16,10 @@ namespace oravin {
 
 struct TextureBatch {
   std::string cachePath;
-  std::string mapsPath;  ///< of the loadout maps, for the companions of 8-bit textures
-  TcacheBytes cache;     ///< with the textures of the batch
-  TcacheBytes begun;     ///< as it was when the batch began, without its slots
-  Bytes replaced;        ///< the file's old bytes where the commit wrote the entries
-  std::optional<LoadoutMaps> maps;
+  TcacheBytes cache;                ///< with the textures of the batch
+  TcacheBytes begun;                ///< as it was when the batch began, without its slots
+  Bytes replaced;                   ///< the file's old bytes where the commit wrote the entries
+  std::optional<LoadoutMaps> maps;  ///< for the companions of 8-bit textures
   bool counting = false;    ///< only the table in memory grows; the file does not change and nothing is committed
   bool mapsSought = false;  ///< `maps` is final: they are not looked for again
 };
@@ -57,8 +56,8 @@ AddedTexture AddBitmap(Files& files, TextureBatch& batch, const std::string& nam
 /// without companions. With the rule byPixels a texture that is installed already also gets the companion that it
 /// lacks. A full cache ends the program (ProgramEnd).
 /// @param name without spaces at its ends; what is longer than 30 characters is cut off
-AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
-                        AlreadyThere rule);
+AddedTexture AddTexture(Host& host, const Installation& installation, TextureBatch& batch, const std::string& name,
+                        const std::string& bitmapPath, AlreadyThere rule);
 
 /// A place in a batch to go back to.
 struct BatchMark {

@@ -188,7 +188,9 @@ TEST_F(TheLoadout, WithoutMapsStopsWithTheirBox) {
   EXPECT_TRUE(test::SameBytes(before, Now()));
 }
 
-struct TheLearning : test::CacheStage {};
+struct TheLearning : test::CacheStage {
+  Installation installation{folder.windows, folder.windows, {}};
+};
 
 /// A cache of 426 textures of which the first ones are given: name, and the pixels of 4 x 4.
 Bytes Pairs(const std::vector<std::pair<std::string, Bytes>>& textures) {
@@ -280,12 +282,12 @@ TEST_F(TheLearning, TakesOnlyPairsOfOneSizeAmongTheGamesOwnTextures) {
 
 TEST_F(TheLearning, WritesTheMapsWhereTheyAreMissingAndNeverElse) {
   Make(Pairs({{"wing", Bytes(20, 7)}, {"gwing", Bytes(20, 70)}}));
-  EXPECT_TRUE(ProvideLoadoutMaps(at.host, Path(), folder.Windows("gloadconv.dat")));
+  EXPECT_TRUE(ProvideLoadoutMaps(at.host, installation));
   const LoadoutMaps maps = ReadLoadoutMaps(at.host.files, folder.Windows("gloadconv.dat"));
   EXPECT_EQ(maps, MapsOf(LearnLoadout(at.host.files, Path())));
   EXPECT_EQ(maps[7], 70);
   Write("gloadconv.dat", Pattern(2048));
-  EXPECT_TRUE(ProvideLoadoutMaps(at.host, Path(), folder.Windows("gloadconv.dat")));
+  EXPECT_TRUE(ProvideLoadoutMaps(at.host, installation));
   EXPECT_EQ(ReadFileAt(folder.Native("gloadconv.dat")), Pattern(2048));
 }
 
@@ -294,7 +296,7 @@ TEST_F(TheLearning, WithoutAPairWritesNothing) {
   at.desk.ExpectBox(
       "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
       "LearnLoadout");
-  EXPECT_FALSE(ProvideLoadoutMaps(at.host, Path(), folder.Windows("gloadconv.dat")));
+  EXPECT_FALSE(ProvideLoadoutMaps(at.host, installation));
   EXPECT_FALSE(std::filesystem::exists(folder.Native("gloadconv.dat")));
 }
 

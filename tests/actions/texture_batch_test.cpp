@@ -34,7 +34,7 @@ struct TheBatch : test::CacheStage {
   }
   bool Begin() { return BeginTextures(at.host, installation, batch); }
   AddedTexture Add(const std::string& name, const std::string& file, AlreadyThere rule = AlreadyThere::byPixels) {
-    return AddTexture(at.host, batch, name, folder.Windows(file), rule);
+    return AddTexture(at.host, installation, batch, name, folder.Windows(file), rule);
   }
   static Bytes After8(const Bytes& cache, const std::string& name, unsigned seed = 1) {
     const Bytes pixels = Pattern(32, seed);
@@ -291,7 +291,7 @@ TEST_F(TheBatch, ThatFailsOrStopsAnywhereAddsBothTexturesOrNone) {
       test::Stopped([&] {
         TextureBatch one;
         if (!BeginTextures(failing.host, installation, one)) return;
-        AddTexture(failing.host, one, "x", folder.Windows("8.bmp"), AlreadyThere::byName);
+        AddTexture(failing.host, installation, one, "x", folder.Windows("8.bmp"), AlreadyThere::byName);
         Trap(failing.host, "CommitTextures", [&] { CommitTextures(failing.host.files, one); });
       });
       Bytes now = Now();
