@@ -1,5 +1,5 @@
-// Fuzzes the reader of bitmaps: what it says of a file is what stands in it, what fits can be shown, and what cannot be
-// imported leaves the cache alone.
+// Fuzzes the reader of bitmaps: it reads a header or throws, what fits can be shown and imported, and anything else
+// leaves the cache alone.
 
 #include "actions/import_texture.h"
 #include "base/file_error.h"
@@ -32,11 +32,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string path = fuzz::Folder().windows + "a.bmp";
   fuzz::CountingHost here;
   BmpInfo info;
-  const bool read = GetBMPInfo(here.host, path, info);
-  fuzz::Require(here.boxes == (read ? 0 : 1), "a bitmap that is not read has its one box");
-  fuzz::Require(read || info == BmpInfo(), "and leaves the record as it was");
-  if (!read) return 0;
-  fuzz::Require(info.imageCount >= 0 && info.imageCount <= 64, "the number of images is bounded");
+  try {
+    info = GetBMPInfo(here.host.files, path);
+  } catch (const FileError& error) {
+    fuzz::Require(size < 32, "only a bitmap without a whole header is refused");
+    fuzz::Require(error.kind == ErrorKind::failed, "because it ends too early");
+    return 0;
+  }
+  fuzz::Require(size >= 32, "a header that is read is whole");
+  fuzz::Require(info.imageCount >= 0 && info.imageCount <= 64, "the number of mipmap levels is bounded");
 
   const bool fits = BitmapFits(here.host.files, path, info);
   const auto picture = BitmapPicture(here.host.files, path, info);
@@ -46,14 +50,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         picture->rgb.size() == static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height) * 3,
         "a picture has all its pixels");
   }
-  if (ConvertFighterText(here.host, path, fuzz::Folder().windows + "import", fuzz::Folder().windows)) {
-    fuzz::Require(fuzz::ReadInput("import").size() == 87380, "a fighter's chain has its length");
+  try {
+    fuzz::Require(ConvertFighterText(here.host.files, path, info).size() == 87380, "a fighter's chain has its length");
+    fuzz::Require(info.width == 256 && info.height == 256 && info.depth == 1, "only a fighter's bitmap has one");
+  } catch (const FileError& error) {
+    fuzz::Require(error.kind == ErrorKind::wrongFormat, "another bitmap is refused");
   }
+  fuzz::Require(here.boxes == 0, "readers show no box");
 
   static const Bytes cache = SmallCache();
   fuzz::WriteInput("tcachehw.dat", cache);
   const bool imported = ImportTexture(here.host, fuzz::Folder().windows + "tcachehw.dat", path, "new", info);
   fuzz::Require(imported == fits, "what fits is imported");
+  fuzz::Require(here.boxes == (imported ? 0 : 1), "a refused bitmap gives one box");
   if (!imported) fuzz::Require(fuzz::ReadInput("tcachehw.dat") == cache, "a refused bitmap leaves the cache as it was");
   return 0;
 }

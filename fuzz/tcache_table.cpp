@@ -1,12 +1,12 @@
-// Fuzzes the readers of the texture cache's table: they must find what a plain reader of the same bytes finds, refuse
-// what runs past the end, show and extract only what lies in the file, and write nothing to it.
+// Fuzzes the readers of the texture cache's table: they find what a plain reader of the same bytes finds, refuse a
+// table that runs past the end, show and extract only data that lie in the file, and write nothing to it.
 
 #include "actions/restore_cache.h"
 #include "base/file_error.h"
 #include "input_file.h"
+#include "textures/cache_table.h"
 #include "textures/extract_texture.h"
 #include "textures/picture.h"
-#include "textures/texture_cache.h"
 
 namespace {
 
@@ -54,23 +54,31 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Bytes file(data, data + size);
   fuzz::CountingHost here;
   TcacheTable table;
-  const int count = GetTcacheTable(here.host, path, table);
+  bool read = true;
+  try {
+    table = GetTcacheTable(here.host.files, path);
+  } catch (const FileError& error) {
+    fuzz::Require(error.kind == ErrorKind::wrongFormat, "a refused file is no texture cache");
+    read = false;
+  }
   const std::int32_t stated = size < 12 ? 0 : NumberAt(file, 4);
   const bool whole = stated >= 1 && stated <= 1000 && size >= 12 + 240 * static_cast<std::size_t>(stated);
-  fuzz::Require(count == (whole ? stated : 0), "a whole table is read and no other");
-  fuzz::Require(here.boxes == (whole ? 0 : 1), "a refused cache has its one box");
-  fuzz::Require(table.size() == static_cast<std::size_t>(count), "the count is the number of entries");
+  fuzz::Require(read == whole, "a whole table is read and no other");
+  fuzz::Require(table.size() == static_cast<std::size_t>(whole ? stated : 0), "the count is the number of entries");
   for (std::size_t slot = 0; slot < table.size(); ++slot) {
     fuzz::Require(table[slot] == PlainEntry(file, slot), "the plain reader finds the same entry");
     if (slot >= 8) continue;
     LookAt(here.host.files, path, table[slot], size);
-    const std::uint32_t found = FindStructOffset(here.host, path, table[slot].name);
-    fuzz::Require(found >= 12 && found <= table[slot].entryOffset, "every name is found");
+    const int found = SlotNamed(ReadTcache(here.host.files, path), table[slot].name);
+    fuzz::Require(found >= 0 && static_cast<std::size_t>(found) <= slot, "every name is found");
   }
   fuzz::Require(fuzz::ReadInput("tcachehw.dat") == file, "nothing is written");
+  fuzz::Require(here.boxes == 0, "readers show no box");
   if (RestoreTcacheFile(here.host, path)) {
     fuzz::Require(stated >= 426, "only a cache with all factory textures is restored");
+    fuzz::Require(here.boxes == 0, "and without a box");
   } else {
+    fuzz::Require(here.boxes == 1, "a refused cache gives one box");
     fuzz::Require(fuzz::ReadInput("tcachehw.dat") == file, "a refused cache stays as it was");
   }
   return 0;

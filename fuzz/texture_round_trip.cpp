@@ -50,12 +50,10 @@ Bytes MakeBitmap(int width, int height, int depth, const Bytes& pixels) {
 Bytes ThroughTheCache(oravin::Host& host, const std::string& bitmap, const std::string& name) {
   using namespace oravin;
   const std::string folder = fuzz::Folder().windows;
-  BmpInfo info;
-  fuzz::Require(GetBMPInfo(host, folder + bitmap, info), "the bitmap is read");
+  const BmpInfo info = GetBMPInfo(host.files, folder + bitmap);
   fuzz::Require(ImportTexture(host, folder + "tcachehw.dat", folder + bitmap, name, info), "the bitmap is imported");
-  TcacheTable table;
-  const int count = GetTcacheTable(host, folder + "tcachehw.dat", table);
-  fuzz::Require(count > 1 && table.back().name == name, "the texture is the last one");
+  const TcacheTable table = GetTcacheTable(host.files, folder + "tcachehw.dat");
+  fuzz::Require(table.size() > 1 && table.back().name == name, "the texture is the last one");
   std::size_t header = 0;
   ExtractTexture(host.files, folder + "tcachehw.dat", table.back(), folder + "cube.bmp", folder + "out.bmp", header);
   return fuzz::ReadInput("out.bmp");

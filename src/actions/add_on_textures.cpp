@@ -13,12 +13,13 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "models/texture_names.h"
+#include "textures/new_texture.h"
 
 namespace oravin {
 
 namespace {
 
-/// What is to be installed: every name once, without regard to case.
+/// The textures to install: each name once, without regard to case.
 std::vector<std::string> WantedTextures(const Ships& ships) {
   std::vector<std::string> names;
   for (const ShipRecord& ship : ships) {
@@ -33,33 +34,51 @@ std::vector<std::string> WantedTextures(const Ships& ships) {
   return names;
 }
 
-/// The maps of their file alone: Enable has made it where it could, and has reported why where it could not.
-void UseMapsThatAreThere(Files& files, TextureBatch& batch) {
+/// Uses the maps' file only: Enable has already made it, or shown a box that says why it could not.
+void UseMapsThatAreThere(Files& files, const Installation& installation, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
-    if (FileExists(files, batch.mapsPath)) batch.maps = ReadLoadoutMaps(files, batch.mapsPath);
+    batch.maps = ReadLoadoutMaps(files, installation.loadoutMapsPath());
   } catch (const FileError&) {
     batch.maps.reset();
   }
 }
 
-/// The maps that Enable will have, without making their file.
-void FindMaps(Files& files, TextureBatch& batch) {
+/// Finds the maps that Enable will have, without making their file.
+void FindMaps(Files& files, const Installation& installation, TextureBatch& batch) {
   batch.mapsSought = true;
   try {
-    batch.maps = FindLoadoutMaps(files, batch.cachePath, batch.mapsPath);
+    batch.maps = FindLoadoutMaps(files, installation);
   } catch (const FileError&) {
     batch.maps.reset();
   }
+}
+
+/// The path of a texture's bitmap among the add-ons; empty when there is none.
+std::string BitmapAmongAddOns(Files& files, const Installation& installation, const std::string& texture) {
+  const std::string name = texture + ".bmp";
+  std::string bitmap = installation.addOnBitmapPath(name);
+  return IsPlainFileName(name) && FileExists(files, bitmap) ? bitmap : std::string();
+}
+
+/// Adds a texture to a batch that only counts; false when the cache has no slot for it.
+bool CountTexture(Files& files, TextureBatch& batch, const std::string& name, const std::string& bitmap) {
+  if (IsInstalled(batch, name)) return true;
+  try {
+    AddBitmap(files, batch, name, bitmap, GetBMPInfo(files, bitmap), [&] { return batch.maps.has_value(); });
+  } catch (const FileError& error) {
+    return error.kind != ErrorKind::tooMany;
+  }
+  return true;
 }
 
 void AddAll(Host& host, const Installation& installation, TextureBatch& batch, const std::vector<std::string>& names,
             std::vector<std::string>& missing) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     ShowProgress(host, "Adding the texture " + names[i], static_cast<int>(i), static_cast<int>(names.size()));
-    const std::string bitmap = installation.addOnBitmapPath(names[i] + ".bmp");
-    if (IsPlainFileName(names[i] + ".bmp") && FileExists(host.files, bitmap)) {
-      AddTexture(host, batch, names[i], bitmap, AlreadyThere::byName);
+    const std::string bitmap = BitmapAmongAddOns(host.files, installation, names[i]);
+    if (!bitmap.empty()) {
+      AddTexture(host, installation, batch, names[i], bitmap, AlreadyThere::byName);
     } else if (SlotNamed(batch.cache, names[i]) < 0) {
       missing.push_back(names[i]);
     }
@@ -72,9 +91,9 @@ void Commit(Host& host, TextureBatch& batch) {
 
 }  // namespace
 
-AddOnTextures TexturesOfModel(Host& host, const std::string& model) {
+AddOnTextures TexturesOfModel(Files& files, const std::string& model) {
   AddOnTextures textures;
-  Trap(host, "GetShpTextureNames", [&] { textures.names = ReadShpTextureNames(host.files, model); });
+  textures.names = ReadShpTextureNames(files, model);
   textures.tooMany = textures.names.size() > texturesPerShip;
   textures.names.resize(std::min(textures.names.size(), texturesPerShip));
   return textures;
@@ -85,21 +104,23 @@ void SetTextures(ShipRecord& ship, const std::vector<std::string>& names) {
   for (std::size_t t = 0; t < std::min(names.size(), texturesPerShip); ++t) ship.Textures.at(t).Set(names[t]);
 }
 
-bool AddOnTexturesHaveSlots(const Installation& installation, const Ships& ships) {
-  const std::string cache = installation.cachePath();
-  Host quiet;
-  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
-  if (!FileExists(quiet.files, cache)) return true;
+bool AddOnTexturesHaveSlots(Files& files, const Installation& installation, const Ships& ships) {
+  if (!FileExists(files, installation.cachePath())) return true;
   TextureBatch batch;
+  batch.cachePath = installation.cachePath();
+  batch.counting = true;
   try {
-    // Of a cache that nothing can be added to the table is there all the same, and LoadoutSetup looks at it.
-    const bool usable = BeginTextures(quiet, cache, installation.ProgramPath, batch);
-    batch.counting = true;
-    FindMaps(quiet.files, batch);
-    std::vector<std::string> missing;
-    if (usable) AddAll(quiet, installation, batch, WantedTextures(ships), missing);
-  } catch (const ProgramEnd&) {
-    return false;
+    batch.cache = ReadTcache(files, batch.cachePath);
+  } catch (const FileError&) {
+    return true;
+  }
+  FindMaps(files, installation, batch);
+  // No texture is added to a damaged cache, but LoadoutSetup still looks at its table.
+  if (CanBeAddedTo(batch.cache)) {
+    for (const std::string& name : WantedTextures(ships)) {
+      const std::string bitmap = BitmapAmongAddOns(files, installation, name);
+      if (!bitmap.empty() && !CountTexture(files, batch, name, bitmap)) return false;
+    }
   }
   return !batch.maps || CompanionsHaveSlots(batch.cache, LackingCompanions(batch.cache, ships));
 }
@@ -109,8 +130,8 @@ void InstallAddOnTextures(Host& host, const Installation& installation) {
   const std::string cache = installation.cachePath();
   if (names.empty() || !FileExists(host.files, cache)) return;
   TextureBatch batch;
-  if (!BeginTextures(host, cache, installation.ProgramPath, batch)) return;
-  UseMapsThatAreThere(host.files, batch);
+  if (!BeginTextures(host, installation, batch)) return;
+  UseMapsThatAreThere(host.files, installation, batch);
   std::vector<std::string> missing;
   try {
     AddAll(host, installation, batch, names, missing);

@@ -42,7 +42,7 @@ void Locate(ShipRecord& ship, const HogTable& live, const HogTable& backup, std:
   ship.HogFatPos = Int32Value(entry->FatPos);
 }
 
-/// What the person is told at the end of the build.
+/// What the boxes at the end of the build list.
 struct Shortcomings {
   std::vector<std::string> missing;   ///< models that were found nowhere
   std::vector<std::string> cutShort;  ///< models with more textures than a record holds
@@ -51,16 +51,26 @@ struct Shortcomings {
 /// How many add-on ships of each name have been prepared, by upper-case trimmed name.
 using NameCounts = std::unordered_map<std::string, std::size_t>;
 
-/// Gives an add-on ship's record the texture names of its model.
+/// Sets the texture names of an add-on ship's record to those of its model.
 void TakeTextures(Host& host, const Installation& installation, ShipRecord& ship, Shortcomings& shortcomings) {
   const std::string model = installation.addOnModelPath(ModelOf(ship));
   if (!FileExists(host.files, model)) {
     shortcomings.missing.push_back(ModelOf(ship));
     return;
   }
-  const AddOnTextures textures = TexturesOfModel(host, model);
+  const AddOnTextures textures =
+      Trapped(host, "GetShpTextureNames", AddOnTextures(), [&] { return TexturesOfModel(host.files, model); });
   SetTextures(ship, textures.names);
   if (textures.tooMany) shortcomings.cutShort.push_back(ModelOf(ship));
+}
+
+/// The texture names of an add-on ship's model; none of one that cannot be read.
+std::vector<std::string> NamesWithoutBox(Files& files, const std::string& model) {
+  try {
+    return TexturesOfModel(files, model).names;
+  } catch (const FileError&) {
+    return {};  // BuildCatalogue shows the box
+  }
 }
 
 void PrepareAddOn(Host& host, const Installation& installation, ShipRecord& ship, NameCounts& counts,
@@ -81,7 +91,7 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
     ShipRecord ship = NewRecord(line);
     if (line.kind == importedKind) ship.Imported = true;
     if (IsInert(ship)) {
-      // A line without a model: its record is kept for the order of the records, and nothing works on it.
+      // A line without a model: its record only keeps the order of the records.
     } else if (ship.Imported) {
       PrepareAddOn(host, installation, ship, counts, shortcomings);
     } else {
@@ -117,19 +127,17 @@ void Tell(Host& host, const Shortcomings& shortcomings) {
 
 }  // namespace
 
-bool CacheHasSlotsFor(const Installation& installation, const std::vector<ListedShip>& list) {
-  Host quiet;
-  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
+bool CacheHasSlotsFor(Files& files, const Installation& installation, const std::vector<ListedShip>& list) {
   Ships addOns;
-  Shortcomings shortcomings;
   for (const ListedShip& line : list) {
     ShipRecord ship = NewRecord(line);
     ship.Imported = line.kind == importedKind;
     if (IsInert(ship) || !ship.Imported) continue;
-    TakeTextures(quiet, installation, ship, shortcomings);
+    const std::string model = installation.addOnModelPath(ModelOf(ship));
+    if (FileExists(files, model)) SetTextures(ship, NamesWithoutBox(files, model));
     addOns.push_back(ship);
   }
-  return AddOnTexturesHaveSlots(installation, addOns);
+  return AddOnTexturesHaveSlots(files, installation, addOns);
 }
 
 bool BuildCatalogue(Host& host, Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,

@@ -149,7 +149,7 @@ bool BeginImport(Host& host, const Installation& installation, ImportBatch& batc
     }
     ReadShipListText(host.files, installation.shipListPath());
   });
-  return ready && BeginTextures(host, installation.cachePath(), installation.ProgramPath, batch.textures);
+  return ready && BeginTextures(host, installation, batch.textures);
 }
 
 const FolderNames& FilesIn(Files& files, ImportBatch& batch, const std::string& folder) {

@@ -1,108 +1,113 @@
 #include "actions/import_texture.h"
 
-#include "actions/import_refusals.h"
+#include <algorithm>
+#include <optional>
+
 #include "actions/learn_loadout.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
-#include "desk/error_trap.h"
-#include "desk/new_name.h"
+#include "desk/program_end.h"
 #include "files/file.h"
 #include "files/look_up.h"
-#include "installation/installation.h"
-#include "textures/loadout_maps.h"
 #include "textures/mipmap_chain.h"
-#include "textures/new_texture.h"
 
 namespace oravin {
 
 namespace {
 
-/// Adds textures to the cache, all in the same moment.
-void Append(Files& files, const std::string& path, TcacheBytes& cache, const std::vector<NewTexture>& textures) {
+/// Reads the table of a cache that so many textures are to be added to.
+TcacheBytes ReadCacheToAddTo(Files& files, const std::string& cachePath, std::size_t textures) {
+  TcacheBytes cache = ReadTcache(files, cachePath);
+  if (cache.count <= tcacheCapacity && cache.count > tcacheCapacity - static_cast<int>(textures)) {
+    throw CacheIsFull(cachePath);
+  }
+  if (!CanBeAddedTo(cache)) throw CacheIsDamaged(cachePath);
+  return cache;
+}
+
+/// Adds textures to the cache, all in the same moment; false after the box for a name that is taken.
+bool Append(Host& host, const std::string& cachePath, TcacheBytes& cache, const std::vector<NewTexture>& textures) {
+  for (const NewTexture& texture : textures) {
+    if (SlotNamed(cache, texture.name) < 0) continue;
+    ShowNameTaken(host, texture.name);
+    return false;
+  }
   const int fromSlot = cache.count;
-  File file(files, path, OpenFor::changing);
+  File file(host.files, cachePath, OpenFor::changing);
   for (const NewTexture& texture : textures) AddPixels(file, cache, texture);
   WriteTable(file, cache, fromSlot);
-}
-
-bool ImportOne(Host& host, std::string& cachePath, const std::string& bitmapPath, const std::string& name,
-               const BmpInfo& info) {
-  TcacheBytes cache;
-  if (!ReadCacheToAddTo(host, cachePath, cache)) return false;
-  if (cache.count == tcacheCapacity) EndForFullCache(host);
-  if (!CanBeAddedTo(cache)) return RefuseCache(host);
-  if (!BitmapFits(host.files, bitmapPath, info)) return RefuseBitmap(host);
-  if (!NameIsFree(host, cache, name)) return false;
-  Append(host.files, cachePath, cache, {MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info))});
-  return true;
-}
-
-bool ImportWithCompanion(Host& host, std::string& cachePath, const std::string& name, const std::string& bitmapPath,
-                         const std::string& programPath) {
-  TcacheBytes cache;
-  if (!ReadCacheToAddTo(host, cachePath, cache)) return false;
-  BmpInfo info;
-  if (!GetBMPInfo(host, bitmapPath, info)) return false;
-  if (cache.count == tcacheCapacity) EndForFullCache(host);
-  if (!CanBeAddedTo(cache)) return RefuseCache(host);
-  if (!BitmapFits(host.files, bitmapPath, info)) return RefuseBitmap(host);
-  if (!NameIsFree(host, cache, name) || !NameCanBeStored(host, name)) return false;
-  const std::string companion = "g" + name;
-  std::optional<LoadoutMaps> maps;
-  if (info.depth == 1 && SlotNamed(cache, companion) < 0) {
-    maps = ProvideLoadoutMaps(host, cachePath, programPath + loadoutMapsName);
-  }
-  if (maps && cache.count == tcacheCapacity - 1) EndForFullCache(host);
-  Bytes pixels;
-  std::uint64_t end = 0;
-  MemMappedFile(host, bitmapPath, pixels, info.pixelOffset, end);
-  std::vector<NewTexture> textures;
-  textures.push_back(MakeTexture(name, info, pixels));
-  if (maps) {
-    MapPixels(pixels, *maps);
-    textures.push_back(MakeTexture(companion, info, std::move(pixels)));
-  }
-  Append(host.files, cachePath, cache, textures);
-  return true;
-}
-
-bool ImportPair(Host& host, std::string& cachePath, const std::string& chainPath, const std::string& companionPath,
-                const std::string& name) {
-  const std::string companion = "g" + name;
-  TcacheBytes cache;
-  if (!ReadCacheToAddTo(host, cachePath, cache)) return false;
-  if (cache.count == tcacheCapacity || cache.count == tcacheCapacity - 1) EndForFullCache(host);
-  if (!CanBeAddedTo(cache)) return RefuseCache(host);
-  std::vector<NewTexture> textures;
-  for (const auto& [path, texture] : {std::pair(chainPath, name), std::pair(companionPath, companion)}) {
-    if (!BitmapFits(host.files, path, fighterChain)) return RefuseBitmap(host);
-    textures.push_back(MakeTexture(texture, fighterChain, ReadPixels(host.files, path, fighterChain)));
-  }
-  if (!NameIsFree(host, cache, name) || !NameIsFree(host, cache, companion)) return false;
-  Append(host.files, cachePath, cache, textures);
   return true;
 }
 
 }  // namespace
 
-bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, const std::string& name,
+bool ImportTexture(Host& host, const std::string& cachePath, const std::string& bitmapPath, const std::string& name,
                    const BmpInfo& info) {
   const std::string given = Trim(name).substr(0, tcacheNameWidth - 1);
-  return Trapped(host, importTitle, false, [&] { return ImportOne(host, cachePath, bitmapPath, given, info); });
+  return TrappedImport(host, false, [&] {
+    TcacheBytes cache = ReadCacheToAddTo(host.files, cachePath, 1);
+    if (!BitmapFits(host.files, bitmapPath, info)) throw BitmapDoesNotFit(bitmapPath);
+    return Append(host, cachePath, cache, {MakeTexture(given, info, ReadPixels(host.files, bitmapPath, info))});
+  });
 }
 
-bool ImportTexture(Host& host, std::string cachePath, const std::string& name, std::string bitmapPath,
-                   const std::string& programPath) {
-  const std::string given = Trim(name).substr(0, longestTextureName);
-  return Trapped(host, importTitle, false,
-                 [&] { return ImportWithCompanion(host, cachePath, given, bitmapPath, programPath); });
+bool ImportTextures(Host& host, const std::string& cachePath, const std::vector<NewTexture>& textures) {
+  return TrappedImport(host, false, [&] {
+    TcacheBytes cache = ReadCacheToAddTo(host.files, cachePath, textures.size());
+    for (const NewTexture& texture : textures) {
+      if (!SidesFit(texture.info)) throw BitmapDoesNotFit(texture.name);
+    }
+    return Append(host, cachePath, cache, textures);
+  });
 }
 
-bool ImportFighterTextures(Host& host, std::string cachePath, const std::string& chainPath,
-                           const std::string& companionPath, const std::string& name) {
-  const std::string given = Trim(name).substr(0, longestTextureName);
-  return Trapped(host, importTitle, false,
-                 [&] { return ImportPair(host, cachePath, chainPath, companionPath, given); });
+bool ImportFighterTextures(Host& host, const Installation& installation, const std::string& bitmapPath,
+                           const BmpInfo& info, const std::string& name) {
+  const std::string cache = installation.cachePath();
+  const std::string mapsPath = installation.loadoutMapsPath();
+  Bytes chain;
+  if (!Trap(host, "ConvertFighterText", [&] { chain = ConvertFighterText(host.files, bitmapPath, info); })) {
+    return false;
+  }
+  std::vector<NewTexture> textures = {
+      MakeTexture(Trim(name).substr(0, longestTextureName), fighterChain, std::move(chain))};
+  std::optional<LoadoutMaps> maps;
+  if (!FileExists(host.files, mapsPath) && FileExists(host.files, cache)) {
+    maps = ProvideLoadoutMaps(host, installation);
+  } else if (!Trap(host, "ConvertTexture", [&] { maps = ReadLoadoutMaps(host.files, mapsPath); })) {
+    return false;
+  }
+  if (maps) textures.push_back(CompanionOf(textures.front(), *maps));
+  return ImportTextures(host, cache, textures);
+}
+
+NewTexture CompanionOf(const NewTexture& texture, const LoadoutMaps& maps) {
+  NewTexture companion = texture;
+  companion.name = "g" + texture.name;
+  MapPixels(companion.pixels, maps);
+  return companion;
+}
+
+FileError CacheIsFull(const std::string& cachePath) {
+  return {"could not add to", cachePath, "it has " + std::to_string(tcacheCapacity) + " textures already",
+          ErrorKind::tooMany};
+}
+
+FileError CacheIsDamaged(const std::string& cachePath) {
+  return {"could not add to", cachePath, "its count or its data end is wrong", ErrorKind::damaged};
+}
+
+FileError BitmapDoesNotFit(const std::string& bitmapPath) {
+  return {"could not import", bitmapPath, "it cannot become a texture", ErrorKind::wrongFormat};
+}
+
+void EndForFullCache(Host& host) {
+  ShowTrapped(host, "ImportTexture", CacheIsFull(tcacheName));
+  throw ProgramEnd();
+}
+
+void ShowNameTaken(Host& host, const std::string& name) {
+  Show(host, "A texture with the name of '" + name + "' already exists.\nUnable to import.", Icon::exclamation);
 }
 
 }  // namespace oravin

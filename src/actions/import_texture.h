@@ -1,57 +1,84 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
+#include "desk/error_trap.h"
 #include "desk/host.h"
+#include "installation/installation.h"
 #include "textures/bitmap.h"
+#include "textures/loadout_maps.h"
+#include "textures/new_texture.h"
 
 /// Adding textures to the cache: an entry in the next free slot, the pixels at the data end.
 ///
-/// The file is patched in place. First everything is checked; then the pixels are written behind the data end and the
-/// entry into a slot that is not used, and both are brought to the disk; the count and the data end come last, in one
-/// write. Until then the cache is what it was.
+/// The file is changed in place, after all checks: the pixels are written after the data end and the entry into an
+/// unused slot, then the file is flushed, and count and data end come last, in one write. Until then the cache has none
+/// of the new textures.
 ///
-/// Boxes, in the order of the checks:
+/// Message boxes, in the order of the checks; the errors' words are in desk/error_boxes.cpp under "ImportTexture":
 ///
-///   "Error. Path(s) not found", titled "ImportTexture"              the cache is missing
-///   "Critical Error - TCACHE is FULL! Use Disable/Restore.",        no slot is free; then the program ends
-///   (ProgramEnd)
-///     titled "ERROR!!!", critical
-///   "Error - not a valid TCACHE file!", titled "ImportTexture",     count and data end cannot be true, or writing at
-///     critical                                                      the data end would write over a texture
-///   "Operation terminated", without an icon                         the bitmap does not fit (BitmapFits)
-///   "A texture with the name of 'NAME' already exists." and         the name is taken
-///     "Unable to import." on the next line
-///   that of NameCanBeStored                                         the name cannot be stored; not for the first
-///                                                                   procedure, which companions of older textures
-///                                                                   are added by
+///   "Error. Path(s) not found"                          the cache is missing
+///   "Critical Error - TCACHE is FULL! Use               no slot is free; then the program ends (ProgramEnd)
+///     Disable/Restore.", titled "ERROR!!!", critical
+///   "Error - not a valid TCACHE file!", critical        count and data end cannot be true, or writing at the data end
+///                                                       would overwrite a texture
+///   "Operation terminated", without an icon             the bitmap does not fit (BitmapFits)
+///   "A texture with the name of 'NAME' already exists." the name is taken
+///     and "Unable to import." on the next line
 namespace oravin {
 
 /// Adds one texture.
 ///
 /// The new entry starts as a copy of the first entry of its pixel format; where there is none, of the entry in the slot
-/// before it. The data end advances by the length of the bytes in the bitmap file, also when 24-bit pixels are stored
-/// in 16 bits: the last third then stays unused. That is meant.
+/// before it. Intentional: the data end advances by the length of the bytes in the bitmap file, also when 24-bit pixels
+/// are stored in 16 bits; the last third then stays unused.
 ///
 /// @param bitmapPath a bitmap, or a file of pixels alone when info.pixelOffset is 0
-/// @param name without blanks at its ends, 31 characters at most; what is longer is cut off
+/// @param name without spaces at its ends, 31 characters at most; what is longer is cut off
 /// @return true only when the texture was added
-bool ImportTexture(Host& host, std::string cachePath, std::string bitmapPath, const std::string& name,
+bool ImportTexture(Host& host, const std::string& cachePath, const std::string& bitmapPath, const std::string& name,
                    const BmpInfo& info);
 
-/// Adds one texture from a bitmap, whose values GetBMPInfo tells. An 8-bit texture gets its companion too, in the next
-/// slot: its name is "g" and the texture's name, its pixels are mapped through `gloadconv.dat` in the program folder.
-/// Two slots must then be free; a companion that is there already is left as it is and needs none. Missing maps are
-/// learned from the cache; where that cannot be done, the box of ProvideLoadoutMaps, and the texture comes alone. A
-/// file of maps that cannot be used gives the error trap's box, and nothing is written.
-/// @param name as above, but 30 characters at most
-/// @param programPath the program folder, ending in a backslash
-bool ImportTexture(Host& host, std::string cachePath, const std::string& name, std::string bitmapPath,
-                   const std::string& programPath);
+/// Adds textures whose pixels are in memory, all in the same moment: all names, slots and sides are checked before
+/// anything is written.
+/// @return true only when they were added
+bool ImportTextures(Host& host, const std::string& cachePath, const std::vector<NewTexture>& textures);
 
-/// Adds a fighter's texture and its companion from two files of pixels alone: chains of 256 x 256 to 2 x 2 pixels of 8
-/// bits. Both names and two slots are made sure of before the first is written; both appear in the same moment.
-bool ImportFighterTextures(Host& host, std::string cachePath, const std::string& chainPath,
-                           const std::string& companionPath, const std::string& name);
+/// Makes a fighter's mipmap chain from a bitmap (ConvertFighterText) and adds it with its companion (CompanionOf).
+/// Missing maps are learned from the cache; where that fails, the box of ProvideLoadoutMaps, and the chain is added
+/// alone. More boxes, listed in desk/error_boxes.cpp under "ConvertFighterText" and "ConvertTexture": the bitmap is
+/// missing or is no fighter's, the maps are missing.
+/// @param name as above, but 30 characters at most
+/// @return true only when the texture was added
+bool ImportFighterTextures(Host& host, const Installation& installation, const std::string& bitmapPath,
+                           const BmpInfo& info, const std::string& name);
+
+/// An 8-bit texture's companion for the loadout screen: its name is "g" and the texture's name, its pixels are the
+/// texture's through the maps.
+NewTexture CompanionOf(const NewTexture& texture, const LoadoutMaps& maps);
+
+/// The errors for three of the boxes listed above.
+FileError CacheIsFull(const std::string& cachePath);
+FileError CacheIsDamaged(const std::string& cachePath);
+FileError BitmapDoesNotFit(const std::string& bitmapPath);
+
+/// Shows the box of a full cache and ends the program.
+[[noreturn]] void EndForFullCache(Host& host);
+
+/// Shows the box for a name that another texture has.
+void ShowNameTaken(Host& host, const std::string& name);
+
+/// The error trap of everything that adds textures: a full cache ends the program after its box.
+template <typename Value, typename Body>
+Value TrappedImport(Host& host, Value neutral, Body&& body) {
+  try {
+    return std::forward<Body>(body)();
+  } catch (const FileError& error) {
+    if (error.kind == ErrorKind::tooMany) EndForFullCache(host);
+    ShowTrapped(host, "ImportTexture", error);
+    return neutral;
+  }
+}
 
 }  // namespace oravin

@@ -10,7 +10,6 @@
 #include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
-#include "installation/installation.h"
 #include "textures/cache_table.h"
 
 namespace oravin {
@@ -122,17 +121,19 @@ LoadoutMaps MapsOf(const LearnedLoadout& learned) {
   return maps;
 }
 
-std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const std::string& cachePath, const std::string& mapsPath) {
+std::optional<LoadoutMaps> FindLoadoutMaps(Files& files, const Installation& installation) {
+  const std::string mapsPath = installation.loadoutMapsPath();
   if (FileExists(files, mapsPath)) return ReadLoadoutMaps(files, mapsPath);
-  const LearnedLoadout learned = LearnLoadout(files, cachePath);
+  const LearnedLoadout learned = LearnLoadout(files, installation.cachePath());
   if (learned.seenCells == 0) return std::nullopt;
   return MapsOf(learned);
 }
 
-std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const std::string& cachePath, const std::string& mapsPath) {
+std::optional<LoadoutMaps> ProvideLoadoutMaps(Host& host, const Installation& installation) {
+  const std::string mapsPath = installation.loadoutMapsPath();
   if (FileExists(host.files, mapsPath)) return ReadLoadoutMaps(host.files, mapsPath);
   return Trapped(host, learnTitle, std::optional<LoadoutMaps>(), [&] {
-    const std::optional<LoadoutMaps> maps = FindLoadoutMaps(host.files, cachePath, mapsPath);
+    const std::optional<LoadoutMaps> maps = FindLoadoutMaps(host.files, installation);
     if (maps) {
       WriteWhole(host.files, mapsPath, *maps);
     } else {

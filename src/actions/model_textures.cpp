@@ -1,5 +1,6 @@
 #include "actions/model_textures.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/text.h"
@@ -20,7 +21,7 @@ namespace {
 constexpr std::uint64_t classByteAt = 26;
 constexpr std::uint32_t noChunk = 65536;  // a type that no chunk can have
 
-/// True when the model names textures in a table that lies wholly in its file. What stands behind it does not matter.
+/// True when the model names textures in a table that lies wholly in its file. What follows the table does not matter.
 bool HasNames(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   while (const auto chunk = NextChunk(reader, textureNamesChunk)) {
@@ -30,28 +31,15 @@ bool HasNames(Files& files, const std::string& path) {
   return false;
 }
 
-/// True when the file is long enough for a model and nothing but whole chunks; less than a header may be left over.
+/// True when the file is long enough for a model and consists of whole chunks; less than a header may be left over.
 bool IsAllChunks(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   if (reader.length <= classByteAt) return false;
-  // A file of zeros is a row of empty chunks.
+  // A file of zeros is a sequence of empty chunks.
   const auto header = BytesAt(reader, 0, chunkHeaderSize);
   if ((header[2] | header[3]) == 0 || (header[4] | header[5]) == 0) return false;
   NextChunk(reader, noChunk);
   return reader.next <= reader.length && reader.length - reader.next < chunkHeaderSize;
-}
-
-/// The cache's table, read once for all names; nothing for a cache that is not there, after its box.
-TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string& anyName) {
-  if (!FileExists(host.files, cachePath)) {
-    FindStructOffset(host, cachePath, anyName);  // it tells that the cache is missing
-    return {};
-  }
-  File file(host.files, cachePath, OpenFor::reading);
-  const TcacheBytes cache = ReadTcache(file);
-  TcacheTable table;
-  for (int slot = 0; slot < SlotsIn(cache); ++slot) table.push_back(EntryOf(cache, slot));
-  return table;
 }
 
 std::string BitmapFor(Files& files, const std::string& modelPath, const std::string& name, const GivenBitmaps& given,
@@ -65,15 +53,14 @@ ListedTexture NewListed(Files& files, const std::string& name, const TcacheTable
                         const GivenBitmaps& given) {
   ListedTexture texture;
   texture.name = name;
-  // The first slot of the name, as FindStructOffset finds it.
-  for (const TcacheEntry& entry : table) {
-    if (!SameName(entry.name, name)) continue;
-    texture.cached = entry;
-    texture.cachedPalette = TemplateFor(table, entry.name);
-    break;
+  const auto cached =
+      std::find_if(table.begin(), table.end(), [&](const TcacheEntry& entry) { return SameName(entry.name, name); });
+  if (cached != table.end()) {
+    texture.cached = *cached;
+    texture.cachedPalette = TemplateFor(table, cached->name);
   }
   texture.bitmapPath = BitmapFor(files, modelPath, name, given, texture.given);
-  if (!texture.bitmapPath.empty()) texture.unusable = WhyUnusable(texture.bitmapPath, texture.info);
+  if (!texture.bitmapPath.empty()) texture.unusable = WhyUnusable(files, texture.bitmapPath, texture.info);
   return texture;
 }
 
@@ -97,18 +84,19 @@ std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, c
       if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
     }
   } catch (const FileError&) {
-    return {};  // whoever imports the model is told
+    return {};  // the import of the model shows a box
   }
   return bitmaps;
 }
 
-std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
-  // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
-  Host quiet;
-  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
-  if (!GetBMPInfo(quiet, bitmapPath, info)) return "it is no bitmap that can be read";
+std::string WhyUnusable(Files& files, const std::string& bitmapPath, BmpInfo& info) {
   try {
-    if (BitmapFits(quiet.files, bitmapPath, info)) return "";
+    info = GetBMPInfo(files, bitmapPath);
+  } catch (const FileError&) {
+    return "it is no bitmap that can be read";
+  }
+  try {
+    if (BitmapFits(files, bitmapPath, info)) return "";
   } catch (const FileError& error) {
     return error.reason;
   }
@@ -133,7 +121,9 @@ bool TextureList(Host& host, std::string modelPath, const std::string& cachePath
     names = ReadShpTextureNames(host.files, modelPath);
     std::vector<ListedTexture> found;
     if (!names.empty()) {
-      const TcacheTable table = TableOf(host, cachePath, names.front());
+      // Without the cache the list is shown all the same, after one box.
+      const bool there = Trap(host, "FindStructOffset", [&] { RequireFile(host.files, cachePath); });
+      const TcacheTable table = there ? EntriesOf(ReadTcache(host.files, cachePath)) : TcacheTable();
       for (const std::string& name : names) found.push_back(NewListed(host.files, name, table, modelPath, given));
     }
     textures = std::move(found);

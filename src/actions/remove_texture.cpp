@@ -5,7 +5,6 @@
 #include <set>
 
 #include "base/text.h"
-#include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "files/file.h"
 #include "files/look_up.h"
@@ -19,7 +18,7 @@ namespace {
 
 constexpr const char* removeTitle = "RemoveTexture()";
 
-/// Bytes that are copied in one go, from one offset of the old cache to one of the new cache.
+/// A run of bytes that is copied from the old cache to the new one.
 struct CopiedRun {
   std::uint64_t from = 0;
   std::uint64_t to = 0;
@@ -51,13 +50,13 @@ std::set<std::string> NamesToRemove(const Ships& removed, const Ships& remaining
   for (const std::string& name : NamesOfShips(remaining)) {
     names.erase(name);
     names.erase("G" + name);
-    // The remaining ship may name the companion: then the texture that it belongs to stays as well.
+    // The remaining ship may name the companion: then its texture stays as well.
     if (name.front() == 'G') names.erase(name.substr(1));
   }
   return names;
 }
 
-/// The factory textures' data stay where they are. Runs that touch or overlap are one.
+/// The factory textures' data, which do not move. Runs that touch or overlap are merged.
 std::vector<CopiedRun> FactoryRuns(const TcacheBytes& cache) {
   std::vector<CopiedRun> runs;
   for (int slot = 0; slot < factoryTextures; ++slot) {
@@ -79,7 +78,7 @@ std::vector<CopiedRun> FactoryRuns(const TcacheBytes& cache) {
 }
 
 /// Keeps a user texture: in the next slot, its data at the running data end. An entry whose data do not lie in the old
-/// cache has none to move; it is kept as it is.
+/// cache is kept unchanged.
 void KeepUserTexture(Rebuilt& rebuilt, const TcacheBytes& cache, int slot, int newSlot) {
   const auto bytes = SlotBytes(cache, slot);
   const auto target = rebuilt.head.begin() + static_cast<std::ptrdiff_t>(TcacheEntryOffset(newSlot));
@@ -126,46 +125,33 @@ void WriteRebuilt(Files& files, const std::string& cachePath, const std::string&
   Flush(made);
 }
 
-bool RefuseRemoval(Host& host) {
-  Show(host, "Error - not a valid tcache file", Icon::exclamation, removeTitle);
-  return false;
-}
-
 std::string UnfinishedRebuild(const std::string& cachePath) { return ParentFolder(cachePath) + "temp"; }
 
-bool RebuildWithout(Host& host, const std::string& cachePath, const std::set<std::string>& unwanted) {
-  TcacheBytes cache;
-  {
-    File file(host.files, cachePath, OpenFor::reading);
-    cache = ReadTcache(file);
-  }
-  if (!FactoryPartIsWhole(cache)) return RefuseRemoval(host);
+void RebuildWithout(Files& files, const std::string& cachePath, const TcacheBytes& cache,
+                    const std::set<std::string>& unwanted) {
+  const FileError damaged("could not use", cachePath, "its textures are damaged", ErrorKind::damaged);
+  if (!FactoryPartIsWhole(cache)) throw damaged;
   const Rebuilt rebuilt = Rebuild(cache, unwanted);
   // Textures that share their data would make the cache grow.
-  if (rebuilt.dataEnd > cache.length) return RefuseRemoval(host);
+  if (rebuilt.dataEnd > cache.length) throw damaged;
   const std::string temp = UnfinishedRebuild(cachePath);
   try {
-    WriteRebuilt(host.files, cachePath, temp, rebuilt);
-    RenameOver(host.files, temp, cachePath);
+    WriteRebuilt(files, cachePath, temp, rebuilt);
+    RenameOver(files, temp, cachePath);
   } catch (const FileError&) {
-    EraseIfThere(host.files, temp);
+    EraseIfThere(files, temp);
     throw;
   }
-  return true;
 }
 
 }  // namespace
 
-bool RemoveTexture(Host& host, std::string cachePath, const Ships& removed, const Ships& remaining) {
-  TrimInPlace(cachePath);
-  if (!FileExists(host.files, cachePath)) {
-    Show(host, "TCACHE not found!", Icon::exclamation, removeTitle);
-    return false;
-  }
-  TcacheTable table;
-  if (GetTcacheTable(host, cachePath, table) == 0) return false;
-  return Trapped(host, removeTitle, false,
-                 [&] { return RebuildWithout(host, cachePath, NamesToRemove(removed, remaining)); });
+bool RemoveTexture(Host& host, const std::string& cachePath, const Ships& removed, const Ships& remaining) {
+  TcacheBytes cache;
+  return Trap(host, removeTitle, [&] { RequireFile(host.files, cachePath); }) &&
+         Trap(host, "GetTcacheTable", [&] { cache = ReadUsableTcache(host.files, cachePath); }) &&
+         Trap(host, removeTitle,
+              [&] { RebuildWithout(host.files, cachePath, cache, NamesToRemove(removed, remaining)); });
 }
 
 void EraseUnfinishedRebuild(Files& files, const std::string& cachePath) {

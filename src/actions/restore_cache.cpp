@@ -5,7 +5,6 @@
 
 #include "base/hex_text.h"
 #include "base/text.h"
-#include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "files/file.h"
 #include "files/file_numbers.h"
@@ -21,8 +20,7 @@ namespace {
 constexpr const char* restoreTitle = "RestoreTcacheFile";
 constexpr std::uint64_t restoreBlock = 500000;
 
-/// Zeroes the entries behind `from` that an editor made: an import that was cut short leaves them there, where the
-/// count does not reach.
+/// Zeroes the entries from slot `from` on that an editor made: an interrupted import leaves them in unused slots.
 void ZeroLeftOverSlots(File& source, int from, File& file) {
   std::array<std::uint8_t, 4> mark{};
   const Bytes nothing(tcacheEntrySize);
@@ -51,9 +49,7 @@ void WriteFactoryPart(File& source, const TcacheBytes& cache, File& file) {
 
 /// Reads header and table of a cache that may be missing.
 TcacheBytes ReadIfThere(Files& files, const std::string& path) {
-  if (!FileExists(files, path)) return {};
-  File cache(files, path, OpenFor::reading);
-  return ReadTcache(cache);
+  return FileExists(files, path) ? ReadTcache(files, path) : TcacheBytes();
 }
 
 /// True when a file is no more than the first bytes of another one: what an interrupted copy leaves.
@@ -74,35 +70,31 @@ bool IsBeginningOf(Files& files, const std::string& path, const std::string& who
   return true;
 }
 
-bool RestoreFrom(Host& host, const std::string& source, const TcacheBytes& cache, const std::string& cachePath) {
+void RestoreFrom(Files& files, const std::string& source, const TcacheBytes& cache, const std::string& cachePath) {
   // The source is closed again before the new cache takes its name.
-  WriteBeside(host.files, cachePath, [&](File& file) {
-    File from(host.files, source, OpenFor::reading);
+  WriteBeside(files, cachePath, [&](File& file) {
+    File from(files, source, OpenFor::reading);
     WriteFactoryPart(from, cache, file);
   });
-  return true;
 }
 
-bool Restore(Host& host, const std::string& cachePath, const std::string& old) {
-  const bool there = FileExists(host.files, cachePath);
-  const TcacheBytes cache = ReadIfThere(host.files, cachePath);
-  if (FactoryPartIsWhole(cache)) return RestoreFrom(host, cachePath, cache, cachePath);
-  const TcacheBytes kept = ReadIfThere(host.files, old);
-  if (FactoryPartIsWhole(kept) && (!there || IsBeginningOf(host.files, cachePath, old))) {
-    RestoreFrom(host, old, kept, cachePath);
-    if (kept.count == factoryTextures) EraseFile(host.files, old);
-    return true;
+void Restore(Files& files, const std::string& cachePath, const std::string& old) {
+  const bool there = FileExists(files, cachePath);
+  const TcacheBytes cache = ReadIfThere(files, cachePath);
+  if (FactoryPartIsWhole(cache)) return RestoreFrom(files, cachePath, cache, cachePath);
+  const TcacheBytes kept = ReadIfThere(files, old);
+  if (!FactoryPartIsWhole(kept) || (there && !IsBeginningOf(files, cachePath, old))) {
+    RequireFile(files, cachePath);
+    throw FileError("could not use", cachePath, "its textures are damaged", ErrorKind::damaged);
   }
-  Show(host, there ? "Error - not a valid tcache file" : "Error - Path(s) not found", Icon::exclamation, restoreTitle);
-  return false;
+  RestoreFrom(files, old, kept, cachePath);
+  if (kept.count == factoryTextures) EraseFile(files, old);
 }
 
 }  // namespace
 
-bool RestoreTcacheFile(Host& host, std::string cachePath) {
-  TrimInPlace(cachePath);
-  const std::string old = ChangeExtension(cachePath, ".old");
-  return Trapped(host, restoreTitle, false, [&] { return Restore(host, cachePath, old); });
+bool RestoreTcacheFile(Host& host, const std::string& cachePath) {
+  return Trap(host, restoreTitle, [&] { Restore(host.files, cachePath, ChangeExtension(cachePath, ".old")); });
 }
 
 int TcacheCount(Files& files, const std::string& cachePath) {

@@ -1,14 +1,11 @@
 #include "actions/texture_batch.h"
 
-#include "actions/import_refusals.h"
+#include "actions/import_texture.h"
 #include "actions/learn_loadout.h"
 #include "base/text.h"
-#include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/new_name.h"
 #include "files/file.h"
-#include "installation/installation.h"
-#include "textures/bitmap.h"
 #include "textures/extract_texture.h"
 #include "textures/new_texture.h"
 
@@ -16,7 +13,7 @@ namespace oravin {
 
 namespace {
 
-/// True when a slot holds the very picture that a new texture would be.
+/// True when a slot has the same picture as a new texture.
 bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTexture& texture) {
   const TcacheEntry entry = EntryOf(batch.cache, slot);
   if (entry.pixelFormat != texture.format || entry.width != texture.info.width || entry.height != texture.info.height ||
@@ -27,9 +24,9 @@ bool SamePicture(Files& files, const TextureBatch& batch, int slot, const NewTex
   return ReadTextureData(files, batch.cachePath, entry) == texture.pixels;
 }
 
-/// Has the maps ready for a companion. A message says once, at the first need, that they cannot be learned.
-bool ProvideMaps(Host& host, TextureBatch& batch) {
-  if (!batch.mapsSought) batch.maps = ProvideLoadoutMaps(host, batch.cachePath, batch.mapsPath);
+/// Provides the maps for a companion. A box says once, at the first need, that they cannot be learned.
+bool ProvideMaps(Host& host, const Installation& installation, TextureBatch& batch) {
+  if (!batch.mapsSought) batch.maps = ProvideLoadoutMaps(host, installation);
   batch.mapsSought = true;
   return batch.maps.has_value();
 }
@@ -53,73 +50,74 @@ void AddTogether(Files& files, TextureBatch& batch, const std::vector<NewTexture
   }
 }
 
-NewTexture CompanionOf(const NewTexture& texture, const LoadoutMaps& maps) {
-  NewTexture companion = texture;
-  companion.name = "g" + texture.name;
-  MapPixels(companion.pixels, maps);
-  return companion;
-}
-
-/// Gives a texture that an import found in the cache, and that its ship will use, the companion that it lacks.
-void AddLackingCompanion(Host& host, TextureBatch& batch, int slot, const std::string& name) {
+/// Adds the companion that an installed texture lacks: the ship that is being imported will use the texture.
+void AddLackingCompanion(Host& host, const Installation& installation, TextureBatch& batch, int slot,
+                         const std::string& name) {
   const TcacheEntry entry = EntryOf(batch.cache, slot);
   const BmpInfo info{0, entry.width, entry.height, entry.pixelFormat, entry.imageCount};
   if (entry.pixelFormat != paletteFormat || SlotNamed(batch.cache, "g" + name) >= 0) return;
-  if (!SidesFit(info) || !DataLiesIn(entry, batch.cache.length) || !ProvideMaps(host, batch)) return;
-  if (batch.cache.count == tcacheCapacity) EndForFullCache(host);
+  if (!SidesFit(info) || !DataLiesIn(entry, batch.cache.length) || !ProvideMaps(host, installation, batch)) return;
+  if (batch.cache.count == tcacheCapacity) throw CacheIsFull(batch.cachePath);
   const NewTexture texture = MakeTexture(name, info, ReadTextureData(host.files, batch.cachePath, entry));
   AddTogether(host.files, batch, {CompanionOf(texture, *batch.maps)});
 }
 
-AddedTexture Add(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
-                 AlreadyThere rule) {
-  const int slot = SlotNamed(batch.cache, name);
-  if (slot >= factoryTextures && rule == AlreadyThere::byName) return AddedTexture::installed;
+AddedTexture Add(Host& host, const Installation& installation, TextureBatch& batch, const std::string& name,
+                 const std::string& bitmapPath, AlreadyThere rule) {
+  const bool installed = IsInstalled(batch, name);
+  if (installed && rule == AlreadyThere::byName) return AddedTexture::installed;
   BmpInfo info;
-  if (!GetBMPInfo(host, bitmapPath, info)) return AddedTexture::refused;
-  // What is there already needs no slot of its own.
-  if (slot < 0 && batch.cache.count == tcacheCapacity) EndForFullCache(host);
-  if (!BitmapFits(host.files, bitmapPath, info)) {
-    RefuseBitmap(host);
-    return AddedTexture::refused;
-  }
-  const NewTexture texture = MakeTexture(name, info, ReadPixels(host.files, bitmapPath, info));
-  if (slot >= factoryTextures) {
-    const bool same = SamePicture(host.files, batch, slot, texture);
-    if (!same) NameIsFree(host, batch.cache, name);  // shows that another picture has the name
-    AddLackingCompanion(host, batch, slot, name);
-    return same ? AddedTexture::installed : AddedTexture::nameTaken;
-  }
-  if (!NameIsFree(host, batch.cache, name)) return AddedTexture::nameTaken;
-  if (!NameCanBeStored(host, name)) return AddedTexture::refused;
-  std::vector<NewTexture> textures = {texture};
-  if (info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0 && ProvideMaps(host, batch)) {
-    if (batch.cache.count == tcacheCapacity - 1) EndForFullCache(host);
-    textures.push_back(CompanionOf(texture, *batch.maps));
-  }
-  AddTogether(host.files, batch, textures);
-  return AddedTexture::added;
+  if (!Trap(host, "GetBMPInfo", [&] { info = GetBMPInfo(host.files, bitmapPath); })) return AddedTexture::refused;
+  const AddedTexture added =
+      AddBitmap(host.files, batch, name, bitmapPath, info, [&] { return ProvideMaps(host, installation, batch); });
+  if (added == AddedTexture::nameTaken) ShowNameTaken(host, name);
+  if (added == AddedTexture::cannotBeStored) NameCanBeStored(host, name);  // shows why
+  if (installed) AddLackingCompanion(host, installation, batch, SlotNamed(batch.cache, name), name);
+  return added;
 }
 
 }  // namespace
 
-bool BeginTextures(Host& host, const std::string& cachePath, const std::string& programPath, TextureBatch& batch) {
+bool BeginTextures(Host& host, const Installation& installation, TextureBatch& batch) {
   batch = {};
-  batch.cachePath = cachePath;
-  batch.mapsPath = programPath + loadoutMapsName;
-  return Trapped(host, importTitle, false, [&] {
-    if (!ReadCacheToAddTo(host, batch.cachePath, batch.cache)) return false;
-    if (!CanBeAddedTo(batch.cache)) return RefuseCache(host);
+  batch.cachePath = installation.cachePath();
+  return TrappedImport(host, false, [&] {
+    batch.cache = ReadTcache(host.files, batch.cachePath);
+    if (!CanBeAddedTo(batch.cache)) throw CacheIsDamaged(batch.cachePath);
     batch.begun = batch.cache;
     batch.begun.slots.clear();
     return true;
   });
 }
 
-AddedTexture AddTexture(Host& host, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
-                        AlreadyThere rule) {
+AddedTexture AddBitmap(Files& files, TextureBatch& batch, const std::string& name, const std::string& bitmapPath,
+                       const BmpInfo& info, const std::function<bool()>& provideMaps) {
+  const int slot = SlotNamed(batch.cache, name);
+  // A texture that is there already needs no slot of its own.
+  if (slot < 0 && batch.cache.count == tcacheCapacity) throw CacheIsFull(batch.cachePath);
+  if (!BitmapFits(files, bitmapPath, info)) throw BitmapDoesNotFit(bitmapPath);
+  std::vector<NewTexture> textures = {MakeTexture(name, info, ReadPixels(files, bitmapPath, info))};
+  if (slot >= factoryTextures && SamePicture(files, batch, slot, textures[0])) return AddedTexture::installed;
+  if (slot >= 0) return AddedTexture::nameTaken;
+  if (!IsCodePageText(name)) return AddedTexture::cannotBeStored;
+  if (info.depth == 1 && SlotNamed(batch.cache, "g" + name) < 0 && provideMaps()) {
+    if (batch.cache.count == tcacheCapacity - 1) throw CacheIsFull(batch.cachePath);
+    textures.push_back(CompanionOf(textures[0], *batch.maps));
+  }
+  AddTogether(files, batch, textures);
+  return AddedTexture::added;
+}
+
+bool IsInstalled(const TextureBatch& batch, const std::string& name) {
+  return SlotNamed(batch.cache, name) >= factoryTextures;
+}
+
+AddedTexture AddTexture(Host& host, const Installation& installation, TextureBatch& batch, const std::string& name,
+                        const std::string& bitmapPath, AlreadyThere rule) {
   const std::string given = Trim(name).substr(0, longestTextureName);
-  return Trapped(host, importTitle, AddedTexture::refused, [&] { return Add(host, batch, given, bitmapPath, rule); });
+  const AddedTexture added = TrappedImport(host, AddedTexture::refused,
+                                           [&] { return Add(host, installation, batch, given, bitmapPath, rule); });
+  return added == AddedTexture::cannotBeStored ? AddedTexture::refused : added;
 }
 
 BatchMark MarkOf(const TcacheBytes& cache) { return {cache.count, cache.dataEnd, cache.length}; }
@@ -149,7 +147,7 @@ void CommitTextures(Files& files, TextureBatch& batch) {
 void TakeBackTextures(Files& files, TextureBatch& batch) {
   if (!batch.replaced.empty()) {
     File file(files, batch.cachePath, OpenFor::changing);
-    // The header first: from then on nothing looks at the entries.
+    // The header first: after it no program reads the entries.
     PutCounts(file, batch.begun);
     Put(file, TcacheEntryOffset(batch.begun.count), batch.replaced);
     batch.replaced.clear();

@@ -2,9 +2,9 @@
 
 #include "actions/add_on_ship.h"
 #include "actions/build_catalogue.h"
-#include "actions/import_refusals.h"
 #include "actions/load_table.h"
 #include "actions/restore_stats.h"
+#include "actions/import_texture.h"
 #include "actions/safekeeping.h"
 #include "actions/unpack_models.h"
 #include "app/loadout.h"
@@ -118,7 +118,7 @@ bool Prepare(Main& main, Preparation& preparation) {
   preparation.wasEnabled = FeaturesEnabled(main.host.files, main.installation.cataloguePath());
   if (!ReadArchive(main, preparation)) return false;
   // Found out later, it would end the program between the new catalogue and the models that go with it.
-  if (!CacheHasSlotsFor(main.installation, preparation.list)) EndForFullCache(main.host);
+  if (!CacheHasSlotsFor(main.host.files, main.installation, preparation.list)) EndForFullCache(main.host);
   return Trapped(main.host, "cmdEnable_Click()", false,
                  [&] { return ReadyToWrite(main.host, PlanEnable(main, preparation)); });
 }

@@ -10,10 +10,8 @@ namespace oravin {
 
 bool ReadyLoadoutMaps(Main& main) {
   const Installation& installation = main.installation;
-  const std::string cache = installation.cachePath();
-  if (!FileExists(main.host.files, cache)) return false;
-  return Trapped(main.host, learnTitle, false,
-                 [&] { return ProvideLoadoutMaps(main.host, cache, installation.loadoutMapsPath()).has_value(); });
+  if (!FileExists(main.host.files, installation.cachePath())) return false;
+  return Trapped(main.host, learnTitle, false, [&] { return ProvideLoadoutMaps(main.host, installation).has_value(); });
 }
 
 void SetUpLoadouts(Main& main) {
@@ -24,7 +22,7 @@ void SetUpLoadouts(Main& main) {
                                 [&] { return LackingCompanions(main.host.files, cache, installation.ships); });
   if (lacking.empty()) return;
   ShowProgress(main.host, "Making loadout textures", 0, 1);
-  LoadoutSetup(main.host, cache, installation.ProgramPath, lacking, lacking.size());
+  LoadoutSetup(main.host, installation, lacking);
 }
 
 }  // namespace oravin

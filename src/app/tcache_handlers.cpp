@@ -27,7 +27,7 @@ void DoInTcache(Main& main) {
   action(main.host, main.tcache, main.installation);
 }
 
-/// After what changes the selection, the preview is brought up to date too.
+/// For actions that change the selection: updates the preview too.
 template <OnTcacheTab action>
 void DoAndLookInTcache(Main& main) {
   action(main.tcache);
@@ -57,7 +57,7 @@ void ImportOne(Main& main) {
   CheckTcacheOnDisk(main.host, main.tcache);
 }
 
-void LookAtBitmap(Main& main) { txtImportTexturePath_LostFocus(main.imports.texture); }
+void LookAtBitmap(Main& main) { txtImportTexturePath_LostFocus(main.host, main.imports.texture); }
 
 constexpr std::array<Handler, 20> tcacheHandlers = {
     {{"tcache.cmdBrowseTcacheSource", DoInTcache<cmdBrowseTcacheSource_Click>, false},

@@ -84,7 +84,7 @@ bool GiveBitmaps(Session& session, const std::vector<std::string>& pairs) {
     if (!given || !NamesTexture(session, given->left)) return false;
     const std::string path = platform::ToWindowsPath(given->right);
     BmpInfo info;
-    std::string why = WhyUnusable(path, info);
+    std::string why = WhyUnusable(session.main.host.files, path, info);
     if (!why.empty()) {
       SayError(session.console, why.insert(0, path + " cannot become a texture: "));
       return false;

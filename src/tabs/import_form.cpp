@@ -245,7 +245,7 @@ void cmdFindBitmap_Click(Host& host, FighterPack& form, const Installation& inst
   const std::string bitmap = AskForBitmap(host, folder, texture.name);
   if (bitmap.empty()) return;
   BmpInfo info;
-  const std::string why = WhyUnusable(bitmap, info);
+  const std::string why = WhyUnusable(host.files, bitmap, info);
   if (!why.empty()) return Show(host, "This bitmap cannot become a texture:\n" + why, Icon::exclamation);
   form.given[*form.ship][BitmapKey(texture.name)] = bitmap;
   // The list of textures is of the ship that was clicked, so that one stays the selected ship.

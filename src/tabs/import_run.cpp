@@ -80,8 +80,8 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   Files& files = run.host.files;
   if (!BitmapsCanBeKept(run, ship)) return false;
   for (const NewShipTexture& texture : ship.textures) {
-    const AddedTexture added =
-        AddTexture(run.host, run.batch.textures, texture.name, texture.bitmap, AlreadyThere::byPixels);
+    const AddedTexture added = AddTexture(run.host, run.installation, run.batch.textures, texture.name, texture.bitmap,
+                                          AlreadyThere::byPixels);
     if (added == AddedTexture::refused) return false;
   }
   const std::string model = ModelOf(ship.record);

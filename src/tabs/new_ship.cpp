@@ -64,7 +64,7 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
     names.push_back(name);
     ship.textures.push_back({name, bitmap});
     BmpInfo info = texture.info;
-    if (texture.bitmapPath.empty()) WhyUnusable(bitmap, info);
+    if (texture.bitmapPath.empty()) WhyUnusable(host.files, bitmap, info);
     ship.deep = ship.deep || (checked.ship.shipClass == fighterClass && info.depth == deepImage);
   }
   SetTextures(ship.record, names);

@@ -10,7 +10,7 @@
 
 namespace oravin {
 
-/// The panel of the "Import Ships" tab by which one texture is imported by hand.
+/// The panel of the "Import Ships" tab that imports a single texture.
 struct ImportTexturePanel {
   Label frameTextureImport;  ///< the frame around the panel
   Button cmdImportTexture;
@@ -18,26 +18,25 @@ struct ImportTexturePanel {
   Button cmdImportTextureBrowse;
   TextBox txtImportTextureName;
   TextBox txtImportTexturePath;
-  std::array<Label, 4> lblBMPinfo;  ///< the bitmap's width, height, depth and images
+  std::array<Label, 4> lblBMPinfo;  ///< the bitmap's width, height, depth and mipmap levels
   std::array<Label, 2> lbl3DConv;   ///< the captions of the two text boxes: name, path
   TexturePreview preview;           ///< the bitmap as the texture will look
-  bool nameTakesFocus = false;      ///< set where the person must give a name; the window takes it back
+  bool nameTakesFocus = false;      ///< set when a name is missing; the window moves the focus and clears it
 };
 
 ImportTexturePanel NewImportTexturePanel();
 
-/// Asks for a bitmap and shows what it says of itself.
+/// Asks for a bitmap and shows its sizes and its picture.
 void cmdImportTextureBrowse_Click(Host& host, ImportTexturePanel& panel);
 
-/// Shows the bitmap whose path was typed, if it is one that can be imported; without a word if it is not.
-void txtImportTexturePath_LostFocus(ImportTexturePanel& panel);
+/// Shows the bitmap whose path was typed, if it can be imported; without a box if it cannot.
+void txtImportTexturePath_LostFocus(Host& host, ImportTexturePanel& panel);
 
-/// Imports the bitmap into the game's cache under the name in its box, cut to 30 characters. With "For fighter" it is
-/// made into a fighter's chain first and imported a second time, as its companion, whose name has a "g" before it. The
-/// maps for that are learned where they are missing; where that fails, a box says why and the chain is imported alone.
+/// Imports the bitmap into the game's cache with ImportTexture, under the name in its text box, cut to 30 characters;
+/// with "For fighter" by ImportFighterTextures.
 ///
-/// Boxes beside those of the procedures that do the work: "Import texture not found.", "Enter name for texture" titled
-/// "Import Texture", that of NameCanBeStored, "Textured imported successfully!".
+/// Boxes besides theirs: "Import texture not found.", that of GetBMPInfo, "Enter name for texture" titled "Import
+/// Texture", that of NameCanBeStored, "Textured imported successfully!".
 void cmdImportTexture_Click(Host& host, ImportTexturePanel& panel, const Installation& installation);
 
 }  // namespace oravin

@@ -35,7 +35,7 @@ void ShowTexture(Host& host, TexturePreview& preview, const std::string& cachePa
   try {
     picture = TexturePicture(host.files, cachePath, entry, shown, TemplatePalette(host.files, templatePath));
   } catch (const FileError& error) {
-    why = error.reason;  // a look is not worth a box
+    why = error.reason;  // a preview shows no box
   }
   if (!picture) return ShowNoTexture(preview, name + ": " + why);
   preview.lblPreview.caption = name + ", image " + std::to_string(shown + 1) + " of " + std::to_string(images) + ": " +
@@ -53,7 +53,7 @@ void ShowBitmap(Host& host, TexturePreview& preview, const std::string& path, co
   try {
     picture = BitmapPicture(host.files, path, info);
   } catch (const FileError&) {
-    picture.reset();  // the import itself tells what is wrong with it
+    picture.reset();  // the import shows what is wrong with it
   }
   ShowNoTexture(preview, picture ? "" : "This bitmap cannot be shown.");
   preview.picture = std::move(picture);

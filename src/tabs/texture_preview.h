@@ -10,24 +10,24 @@
 
 namespace oravin {
 
-/// The pane beside a list of textures that shows one of them.
+/// The pane next to a list of textures that shows one of them.
 struct TexturePreview {
-  Label lblPreview;  ///< which texture and image it is, or why there is no picture
+  Label lblPreview;  ///< which texture and mipmap level it is, or why there is no picture
   Button cmdLargerImage;
   Button cmdSmallerImage;
-  CheckBox chkFitted;  ///< the picture fills the pane; otherwise a pixel of it is a pixel of the screen
+  CheckBox chkFitted;  ///< the picture fills the pane; otherwise it has its own size
 
   std::optional<Picture> picture;
-  int image = 0;          ///< which image of the texture, from 0, the largest
-  int images = 0;         ///< how many there are to choose from
+  int image = 0;          ///< the mipmap level, from 0, the largest
+  int images = 0;         ///< the number of levels
   unsigned revision = 0;  ///< counts the changes of the picture
 };
 
 TexturePreview NewTexturePreview();
 
-/// Shows an image of a texture, or the nearest one that it has.
-/// @param cachePath the cache; the texture's data are read from it
-/// @param templatePath the bitmap whose palette an 8-bit texture is shown through
+/// Shows a mipmap level of a texture, or the nearest one that it has.
+/// @param cachePath the cache with the texture's data
+/// @param templatePath the bitmap whose palette an 8-bit texture is shown in
 void ShowTexture(Host& host, TexturePreview& preview, const std::string& cachePath, const TcacheEntry& entry,
                  const std::string& templatePath, int image);
 

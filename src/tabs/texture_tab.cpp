@@ -6,17 +6,15 @@
 #include <algorithm>
 #include <array>
 
+#include "actions/rename_texture.h"
 #include "actions/restore_cache.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
-#include "desk/new_name.h"
 #include "desk/write_plan.h"
-#include "files/file.h"
 #include "files/look_up.h"
 #include "files/path.h"
-#include "files/whole_file.h"
 #include "textures/cache_table.h"
 
 namespace oravin {
@@ -62,6 +60,11 @@ ListRow RowOf(const TcacheEntry& entry, std::size_t index) {
 
 }  // namespace
 
+const TcacheEntry* TextureOfRow(const TcacheTab& tab, const ListRow& row) {
+  const auto index = static_cast<std::size_t>(row.item);
+  return index < tab.table.size() ? &tab.table[index] : nullptr;
+}
+
 TcacheTab NewTcacheTab() {
   TcacheTab tab;
   tab.cmdRestoreTCACHE = {"&Restore", "Will return the tcache to factory specs", true};
@@ -104,7 +107,7 @@ void cmdOpenTcache_Click(Host& host, TcacheTab& tab) {
     return;
   }
   // Without a table nothing is listed, also when another cache was open before.
-  if (GetTcacheTable(host, path, tab.table) == 0) tab.table.clear();
+  tab.table = Trapped(host, "GetTcacheTable", TcacheTable(), [&] { return GetTcacheTable(host.files, path); });
   Trap(host, "Oravin - cmdOpenTcache_Click()", [&] {
     const TcacheBytes cache = ReadTcache(host.files, path);
     tab.textureCount = cache.count;
@@ -146,18 +149,10 @@ void cmdReopenTcache_Click(Host& host, TcacheTab& tab) {
 
 void CheckTcacheOnDisk(Host& host, TcacheTab& tab) {
   if (tab.openCache.empty()) return;
-  bool changed = true;
-  if (FileExists(host.files, tab.openCache)) {
-    // It is only a look: a cache that cannot be read just now is no reason for a box.
-    try {
-      changed = SealOf(ReadTcache(host.files, tab.openCache)) != tab.seal;
-    } catch (const FileError&) {
-      changed = true;
-    }
-  }
-  if (!changed) {
-    ClearStatus(tab);
-    return;
+  try {
+    if (SealOf(ReadTcache(host.files, tab.openCache)) == tab.seal) return ClearStatus(tab);
+  } catch (const FileError&) {
+    // No box: the status line says enough about a cache that cannot be read just now.
   }
   tab.lblTcacheStatus.caption =
       "This cache has changed on disk since it was opened. Open it again to see what it holds.";
@@ -185,37 +180,17 @@ void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& in
   const std::size_t index = static_cast<std::size_t>(tab.lstTcache.rows[row].item);
   if (index >= tab.table.size()) return;
   const std::string oldName = Trim(tab.table[index].name);
-  const auto keep = [&] { SetText(tab.lstTcache, row, 0, oldName); };
-  const std::string newName = Trim(Trim(text).substr(0, longestTextureName));
+  SetText(tab.lstTcache, row, 0, oldName);
   const std::string cache = installation.cachePath();
-  keep();
-  if (newName.empty()) {
-    Show(host, "Enter name for texture", Icon::exclamation);
-    return;
-  }
-  if (FindStructOffset(host, cache, newName) != 0) {
-    Show(host, "Name already exists", Icon::exclamation);
-    return;
-  }
-  if (!NameCanBeStored(host, newName)) return;
-  // What is not changed is taken from the game's cache as it is now: the open one may be another, or an older state.
-  TcacheTable own;
-  if (GetTcacheTable(host, cache, own) == 0) return;
-  const bool same = SameName(tab.openCache, cache);
-  if (index >= own.size() || (same && !SameName(own[index].name, oldName))) {
-    Show(host,
-         "The game's texture cache has changed since this list was read. Open it again. Nothing has been changed.",
-         Icon::exclamation);
-    return;
-  }
-  own[index].name = newName;
-  const bool saved = Trap(host, "lstTcache_AfterLabelEdit()", [&] {
-    SaveTcacheEntry(host, cache, own, static_cast<int>(index));
-    if (same) tab.seal = SealOf(ReadTcache(host.files, cache));
-  });
-  if (!saved) return;
-  tab.table[index].name = newName;
-  SetText(tab.lstTcache, row, 0, newName);
+  const bool open = SameName(tab.openCache, cache);
+  const auto newName =
+      RenameCachedTexture(host, installation, index, open ? std::optional(oldName) : std::nullopt, text);
+  if (!newName) return;
+  const bool read =
+      !open || Trap(host, "lstTcache_AfterLabelEdit()", [&] { tab.seal = SealOf(ReadTcache(host.files, cache)); });
+  if (!read) return;
+  tab.table[index].name = *newName;
+  SetText(tab.lstTcache, row, 0, *newName);
 }
 
 void cmdRestoreTCACHE_Click(Host& host, const Installation& installation) {

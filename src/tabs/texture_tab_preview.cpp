@@ -1,5 +1,4 @@
-// The Tcache Editor tab's pictures: the preview of the selected texture, and the thumbnails.
-
+// The pictures of the "Tcache Editor" tab: the preview of the selected texture, and the thumbnails.
 #include "base/file_error.h"
 #include "tabs/texture_tab.h"
 #include "textures/extract_texture.h"
@@ -8,19 +7,13 @@ namespace oravin {
 
 namespace {
 
-/// The texture that a row shows; null for a row without one.
-const TcacheEntry* TextureOf(const TcacheTab& tab, const ListRow& row) {
-  const auto index = static_cast<std::size_t>(row.item);
-  return index < tab.table.size() ? &tab.table[index] : nullptr;
-}
-
 std::string TemplateOf(const TcacheTab& tab, const Installation& installation, const TcacheEntry& entry) {
   return installation.programFile(TemplateFor(tab.table, entry.name));
 }
 
 void ShowImage(Host& host, TcacheTab& tab, const Installation& installation, int image) {
   const auto row = SelectedRow(tab.lstTcache);
-  const TcacheEntry* entry = row ? TextureOf(tab, tab.lstTcache.rows[*row]) : nullptr;
+  const TcacheEntry* entry = row ? TextureOfRow(tab, tab.lstTcache.rows[*row]) : nullptr;
   if (entry == nullptr) return ShowNoTexture(tab.preview, "");
   ShowTexture(host, tab.preview, tab.openCache, *entry, TemplateOf(tab, installation, *entry), image);
 }
@@ -41,7 +34,7 @@ void cmdSmallerImage_Click(Host& host, TcacheTab& tab, const Installation& insta
 
 std::optional<Picture> ThumbnailOf(Host& host, const TcacheTab& tab, const Installation& installation,
                                    const ListRow& row, int side) {
-  const TcacheEntry* entry = TextureOf(tab, row);
+  const TcacheEntry* entry = TextureOfRow(tab, row);
   if (entry == nullptr) return std::nullopt;
   try {
     const Palette palette = TemplatePalette(host.files, TemplateOf(tab, installation, *entry));

@@ -28,14 +28,13 @@ struct TheLoadout : test::CacheStage {
     for (std::size_t i = 0; i < 2048; ++i) maps.push_back(static_cast<std::uint8_t>(i * 5 + i / 256));
     Write("program/gloadconv.dat", maps);
   }
-  bool Set(const Ships& ships, std::size_t count = 100) {
-    return LoadoutSetup(at.host, Path(), folder.Windows("program"), ships, count);
-  }
+  bool Set(const Ships& ships) { return LoadoutSetup(at.host, installation, ships); }
   [[nodiscard]] Bytes Mapped(Bytes pixels) const {
     for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = maps[256 * LevelAt(i) + pixels[i]];
     return pixels;
   }
   void ExpectTidy() const { EXPECT_EQ(test::ImageOf(folder.Native("program")).size(), 1U); }
+  Installation installation{folder.windows, folder.Windows("program\\"), {}};
   Bytes maps;
 };
 
@@ -48,12 +47,12 @@ TEST_F(TheLoadout, OfReaperGetsACompanionGreaperThroughTheLevelsMaps) {
   ExpectTidy();
 }
 
-TEST_F(TheLoadout, LooksAtTheFirstTwoTexturesOfImportedShipsWithinTheCount) {
+TEST_F(TheLoadout, LooksAtTheFirstTwoTexturesOfImportedShips) {
   const Bytes before = CacheWith({{"a", 1, 4, 4, 1}, {"b", 1, 8, 8, 1}, {"c", 1, 8, 8, 1}, {"deep", 2, 8, 8, 1}});
   Make(before);
   ShipRecord stock = Imported({"c"});
   stock.Imported = false;
-  EXPECT_TRUE(Set({stock, Imported({"A", "b", "c"}), Imported({"", "deep"}), Imported({"c"})}, 3));
+  EXPECT_TRUE(Set({stock, Imported({"A", "b", "c"}), Imported({"", "deep"})}));
   const Bytes first = After(before, {"gA", 1, 4, 4, 1, Mapped(Pattern(16, 426)), 16});
   EXPECT_TRUE(test::SameBytes(After(first, {"gb", 1, 8, 8, 1, Mapped(Pattern(64, 427)), 64}), Now()));
 }
@@ -96,12 +95,13 @@ TEST_F(TheLoadout, OfDataThatLieNowhereStopsWithItsBox) {
   ExpectTidy();
 }
 
-TEST_F(TheLoadout, WithAMissingPathIsTold) {
+TEST_F(TheLoadout, WithAMissingPathIsReported) {
   at.desk.ExpectBox("Error - Path(s) not found", "LoadoutSetup", Icon::critical);
   EXPECT_FALSE(Set({}));
   Make(CacheWith({}));
   at.desk.ExpectBox("Error - Path(s) not found", "LoadoutSetup", Icon::critical);
-  EXPECT_FALSE(LoadoutSetup(at.host, Path(), folder.Windows("none"), {}, 0));
+  installation.ProgramPath = folder.Windows("none\\");
+  EXPECT_FALSE(Set({}));
 }
 
 TEST_F(TheLoadout, LeavesFilesOfTheProgramFolderAlone) {
@@ -110,8 +110,8 @@ TEST_F(TheLoadout, LeavesFilesOfTheProgramFolderAlone) {
   EXPECT_TRUE(Set({Imported({"loadconv.dat", "b:c"})}));
   EXPECT_TRUE(test::SameImage({{"gloadconv.dat", maps}, {"loadconv.dat", Pattern(9)}},
                               test::ImageOf(folder.Native("program"))));
-  TcacheTable table;
-  EXPECT_EQ(GetTcacheTable(at.host, Path(), table), 430);
+  const TcacheTable table = GetTcacheTable(at.host.files, Path());
+  ASSERT_EQ(table.size(), 430U);
   EXPECT_EQ(table[429].name, "gb:c");
 }
 
@@ -122,7 +122,7 @@ TEST_F(TheLoadout, ThatFailsAnywhereLeavesNoFilesAndAWholeCache) {
     test::ScriptedHost failing;
     failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
     test::Watch(failing.host.files, fault);
-    LoadoutSetup(failing.host, Path(), folder.Windows("program"), {Imported({"b"})}, 1);
+    LoadoutSetup(failing.host, installation, {Imported({"b"})});
     EXPECT_EQ(failing.desk.shown.empty(), !fault.happened);
     EXPECT_EQ(LongAt(Now(), 4), fault.happened ? 427U : 428U);
     ExpectTidy();
@@ -159,37 +159,38 @@ TEST_F(TheLoadout, OfAShipsFurtherTexturesLacksThoseThatWereAdded) {
   EXPECT_EQ(names(3), "d,");
   EXPECT_EQ(names(4), ",a");
   EXPECT_TRUE(Set(lacking));
-  TcacheTable table;
-  EXPECT_EQ(GetTcacheTable(at.host, Path(), table), 436);
+  const TcacheTable table = GetTcacheTable(at.host.files, Path());
+  ASSERT_EQ(table.size(), 436U);
   std::string added;
   for (std::size_t i = 431; i < table.size(); ++i) added += table[i].name + " ";
   EXPECT_EQ(added, "gt3 gc gb gd ga ");
 }
 
-TEST_F(TheLoadout, ReadsAnEntryByItsName) {
-  Make(CacheWith({{"reaper", 2, 8, 4, 1}}));
-  TcacheEntry entry{"old", 1, 2, 3, 4, 5, 6};
-  ReadTcacheEntry(at.host, Path(), "REAPER ", entry);
-  EXPECT_EQ(entry, (TcacheEntry{"reaper", 102252, 1, 8, 4, 2, 240012 + 426 * 20}));
-  ReadTcacheEntry(at.host, Path(), "none", entry);
-  EXPECT_EQ(entry, TcacheEntry{});
+TEST_F(TheLoadout, OfACacheThatGoesMissingMeanwhileStopsWithItsBox) {
+  Make(CacheWith({{"a", 1, 4, 4, 1}, {"b", 1, 4, 4, 1}}));
+  bool added = false;
+  at.host.files.before = [&](const FileOperation& operation) {
+    added = added || operation.kind == FileOperation::Kind::flush;
+    // The next look at the cache is for the second texture.
+    if (added && operation.kind == FileOperation::Kind::look) std::filesystem::remove(folder.Native("tcachehw.dat"));
+  };
+  at.desk.ExpectBox("Error in extracting textures. Path(s) don't exist", programTitle);
+  EXPECT_FALSE(Set({Imported({"a", "b"})}));
+  EXPECT_TRUE(added);
 }
 
-TEST_F(TheLoadout, ExtractsATextureRaw) {
-  Make(CacheWith({{"reaper", 2, 8, 4, 1}}));
-  EXPECT_TRUE(ExtractRaw(at.host, Path(), "reaper", folder.Windows("raw")));
-  EXPECT_EQ(ReadFileAt(folder.Native("raw")), Pattern(64, 426));
-  const auto missing = [&] { at.desk.ExpectBox("Error in extracting textures. Path(s) don't exist", programTitle); };
-  missing();
-  EXPECT_FALSE(ExtractRaw(at.host, Path(), "none", folder.Windows("raw2")));
-  missing();
-  EXPECT_FALSE(ExtractRaw(at.host, Path(), "reaper", folder.Windows("no/raw2")));
-  missing();
-  EXPECT_FALSE(ExtractRaw(at.host, folder.Windows("no.dat"), "reaper", folder.Windows("raw2")));
-  EXPECT_FALSE(std::filesystem::exists(folder.Native("raw2")));
+TEST_F(TheLoadout, WithoutMapsStopsWithTheirBox) {
+  const Bytes before = CacheWith({{"b", 1, 4, 4, 1}});
+  Make(before);
+  std::filesystem::remove(folder.Native("program/gloadconv.dat"));
+  at.desk.ExpectBox("Path(s) not found", "ConvertTexture");
+  EXPECT_FALSE(Set({Imported({"b"})}));
+  EXPECT_TRUE(test::SameBytes(before, Now()));
 }
 
-struct TheLearning : test::CacheStage {};
+struct TheLearning : test::CacheStage {
+  Installation installation{folder.windows, folder.windows, {}};
+};
 
 /// A cache of 426 textures of which the first ones are given: name, and the pixels of 4 x 4.
 Bytes Pairs(const std::vector<std::pair<std::string, Bytes>>& textures) {
@@ -281,12 +282,12 @@ TEST_F(TheLearning, TakesOnlyPairsOfOneSizeAmongTheGamesOwnTextures) {
 
 TEST_F(TheLearning, WritesTheMapsWhereTheyAreMissingAndNeverElse) {
   Make(Pairs({{"wing", Bytes(20, 7)}, {"gwing", Bytes(20, 70)}}));
-  EXPECT_TRUE(ProvideLoadoutMaps(at.host, Path(), folder.Windows("gloadconv.dat")));
+  EXPECT_TRUE(ProvideLoadoutMaps(at.host, installation));
   const LoadoutMaps maps = ReadLoadoutMaps(at.host.files, folder.Windows("gloadconv.dat"));
   EXPECT_EQ(maps, MapsOf(LearnLoadout(at.host.files, Path())));
   EXPECT_EQ(maps[7], 70);
   Write("gloadconv.dat", Pattern(2048));
-  EXPECT_TRUE(ProvideLoadoutMaps(at.host, Path(), folder.Windows("gloadconv.dat")));
+  EXPECT_TRUE(ProvideLoadoutMaps(at.host, installation));
   EXPECT_EQ(ReadFileAt(folder.Native("gloadconv.dat")), Pattern(2048));
 }
 
@@ -295,7 +296,7 @@ TEST_F(TheLearning, WithoutAPairWritesNothing) {
   at.desk.ExpectBox(
       "gloadconv.dat cannot be made: the game's textures in tcachehw.dat hold no 8-bit texture with its companion.",
       "LearnLoadout");
-  EXPECT_FALSE(ProvideLoadoutMaps(at.host, Path(), folder.Windows("gloadconv.dat")));
+  EXPECT_FALSE(ProvideLoadoutMaps(at.host, installation));
   EXPECT_FALSE(std::filesystem::exists(folder.Native("gloadconv.dat")));
 }
 

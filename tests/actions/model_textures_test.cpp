@@ -40,7 +40,7 @@ struct TheTextureList : CacheStage {
   std::string Why(const Bytes& bitmap) {
     Write("some.bmp", bitmap);
     BmpInfo info;
-    return WhyUnusable(folder.Windows("some.bmp"), info);
+    return WhyUnusable(at.host.files, folder.Windows("some.bmp"), info);
   }
 
   GivenBitmaps given;
@@ -60,7 +60,7 @@ TEST_F(TheTextureList, ListsTheNamesInTheOrderOfTheModel) {
 TEST_F(TheTextureList, LooksEachNameUpInTheCacheWithoutRegardToCase) {
   ASSERT_TRUE(ListNames({"HULL", "t7", "none"}));
   ASSERT_TRUE(textures[0].cached.has_value());
-  EXPECT_EQ(textures[0].cached->entryOffset, FindStructOffset(at.host, Path(), "HULL"));
+  EXPECT_EQ(textures[0].cached->entryOffset, TcacheEntryOffset(426));
   EXPECT_EQ(textures[0].cached->width, 8);
   EXPECT_EQ(textures[0].cachedPalette, "3D\\cube.bmp");
   ASSERT_TRUE(textures[1].cached.has_value());
@@ -89,7 +89,7 @@ TEST_F(TheTextureList, TheCacheIsReadOnceForAllNames) {
   EXPECT_EQ(opened, 1);
 }
 
-TEST_F(TheTextureList, FindsABitmapOfTheNameBesideTheModelAlone) {
+TEST_F(TheTextureList, FindsABitmapOfTheNameInTheModelsFolderOnly) {
   Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("tail.bmp", Bitmap(16, 8, 24, Pattern(384)));
   ASSERT_TRUE(ListNames({"wing", "tail"}));
@@ -101,7 +101,7 @@ TEST_F(TheTextureList, FindsABitmapOfTheNameBesideTheModelAlone) {
   EXPECT_EQ(textures[1].info, BmpInfo{});
 }
 
-TEST_F(TheTextureList, AGivenBitmapComesBeforeTheOneBesideTheModel) {
+TEST_F(TheTextureList, AGivenBitmapComesBeforeTheOneInTheModelsFolder) {
   Write("pack/wing.bmp", Bitmap(16, 8, 24, Pattern(384)));
   Write("other.bmp", Bitmap(4, 4, 8, Pattern(16)));
   given[BitmapKey(" WING ")] = folder.Windows("other.bmp");
@@ -136,7 +136,7 @@ TEST_F(TheTextureList, SaysWhyABitmapCannotBecomeATexture) {
   EXPECT_EQ(Why(Bitmap(300, 300, 8, Pattern(90000))),
             "its sides must each be one of 2, 4, 8, ... 256, and it must not be compressed");
   BmpInfo info;
-  EXPECT_EQ(WhyUnusable(folder.Windows("none.bmp"), info), "it is no bitmap that can be read");
+  EXPECT_EQ(WhyUnusable(at.host.files, folder.Windows("none.bmp"), info), "it is no bitmap that can be read");
 }
 
 TEST_F(TheTextureList, ABitmapThatLiesAboutItsSizeIsListedAsUnusable) {
@@ -171,7 +171,7 @@ TEST_F(TheTextureList, AModelWithoutTexturesIsAModel) {
   EXPECT_TRUE(List(trailing));
 }
 
-TEST_F(TheTextureList, BytesBehindAModelWithTexturesDoNotMatter) {
+TEST_F(TheTextureList, BytesAfterAModelWithTexturesDoNotMatter) {
   Bytes model = ModelHead();
   AddTextures(model, {"hull"});
   const Bytes foreign(50000, 0xEE);
@@ -180,12 +180,12 @@ TEST_F(TheTextureList, BytesBehindAModelWithTexturesDoNotMatter) {
   EXPECT_EQ(textures.size(), 1U);
 }
 
-TEST_F(TheTextureList, AMissingModelIsToldOfAsByItsReader) {
+TEST_F(TheTextureList, AMissingModelShowsItsReadersBox) {
   at.desk.ExpectBox("Error - Path not found", "ORAVIN");
   EXPECT_FALSE(TextureList(at.host, folder.Windows("none.shp"), Path(), given, textures));
 }
 
-TEST_F(TheTextureList, AMissingCacheIsToldOfOnce) {
+TEST_F(TheTextureList, AMissingCacheShowsOneBox) {
   at.desk.ExpectBox("TCACHE file not found", "FindStructOffset");
   Write("pack/ship.shp", [] {
     Bytes model = ModelHead();

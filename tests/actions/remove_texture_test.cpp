@@ -25,8 +25,7 @@ struct TheRemoval : test::CacheStage {
   }
   /// The names from slot 426 on.
   std::vector<std::string> UserNames() {
-    TcacheTable table;
-    GetTcacheTable(at.host, Path(), table);
+    const TcacheTable table = GetTcacheTable(at.host.files, Path());
     std::vector<std::string> names;
     for (std::size_t i = 426; i < table.size(); ++i) names.push_back(table[i].name);
     return names;
@@ -122,7 +121,7 @@ TEST_F(TheRemoval, KeepsWhatARemainingShipNamesInEitherForm) {
   EXPECT_EQ(UserNames(), (std::vector<std::string>{"hull", "ghull"}));
 }
 
-TEST_F(TheRemoval, OfAMissingCacheIsTold) {
+TEST_F(TheRemoval, OfAMissingCacheIsReported) {
   at.desk.ExpectBox("TCACHE not found!", "RemoveTexture()");
   EXPECT_FALSE(Remove({Ship({"one"})}));
 }
@@ -193,7 +192,7 @@ TEST_F(TheRemoval, OfAFullCacheKeepsTheOthers) {
   EXPECT_TRUE(test::SameBytes(Without(before, 700, 20), Now()));
 }
 
-TEST_F(TheRemoval, WritesBesideAndReplacesAnOldTempFile) {
+TEST_F(TheRemoval, WritesATemporaryFileAndReplacesAnOldOne) {
   Make(CacheWith(threeUsers));
   Write("temp", test::Pattern(500000));
   EXPECT_TRUE(Remove({Ship({"two"})}));

@@ -60,7 +60,7 @@ TEST_F(RestoredCache, WithTheFactoryTexturesOnlyIsRewrittenTheSame) {
   EXPECT_TRUE(test::SameBytes(Cache(426), ReadFileAt(Native())));
 }
 
-TEST_F(RestoredCache, Slot426IsZeroedAgainAndTheSlotsBehindStay) {
+TEST_F(RestoredCache, Slot426IsZeroedAgainAndTheSlotsAfterItStay) {
   Make(Cache(426));
   PatchFileAt(Native(), TcacheEntryOffset(426), Bytes(2 * 240, 0x55));
   Restore();
@@ -146,7 +146,7 @@ TEST_F(RestoredCache, ADataEndInsideTheTableLeavesTheCacheUntouched) {
   }
 }
 
-TEST_F(RestoredCache, AnotherDataEndBehindTheTableDoesNotMatter) {
+TEST_F(RestoredCache, AnotherDataEndAfterTheTableDoesNotMatter) {
   Make(Cache(426));
   PatchFileAt(Native(), 8, Little(0x7FFFFFFF));
   Restore();
@@ -235,7 +235,7 @@ TEST_F(RestoredCache, AMissingCacheGivesItsBox) {
   EXPECT_TRUE(ImageOf(folder.native).empty());
 }
 
-TEST_F(RestoredCache, NoOtherFileIsTouchedOrLeftBehind) {
+TEST_F(RestoredCache, NoOtherFileIsTouchedOrLeft) {
   Make(Cache(430));
   WriteFileAt(folder.Native("tcachehw.old"), "somebody's own");
   Restore();
@@ -266,7 +266,7 @@ TEST_F(RestoredCache, ABogusLastFactoryTextureLeavesTheCacheUntouched) {
       {tcacheWidthInEntry, 65536},        // more pixels than there are
       {tcacheDataInEntry, 0},             // data inside the table
       {tcacheDataInEntry, 240011},        //
-      {tcacheDataInEntry, 0xFFFFFFFF},    // data behind the end
+      {tcacheDataInEntry, 0xFFFFFFFF},    // data after the end
       {tcacheDataInEntry, 240012 + 426 * 20 - 19},
   };
   for (const auto& [field, value] : wrong) {
@@ -319,7 +319,7 @@ TEST_F(RestoredCache, WhereverTheProcessStopsTheCacheIsOldOrNew) {
   });
 }
 
-TEST_F(RestoredCache, TheCountOfTheHeaderIsTold) {
+TEST_F(RestoredCache, TheCountOfTheHeaderIsReturned) {
   EXPECT_EQ(TcacheCount(at.host.files, Path()), 0);
   Make(Cache(430));
   EXPECT_EQ(TcacheCount(at.host.files, Path()), 430);

@@ -22,6 +22,7 @@ std::string IsTaken(const std::string& name) {
 }
 
 struct TheBatch : test::CacheStage {
+  Installation installation{folder.windows, folder.windows, {}};
   TextureBatch batch;
 
   TheBatch() {
@@ -31,9 +32,9 @@ struct TheBatch : test::CacheStage {
     Write("16.bmp", Bitmap(8, 4, 16, Pattern(64)));
     Write("24.bmp", Bitmap(8, 4, 24, Pattern(96)));
   }
-  bool Begin() { return BeginTextures(at.host, Path(), folder.windows, batch); }
+  bool Begin() { return BeginTextures(at.host, installation, batch); }
   AddedTexture Add(const std::string& name, const std::string& file, AlreadyThere rule = AlreadyThere::byPixels) {
-    return AddTexture(at.host, batch, name, folder.Windows(file), rule);
+    return AddTexture(at.host, installation, batch, name, folder.Windows(file), rule);
   }
   static Bytes After8(const Bytes& cache, const std::string& name, unsigned seed = 1) {
     const Bytes pixels = Pattern(32, seed);
@@ -61,8 +62,14 @@ TEST_F(TheBatch, LeavesTheCacheAsItWasUntilItIsCommitted) {
 TEST_F(TheBatch, WritesWhatTheImportsOneByOneWrite) {
   const Bytes before = Cache(500);
   Make(before);
+  const LoadoutMaps maps = ReadLoadoutMaps(at.host.files, folder.Windows("gloadconv.dat"));
   for (const char* name : {"8", "24", "16"}) {
-    EXPECT_TRUE(ImportTexture(at.host, Path(), name, folder.Windows(std::string(name) + ".bmp"), folder.windows));
+    const std::string bitmap = folder.Windows(std::string(name) + ".bmp");
+    const BmpInfo info = GetBMPInfo(at.host.files, bitmap);
+    EXPECT_TRUE(ImportTexture(at.host, Path(), bitmap, name, info));
+    if (info.depth != 1) continue;
+    const NewTexture texture = MakeTexture(name, info, ReadPixels(at.host.files, bitmap, info));
+    EXPECT_TRUE(ImportTextures(at.host, Path(), {CompanionOf(texture, maps)}));
   }
   const Bytes wanted = Now();
   Make(before);
@@ -110,7 +117,7 @@ TEST_F(TheBatch, ShowsTheNameMessageForAnotherPictureInAUserSlot) {
   EXPECT_TRUE(SameBytes(before, Now()));
 }
 
-TEST_F(TheBatch, TellsImagesOfOtherSizesApartThatHaveTheSameBytes) {
+TEST_F(TheBatch, TakesTexturesOfOtherSizesWithTheSameBytesForDifferent) {
   Make(After8(Cache(426), "hull"));
   Write("turned.bmp", Bitmap(4, 8, 8, Pattern(32)));
   ASSERT_TRUE(Begin());
@@ -193,7 +200,7 @@ TEST_F(TheBatch, TakesAllBack) {
 
 TEST_F(TheBatch, IsTakenBackWholeAfterItsCommitByteForByte) {
   Bytes before = Cache(426);
-  for (std::size_t i = 0; i < 480; ++i) before[12 + 240 * 426 + i] = 0x3C;  // what stands in slots that are not used
+  for (std::size_t i = 0; i < 480; ++i) before[12 + 240 * 426 + i] = 0x3C;  // the content of unused slots
   Make(before);
   ASSERT_TRUE(Begin());
   EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::added);
@@ -237,6 +244,64 @@ TEST_F(TheBatch, NeedsTwoFreeSlotsForAnEightBitTextureUnlessItIsThereAlready) {
   EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::installed);
   at.desk.ExpectBox("Critical Error - TCACHE is FULL! Use Disable/Restore.", "ERROR!!!", Icon::critical);
   EXPECT_THROW(Add("over", "8.bmp"), ProgramEnd);
+}
+
+TEST_F(TheBatch, WhoseTexturesCompanionIsThereNeedsOneSlotAndNoMaps) {
+  Bytes before = Cache(999);
+  test::SetName(before, 3, "GHULL");
+  Make(before);
+  std::filesystem::remove(folder.Native("gloadconv.dat"));
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add("hull", "8.bmp"), AddedTexture::added);
+  CommitTextures(at.host.files, batch);
+  EXPECT_TRUE(SameBytes(After(before, {"hull", 1, 8, 4, 1, Pattern(32), 32}), Now()));
+}
+
+TEST_F(TheBatch, MapsEveryLevelOfAMipmapChainForTheCompanion) {
+  const Bytes before = Cache(426);
+  Make(before);
+  Write("chain.bmp", Bitmap(256, 256, 8, Pattern(87380)));
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add(" hull ", "chain.bmp"), AddedTexture::added);
+  CommitTextures(at.host.files, batch);
+  const Bytes first = After(before, {"hull", 1, 256, 256, 8, Pattern(87380), 87380});
+  EXPECT_TRUE(SameBytes(After(first, {"ghull", 1, 256, 256, 8, Mapped(Pattern(87380)), 87380}), Now()));
+}
+
+TEST_F(TheBatch, CutsANameTo30CharactersSoThatTheCompanionHas31) {
+  Make(Cache(426));
+  ASSERT_TRUE(Begin());
+  EXPECT_EQ(Add(std::string(40, 'x'), "8.bmp"), AddedTexture::added);
+  CommitTextures(at.host.files, batch);
+  const TcacheTable table = GetTcacheTable(at.host.files, Path());
+  ASSERT_EQ(table.size(), 428U);
+  EXPECT_EQ(table[426].name, std::string(30, 'x'));
+  EXPECT_EQ(table[427].name, "g" + std::string(30, 'x'));
+}
+
+TEST_F(TheBatch, ThatFailsOrStopsAnywhereAddsBothTexturesOrNone) {
+  const Bytes before = Cache(426);
+  const Bytes after = After8(before, "x");
+  for (const test::FaultKind kind : {test::FaultKind::failure, test::FaultKind::stop}) {
+    test::AtEachOperation(kind, [&](test::Fault& fault) {
+      Make(before);
+      test::ScriptedHost failing;
+      failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
+      test::Watch(failing.host.files, fault);
+      test::Stopped([&] {
+        TextureBatch one;
+        if (!BeginTextures(failing.host, installation, one)) return;
+        AddTexture(failing.host, installation, one, "x", folder.Windows("8.bmp"), AlreadyThere::byName);
+        Trap(failing.host, "CommitTextures", [&] { CommitTextures(failing.host.files, one); });
+      });
+      Bytes now = Now();
+      if (fault.happened) {
+        std::fill_n(now.begin() + 102252, 480, std::uint8_t{0});
+        now.resize(before.size());
+      }
+      EXPECT_TRUE(SameBytes(fault.happened ? before : after, now));
+    });
+  }
 }
 
 TEST_F(TheBatch, GivesATextureThatWasImportedByHandItsCompanion) {

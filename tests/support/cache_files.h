@@ -9,15 +9,15 @@
 /// Caches and bitmaps put together byte by byte, and what they must be after a texture was added.
 namespace oravin::test {
 
-/// A number as it stands in the cache and in bitmaps.
+/// A number as caches and bitmaps store it.
 Bytes Little(std::uint32_t value);
 std::uint32_t LongAt(const Bytes& bytes, std::size_t offset);
 void SetLong(Bytes& bytes, std::size_t offset, std::uint32_t value);
 
-/// A cache with so many textures t0, t1, ... of one size with two images, each with its own pixels.
+/// A cache with so many textures t0, t1, ... of one size with two mipmap levels, each with its own pixels.
 Bytes Cache(int textures, int side = 4, int format = 1);
 
-/// The same 4 x 4 cache of 426 textures of 8 bits with more textures behind them; pixel i of texture n is (n + i) &
+/// The same 4 x 4 cache of 426 textures of 8 bits with more textures after them; pixel i of texture n is (n + i) &
 /// 255.
 Bytes CacheWith(const std::vector<demo::CacheTexture>& more);
 

@@ -3,7 +3,6 @@
 #include "support/image_program.h"
 #include "support/texture_tab_stage.h"
 #include "textures/colour.h"
-#include "textures/extract_texture.h"
 
 namespace oravin {
 namespace {
@@ -97,17 +96,7 @@ TEST_F(TheExtraction, IsOpenedByAnImageProgramWithItsTrueColours) {
   }
 }
 
-TEST_F(TheExtraction, TakesTheCompanionsTemplateOnlyBesideItsTexture) {
-  const TcacheTable table = {{"Reaper"}, {"greaper"}, {"gun"}, {"rock"}, {"rsquad"}, {" squad "}, {"g"}};
-  EXPECT_EQ(TemplateFor(table, "greaper"), "3D\\gcube.bmp");
-  EXPECT_EQ(TemplateFor(table, " GREAPER"), "3D\\gcube.bmp");
-  EXPECT_EQ(TemplateFor(table, "rsquad"), "3D\\gcube.bmp");
-  EXPECT_EQ(TemplateFor(table, "Reaper"), "3D\\cube.bmp");
-  EXPECT_EQ(TemplateFor(table, "gun"), "3D\\cube.bmp");
-  EXPECT_EQ(TemplateFor(table, "rock"), "3D\\cube.bmp");
-  EXPECT_EQ(TemplateFor({{"rock"}, {"OCK"}}, "rock"), "3D\\gcube.bmp");
-  EXPECT_EQ(TemplateFor({{"greaper"}}, "greaper"), "3D\\cube.bmp");
-  EXPECT_EQ(TemplateFor(table, ""), "3D\\cube.bmp");
+TEST_F(TheExtraction, TakesTheCompanionsTemplateWhereItsTextureIsThere) {
   Open(CacheWith({{"reaper", 1, 4, 4, 1}, {"greaper", 1, 4, 4, 1}}));
   Select({"greaper"});
   ExpectComplete();
@@ -116,7 +105,7 @@ TEST_F(TheExtraction, TakesTheCompanionsTemplateOnlyBesideItsTexture) {
   EXPECT_EQ(Bytes(bitmap.begin() + 54, bitmap.begin() + 1078), Bytes(gcube.begin() + 54, gcube.begin() + 1078));
 }
 
-TEST_F(TheExtraction, OfAnUnsupportedFormatGivesZerosBehindAsManyAsTheHeaderBeforeHad) {
+TEST_F(TheExtraction, OfAnUnsupportedFormatGivesZerosAfterAsManyAsTheHeaderBeforeHad) {
   Bytes cache = CacheWith({{"odd1", 1, 4, 4, 1},
                            {"flat", 1, 4, 4, 1},
                            {"odd2", 1, 4, 4, 1},
@@ -140,7 +129,7 @@ TEST_F(TheExtraction, OfAnUnsupportedFormatGivesZerosBehindAsManyAsTheHeaderBefo
   EXPECT_EQ(Extracted("odd2.bmp"), Bytes(48));
 }
 
-TEST_F(TheExtraction, TellsWhichTextureItIsAt) {
+TEST_F(TheExtraction, ShowsWhichTextureItIsAt) {
   Open(CacheWith({{"flat", 1, 4, 4, 1}, {"deep", 2, 4, 4, 1}}));
   Select({"flat", "deep"});
   ExpectComplete();
@@ -160,7 +149,7 @@ TEST_F(TheExtraction, ReplacesExistingFiles) {
   EXPECT_EQ(Extracted("flat.bmp").size(), 1078U + 16);
 }
 
-TEST_F(TheExtraction, IntoAMissingFolderIsTold) {
+TEST_F(TheExtraction, IntoAMissingFolderIsReported) {
   Open(Cache(3));
   for (const std::string& where : {folder.Windows("none"), std::string()}) {
     tab.txtTcacheDestination.text = where;
@@ -233,9 +222,8 @@ TEST_F(TheExtraction, OfWhatWasImportedFromAnExtractedBitmapIsTheSameFile) {
   ExpectComplete();
   Extract();
   for (const char* name : {"deep", "flat"}) {
-    BmpInfo info;
     const std::string bitmap = folder.Windows("out/" + std::string(name) + ".bmp");
-    EXPECT_TRUE(GetBMPInfo(at.host, bitmap, info));
+    const BmpInfo info = GetBMPInfo(at.host.files, bitmap);
     EXPECT_TRUE(ImportTexture(at.host, folder.Windows("game/tcachehw.dat"), bitmap, std::string("again") + name, info));
   }
   cmdReopenTcache_Click(at.host, tab);
@@ -244,26 +232,6 @@ TEST_F(TheExtraction, OfWhatWasImportedFromAnExtractedBitmapIsTheSameFile) {
   Extract();
   EXPECT_TRUE(test::SameBytes(Extracted("deep.bmp"), Extracted("againdeep.bmp")));
   EXPECT_TRUE(test::SameBytes(Extracted("flat.bmp"), Extracted("againflat.bmp")));
-}
-
-TEST(ASafeFileName, IsTheNameWhereThatIsNoTrouble) {
-  for (const char* name : {"reaper", "a b", "a.b", "it's", "x(1)"}) EXPECT_EQ(SafeFileName(name), name);
-  EXPECT_EQ(SafeFileName(""), "_");
-  EXPECT_EQ(SafeFileName("..."), "___");
-  EXPECT_EQ(SafeFileName("a?<>|\"/\\:*"), "a_________");
-  EXPECT_EQ(SafeFileName("LPT1"), "_LPT1");
-  EXPECT_EQ(SafeFileName("nul.x"), "_nul.x");
-  EXPECT_EQ(SafeFileName("end. ."), "end___");
-  EXPECT_EQ(SafeFileName("\x01\x7F"), "__");
-}
-
-TEST(ASafeFileName, IsNeverThatOfADevice) {
-  EXPECT_EQ(SafeFileName("nul .x"), "_nul .x");
-  EXPECT_EQ(SafeFileName("conin$"), "_conin$");
-  EXPECT_EQ(SafeFileName("CONOUT$.a"), "_CONOUT$.a");
-  EXPECT_EQ(SafeFileName("aux .a.b"), "_aux .a.b");
-  // A superscript digit is no plain character, so it is replaced.
-  EXPECT_EQ(SafeFileName("com\xB9"), "com_");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The preview of a texture beside the list, and the thumbnails.
+// The preview of a texture next to the list, and the thumbnails.
 
 #include "support/cache_stage.h"
 #include "tabs/texture_import_panel.h"
@@ -99,12 +99,12 @@ TEST_F(ThePreview, OfABitmapWhosePathIsTypedIsShownToo) {
   ImportTexturePanel panel = NewImportTexturePanel();
   Write("a.bmp", test::Bitmap(8, 4, 24, test::Pattern(8 * 4 * 3)));
   panel.txtImportTexturePath.text = folder.Windows("a.bmp");
-  txtImportTexturePath_LostFocus(panel);
+  txtImportTexturePath_LostFocus(at.host, panel);
   EXPECT_TRUE(panel.preview.picture.has_value());
   EXPECT_EQ(panel.lblBMPinfo[0].caption, "x Dim: 8");
   for (const char* other : {"tcachehw.dat", "none.bmp", ""}) {
     panel.txtImportTexturePath.text = folder.Windows(other);
-    txtImportTexturePath_LostFocus(panel);
+    txtImportTexturePath_LostFocus(at.host, panel);
     EXPECT_FALSE(panel.preview.picture.has_value()) << other;
   }
   EXPECT_EQ(panel.lblBMPinfo[0].caption, "x Dim:") << "of a bitmap that is not there nothing is told";

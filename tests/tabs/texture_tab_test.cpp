@@ -246,7 +246,7 @@ TEST_F(TheRename, ActsOnTheGamesCacheWhicheverIsOpen) {
   EXPECT_EQ(ReadFileAt(folder.Native("other.dat")), other);
 }
 
-TEST_F(TheRename, WithoutTheGamesCacheIsTold) {
+TEST_F(TheRename, WithoutTheGamesCacheIsReported) {
   Write("other.dat", Cache(3));
   tab.txtTcacheSource.text = folder.Windows("other.dat");
   cmdOpenTcache_Click(at.host, tab);
@@ -290,7 +290,7 @@ TEST_F(TheRename, ThatFailsAnywhereLeavesTheOldOrTheNewName) {
 
 struct TheStatus : TheTab {};
 
-TEST_F(TheStatus, TellsThatTheCacheHasChangedOnDisk) {
+TEST_F(TheStatus, ShowsThatTheCacheHasChangedOnDisk) {
   Open(Cache(426));
   CheckTcacheOnDisk(at.host, tab);
   EXPECT_EQ(tab.lblTcacheStatus.caption, "");

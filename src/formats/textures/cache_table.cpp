@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/file.h"
+#include "files/look_up.h"
 
 namespace oravin {
 
@@ -30,8 +32,17 @@ TcacheBytes ReadTcache(File& file) {
 }
 
 TcacheBytes ReadTcache(Files& files, const std::string& path) {
+  RequireFile(files, path);
   File cache(files, path, OpenFor::reading);
   return ReadTcache(cache);
+}
+
+TcacheBytes ReadUsableTcache(Files& files, const std::string& path) {
+  TcacheBytes cache = ReadTcache(files, path);
+  if (cache.count < 1 || cache.count > tcacheCapacity || SlotsIn(cache) < cache.count) {
+    throw FileError("could not use", path, "it is no texture cache", ErrorKind::wrongFormat);
+  }
+  return cache;
 }
 
 int SlotsIn(const TcacheBytes& cache) { return static_cast<int>(cache.slots.size() / tcacheEntrySize); }
@@ -58,6 +69,13 @@ TcacheEntry EntryOf(const TcacheBytes& cache, int slot) {
   return entry;
 }
 
+TcacheTable EntriesOf(const TcacheBytes& cache) {
+  TcacheTable table;
+  table.reserve(static_cast<std::size_t>(SlotsIn(cache)));
+  for (int slot = 0; slot < SlotsIn(cache); ++slot) table.push_back(EntryOf(cache, slot));
+  return table;
+}
+
 int SlotNamed(const TcacheBytes& cache, const std::string& name) {
   for (int slot = 0; slot < SlotsIn(cache); ++slot) {
     if (SameName(NameIn(SlotBytes(cache, slot)), name)) return slot;
@@ -75,7 +93,7 @@ int SlotOfFormat(const TcacheBytes& cache, std::int32_t pixelFormat) {
 bool FactoryPartIsWhole(const TcacheBytes& cache) {
   if (cache.count < factoryTextures || SlotsIn(cache) < factoryTextures || cache.length < tcacheTableEnd) return false;
   if (cache.dataEnd < static_cast<std::int64_t>(tcacheTableEnd)) return false;
-  // Slot 425 must have data, because the cache is cut at their end.
+  // A restore cuts the cache at the end of slot 425's data, so these must be there.
   const TcacheEntry last = EntryOf(cache, factoryTextures - 1);
   if (DataSizeOf(last).value_or(0) == 0 || !DataLiesIn(last, cache.length)) return false;
   const std::uint64_t end = FactoryDataEnd(cache);

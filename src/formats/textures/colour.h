@@ -7,11 +7,10 @@
 /// The cache's 16-bit pixels and the 24-bit pixels of bitmaps.
 ///
 /// A 16-bit pixel is two bytes, the low one first: bits 15 to 11 red, 10 to 5 green, 4 to 0 blue. A 24-bit pixel is
-/// three bytes: blue, green, red. Rows are not looked at: the bytes are one stream, so a padded row's padding is taken
-/// for pixels.
+/// three bytes: blue, green, red. The bytes are one stream: padding at a row's end would be converted as pixels.
 namespace oravin {
 
-/// How many bytes a conversion makes of so many: three of each two, two of each three. What is left over is dropped.
+/// Output size of a conversion in bytes. An incomplete pixel at the end is dropped.
 constexpr std::size_t Size24Of16(std::size_t bytes) { return bytes / 2 * 3; }
 constexpr std::size_t Size16Of24(std::size_t bytes) { return bytes / 3 * 2; }
 

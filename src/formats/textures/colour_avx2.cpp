@@ -1,8 +1,8 @@
-// Sixteen pixels a step in the registers of AVX2. The arithmetic is that of colour.cpp, in lanes of 16 bits. This file
-// alone is compiled for such processors, so it includes nothing that other files share code with.
+// Sixteen pixels a step in AVX2 registers. The arithmetic is that of colour.cpp, in 16-bit lanes. Only this file is
+// compiled for AVX2, so it must not include inline code that other files use too.
 //
-// Pixels of 24 bits are read and written four at a time, 12 bytes each, by accesses of 16 bytes: those reach 4 bytes
-// past the step's end. So the last pixels are left to the plain loop.
+// 24-bit pixels are read and written four at a time, 12 bytes each, by accesses of 16 bytes, which reach 4 bytes past
+// the step's end. So the plain loop converts the last pixels.
 #include <immintrin.h>
 
 #include "textures/colour_kernels.h"
@@ -65,7 +65,7 @@ std::size_t NarrowPixels(const std::uint8_t* from, std::size_t pixels, std::uint
   std::size_t done = 0;
   for (; done + reach <= pixels; done += step) {
     const std::uint8_t* const in = from + 3 * done;
-    // Pixels 0 to 3 and 8 to 11, then 4 to 7 and 12 to 15, as 32 bits: packing them brings them back into order.
+    // Pixels 0 to 3 and 8 to 11, then 4 to 7 and 12 to 15, as 32 bits: packing restores their order.
     const __m256i first = _mm256_shuffle_epi8(LoadedPair(in, in + 24), unpack);
     const __m256i second = _mm256_shuffle_epi8(LoadedPair(in + 12, in + 36), unpack);
     const __m256i low = _mm256_packus_epi32(_mm256_and_si256(first, lowHalf), _mm256_and_si256(second, lowHalf));

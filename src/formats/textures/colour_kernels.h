@@ -3,15 +3,15 @@
 #include <cstddef>
 #include <cstdint>
 
-/// The inner loops of the conversions of colour.h. Each does as many pixels as make whole steps and returns how many
-/// these were; the last few are left.
+/// The inner loops of the conversions of colour.h. Each converts whole steps of pixels and returns how many pixels
+/// these were; the caller converts the last few.
 namespace oravin {
 
-/// By way of a small buffer, on every processor that puts the lowest byte of a number first.
+/// Through a small buffer, for every little-endian processor.
 std::size_t WidenInBuffers(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to);
 std::size_t NarrowInBuffers(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to);
 
-/// True when this processor has the wide registers that the two procedures below need; else they must not be called.
+/// True when this processor has AVX2, which the two procedures below need.
 bool ShufflesWide();
 
 std::size_t WidenPixels(const std::uint8_t* from, std::size_t pixels, std::uint8_t* to);

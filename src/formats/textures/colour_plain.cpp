@@ -1,4 +1,4 @@
-// Processors without wide registers that we know of.
+// For processors that never have AVX2.
 #include "textures/colour_kernels.h"
 
 namespace oravin {

@@ -22,7 +22,7 @@ bool IsPlain(char c) { return c >= 32 && c < 127 && std::string_view("\\/:*?\"<>
   throw FileError("could not extract", Trim(entry.name), "its data do not lie in the cache");
 }
 
-/// The pixels as the bitmap holds them.
+/// The pixels as the bitmap stores them.
 Bytes BitmapPixels(const TcacheEntry& entry, Bytes data) {
   if (entry.pixelFormat != colourFormat) return data;
   Bytes pixels(Size24Of16(data.size()));
@@ -84,8 +84,8 @@ void ExtractTexture(Files& files, const std::string& cachePath, const TcacheEntr
   headerSize = BuildBitmapHeader(files, {0, entry.width, entry.height, entry.pixelFormat, entry.imageCount},
                                  templatePath, header);
   const Bytes pixels = BitmapPixels(entry, ReadTextureData(files, cachePath, entry));
-  // Intentional: for 8 bits the length stays the template's, like all of its header but width and height. A header that
-  // was built states the whole file's, not that of the first image alone, since image programs compare it.
+  // Intentional: for 8 bits the length in the header stays the template's. For 24 bits it is the whole file's and not
+  // that of the largest level, since image programs check it.
   if (entry.pixelFormat == colourFormat) {
     PutLittleEndian32(&header[bitmapFileSizeAt], static_cast<std::uint32_t>(header.size() + pixels.size()));
   }

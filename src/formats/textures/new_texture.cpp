@@ -10,11 +10,11 @@ namespace oravin {
 
 namespace {
 
-/// How far the data end may lie behind the file's own end: an import of a 24-bit bitmap leaves the last third of what
-/// it takes unwritten, and the largest bitmap has 256 x 256 pixels and all its smaller images.
+/// How far the data end may lie after the file's own end: importing a 24-bit bitmap leaves the last third of what it
+/// reserves unwritten, and the largest bitmap has 256 x 256 pixels and a whole mipmap chain.
 constexpr std::uint64_t unwrittenAtMost = 262144;
 
-/// The new entry. It starts as an entry of the same format, since most of its bytes are the game's own affair.
+/// The new entry, made from an entry of the same format: the meaning of most of its bytes is only known to the game.
 Bytes MakeEntry(const TcacheBytes& cache, const NewTexture& texture) {
   const auto previous = SlotBytes(cache, SlotsIn(cache) - 1);
   const int lender = SlotOfFormat(cache, texture.format);

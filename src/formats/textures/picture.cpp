@@ -11,8 +11,7 @@ namespace oravin {
 
 namespace {
 
-/// Turns the stored rows into those of a picture: the first becomes the last, and blue, green, red become red, green,
-/// blue.
+/// Makes a picture of stored rows: reverses their order, and blue, green, red to red, green, blue.
 Picture FromRows(int width, int height, const Bytes& bgr) {
   Picture picture{width, height, Bytes(bgr.size())};
   const std::size_t row = static_cast<std::size_t>(width) * 3;
@@ -28,7 +27,7 @@ Picture FromRows(int width, int height, const Bytes& bgr) {
   return picture;
 }
 
-/// Pixels as they are stored, made into a picture. The depth is 1, 2 or 3 bytes a pixel.
+/// Makes a picture of stored pixels. The depth is 1, 2 or 3 bytes a pixel.
 Picture Decode(const Bytes& pixels, int width, int height, int depth, const Palette& palette) {
   if (depth == 3) return FromRows(width, height, pixels);
   Bytes bgr(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3);
@@ -66,7 +65,7 @@ std::optional<Picture> TexturePicture(Files& files, const std::string& cachePath
   const int height = entry.height >> image;
   Bytes pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) *
                static_cast<std::size_t>(entry.pixelFormat));
-  // Fractions of odd sides must not push an image past the end of the data.
+  // Fractions of odd sides must not move a level past the end of the data.
   const std::uint64_t room = DataSizeOf(entry).value_or(0);
   if (room < pixels.size()) return std::nullopt;
   const std::uint64_t larger =

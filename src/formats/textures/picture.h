@@ -10,39 +10,40 @@
 #include "textures/bitmap.h"
 #include "textures/texture_cache.h"
 
-/// Textures as pictures for people to look at, without any toolkit.
+/// Textures as pictures on the screen, without any toolkit.
 namespace oravin {
 
-/// Pixels as red, green, blue, the highest row first, without padding.
+/// Pixels as red, green, blue, the top row first, without padding.
 struct Picture {
   int width = 0;
   int height = 0;
   Bytes rgb;
 };
 
-/// The longest side of a picture; what claims a longer one is not shown.
+/// The longest side of a picture; a texture with a longer one is not shown.
 inline constexpr int longestSide = 8192;
 
-/// How many images of a texture have at least one pixel.
+/// How many mipmap levels of a texture have at least one pixel.
 int VisibleImages(const TcacheEntry& entry);
 
-/// One image of a texture: 16-bit pixels in their true colours, 8-bit ones through a palette. It is what an image
-/// program shows of the extracted bitmap: the row that is stored first is the lowest.
-/// @param image counted from 0, the largest
-/// @return nothing for an unsupported format, an image that the texture does not have, and data that do not lie in the
+/// One mipmap level of a texture: 16-bit pixels in their true colours, 8-bit ones through a palette. It is what an
+/// image program shows of the extracted bitmap: the row that is stored first is the bottom row.
+/// @param image the level, from 0, the largest
+/// @return nothing for an unsupported format, a level that the texture does not have, and data that do not lie in the
 ///   cache
 /// @throws FileError when the cache cannot be read
 std::optional<Picture> TexturePicture(Files& files, const std::string& cachePath, const TcacheEntry& entry, int image,
                                       const Palette& palette);
 
-/// A small picture of a texture, at most `side` pixels wide and high, from the smallest image that is large enough.
+/// A small picture of a texture, at most `side` pixels wide and high, from the smallest mipmap level that is large
+/// enough.
 std::optional<Picture> TextureThumbnail(Files& files, const std::string& cachePath, const TcacheEntry& entry,
                                         const Palette& palette, int side);
 
 /// The palette of a template bitmap; shades of grey where it is missing or too short.
 Palette TemplatePalette(Files& files, const std::string& templatePath);
 
-/// The first image of a bitmap that is to be imported, as the texture will look.
+/// The largest mipmap level of a bitmap that is to be imported, as the texture will look.
 /// @return nothing for a bitmap that cannot be imported
 /// @throws FileError when it cannot be read
 std::optional<Picture> BitmapPicture(Files& files, const std::string& path, const BmpInfo& info);
@@ -54,7 +55,7 @@ Picture Scaled(const Picture& picture, int width, int height);
 Bytes BitmapFileOf(const Picture& picture);
 Bytes PngFileOf(const Picture& picture);
 
-/// Pictures by number, of which those that were not used for the longest time go when there are too many bytes.
+/// Pictures by number; the least recently used ones are dropped when there are too many bytes.
 struct PictureCache {
   struct Item {
     Picture picture;
@@ -69,7 +70,7 @@ struct PictureCache {
 /// A picture of the cache; null when it is not there. It counts as used now.
 const Picture* FindPicture(PictureCache& cache, int number);
 
-/// Puts a picture into the cache, in place of one of its number. The one put in last always stays.
+/// Adds a picture to the cache, or replaces the one of its number. The latest one always stays.
 void KeepPicture(PictureCache& cache, int number, Picture picture);
 
 void ForgetPictures(PictureCache& cache);

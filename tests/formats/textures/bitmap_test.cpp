@@ -1,7 +1,7 @@
 #include "textures/bitmap.h"
 
-#include "base/file_error.h"
 #include "support/cache_stage.h"
+#include "support/thrown.h"
 #include "textures/texture_cache.h"
 
 namespace oravin {
@@ -17,7 +17,7 @@ struct TheBitmap : test::CacheStage {
   /// What GetBMPInfo says of a file of these bytes.
   BmpInfo InfoOf(const Bytes& file) {
     Write("a.bmp", file);
-    EXPECT_TRUE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
+    info = GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
     return info;
   }
   bool Fits(const Bytes& file) {
@@ -26,7 +26,7 @@ struct TheBitmap : test::CacheStage {
   }
 };
 
-TEST_F(TheBitmap, TellsItsSizesDepthAndImages) {
+TEST_F(TheBitmap, HasItsSizesDepthAndLevels) {
   EXPECT_EQ(InfoOf(Bitmap(64, 32, 8, Pattern(2048))), (BmpInfo{1078, 64, 32, 1, 1}));
   EXPECT_EQ(InfoOf(Bitmap(64, 32, 16, Pattern(4096))), (BmpInfo{54, 64, 32, 2, 1}));
   EXPECT_EQ(InfoOf(Bitmap(64, 32, 24, Pattern(6144))), (BmpInfo{54, 64, 32, 3, 1}));
@@ -82,22 +82,21 @@ TEST_F(TheBitmap, OfSidesWhoseProductNoFileCanHoldHasNoImages) {
   }
 }
 
-TEST_F(TheBitmap, ThatIsMissingIsToldAndTheRecordStays) {
-  info = {1, 2, 3, 4, 5};
-  at.desk.ExpectBox("File not found", "GetBMPInfo");
-  EXPECT_FALSE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
-  EXPECT_EQ(info, (BmpInfo{1, 2, 3, 4, 5}));
+TEST_F(TheBitmap, ThatIsMissingSaysSo) {
+  EXPECT_EQ(test::KindThrown([&] { GetBMPInfo(at.host.files, folder.Windows("a.bmp")); }), ErrorKind::missing);
 }
 
-TEST_F(TheBitmap, ThatIsTruncatedIsToldAndTheRecordStays) {
+TEST_F(TheBitmap, ThatIsTruncatedSaysSo) {
   const Bytes whole = Bitmap(64, 32, 8, Pattern(2048));
   for (const std::size_t length : {0U, 1U, 18U, 28U, 31U}) {
     Write("a.bmp", Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)));
-    info = {1, 2, 3, 4, 5};
-    at.desk.ExpectBox("Error - could not read " + folder.Windows("a.bmp") + ": it ends too early", "GetBMPInfo");
-    EXPECT_FALSE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
-    EXPECT_TRUE(at.desk.Done());
-    EXPECT_EQ(info, (BmpInfo{1, 2, 3, 4, 5}));
+    try {
+      GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
+      FAIL() << length;
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.kind, ErrorKind::failed);
+      EXPECT_EQ(error.what(), "could not read " + folder.Windows("a.bmp") + ": it ends too early");
+    }
   }
   EXPECT_FALSE(Fits(Bytes(whole.begin(), whole.begin() + 54)));
   EXPECT_FALSE(Fits(Bytes(whole.begin(), whole.end() - 1)));
@@ -128,7 +127,7 @@ TEST_F(TheBitmap, OfAnotherDepthDoesNotFit) {
   EXPECT_FALSE(Fits(Bitmap(64, 64, 32, Pattern(16384))));
   EXPECT_FALSE(Fits(Bitmap(64, 64, 4, Pattern(2048))));
   EXPECT_FALSE(Fits(Bitmap(64, 64, 1, Pattern(512))));
-  // Four rows of one bit a pixel are as long as one of eight: only the header tells them apart.
+  // Four rows of one bit a pixel are as long as one of eight: only the header shows which it is.
   EXPECT_FALSE(Fits(Bitmap(4, 4, 1, Pattern(16))));
 }
 
@@ -154,7 +153,7 @@ TEST_F(TheBitmap, WithAnOs2HeaderDoesNotFit) {
   EXPECT_FALSE(Fits(file));
 }
 
-TEST_F(TheBitmap, WhosePixelsBeginBehindItsEndDoesNotFit) {
+TEST_F(TheBitmap, WhosePixelsStartAfterItsEndDoesNotFit) {
   Bytes file = Bitmap(8, 8, 8, Pattern(64));
   for (const std::uint32_t offset : {0xFFFFFFFFU, 0x7FFFFFFFU, static_cast<std::uint32_t>(file.size())}) {
     SetLong(file, 10, offset);

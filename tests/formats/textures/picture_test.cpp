@@ -25,11 +25,7 @@ Palette Colours() {
 }
 
 struct ThePicture : test::CacheStage {
-  TcacheEntry EntryAt(std::size_t slot) {
-    TcacheTable table;
-    GetTcacheTable(at.host, Path(), table);
-    return table.at(slot);
-  }
+  TcacheEntry EntryAt(std::size_t slot) { return GetTcacheTable(at.host.files, Path()).at(slot); }
   std::optional<Picture> Show(const TcacheEntry& entry, int image) {
     return TexturePicture(at.host.files, Path(), entry, image, Colours());
   }
@@ -152,18 +148,17 @@ TEST_F(ThePicture, OfAThumbnailIsNoLargerThanAskedAndKeepsItsShape) {
 TEST_F(ThePicture, OfABitmapThatIsToBeImported) {
   Bytes deep = Bitmap(4, 4, 24, Pattern(48));
   Write("a.bmp", deep);
-  BmpInfo info;
-  GetBMPInfo(at.host, folder.Windows("a.bmp"), info);
+  BmpInfo info = GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
   const auto picture = BitmapPicture(at.host.files, folder.Windows("a.bmp"), info);
   ASSERT_TRUE(picture);
   EXPECT_TRUE(test::SameBytes(test::ShownPixels(folder.Native("a.bmp")), picture->rgb));
   Write("a.bmp", Bitmap(4, 4, 8, Pattern(16)));
-  GetBMPInfo(at.host, folder.Windows("a.bmp"), info);
+  info = GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
   const auto grey = BitmapPicture(at.host.files, folder.Windows("a.bmp"), info);
   ASSERT_TRUE(grey);
   EXPECT_EQ(grey->rgb[0], Pattern(16)[12]);
   Write("a.bmp", Bitmap(3, 3, 8, Pattern(12)));
-  GetBMPInfo(at.host, folder.Windows("a.bmp"), info);
+  info = GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
   EXPECT_FALSE(BitmapPicture(at.host.files, folder.Windows("a.bmp"), info));
 }
 
@@ -173,12 +168,11 @@ TEST_F(ThePicture, OfABitmapOfAnotherDepthIsNoneWhereverItsPixelsBegin) {
   SetLong(file, 22, 8);
   SetLong(file, 28, 4);
   Write("a.bmp", file);
-  BmpInfo info;
-  EXPECT_TRUE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
+  BmpInfo info = GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
   EXPECT_FALSE(BitmapPicture(at.host.files, folder.Windows("a.bmp"), info));
 }
 
-TEST_F(ThePicture, OfABitmapWhosePixelsBeginFarBehindItsHeader) {
+TEST_F(ThePicture, OfABitmapWhosePixelsStartFarAfterItsHeader) {
   constexpr std::uint32_t pixelsAt = 0xFFFF0000;
   Bytes file = Bitmap(4, 4, 8, {});
   SetLong(file, 10, pixelsAt);
@@ -187,8 +181,7 @@ TEST_F(ThePicture, OfABitmapWhosePixelsBeginFarBehindItsHeader) {
     File bitmap(at.host.files, folder.Windows("a.bmp"), OpenFor::changing);
     Put(bitmap, pixelsAt, Pattern(16));
   }
-  BmpInfo info;
-  EXPECT_TRUE(GetBMPInfo(at.host, folder.Windows("a.bmp"), info));
+  BmpInfo info = GetBMPInfo(at.host.files, folder.Windows("a.bmp"));
   const auto picture = BitmapPicture(at.host.files, folder.Windows("a.bmp"), info);
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture->rgb[0], Pattern(16)[12]);

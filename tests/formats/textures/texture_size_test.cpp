@@ -44,7 +44,7 @@ TEST(RoundedSize, HalvesGoToTheEvenNeighbour) {
   EXPECT_EQ(RoundedSize(-1), 0U);
 }
 
-TEST(TcacheLayout, TheFirstUserSlotBeginsBehindTheFactorySlots) {
+TEST(TcacheLayout, TheFirstUserSlotStartsAfterTheFactorySlots) {
   EXPECT_EQ(TcacheEntryOffset(0), 12U);
   EXPECT_EQ(TcacheEntryOffset(425), 102012U);
   EXPECT_EQ(TcacheEntryOffset(426), 102252U);

@@ -1,11 +1,9 @@
-#include <cmath>
-
+#include "tabs/texture_import_panel.h"
 #include "base/text.h"
 #include "desk/program_end.h"
 #include "support/cache_stage.h"
-#include "tabs/texture_import_panel.h"
+#include "support/fighter_bitmap.h"
 #include "textures/loadout_maps.h"
-#include "textures/mipmap_chain.h"
 
 namespace oravin {
 namespace {
@@ -13,169 +11,11 @@ namespace {
 using test::After;
 using test::Bitmap;
 using test::Cache;
+using test::ChainOf;
+using test::Fighter;
 using test::Pattern;
 using test::ReadFileAt;
-using test::SetLong;
 using test::SetName;
-
-/// A fighter's picture with a palette of few colours, so that averages lie between them.
-Bytes Fighter() {
-  Bytes pixels(65536);
-  for (std::size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<std::uint8_t>(i * i / 97 + i / 256 * 3);
-  Bytes file = Bitmap(256, 256, 8, pixels);
-  for (std::size_t i = 0; i < 256; ++i) {
-    SetLong(file, 54 + 4 * i, static_cast<std::uint32_t>(i * 40503 % 0x1000000));
-  }
-  return file;
-}
-
-/// The reduction in the plainest way.
-Bytes ReducedPlainly(const Bytes& bitmap, int level) {
-  const int block = 1 << level;
-  const int side = 256 >> level;
-  Bytes pixels;
-  for (int row = 0; row < side; ++row) {
-    for (int column = 0; column < side; ++column) {
-      int average[3];
-      for (int part = 0; part < 3; ++part) {
-        double sum = 0;
-        for (int y = 0; y < block; ++y) {
-          for (int x = 0; x < block; ++x) {
-            const std::size_t at = static_cast<std::size_t>((row * block + y) * 256 + column * block + x);
-            sum += bitmap[54 + 4U * bitmap[1078 + at] + static_cast<std::size_t>(part)];
-          }
-        }
-        average[part] = static_cast<int>(std::floor(sum / (block * block) + 0.5));
-      }
-      int best = 0;
-      long bestDistance = -1;
-      for (int i = 0; i < 256; ++i) {
-        long distance = 0;
-        for (int part = 0; part < 3; ++part) {
-          const long d = bitmap[static_cast<std::size_t>(54 + 4 * i + part)] - average[part];
-          distance += d * d;
-        }
-        if (bestDistance < 0 || distance < bestDistance) {
-          best = i;
-          bestDistance = distance;
-        }
-      }
-      pixels.push_back(static_cast<std::uint8_t>(best));
-    }
-  }
-  return pixels;
-}
-
-Bytes ChainOf(const Bytes& bitmap) {
-  Bytes chain(bitmap.begin() + 1078, bitmap.begin() + 1078 + 65536);
-  for (int level = 1; level < 8; ++level) {
-    const Bytes image = ReducedPlainly(bitmap, level);
-    chain.insert(chain.end(), image.begin(), image.end());
-  }
-  return chain;
-}
-
-struct TheFightersChain : test::CacheStage {
-  TheFightersChain() { std::filesystem::create_directories(folder.Native("program")); }
-
-  bool Convert() {
-    return ConvertFighterText(at.host, " " + folder.Windows("a.bmp"), folder.Windows("program/import") + " ",
-                              folder.Windows("program\\"));
-  }
-  void ExpectRefused(const Bytes& file) {
-    Write("a.bmp", file);
-    at.desk.ExpectBox("Error - not a fighter texture", "ConvertFighterText");
-    EXPECT_FALSE(Convert());
-    EXPECT_TRUE(at.desk.Done());
-    EXPECT_TRUE(test::ImageOf(folder.Native("program")).empty());
-  }
-};
-
-TEST_F(TheFightersChain, IsExactly87380BytesLong) {
-  Write("a.bmp", Fighter());
-  Write("program/import", Pattern(100000));
-  EXPECT_TRUE(Convert());
-  const test::FolderImage after = test::ImageOf(folder.Native("program"));
-  ASSERT_EQ(after.size(), 1U);  // the level bitmaps are gone
-  EXPECT_EQ(after.at("import").size(), 87380U);
-  EXPECT_TRUE(test::SameBytes(ChainOf(Fighter()), after.at("import")));
-}
-
-TEST_F(TheFightersChain, RoundsHalvesUpAndTakesTheLowestOfEqualColours) {
-  Bytes file = Bitmap(256, 256, 8, Bytes(65536));
-  for (std::size_t i = 0; i < 256; ++i) SetLong(file, 54 + 4 * i, 0xC8C8C8);
-  SetLong(file, 54, 0x000000);
-  SetLong(file, 54 + 4, 0x010101);
-  SetLong(file, 54 + 8, 0x010101);
-  // Two of each block of four are 1: an average of 0.5, which is 1, which is index 1 before 2.
-  for (std::size_t i = 0; i < 65536; i += 2) file[1078 + i] = 2;
-  Write("a.bmp", file);
-  EXPECT_TRUE(Convert());
-  const Bytes chain = ReadFileAt(folder.Native("program/import"));
-  EXPECT_EQ(Bytes(chain.begin() + 65536, chain.end()), Bytes(87380 - 65536, 1));
-}
-
-TEST_F(TheFightersChain, OfABitmapThatIsNone) {
-  ExpectRefused(Bitmap(256, 256, 16, Pattern(131072)));
-  ExpectRefused(Bitmap(128, 128, 8, Pattern(16384)));
-  ExpectRefused(Bitmap(256, -256, 8, Pattern(65536)));
-  ExpectRefused(Bitmap(256, 256, 8, Pattern(65535)));
-  Bytes compressed = Bitmap(256, 256, 8, Pattern(65536));
-  compressed[30] = 1;
-  ExpectRefused(compressed);
-  Bytes behind = Fighter();
-  SetLong(behind, 10, 0xFFFFFFFF);
-  ExpectRefused(behind);
-  SetLong(behind, 10, 10);
-  ExpectRefused(behind);
-}
-
-TEST_F(TheFightersChain, OfAMissingBitmapIsToldAndTheOldOutputStays) {
-  Write("program/import", Pattern(5));
-  at.desk.ExpectBox("File not found", "FighterResize");
-  EXPECT_FALSE(Convert());
-  EXPECT_EQ(ReadFileAt(folder.Native("program/import")), Pattern(5));
-}
-
-TEST_F(TheFightersChain, OfABitmapWithAChainIsMadeFromItsFirstImage) {
-  Bytes file = Fighter();
-  file.resize(file.size() + 21844, 7);
-  Write("a.bmp", file);
-  EXPECT_TRUE(Convert());
-  EXPECT_TRUE(test::SameBytes(ChainOf(Fighter()), ReadFileAt(folder.Native("program/import"))));
-}
-
-TEST_F(TheFightersChain, WithFewColoursInItsPaletteTakesTheseOnly) {
-  Bytes file(54 + 8);
-  const Bytes head = Bitmap(256, 256, 8, {});
-  std::copy_n(head.begin(), 54, file.begin());
-  SetLong(file, 10, 62);
-  SetLong(file, 54, 0x101010);
-  SetLong(file, 58, 0xF0F0F0);
-  file.resize(62 + 65536, 1);
-  file[62] = 200;  // an index without a colour counts as black
-  Write("a.bmp", file);
-  EXPECT_TRUE(Convert());
-  const Bytes chain = ReadFileAt(folder.Native("program/import"));
-  ASSERT_EQ(chain.size(), 87380U);
-  EXPECT_EQ(chain[0], 200);
-  EXPECT_EQ(Bytes(chain.begin() + 65536, chain.end()), Bytes(87380 - 65536, 1));
-}
-
-TEST_F(TheFightersChain, ThatFailsAnywhereLeavesNoFilesBehind) {
-  Write("a.bmp", Fighter());
-  test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
-    std::filesystem::remove(folder.Native("program/import"));
-    test::ScriptedHost failing;
-    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
-    test::Watch(failing.host.files, fault);
-    const bool made = ConvertFighterText(failing.host, folder.Windows("a.bmp"), folder.Windows("program/import"),
-                                         folder.Windows("program\\"));
-    EXPECT_NE(made, fault.happened);
-    EXPECT_EQ(failing.desk.shown.size(), fault.happened ? 1U : 0U);
-    EXPECT_EQ(test::ImageOf(folder.Native("program")).size(), fault.happened ? 0U : 1U);
-  });
-}
 
 /// The panel, over a game folder and a program folder.
 struct ThePanel : test::CacheStage {
@@ -383,13 +223,13 @@ TEST_F(ThePanel, OfAFighterThatFailsAnywhereAddsBothOrNoneAndTidiesUp) {
   });
 }
 
-TEST_F(ThePanel, WithoutABitmapIsTold) {
+TEST_F(ThePanel, WithoutABitmapIsReported) {
   at.desk.ExpectBox("Import texture not found.", programTitle);
   Click();
   EXPECT_TRUE(test::SameBytes(before, CacheNow()));
 }
 
-TEST_F(ThePanel, WithoutANameIsToldAndTheNameTakesTheFocus) {
+TEST_F(ThePanel, WithoutANameShowsABoxAndFocusesTheName) {
   Write("a.bmp", Bitmap(8, 8, 8, Pattern(64)));
   for (const char* name : {"", "   "}) {
     panel.nameTakesFocus = false;
