@@ -20,7 +20,7 @@ namespace {
 constexpr std::uint64_t classByteAt = 26;
 constexpr std::uint32_t noChunk = 65536;  // a type that no chunk can have
 
-/// True when the model names textures in a table that lies wholly in its file. What stands behind it does not matter.
+/// True when the model names textures in a table that is complete in its file. What follows it does not matter.
 bool HasNames(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   while (const auto chunk = NextChunk(reader, textureNamesChunk)) {
@@ -30,7 +30,7 @@ bool HasNames(Files& files, const std::string& path) {
   return false;
 }
 
-/// True when the file is long enough for a model and nothing but whole chunks; less than a header may be left over.
+/// True when the file is long enough for a model and has whole chunks only; less than a header may be left over.
 bool IsAllChunks(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   if (reader.length <= classByteAt) return false;
@@ -41,13 +41,9 @@ bool IsAllChunks(Files& files, const std::string& path) {
   return reader.next <= reader.length && reader.length - reader.next < chunkHeaderSize;
 }
 
-/// The cache's table, read once for all names; nothing for a cache that is not there, after its box.
-TcacheTable TableOf(Host& host, const std::string& cachePath, const std::string& anyName) {
-  if (!FileExists(host.files, cachePath)) {
-    FindStructOffset(host, cachePath, anyName);  // it tells that the cache is missing
-    return {};
-  }
-  File file(host.files, cachePath, OpenFor::reading);
+/// The cache's table, read once for all names.
+TcacheTable TableOf(Files& files, const std::string& cachePath) {
+  File file(files, cachePath, OpenFor::reading);
   const TcacheBytes cache = ReadTcache(file);
   TcacheTable table;
   for (int slot = 0; slot < SlotsIn(cache); ++slot) table.push_back(EntryOf(cache, slot));
@@ -97,13 +93,13 @@ std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, c
       if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
     }
   } catch (const FileError&) {
-    return {};  // whoever imports the model is told
+    return {};  // the import itself reports it
   }
   return bitmaps;
 }
 
 std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
-  // It is only a look: the import itself tells in boxes what is wrong with a bitmap.
+  // No boxes: the import itself shows them.
   Host quiet;
   quiet.desk.showBox = [](const Message&) { return Answer::ok; };
   if (!GetBMPInfo(quiet, bitmapPath, info)) return "it is no bitmap that can be read";
@@ -119,30 +115,31 @@ std::string WhyUnusable(const std::string& bitmapPath, BmpInfo& info) {
 
 bool IsShpFile(Files& files, const std::string& path) { return HasNames(files, path) || IsAllChunks(files, path); }
 
-bool TextureList(Host& host, std::string modelPath, const std::string& cachePath, const GivenBitmaps& given,
+TextureListing ListTextures(Files& files, const std::string& modelPath, const std::string& cachePath,
+                            const GivenBitmaps& given) {
+  const std::string model = Trim(modelPath);
+  RequireFile(files, model);
+  if (!IsShpFile(files, model)) {
+    throw FileError("could not read", model, "it is no ship model", ErrorKind::wrongFormat);
+  }
+  const std::vector<std::string> names = ReadShpTextureNames(files, model);
+  TextureListing listing;
+  if (names.empty()) return listing;
+  listing.cacheMissing = !FileExists(files, cachePath);
+  const TcacheTable table = listing.cacheMissing ? TcacheTable() : TableOf(files, cachePath);
+  for (const std::string& name : names) listing.textures.push_back(NewListed(files, name, table, model, given));
+  return listing;
+}
+
+bool TextureList(Host& host, const std::string& modelPath, const std::string& cachePath, const GivenBitmaps& given,
                  std::vector<ListedTexture>& textures) {
-  bool listed = false;
-  Trap(host, "TextureList", [&] {
-    std::vector<std::string> names;
-    TrimInPlace(modelPath);
-    if (!FileExists(host.files, modelPath)) {
-      GetShpTextureNames(host, modelPath, names);  // it tells that the model is missing
-      return;
-    }
-    if (!IsShpFile(host.files, modelPath)) {
-      Show(host, "This is not a valid SL shp file", Icon::exclamation, "Oravin - TextureList()");
-      return;
-    }
-    names = ReadShpTextureNames(host.files, modelPath);
-    std::vector<ListedTexture> found;
-    if (!names.empty()) {
-      const TcacheTable table = TableOf(host, cachePath, names.front());
-      for (const std::string& name : names) found.push_back(NewListed(host.files, name, table, modelPath, given));
-    }
-    textures = std::move(found);
-    listed = true;
-  });
-  return listed;
+  TextureListing listing;
+  const bool listed =
+      Trap(host, "TextureList", [&] { listing = ListTextures(host.files, modelPath, cachePath, given); });
+  if (!listed) return false;
+  if (listing.cacheMissing) Trap(host, "FindStructOffset", [&] { RequireFile(host.files, cachePath); });
+  textures = std::move(listing.textures);
+  return true;
 }
 
 }  // namespace oravin

@@ -16,6 +16,7 @@ struct ErrorBox {
   Icon icon;
   std::string_view title;
   bool alsoGeneral = false;  ///< the general message box follows
+  bool endsProgram = false;  ///< then the program ends (ProgramEnd)
 };
 
 /// The row for a procedure and a kind of error; none where the general message box is the only one.

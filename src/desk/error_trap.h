@@ -10,6 +10,7 @@ namespace oravin {
 
 /// Shows the message box of a procedure's error trap: the procedure's own words for that kind of error
 /// (desk/error_boxes.h), else "Error - " and what went wrong with which file.
+/// @throws ProgramEnd where the program ends after those words
 void ShowTrapped(Host& host, const std::string& procedure, const FileError& error);
 
 /// A procedure's error trap: runs its body; a run-time error in it ends it, shows one box titled with the procedure's

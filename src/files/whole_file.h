@@ -73,6 +73,10 @@ void RenameSpelled(Files& files, const std::string& folder, const std::string& f
 /// Makes a folder where it is missing; the folder above must be there.
 void MakeFolder(Files& files, const std::string& path);
 
+/// Makes the folders of a path that are missing.
+/// @param folder ends in a backslash
+void MakeFolders(Files& files, const std::string& folder);
+
 /// True when both files can be read and hold the same bytes.
 bool SameContent(Files& files, const std::string& a, const std::string& b);
 

@@ -2,6 +2,7 @@
 
 #include "actions/draft_ship_list.h"
 
+#include "actions/ship_list_file.h"
 #include "demo/sample.h"
 #include "draft_stage.h"
 #include "lists/ship_list_text.h"
@@ -377,8 +378,8 @@ TEST_F(ListDraft, ReadsBackFromTheFileThatItIsSavedTo) {
   Model("alpha.shp", 0, {"hull", "wing, left"});
   Model("t_alpha.shp");
   const ShipListDraft draft = Draft();
-  ASSERT_TRUE(SaveShipList(here.host, installation.ProgramPath + shipListName, ShipsOf(draft.ships), true));
-  const std::vector<ListedShip> read = ReadShipList(here.host, installation.shipListPath());
+  ASSERT_TRUE(SaveShipList(here.host, installation.shipListPath(), ShipsOf(draft.ships)));
+  const std::vector<ListedShip> read = ReadShipList(here.host.files, installation.shipListPath());
   ASSERT_EQ(read.size(), 2U);
   EXPECT_EQ(read[0].name, "Alpha, the First");
   EXPECT_EQ(read[0].texture1, "wing, left");

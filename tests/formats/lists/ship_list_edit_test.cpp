@@ -6,7 +6,6 @@
 
 #include "base/file_error.h"
 #include "support/fault.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
@@ -156,13 +155,10 @@ TEST(ImportedLine, ALongNameIsComparedAsTheCatalogueHoldsIt) {
   EXPECT_EQ(FindImportedLine(list, longName.substr(0, 30), "m.shp"), 0U);
 }
 
-TEST(ImportedLine, ShipsThatAreAlikeGetALineEach) {
+TEST(ImportedLine, IsFoundFromALineOn) {
   const ShipListText list = Parsed("2\n3,M,m.shp,0,,\n3,M,m.shp,0,,\n");
-  ShipRecord ship;
-  ship.ShipName.Set("M");
-  ship.ShipFile.Set("m.shp");
-  EXPECT_EQ(FindImportedLines(list, {ship, ship, ship}),
-            (std::vector<std::optional<std::size_t>>{0U, 1U, std::nullopt}));
+  EXPECT_EQ(FindImportedLine(list, "M", "m.shp", 1), 1U);
+  EXPECT_EQ(FindImportedLine(list, "M", "m.shp", 2), std::nullopt);
 }
 
 struct ShipListFile : testing::Test {
