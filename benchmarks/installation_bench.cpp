@@ -106,7 +106,7 @@ void AddSwap(const demo::Sample& sample, const fs::path& work) {
         {
           Run run(sample);
           if (run.main.installation.ships.empty()) oravin::Run(run.main, "switcher.cmdEnable");
-          const int index = IndexOfKey(run.main.switcher.swapToList.rows.at(1).key);
+          const int index = run.main.switcher.swapToList.rows.at(1).item;
           model = sample.game / "ships" / ModelOf(run.main.installation.ships.at(static_cast<std::size_t>(index)));
         }
         for (auto _ : state) {

@@ -183,7 +183,7 @@ std::optional<Result> ListImported(Session& session, const Values&) {
   Json document = Json::array();
   std::vector<std::vector<std::string>> rows;
   for (const ListRow& row : main.imports.lstImported.rows) {
-    const auto index = static_cast<std::size_t>(IndexOfKey(row.key));
+    const auto index = static_cast<std::size_t>(row.item);
     const ShipRecord& ship = main.installation.ships.at(index);
     const auto textures = TexturesOf(ship);
     const auto used = ChangedTo(main.installation.ships, index);

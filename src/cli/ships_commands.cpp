@@ -11,8 +11,7 @@ namespace {
 
 /// The record of the ship that is selected as the one to change.
 const ShipRecord& SelectedTarget(const Main& main) {
-  const ListView& list = main.switcher.swapOrgList;
-  return main.installation.ships.at(static_cast<std::size_t>(IndexOfKey(list.rows.at(*SelectedRow(list)).key)));
+  return main.installation.ships.at(static_cast<std::size_t>(SelectedItem(main.switcher.swapOrgList)));
 }
 
 std::string SelectedSourceName(const Main& main) {

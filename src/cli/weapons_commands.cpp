@@ -26,7 +26,7 @@ const ShipRecord* ShipWithWeapons(Session& session, const std::string& name) {
 
 /// The attachments that a row of the weapons shows: one, or both of a pair.
 std::vector<std::size_t> AttachmentsOf(const StatsTab& tab, std::size_t row) {
-  const auto first = static_cast<std::size_t>(IndexOfKey(tab.shipWeaponsList.rows.at(row).key));
+  const auto first = static_cast<std::size_t>(tab.shipWeaponsList.rows.at(row).item);
   if (!tab.pairs.paired.at(first)) return {first};
   return {first, static_cast<std::size_t>(tab.pairs.partner.at(first))};
 }

@@ -1,7 +1,6 @@
 #include "desk/controls.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace oravin {
 
@@ -62,11 +61,14 @@ std::optional<std::size_t> OnlySelectedRow(const ListView& list) {
   return selected == 1 ? SelectedRow(list) : std::nullopt;
 }
 
-int IndexOfKey(const std::string& key) {
-  int number = 0;
-  if (key.empty()) return -1;
-  const auto [end, failure] = std::from_chars(key.data() + 1, key.data() + key.size(), number);
-  return failure == std::errc() && end == key.data() + key.size() ? number - 1 : -1;
+int SelectedItem(const ListView& list) {
+  const auto row = SelectedRow(list);
+  return row ? list.rows[*row].item : -1;
+}
+
+int OnlySelectedItem(const ListView& list) {
+  const auto row = OnlySelectedRow(list);
+  return row ? list.rows[*row].item : -1;
 }
 
 }  // namespace oravin

@@ -48,7 +48,7 @@ struct ListColumn {
 };
 
 struct ListRow {
-  std::string key;
+  int item = -1;                   ///< the index of what the row shows, in the list that its tab keeps; -1 for nothing
   std::vector<std::string> texts;  ///< one a column; missing ones are empty
   int image = 0;                   ///< index into the window's images; 0 for none
   bool selected = false;
@@ -124,8 +124,10 @@ std::optional<std::size_t> SelectedRow(const ListView& list);
 /// The selected row where exactly one is selected; nothing where none or several are.
 std::optional<std::size_t> OnlySelectedRow(const ListView& list);
 
-/// The number in a row's key behind its first character, minus 1: the index of the ship that the row shows. -1 when the
-/// key holds no number.
-int IndexOfKey(const std::string& key);
+/// The index of what the selected row shows; -1 where no row is selected.
+int SelectedItem(const ListView& list);
+
+/// The same where exactly one row is selected; -1 where none or several are.
+int OnlySelectedItem(const ListView& list);
 
 }  // namespace oravin

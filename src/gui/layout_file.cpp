@@ -43,7 +43,16 @@ Json RectangleOf(const wxWindow& window, const wxRect& part) {
 
 Json RectangleOf(const wxWindow& window) { return RectangleOf(window, {wxPoint(0, 0), window.GetSize()}); }
 
-Json RowsOf(const ListWindow& window, const ListView& record) {
+/// A row's key, by which tools find it whatever the order of the list: a letter for what the list shows, and its
+/// number.
+std::string KeyOf(std::string_view list, int item) {
+  list.remove_prefix(list.rfind('.') + 1);
+  if (list == "lstTcache") return "t" + std::to_string(item);
+  const char* letter = list == "hogList" ? "h" : list == "shipStatsList" ? "v" : list == "shipWeaponsList" ? "w" : "s";
+  return letter + std::to_string(item + 1);
+}
+
+Json RowsOf(const ListWindow& window, const ListView& record, const std::string& name) {
   Json rows = Json::array();
   const auto first = static_cast<std::size_t>(std::max(0L, window.GetTopItem()));
   const auto count = static_cast<std::size_t>(std::max(0, window.GetCountPerPage()));
@@ -55,7 +64,7 @@ Json RowsOf(const ListWindow& window, const ListView& record) {
     Json texts = Json::array();
     for (std::size_t c = 0; c < record.columns.size(); ++c) texts.push_back(ToUtf8(ShownText(record, row, c)));
     rows.push_back({{"row", i},
-                    {"key", row.key},
+                    {"key", KeyOf(name, row.item)},
                     {"texts", texts},
                     {"selected", window.GetItemState(item, wxLIST_STATE_SELECTED) != 0},
                     {"bold", row.bold},
@@ -66,7 +75,7 @@ Json RowsOf(const ListWindow& window, const ListView& record) {
   return rows;
 }
 
-void AddList(Json& control, const ListWindow& window, const ListView& record) {
+void AddList(Json& control, const ListWindow& window, const ListView& record, const std::string& name) {
   Json columns = Json::array();
   for (std::size_t i = 0; i < record.columns.size(); ++i) {
     columns.push_back(
@@ -80,7 +89,7 @@ void AddList(Json& control, const ListWindow& window, const ListView& record) {
   }
   control["selected"] =
       std::count_if(record.rows.begin(), record.rows.end(), [](const ListRow& row) { return row.selected; });
-  control["rows"] = RowsOf(window, record);
+  control["rows"] = RowsOf(window, record, name);
 }
 
 void AddThumbnails(Json& control, const ThumbnailList& window) {
@@ -151,7 +160,7 @@ Json ControlOf(const Reflection& reflection) {
   if (const auto* chart = dynamic_cast<const StatsChartPane*>(&window)) AddChart(control, *chart);
   if (const auto* view = dynamic_cast<const TopViewPane*>(&window)) AddTopView(control, *view);
   const auto* list = dynamic_cast<const ListWindow*>(&window);
-  if (list != nullptr && reflection.list != nullptr) AddList(control, *list, *reflection.list);
+  if (list != nullptr && reflection.list != nullptr) AddList(control, *list, *reflection.list, reflection.name);
   return control;
 }
 

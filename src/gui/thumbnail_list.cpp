@@ -143,11 +143,11 @@ std::optional<std::size_t> ThumbnailList::RowAt(const wxPoint& point) const {
 }
 
 bool ThumbnailList::HasPicture(std::size_t row) const {
-  return row < record_.rows.size() && pictures_.items.contains(IndexOfKey(record_.rows[row].key));
+  return row < record_.rows.size() && pictures_.items.contains(record_.rows[row].item);
 }
 
 bool ThumbnailList::IsMade(std::size_t row) const {
-  return HasPicture(row) || without_.contains(IndexOfKey(record_.rows[row].key));
+  return HasPicture(row) || without_.contains(record_.rows[row].item);
 }
 
 /// The row whose picture is wanted most: one in sight, else the next of all while there is room to keep it.
@@ -169,7 +169,7 @@ bool ThumbnailList::MakeSomePictures() {
   bool made = false;
   while (const auto row = NextToMake()) {
     made = true;
-    const int number = IndexOfKey(record_.rows[*row].key);
+    const int number = record_.rows[*row].item;
     std::optional<Picture> picture = source_.pictureOf(record_.rows[*row], pictureSide);
     if (picture) {
       KeepPicture(pictures_, number, std::move(*picture));
@@ -215,7 +215,7 @@ void ThumbnailList::PaintRow(wxDC& dc, std::size_t row) {
 }
 
 void ThumbnailList::PaintPicture(wxDC& dc, std::size_t row, const wxRect& place) {
-  const int number = IndexOfKey(record_.rows[row].key);
+  const int number = record_.rows[row].item;
   const Picture* picture = FindPicture(pictures_, number);
   if (picture != nullptr) {
     const double scale = GetContentScaleFactor();

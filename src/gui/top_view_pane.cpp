@@ -93,7 +93,7 @@ std::optional<std::size_t> TopViewPane::RowAt(const wxPoint& mouse) const {
   const int partner = paired ? static_cast<int>(record_.pairs.partner[nearest->attachment]) : -1;
   const auto& rows = record_.shipWeaponsList.rows;
   for (std::size_t i = 0; i < rows.size(); ++i) {
-    const int index = IndexOfKey(rows[i].key);
+    const int index = rows[i].item;
     if (index == static_cast<int>(nearest->attachment) || (paired && index == partner)) return i;
   }
   return std::nullopt;

@@ -14,7 +14,7 @@ namespace oravin {
 
 namespace {
 
-std::size_t IndexOf(const ListRow& row) { return static_cast<std::size_t>(IndexOfKey(row.key)); }
+std::size_t IndexOf(const ListRow& row) { return static_cast<std::size_t>(row.item); }
 
 std::string CellOf(const HogEntry& entry, std::size_t column) {
   switch (column) {
@@ -126,7 +126,7 @@ void DisplayHog(HogTab& tab) {
   ClearRows(list);
   list.rows.reserve(order.size());
   for (const std::uint32_t index : order) {
-    list.rows.push_back({"h" + std::to_string(index + 1), {}, 0, selected[index]});
+    list.rows.push_back({static_cast<int>(index), {}, 0, selected[index]});
   }
   TellSelection(tab);
 }

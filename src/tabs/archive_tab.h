@@ -54,7 +54,7 @@ struct HogTab {
   Button cmdBackupFAT;
   Button cmdRestoreFAT;
 
-  ListView hogList;  ///< a row's key is "h" and the entry's index + 1
+  ListView hogList;  ///< a row's item is the entry's index
   MenuItem pldHogCopy;
   MenuItem pldHogPaste;
   MenuItem pldHogProperties;

@@ -32,10 +32,10 @@ void Clear(FighterPack& form) {
   form.textures.clear();
 }
 
-ListRow RowOf(const OfferedShip& offered, std::size_t number) {
+ListRow RowOf(const OfferedShip& offered, std::size_t index) {
   const PackShip& ship = offered.ship;
   ListRow row;
-  row.key = "s" + std::to_string(number);
+  row.item = static_cast<int>(index);
   row.texts = {Trim(ship.shipName), offered.capital ? "Capital ship" : "Fighter",
                FileNameOf(ship.modelPath) + (offered.modelFound ? "" : " (not found)"), Trim(ship.suggestedSwitch)};
   row.tooltip = ship.modelPath;
@@ -163,7 +163,7 @@ bool LoadPack(Host& host, FighterPack& form, const Installation& installation, c
   if (!source) return false;
   form.source = std::move(*source);
   form.caption = "Import: < " + FileNameOf(path) + " >";
-  for (const OfferedShip& ship : form.source.ships) AddRow(form.lstPack, RowOf(ship, form.lstPack.rows.size() + 1));
+  for (const OfferedShip& ship : form.source.ships) AddRow(form.lstPack, RowOf(ship, form.lstPack.rows.size()));
   ShowNames(form, installation);
   if (!form.source.ships.empty()) SelectOnly(form.lstPack, 0);
   // The user has not chosen this ship, so problems with its model are shown in the form. Boxes come when it is clicked.

@@ -39,9 +39,8 @@ inline constexpr const char* fighterPackForm = "Fighter_PACK";
 
 FighterPack NewFighterPack();
 
-/// Shows the ships of a pack or of a single model (LoadImportSource, with its boxes). Every ship is a checked line with
-/// the key "s" and its number from 1; it is red when its name is taken. The first ship is selected, and its textures
-/// are shown.
+/// Shows the ships of a pack or of a single model (LoadImportSource, with its boxes). Every ship is a checked line,
+/// which is red when its name is taken. The first ship is selected, and its textures are shown.
 /// @return false when a box has said why nothing can be shown; the form is left empty then
 bool LoadPack(Host& host, FighterPack& form, const Installation& installation, const std::string& path);
 

@@ -33,7 +33,7 @@ void DisplayImported(Host& host, ImportTab& tab, const Installation& installatio
     if (IsInert(ship) || !ship.Imported) continue;
     const std::string name = ship.ShipName.Trimmed();
     const bool capital = i < known.size() && known[i] ? *known[i] : IsImportedCapital(host, installation, ship);
-    AddRow(tab.lstImported, {"s" + std::to_string(i + 1), {name}, ImageOfImported(capital), selected.contains(name)});
+    AddRow(tab.lstImported, {static_cast<int>(i), {name}, ImageOfImported(capital), selected.contains(name)});
     if (ship.HasSecondPart && installation.ships[i + 1].Imported) ++i;  // a second part is never listed by itself
   }
   lstImported_ItemClick(tab);

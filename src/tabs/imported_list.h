@@ -10,9 +10,9 @@
 
 namespace oravin {
 
-/// Fills lstImported with the imported ships of the catalogue; names that were selected stay selected. An item's key is
-/// "s" and the ship's index counted from 1. Two imported parts of one ship are one item, that of the first part. Then
-/// the buttons that can do something are enabled.
+/// Fills lstImported with the imported ships of the catalogue; names that were selected stay selected. A row's
+/// item is the ship's index. Two imported parts of one ship are one row, that of the first part. Then the buttons that
+/// can do something are enabled.
 ///
 /// A missing model gives no box: the switcher's lists, which are filled at the same time, show it.
 /// @param known the classes that the switcher's lists have just read: these models are not read again

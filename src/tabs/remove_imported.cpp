@@ -64,7 +64,7 @@ Removal RemovalOf(const ImportTab& tab, const Ships& ships) {
   std::set<std::size_t> indices;
   for (const ListRow& row : tab.lstImported.rows) {
     if (!row.selected) continue;
-    for (const std::size_t part : ImportedParts(ships, IndexOfKey(row.key))) indices.insert(part);
+    for (const std::size_t part : ImportedParts(ships, row.item)) indices.insert(part);
   }
   Removal removal;
   removal.indices.assign(indices.begin(), indices.end());
@@ -273,8 +273,7 @@ void MoveStatsTab(StatsTab& tab, const Removal& removal) {
   };
   if (const auto row = SelectedRow(tab.shipEditingList)) {
     ListRow& selected = tab.shipEditingList.rows[*row];
-    const int index = moved(IndexOfKey(selected.key));
-    selected.key = "s" + std::to_string(index + 1);  // "s0" is no ship's
+    selected.item = moved(selected.item);
   }
   if (!tab.remembered) return;
   const int index = moved(tab.remembered->index);

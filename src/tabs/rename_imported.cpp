@@ -148,7 +148,7 @@ bool lstImported_AfterLabelEdit(Host& host, ImportTab& tab, Installation& instal
   LabelEdit& edited = tab.lstImported.edited;
   edited.refused = true;
   if (edited.row >= tab.lstImported.rows.size()) return false;
-  const int index = IndexOfKey(tab.lstImported.rows[edited.row].key);
+  const int index = tab.lstImported.rows[edited.row].item;
   if (!RenameImported(host, installation, index, edited.text)) return false;
   edited.refused = false;
   SetText(tab.lstImported, edited.row, 0, Trim(edited.text));

@@ -20,7 +20,7 @@ void Refuse(Host& host, const std::string& text) { Show(host, text, Icon::exclam
 ListRow RowOf(std::size_t index, const DraftedShip& drafted) {
   const ListedShip& ship = drafted.ship;
   ListRow row;
-  row.key = "s" + std::to_string(index + 1);
+  row.item = static_cast<int>(index);
   row.texts = {ship.name,     ship.file,      std::to_string(ship.kind), std::to_string(ship.statsIndex), ship.texture0,
                ship.texture1, drafted.comment};
   row.tooltip = drafted.comment;

@@ -17,7 +17,7 @@ void AddStatsRows(StatsTab& tab, const ShipStats& stats, const std::optional<Shi
   for (std::size_t i = 0; i < statsRows.size(); ++i) {
     const StatsRow& stat = statsRows.at(i);
     const float value = stats.values.at(stat.field);
-    ListRow row{"v" + std::to_string(i + 1), {NumberText(value), stat.label}};
+    ListRow row{static_cast<int>(i), {NumberText(value), stat.label}};
     if (defaults && !Same(value, defaults->values.at(stat.field))) {
       row.bold = true;
       row.tooltip = "Default: " + NumberText(defaults->values.at(stat.field));
@@ -35,12 +35,12 @@ std::string WeaponText(const ShpAttachment& attachment, bool pair) {
   return before + GetGunName(attachment.gunType);
 }
 
-void AddWeaponRows(StatsTab& tab, const std::string& selected) {
+void AddWeaponRows(StatsTab& tab, int selected) {
   for (std::size_t i = 0; i < tab.attachments.size(); ++i) {
     const bool paired = tab.pairs.paired[i];
     if (paired && static_cast<std::size_t>(tab.pairs.partner[i]) < i) continue;
-    const std::string key = "w" + std::to_string(i + 1);
-    AddRow(tab.shipWeaponsList, {key, {WeaponText(tab.attachments[i], paired)}, 0, key == selected});
+    const int item = static_cast<int>(i);
+    AddRow(tab.shipWeaponsList, {item, {WeaponText(tab.attachments[i], paired)}, 0, item == selected});
   }
 }
 
@@ -63,8 +63,7 @@ void DisplayShipStats(Host& host, StatsTab& tab, const Installation& installatio
 }
 
 void DisplayWeapons(Host& host, StatsTab& tab, const Installation& installation) {
-  const auto before = SelectedRow(tab.shipWeaponsList);
-  const std::string selected = before ? tab.shipWeaponsList.rows[*before].key : std::string();
+  const int selected = SelectedItem(tab.shipWeaponsList);
   ClearRows(tab.shipWeaponsList);
   tab.attachments.clear();
   tab.chkHasCloak.checked = false;

@@ -55,10 +55,7 @@ StatsTab NewStatsTab() {
   return tab;
 }
 
-int SelectedShip(const StatsTab& tab) {
-  const auto row = SelectedRow(tab.shipEditingList);
-  return row ? IndexOfKey(tab.shipEditingList.rows[*row].key) : -1;
-}
+int SelectedShip(const StatsTab& tab) { return SelectedItem(tab.shipEditingList); }
 
 int RememberedShipIn(const StatsTab& tab, const Ships& ships) {
   if (!tab.remembered) return -1;
@@ -69,8 +66,7 @@ int RememberedShipIn(const StatsTab& tab, const Ships& ships) {
 }
 
 std::optional<std::size_t> SelectedAttachment(const StatsTab& tab) {
-  const auto row = SelectedRow(tab.shipWeaponsList);
-  const int index = row ? IndexOfKey(tab.shipWeaponsList.rows[*row].key) : -1;
+  const int index = SelectedItem(tab.shipWeaponsList);
   if (index < 0 || static_cast<std::size_t>(index) >= tab.attachments.size()) return std::nullopt;
   return static_cast<std::size_t>(index);
 }
@@ -105,13 +101,12 @@ void ClearShip(StatsTab& tab) {
 }
 
 void DisplayShipEdit(StatsTab& tab, const Ships& ships) {
-  const auto before = SelectedRow(tab.shipEditingList);
-  const std::string selected = before ? tab.shipEditingList.rows[*before].key : std::string();
+  const int selected = SelectedShip(tab);
   ClearRows(tab.shipEditingList);
   for (std::size_t i = 0; i < ships.size(); ++i) {
     if (IsInert(ships[i])) continue;
-    const std::string key = "s" + std::to_string(i + 1);
-    AddRow(tab.shipEditingList, {key, {ships[i].ShipName.Trimmed()}, 0, key == selected});
+    const int item = static_cast<int>(i);
+    AddRow(tab.shipEditingList, {item, {ships[i].ShipName.Trimmed()}, 0, item == selected});
     if (ships[i].HasSecondPart) ++i;
   }
   if (ships.empty()) tab.remembered.reset();

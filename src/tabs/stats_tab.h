@@ -35,13 +35,13 @@ struct StatsTab {
   ListView shipEditingList;
   Label lblShipClass;  ///< what the selected ship's class byte says
 
-  ListView shipStatsList;  ///< a row's key is "v" and its number from 1; bold where the value is not the default
+  ListView shipStatsList;  ///< a row's item is its number from 0; bold where the value is not the default
   Button cmdRestoreShipStats;
   Button cmdRestoreAllStats;
 
   Label lblWeapons;
   Label Label2;
-  ListView shipWeaponsList;  ///< a row's key is "w" and the attachment's index + 1
+  ListView shipWeaponsList;  ///< a row's item is the attachment's index
   CheckBox chkHasCloak;
   Button cmdRestoreWeapons;
 

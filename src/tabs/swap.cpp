@@ -246,12 +246,6 @@ bool Unswap(SwapDesk& desk, int target, const std::function<void()>& listed) {
   });
 }
 
-/// The index of the ship that is selected alone; -1 without one.
-int SelectedShip(const ListView& list) {
-  const auto row = OnlySelectedRow(list);
-  return row ? IndexOfKey(list.rows[*row].key) : -1;
-}
-
 }  // namespace
 
 bool CatalogueThere(Host& host, const Installation& installation, const char* title) {
@@ -262,17 +256,17 @@ bool CatalogueThere(Host& host, const Installation& installation, const char* ti
 
 void cmdSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
   const auto row = OnlySelectedRow(tab.swapOrgList);
-  const int source = SelectedShip(tab.swapToList);
+  const int source = OnlySelectedItem(tab.swapToList);
   if (!row || !Known(desk.installation, source)) return;
   const std::string name = desk.installation.ships[static_cast<std::size_t>(source)].ShipName.Trimmed();
-  Swap(desk, SelectedShip(tab.swapOrgList), source, [&] { SetText(tab.swapOrgList, *row, 1, "--->" + name); });
+  Swap(desk, OnlySelectedItem(tab.swapOrgList), source, [&] { SetText(tab.swapOrgList, *row, 1, "--->" + name); });
   EnableSwitcherControls(tab, desk.installation);
 }
 
 void cmdUnSwap_Click(SwapDesk& desk, SwitcherTab& tab) {
   const auto row = OnlySelectedRow(tab.swapOrgList);
   if (!row) return;
-  Unswap(desk, SelectedShip(tab.swapOrgList), [&] { SetText(tab.swapOrgList, *row, 1, ""); });
+  Unswap(desk, OnlySelectedItem(tab.swapOrgList), [&] { SetText(tab.swapOrgList, *row, 1, ""); });
   EnableSwitcherControls(tab, desk.installation);
 }
 

@@ -70,11 +70,11 @@ ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& i
     const bool capital = Capital(host, installation, ship);
     classes[i] = capital;
     const auto listing = ListingOf(WholeNumber(ship.ShipKind), capital, capitalShips);
-    const std::string key = "s" + std::to_string(i + 1);
     const std::string name = ship.ShipName.Trimmed();
     const std::string changed = ship.Changed ? changedMark + ship.ChangedToName.Trimmed() : std::string();
-    if (listing && listing->target) AddRow(tab.swapOrgList, {key, {name, changed}, listing->image, false});
-    if (listing) AddRow(tab.swapToList, {key, {name}, listing->image, false});
+    if (listing && listing->target)
+      AddRow(tab.swapOrgList, {static_cast<int>(i), {name, changed}, listing->image, false});
+    if (listing) AddRow(tab.swapToList, {static_cast<int>(i), {name}, listing->image, false});
     if (ship.HasSecondPart) ++i;  // a second part is never listed by itself
   }
   EnableSwitcherControls(tab, installation);
@@ -82,15 +82,14 @@ ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& i
 }
 
 void EnableSwitcherControls(SwitcherTab& tab, const Installation& installation) {
-  const auto target = OnlySelectedRow(tab.swapOrgList);
-  const int index = target ? IndexOfKey(tab.swapOrgList.rows[*target].key) : -1;
+  const int index = OnlySelectedItem(tab.swapOrgList);
   const bool known = index >= 0 && static_cast<std::size_t>(index) < installation.ships.size();
   tab.cmdSwap.enabled = known && OnlySelectedRow(tab.swapToList);
   tab.cmdUnswap.enabled = known && installation.ships[static_cast<std::size_t>(index)].Changed;
 }
 
 void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installation) {
-  const int index = tab.swapOrgList.rows.empty() ? 0 : IndexOfKey(tab.swapOrgList.rows.front().key);
+  const int index = tab.swapOrgList.rows.empty() ? 0 : tab.swapOrgList.rows.front().item;
   const bool known = index >= 0 && static_cast<std::size_t>(index) < installation.ships.size() &&
                      !IsInert(installation.ships[static_cast<std::size_t>(index)]);
   const bool capital = known && Capital(host, installation, installation.ships[static_cast<std::size_t>(index)]);
@@ -103,8 +102,7 @@ void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installat
 }
 
 void ViewModel(Files& files, const ListView& list, const Installation& installation) {
-  const auto row = SelectedRow(list);
-  const int index = row ? IndexOfKey(list.rows[*row].key) : -1;
+  const int index = SelectedItem(list);
   if (index < 0 || static_cast<std::size_t>(index) >= installation.ships.size()) return;
   const std::string viewer = installation.viewerPath();
   if (!FileExists(files, viewer)) return;

@@ -30,7 +30,7 @@ struct ExtractionRun {
 
 /// The texture that a row shows; null when the table has none.
 const TcacheEntry* EntryOfRow(const TcacheTab& tab, const ListRow& row) {
-  const std::size_t index = NumberOfKey(row.key);
+  const std::size_t index = static_cast<std::size_t>(row.item);
   return index < tab.table.size() ? &tab.table[index] : nullptr;
 }
 

@@ -59,7 +59,7 @@ void ClearStatus(TcacheTab& tab) {
 }
 
 ListRow RowOf(const TcacheEntry& entry, std::size_t index) {
-  return {"t" + std::to_string(index),
+  return {static_cast<int>(index),
           {entry.name, std::to_string(entry.width) + " x " + std::to_string(entry.height),
            FormatText(entry.pixelFormat), std::to_string(entry.imageCount) + " images"},
           0,
@@ -67,12 +67,6 @@ ListRow RowOf(const TcacheEntry& entry, std::size_t index) {
 }
 
 }  // namespace
-
-std::size_t NumberOfKey(const std::string& key) {
-  // Keys of ships count from 1, those of textures from 0.
-  const int number = IndexOfKey(key) + 1;
-  return static_cast<std::size_t>(number);
-}
 
 TcacheTab NewTcacheTab() {
   TcacheTab tab;
@@ -194,7 +188,7 @@ void lstTcache_ColumnClick(TcacheTab& tab, int column) {
 void lstTcache_AfterLabelEdit(Host& host, TcacheTab& tab, const Installation& installation, std::size_t row,
                               const std::string& text) {
   if (row >= tab.lstTcache.rows.size()) return;
-  const std::size_t index = NumberOfKey(tab.lstTcache.rows[row].key);
+  const std::size_t index = static_cast<std::size_t>(tab.lstTcache.rows[row].item);
   if (index >= tab.table.size()) return;
   const std::string oldName = Trim(tab.table[index].name);
   const auto keep = [&] { SetText(tab.lstTcache, row, 0, oldName); };

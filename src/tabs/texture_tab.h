@@ -27,7 +27,7 @@ struct TcacheTab {
   Button cmdBrowseTcacheSource;
   TextBox txtTcacheDestination;  ///< the folder for extracted bitmaps
   TextBox txtTcacheSource;       ///< the cache's path
-  ListView lstTcache;  ///< a row's key is "t" and the index of its texture in `table`; nothing else links the two
+  ListView lstTcache;            ///< a row's item is the index of its texture in `table`; nothing else links the two
   Label lblTcacheSize;
   Label lblTcachePath;
   Label lblTcacheStructs;          ///< the number of textures; while extracting, which one
@@ -45,9 +45,6 @@ struct TcacheTab {
   TcacheTable table;              ///< the textures of the open cache
   std::uint64_t seal = 0;         ///< tells whether header, table or length of the open cache have changed
 };
-
-/// The index of a row's texture in the table, by the row's key.
-std::size_t NumberOfKey(const std::string& key);
 
 /// The tab as it looks before a cache is opened.
 TcacheTab NewTcacheTab();

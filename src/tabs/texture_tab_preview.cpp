@@ -10,8 +10,7 @@ namespace {
 
 /// The texture that a row shows; null for a row without one.
 const TcacheEntry* TextureOf(const TcacheTab& tab, const ListRow& row) {
-  // The key is "t" and the index itself, while IndexOfKey counts from 1.
-  const auto index = static_cast<std::size_t>(IndexOfKey(row.key)) + 1;
+  const auto index = static_cast<std::size_t>(row.item);
   return index < tab.table.size() ? &tab.table[index] : nullptr;
 }
 

@@ -53,7 +53,7 @@ TEST_F(ListDraft, AStoredModelEndsWhereItsEntryDoes) {
   EXPECT_EQ(Draft().ships.at(0).ship.texture0, "");
 }
 
-TEST_F(ListDraft, ASecondPartStandsDirectlyBehindItsShipAndBearsItsName) {
+TEST_F(ListDraft, ASecondPartComesDirectlyAfterItsShipAndHasItsName) {
   Model("T_alpha.shp");
   Model("bravo.shp");
   Model("alpha.shp");
@@ -70,7 +70,7 @@ TEST_F(ListDraft, AModelWithTheMarkButWithoutAShipIsAShipOfItsOwn) {
   EXPECT_EQ(NamesIn(Draft()), Names{"T Alpha"});
 }
 
-TEST_F(ListDraft, NoThreeRecordsInARowBearOneName) {
+TEST_F(ListDraft, NoThreeRecordsInARowHaveOneName) {
   Model("x.shp");
   Model("t_x.shp");
   Model("t_t_x.shp");
@@ -135,7 +135,7 @@ TEST_F(ListDraft, NamesAreCutTo30CharactersAndLoseWhatCannotBeQuoted) {
   EXPECT_EQ(NamesIn(draft), (Names{"alpha the Great of the very lo", std::string(30, 'b')}));
 }
 
-TEST_F(ListDraft, NamesThatWouldBeTheSameAreToldApartByNumbers) {
+TEST_F(ListDraft, NamesThatWouldBeTheSameGetNumbers) {
   blocks = {"Tug", "tug", "T.U.G"};
   Model("tug.shp");
   Model("t.ug.shp");
@@ -290,7 +290,7 @@ TEST_F(ListDraft, AddOnShipsComeLastAndBringTheirOwnStatistics) {
   EXPECT_EQ(draft.passedOver[0].name, "alpha.shp");
 }
 
-TEST_F(ListDraft, AnImportedShipKeepsTheNameThatItBears) {
+TEST_F(ListDraft, AnImportedShipKeepsItsName) {
   Model("alpha.shp");
   WriteFileAt(folder.Native("program/addons/ships/manta.shp"), ModelOf(0));
   ShipRecord record;

@@ -147,7 +147,7 @@ TEST_F(StatsBlockNames, EndAtAZeroByteAndLoseTheirBlanks) {
   Bytes bytes(352 * 3);
   const Bytes name = BytesOf(" Rescue Tug  ");
   std::copy(name.begin(), name.end(), bytes.begin());
-  bytes[20] = 'x';  // behind the zero byte
+  bytes[20] = 'x';  // after the zero byte
   std::fill_n(bytes.begin() + 704, 352, std::uint8_t{'n'});
   EXPECT_EQ(Read(bytes), (std::vector<std::string>{"Rescue Tug", "", std::string(64, 'n')}));
 }

@@ -23,7 +23,7 @@ void Session::Disable() {
 
 std::optional<std::size_t> RowOf(const ListView& list, int ship) {
   for (std::size_t i = 0; i < list.rows.size(); ++i) {
-    if (list.rows[i].key == "s" + std::to_string(ship + 1)) return i;
+    if (list.rows[i].item == static_cast<int>(ship)) return i;
   }
   return std::nullopt;
 }

@@ -7,7 +7,7 @@ namespace {
 
 TEST(ListView, EveryChangeCounts) {
   ListView list;
-  AddRow(list, {"s1", {"One"}, 0, false});
+  AddRow(list, {0, {"One"}, 0, false});
   EXPECT_EQ(list.revision, 1U);
   SetText(list, 0, 0, "Uno");
   EXPECT_EQ(list.revision, 2U);
@@ -20,7 +20,7 @@ TEST(ListView, EveryChangeCounts) {
 
 TEST(ListView, ATextBehindTheLastOneMakesEmptyOnesBetween) {
   ListView list;
-  AddRow(list, {"s1", {"One"}, 0, false});
+  AddRow(list, {0, {"One"}, 0, false});
   SetText(list, 0, 2, "three");
   EXPECT_EQ(list.rows[0].texts, (std::vector<std::string>{"One", "", "three"}));
 }
@@ -34,7 +34,7 @@ TEST(ListView, ATextOfARowThatIsNotThereDoesNotMatter) {
 
 TEST(ListView, OneRowAloneIsSelectedOrNone) {
   ListView list;
-  for (const char* key : {"s1", "s2", "s3"}) AddRow(list, {key, {}, 0, true});
+  for (const int item : {0, 1, 2}) AddRow(list, {item, {}, 0, true});
   EXPECT_EQ(SelectedRow(list), 0U);
   SelectOnly(list, 1);
   EXPECT_EQ(SelectedRow(list), 1U);
@@ -47,7 +47,7 @@ TEST(ListView, OneRowAloneIsSelectedOrNone) {
 TEST(ListView, OneOfSeveralSelectedRowsIsNotTheOnlyOne) {
   ListView list;
   EXPECT_EQ(OnlySelectedRow(list), std::nullopt);
-  for (const char* key : {"s1", "s2", "s3"}) AddRow(list, {key, {}, 0, false});
+  for (const int item : {0, 1, 2}) AddRow(list, {item, {}, 0, false});
   EXPECT_EQ(OnlySelectedRow(list), std::nullopt);
   list.rows[1].selected = true;
   EXPECT_EQ(OnlySelectedRow(list), 1U);
@@ -57,8 +57,8 @@ TEST(ListView, OneOfSeveralSelectedRowsIsNotTheOnlyOne) {
 
 TEST(SetChecked, ChecksOneRowAndCountsAsAChange) {
   ListView list;
-  AddRow(list, {"s1", {"a"}});
-  AddRow(list, {"s2", {"b"}});
+  AddRow(list, {0, {"a"}});
+  AddRow(list, {1, {"b"}});
   const unsigned before = list.revision;
   SetChecked(list, 1, true);
   SetChecked(list, 2, true);
@@ -69,13 +69,18 @@ TEST(SetChecked, ChecksOneRowAndCountsAsAChange) {
   EXPECT_FALSE(list.rows[1].checked);
 }
 
-TEST(IndexOfKey, IsTheNumberBehindTheFirstCharacterMinusOne) {
-  EXPECT_EQ(IndexOfKey("s1"), 0);
-  EXPECT_EQ(IndexOfKey("s60"), 59);
-}
-
-TEST(IndexOfKey, WithoutANumberThereIsNone) {
-  for (const char* key : {"", "s", "sx", "s1x", "s 1", "s99999999999"}) EXPECT_EQ(IndexOfKey(key), -1) << key;
+TEST(SelectedItem, IsWhatTheSelectedRowShows) {
+  ListView list;
+  EXPECT_EQ(SelectedItem(list), -1);
+  for (const int item : {7, 5}) AddRow(list, {item, {}, 0, false});
+  EXPECT_EQ(SelectedItem(list), -1);
+  EXPECT_EQ(OnlySelectedItem(list), -1);
+  list.rows[1].selected = true;
+  EXPECT_EQ(SelectedItem(list), 5);
+  EXPECT_EQ(OnlySelectedItem(list), 5);
+  list.rows[0].selected = true;
+  EXPECT_EQ(SelectedItem(list), 7);
+  EXPECT_EQ(OnlySelectedItem(list), -1);
 }
 
 }  // namespace

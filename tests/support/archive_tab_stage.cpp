@@ -20,7 +20,7 @@ void HogTabStage::Select(const std::vector<std::size_t>& entries) {
   SelectAll(tab.hogList, false);
   for (ListRow& row : tab.hogList.rows) {
     for (const std::size_t entry : entries) {
-      if (row.key == "h" + std::to_string(entry + 1)) row.selected = true;
+      if (row.item == static_cast<int>(entry)) row.selected = true;
     }
   }
   TellSelection(tab);

@@ -56,8 +56,8 @@ ShipRecord TabStage::Ship(const std::string& name, const std::string& file, int 
 
 void TabStage::Choose(std::size_t ship) {
   const auto& rows = tab.shipEditingList.rows;
-  const auto row = std::find_if(rows.begin(), rows.end(),
-                                [&](const ListRow& item) { return item.key == "s" + std::to_string(ship + 1); });
+  const auto row =
+      std::find_if(rows.begin(), rows.end(), [&](const ListRow& item) { return item.item == static_cast<int>(ship); });
   ASSERT_NE(row, rows.end());
   SelectOnly(tab.shipEditingList, static_cast<std::size_t>(row - rows.begin()));
   shipEditingList_ItemClick(at.host, tab, installation);

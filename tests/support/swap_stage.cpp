@@ -56,7 +56,7 @@ void SwitcherStage::Select(int target, int source) {
 
 std::optional<std::size_t> RowOf(const ListView& list, int ship) {
   for (std::size_t i = 0; i < list.rows.size(); ++i) {
-    if (list.rows[i].key == "s" + std::to_string(ship + 1)) return i;
+    if (list.rows[i].item == static_cast<int>(ship)) return i;
   }
   return std::nullopt;
 }

@@ -103,8 +103,8 @@ TEST_F(TheImportForm, ListsEveryShipOfAPackAsACheckedLine) {
   EXPECT_EQ(form.source.folder, folder.Windows("pack\\"));
   ASSERT_EQ(form.lstPack.rows.size(), 3U);
   EXPECT_EQ(form.source.ships.size(), 3U);
-  EXPECT_EQ(form.lstPack.rows[0].key, "s1");
-  EXPECT_EQ(form.lstPack.rows[2].key, "s3");
+  EXPECT_EQ(form.lstPack.rows[0].item, 0);
+  EXPECT_EQ(form.lstPack.rows[2].item, 2);
   EXPECT_EQ(form.lstPack.rows[0].texts, (Texts{"One", "Fighter", "one.shp", "Tiger"}));
   EXPECT_EQ(form.lstPack.rows[1].texts, (Texts{"Big", "Capital ship", "big.shp", ""}));
   EXPECT_EQ(form.lstPack.rows[2].texts, (Texts{"Gone", "Fighter", "gone.shp (not found)", ""}));
@@ -150,7 +150,7 @@ TEST_F(TheImportForm, AsManyShipsAsAPackCanHoldAreListed) {
   for (int i = 0; i < 301; ++i) text += "\\m.shp,Ship " + std::to_string(i) + ",\n";
   ASSERT_TRUE(Load(text));
   EXPECT_EQ(form.lstPack.rows.size(), 301U);
-  EXPECT_EQ(form.lstPack.rows.back().key, "s301");
+  EXPECT_EQ(form.lstPack.rows.back().item, 300);
 }
 
 TEST_F(TheImportForm, ARefusedPackLeavesNothingOfThePackBefore) {

@@ -12,7 +12,8 @@ struct ImportedList : testing::Test {
   [[nodiscard]] std::vector<std::string> Shown() const {
     std::vector<std::string> shown;
     for (const ListRow& row : tab.lstImported.rows) {
-      shown.push_back(row.key + " " + row.texts[0] + " " + std::to_string(row.image) + (row.selected ? " *" : ""));
+      shown.push_back("s" + std::to_string(row.item + 1) + " " + row.texts[0] + " " + std::to_string(row.image) +
+                      (row.selected ? " *" : ""));
     }
     return shown;
   }

@@ -38,8 +38,8 @@ TEST_F(Removing, NoToTheFirstQuestionEndsIt) {
 TEST_F(Removing, WithoutASelectionNothingIsAsked) {
   const FolderImage before = stage.Image();
   EXPECT_FALSE(Press());
-  for (const std::string key : {"s1", "s15", "s0", "x", ""}) {
-    stage.imports.lstImported.rows[0].key = key;
+  for (const int item : {0, 14, -1}) {
+    stage.imports.lstImported.rows[0].item = item;
     stage.imports.lstImported.rows[0].selected = true;
     EXPECT_FALSE(Press());
   }
@@ -90,7 +90,7 @@ TEST_F(Removing, ShipsThatShareTheirNameArePutBackByTheirPlace) {
   DisplaySwitcher(stage.host, stage.tab, stage.installation, true);
   stage.Select(cruiser, cruiser);
   SelectOnly(stage.tab.swapToList, std::nullopt);
-  AddRow(stage.tab.swapToList, {"s12", {"Manta"}, 0, true});
+  AddRow(stage.tab.swapToList, {11, {"Manta"}, 0, true});
   cmdSwap_Click(stage.swapDesk, stage.tab);
   ASSERT_TRUE(stage.RecordOnDisk(cruiser).Changed);
   Remove({manta});

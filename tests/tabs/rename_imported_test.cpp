@@ -257,7 +257,7 @@ TEST_F(Renaming, AnEditedRowThatIsNotThereIsRefused) {
   const FolderImage before = stage.Image();
   EXPECT_FALSE(Edit(3, "Ghost"));
   EXPECT_TRUE(stage.imports.lstImported.edited.refused);
-  stage.imports.lstImported.rows[0].key = "s15";  // the surplus record
+  stage.imports.lstImported.rows[0].item = 14;  // the surplus record
   EXPECT_FALSE(Edit(0, "Ghost"));
   EXPECT_TRUE(SameImage(before, stage.Image()));
 }

@@ -247,7 +247,7 @@ TEST_F(TheShipListForm, LinesMoveUpAndDownAndStaySelected) {
     EXPECT_FALSE(form.cmdMoveDown.enabled);
     cmdMoveUp_Click(here.host, form);
     EXPECT_EQ(Models(), (std::vector<std::string>{"t_alpha.shp", "alpha.shp", "bravo.shp"}));
-    EXPECT_EQ(form.lstShips.rows[1].key, "s2");
+    EXPECT_EQ(form.lstShips.rows[1].item, 1);
     here.desk.ExpectQuestion(question, Answer::yes, "Ship list");
     Cancel();
   });

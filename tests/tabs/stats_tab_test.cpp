@@ -114,10 +114,10 @@ TEST(StatsTab, ListsEveryShipOnceATwoPartShipByItsFirstRecord) {
   DisplayShipEdit(tab, ships);
   const auto& rows = tab.shipEditingList.rows;
   ASSERT_EQ(rows.size(), 3U);
-  EXPECT_EQ(rows[0].key, "s1");
+  EXPECT_EQ(rows[0].item, 0);
   EXPECT_EQ(rows[0].texts, (std::vector<std::string>{"A"}));
-  EXPECT_EQ(rows[1].key, "s2");
-  EXPECT_EQ(rows[2].key, "s4");
+  EXPECT_EQ(rows[1].item, 1);
+  EXPECT_EQ(rows[2].item, 3);
   EXPECT_EQ(rows[2].texts, (std::vector<std::string>{"B"}));
 }
 

@@ -113,9 +113,9 @@ TEST_F(Swapping, TheButtonIsOnWithOneRowSelectedInEachList) {
 TEST_F(Swapping, ARowOfAShipThatIsNotInTheCatalogueDoesNothing) {
   const FolderImage before = stage.Image();
   stage.Select(alpha, manta);
-  for (const std::string key : {"s15", "s99", "s0", "x", ""}) {  // the 15th record is the surplus one
+  for (const int item : {14, 98, -1}) {  // the 15th record is the surplus one
     ListRow& row = stage.tab.swapToList.rows[*SelectedRow(stage.tab.swapToList)];
-    row.key = key;
+    row.item = item;
     cmdSwap_Click(stage.swapDesk, stage.tab);
   }
   ExpectNothingDone(before);

@@ -30,7 +30,7 @@ struct Display : testing::Test {
   void Show(bool capitalShips) { DisplaySwitcher(here.host, tab, installation, capitalShips); }
   static Names KeysOf(const ListView& list) {
     Names keys;
-    for (const ListRow& row : list.rows) keys.push_back(row.key);
+    for (const ListRow& row : list.rows) keys.push_back("s" + std::to_string(row.item + 1));
     return keys;
   }
 
@@ -78,12 +78,12 @@ TEST_F(Display, KindClassAndModeDecideWhereAShipIsListedAndWithWhichPicture) {
     ASSERT_EQ(tab.swapOrgList.rows.size(), rule.target == 0 ? 0U : 1U);
     ASSERT_EQ(tab.swapToList.rows.size(), rule.source == 0 ? 0U : 1U);
     if (rule.target != 0) {
-      EXPECT_EQ(tab.swapOrgList.rows[0].key, "s1");
+      EXPECT_EQ(tab.swapOrgList.rows[0].item, 0);
       EXPECT_EQ(tab.swapOrgList.rows[0].texts, (Names{"Name", ""}));
       EXPECT_EQ(tab.swapOrgList.rows[0].image, rule.target);
     }
     if (rule.source != 0) {
-      EXPECT_EQ(tab.swapToList.rows[0].key, "s1");
+      EXPECT_EQ(tab.swapToList.rows[0].item, 0);
       EXPECT_EQ(tab.swapToList.rows[0].texts, Names{"Name"});
       EXPECT_EQ(tab.swapToList.rows[0].image, rule.source);
     }

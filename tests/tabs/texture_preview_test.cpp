@@ -82,7 +82,7 @@ TEST_F(ThePreview, AThumbnailIsNoLargerThanItsSide) {
   EXPECT_LE(thumbnail->width, 4);
   EXPECT_LE(thumbnail->height, 4);
   EXPECT_FALSE(ThumbnailOf(at.host, tab, installation, tab.lstTcache.rows[odd], 4).has_value());
-  EXPECT_FALSE(ThumbnailOf(at.host, tab, installation, {"t9999", {}, 0, false}, 4).has_value());
+  EXPECT_FALSE(ThumbnailOf(at.host, tab, installation, {9999, {}, 0, false}, 4).has_value());
 }
 
 TEST_F(ThePreview, OfAChosenBitmapIsShownInTheImportPanel) {

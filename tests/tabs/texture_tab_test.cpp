@@ -40,8 +40,8 @@ TEST_F(TheTab, OpensACacheOf426TexturesWith426Rows) {
   EXPECT_EQ(tab.lstTcache.rows.size(), 426U);
   EXPECT_EQ(tab.lblTcacheStructs.caption, "426 texture(s)");
   EXPECT_EQ(tab.lblTcachePath.caption, folder.Windows("game/tcachehw.dat"));
-  EXPECT_EQ(tab.lstTcache.rows[0].key, "t0");
-  EXPECT_EQ(tab.lstTcache.rows[425].key, "t425");
+  EXPECT_EQ(tab.lstTcache.rows[0].item, 0);
+  EXPECT_EQ(tab.lstTcache.rows[425].item, 425);
   EXPECT_EQ(tab.lstTcache.rows[5].texts, (std::vector<std::string>{"t5", "4 x 4", "8-bit", "2 images"}));
   EXPECT_FALSE(tab.cmdOpenTcache.enabled);
   for (const Button* button :

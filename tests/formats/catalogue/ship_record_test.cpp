@@ -196,7 +196,7 @@ TEST(ShipRecord, RandomRecordsComeBackAsTheyWere) {
   }
 }
 
-TEST(ShipRecord, TheBackupBearsTheModelsNameWithAnotherExtension) {
+TEST(ShipRecord, TheBackupHasTheModelsNameWithAnotherExtension) {
   EXPECT_EQ(ModelOf(Tiger()), "tiger.shp");
   EXPECT_EQ(BackupOf(Tiger()), "tiger.org");
 }

@@ -1,4 +1,4 @@
-// Changes to the ship list: what is meant changes, and every other byte stays.
+// Changes to the ship list: only the intended bytes change.
 
 #include "lists/ship_list_edit.h"
 

@@ -13,8 +13,8 @@ struct Viewer : testing::Test {
     installation.ships.resize(2);
     installation.ships[0].ShipFile.Set("alpha.shp");
     installation.ships[1].ShipFile.Set("bravo.shp");
-    AddRow(list, {"s1", {"Alpha"}, 0, false});
-    AddRow(list, {"s2", {"Bravo"}, 0, true});
+    AddRow(list, {0, {"Alpha"}, 0, false});
+    AddRow(list, {1, {"Bravo"}, 0, true});
   }
 
   TemporaryFolder folder;
@@ -46,11 +46,9 @@ TEST_F(Viewer, IsNotStartedWithoutASelectedShip) {
 }
 
 TEST_F(Viewer, IsNotStartedForAShipThatTheCatalogueDoesNotHave) {
-  list.rows[1].key = "s3";
+  list.rows[1].item = 2;
   ViewModel(files, list, installation);
-  list.rows[1].key = "s0";
-  ViewModel(files, list, installation);
-  list.rows[1].key = "what";
+  list.rows[1].item = -1;
   ViewModel(files, list, installation);
   EXPECT_FALSE(program.Ended());
 }
