@@ -23,7 +23,7 @@ std::string Naming(const std::string& text, std::size_t line, const std::string&
   return WithName(Parsed(text), line, name).text;
 }
 
-TEST(AddedLine, StandsBehindTheOthersAndTheCountIsRaised) {
+TEST(AddedLine, ComesAfterTheOthersAndTheCountIsRaised) {
   EXPECT_EQ(Adding("1\r\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\r\n"),
             std::string("2\r\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\r\n") + addedLine + "\r\n");
 }
@@ -111,7 +111,7 @@ TEST(RemovedLine, IsWhatAddingItMade) {
   }
 }
 
-TEST(RemovedLine, ItsBlanksGoWithItAndEmptyLinesStay) {
+TEST(RemovedLine, ItsSpacesGoWithItAndEmptyLinesStay) {
   EXPECT_EQ(Removing("2\n\n \t3,M,m.shp,0,h,  \n\n1,A,a.shp,4,h,w\n", {0}), "1\n\n\n1,A,a.shp,4,h,w\n");
 }
 

@@ -75,7 +75,7 @@ TEST_F(ShipList, LinesMayEndInOneCharacterOrTwo) {
 
 TEST_F(ShipList, TheLastLineNeedsNoEnd) { EXPECT_EQ(Read("1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"").size(), 1U); }
 
-TEST_F(ShipList, EmptyLinesAndBlanksBetweenValuesDoNotMatter) {
+TEST_F(ShipList, EmptyLinesAndSpacesBetweenValuesDoNotMatter) {
   const auto ships =
       Read("\n 2 \n\n 1 , \"A\" ,\"a.shp\", 4 ,\t\"h\",\"w\" \n\n\n2,\"B\",\"b.shp\",5,\"h\",\"w\"\n\n \n");
   ASSERT_EQ(ships.size(), 2U);
@@ -96,11 +96,11 @@ TEST_F(ShipList, TextsNeedNoQuotesWhereTheyHoldNoComma) {
   EXPECT_EQ(ships[0].texture1, "");
 }
 
-TEST_F(ShipList, BlanksInsideQuotesStay) {
+TEST_F(ShipList, SpacesInsideQuotesStay) {
   EXPECT_EQ(Read("1\n1,\" TIGER \",\"t.shp\",4,\"h\",\"w\"")[0].name, " TIGER ");
 }
 
-TEST_F(ShipList, ALineWithABlankModelIsReadWithItsName) {
+TEST_F(ShipList, ALineWithAnEmptyModelIsReadWithItsName) {
   const auto ships = Read("2\n1,\"Nothing\",\"\",4,\"h\",\"w\"\n1,\"Blank\",\"   \",4,\"h\",\"w\"\n");
   ASSERT_EQ(ships.size(), 2U);
   EXPECT_EQ(ships[0].name, "Nothing");
@@ -146,7 +146,7 @@ TEST_F(ShipList, MoreShipsThanAnIndexCanTellApartAreRefused) {
   ExpectRefused("2147483648\n", "a whole number from 1 to 2147483647 is wanted (line 1)");
 }
 
-TEST_F(ShipList, AListCutOffBehindAnyValueIsRefused) {
+TEST_F(ShipList, AListCutOffAfterAnyValueIsRefused) {
   const std::vector<std::string> values = {"1", "\"A\"", "\"a.shp\"", "4", "\"h\"", "\"w\""};
   std::string text = "2\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n";
   for (const std::string& value : values) {
