@@ -1,9 +1,11 @@
-// Fuzzes the reader of ship packs: a pack is read whole within its limits, or refused with one box; no model of it lies
-// outside of its folder; and the import form holds what was read.
+// Fuzzes the reader of ship packs: a pack is read whole within its limits, or refused with an error; no model of it
+// lies outside of its folder; and the import form holds what was read.
 
 #include <algorithm>
+#include <optional>
 
 #include "base/bytes.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "files/path.h"
 #include "input_file.h"
@@ -24,36 +26,40 @@ void RequireShip(const PackShip& ship) {
     fuzz::Require(IsPlainFileName(below.substr(begin, end - begin)), "a model's path has plain names alone");
     begin = end + 1;
   }
-  fuzz::Require(ship.shipClass == fighterClass || ship.shipClass == capitalClass, "a ship has a class");
   for (const std::string* text : {&ship.modelPath, &ship.shipName, &ship.suggestedSwitch}) {
     fuzz::Require(text->find_first_of("\r\n") == std::string::npos, "an item ends with its line");
     fuzz::Require(text->size() <= 1000 + folder.size(), "an item is not endless");
   }
 }
 
-void RequireForm(Host& host, const std::vector<PackShip>& ships) {
+/// The form shows the pack, or gives the one box of a pack that is refused.
+void RequireForm(const std::optional<ShipPack>& pack) {
+  fuzz::CountingHost here;
   FighterPack form = NewFighterPack();
-  const bool shown = LoadPack(host, form, {}, fuzz::Folder().windows + packName);
-  fuzz::Require(shown == !ships.empty(), "what was read is shown");
-  fuzz::Require(form.lstPack.rows.size() == (shown ? ships.size() - 1 : 0), "there is a line for each ship");
-  fuzz::Require(CheckedShips(form).size() == form.lstPack.rows.size(), "all ships are checked");
+  const bool shown = LoadPack(here.host, form, {}, fuzz::Folder().windows + packName);
+  fuzz::Require(here.boxes == (pack ? 0 : 1), "a refused pack has its one box");
+  fuzz::Require(shown == pack.has_value(), "what was read is shown");
+  const std::size_t ships = pack ? pack->ships.size() : 0;
+  fuzz::Require(form.lstPack.rows.size() == ships, "there is a line for each ship");
+  fuzz::Require(CheckedShips(form.source.ships).size() == ships, "all ships are checked");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::WriteInput(packName, {data, size});
-  fuzz::CountingHost here;
-  std::vector<PackShip> ships;
-  const int count = GetPAK(here.host, fuzz::Folder().windows + packName, fuzz::Folder().windows, ships);
-  fuzz::Require(here.boxes == (ships.empty() ? 1 : 0), "a refused pack has its one box");
-  fuzz::Require(count >= 0 && count <= mostPackShips, "a pack has its most ships");
-  fuzz::Require(ships.empty() ? count == 0 : ships.size() == static_cast<std::size_t>(count) + 1,
-                "there is one entry more than ships");
-  fuzz::Require(static_cast<std::size_t>(count) <= size / 4, "every ship takes three items and a model's name");
-  for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) RequireShip(ships[i]);
-  fuzz::Require(ships.empty() || ships.back().modelPath.empty(), "the last entry is empty");
-  RequireForm(here.host, ships);
+  Files files;
+  std::optional<ShipPack> pack;
+  try {
+    pack = ReadShipPack(files, fuzz::Folder().windows + packName, fuzz::Folder().windows);
+    fuzz::Require(pack->ships.size() <= mostPackShips, "a pack has its most ships");
+    fuzz::Require(pack->ships.size() <= size / 4, "every ship takes three items and a model's name");
+    for (const PackShip& ship : pack->ships) RequireShip(ship);
+  } catch (const FileError& error) {
+    fuzz::Require(error.kind != ErrorKind::missing, "the pack is there");
+  }
+  fuzz::Require(files.open == 0, "no file stays open");
+  RequireForm(pack);
   fuzz::Require(fuzz::ReadInput(packName) == Bytes(data, data + size), "nothing is written");
   return 0;
 }

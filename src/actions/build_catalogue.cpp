@@ -140,16 +140,21 @@ bool CacheHasSlotsFor(Files& files, const Installation& installation, const std:
   return AddOnTexturesHaveSlots(files, installation, addOns);
 }
 
+bool LoadCatalogue(Host& host, Installation& installation) {
+  installation.ships.clear();
+  return Trap(host, "LoadCatalogue",
+              [&] { installation.ships = ReadCatalogue(host.files, installation.cataloguePath()); });
+}
+
 bool BuildCatalogue(Host& host, Installation& installation, const std::vector<ListedShip>& list, const HogTable& live,
                     const HogTable& backup) {
-  const std::string path = installation.cataloguePath();
   Shortcomings shortcomings;
   const bool written = Trap(host, "BuildCatalogue", [&] {
     WriteCatalogue(host.files, installation.cataloguePath(),
                    RecordsOf(host, installation, list, live, backup, shortcomings));
   });
   EndProgress(host);
-  if (!written || LoadCatalogue(host, path, installation.ships) == 0) return false;
+  if (!written || !LoadCatalogue(host, installation)) return false;
   InstallAddOns(host, installation);
   Tell(host, shortcomings);
   InstallAddOnTextures(host, installation);

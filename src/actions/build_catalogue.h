@@ -9,6 +9,10 @@
 
 namespace oravin {
 
+/// Loads the catalogue into the installation. An error gives a box titled "LoadCatalogue"; then there are no ships.
+/// @return whether it was loaded
+bool LoadCatalogue(Host& host, Installation& installation);
+
 /// True when the texture cache has free slots for the textures of the list's add-on ships and for their companions.
 /// Nothing is changed, and no box is shown.
 bool CacheHasSlotsFor(Files& files, const Installation& installation, const std::vector<ListedShip>& list);

@@ -22,12 +22,12 @@ namespace oravin {
 
 namespace {
 
-/// A larger one is no model; no more than that is taken into memory.
+/// Larger files are not models and are not read into memory.
 constexpr std::uint64_t largestModel = std::uint64_t{32} << 20;
 
 constexpr const char* secondPartMark = "T_";
 
-/// A model on its way into the draft.
+/// A model that is going to be drafted.
 struct FoundModel {
   std::string file;  ///< its name in the list
   HogEntry entry;    ///< where the archive has it; not used for an add-on ship
@@ -88,7 +88,7 @@ bool FindArchiveModels(Drafting& drafting) {
     std::string name = entry.Name;
     const auto before = backup.find(entry.FatPos);
     if (before != backup.end() && SameName(name, Disguised(before->second))) name = before->second;
-    // With the backup's own spelling a name that begins like a disguise in truth stays what it is.
+    // A name that looks disguised, but is spelled like this in the backup too, is the model's own.
     if (Disguised(name) == name && (before == backup.end() || !SameName(name, before->second))) {
       drafting.draft.passedOver.push_back(
           {Presentable(name), "its name is disguised, and no backup of the archive's table tells it"});
@@ -108,15 +108,15 @@ void FindAddOnModels(Drafting& drafting) {
   for (const std::string& name : names) AddModel(drafting, {name, {}, true, std::nullopt});
 }
 
-/// Puts each second part directly behind its ship.
+/// Moves each second part directly after its ship.
 void PairParts(Drafting& drafting) {
-  std::vector<std::size_t> secondPart(drafting.models.size(), drafting.models.size());  // of each ship
+  std::vector<std::size_t> secondPart(drafting.models.size(), drafting.models.size());  // of each ship; the size: none
   std::vector<bool> isPart(drafting.models.size());
   for (std::size_t i = 0; i < drafting.models.size(); ++i) {
     const std::string name = UpperCase(drafting.models[i].file);
     if (!name.starts_with(secondPartMark)) continue;
     const auto ship = drafting.byFile.find(name.substr(2));
-    // A second part of a second part would be the third record of one name.
+    // A second part of a second part would be a third record of one name.
     if (ship == drafting.byFile.end() || ship->first.starts_with(secondPartMark)) continue;
     if (drafting.models[ship->second].addOn != drafting.models[i].addOn) continue;
     secondPart[ship->second] = i;
@@ -156,7 +156,7 @@ void ReadModel(ModelReader& reader, DraftedShip& ship) {
 }
 
 /// Reads all models.
-/// @return false when the person stopped it
+/// @return false when the user stopped it
 bool ReadModels(Drafting& drafting) {
   const std::string hogPath = drafting.installation.archivePath();
   File hog(drafting.host.files, hogPath, OpenFor::reading);
@@ -181,7 +181,7 @@ bool ReadModels(Drafting& drafting) {
   return true;
 }
 
-/// What a match is said of in the comment.
+/// The comment's words about a match.
 std::string InWords(const StatsMatch& match, const std::vector<std::string>& blocks, bool secondPart) {
   if (!match.block) return "no statistics block bears its name: block 0 stands in";
   if (match.sureness == MatchSureness::shared) return "shares its ship's statistics";
@@ -236,7 +236,7 @@ std::vector<std::string> FindStats(Drafting& drafting, std::vector<StatsMatch>& 
   return blocks;
 }
 
-/// The text as far as it can be a ship's name.
+/// The text without the characters that a ship's name cannot have, cut to its width.
 std::string AsName(const std::string& text) {
   std::string name;
   for (const char c : text) {
@@ -258,7 +258,7 @@ std::string NameFromStem(const std::string& stem) {
   return AsName(name);
 }
 
-/// The name an imported ship bears in the catalogue; empty where the catalogue has none of that model.
+/// The name of an imported ship in the catalogue; empty where the catalogue has no ship of that model.
 std::string ImportedName(const Installation& installation, const std::string& file) {
   for (const ShipRecord& ship : installation.ships) {
     if (ship.Imported && SameName(ModelOf(ship), file)) return AsName(ship.ShipName.Trimmed());
@@ -268,13 +268,13 @@ std::string ImportedName(const Installation& installation, const std::string& fi
 
 struct UsedNames {
   std::unordered_set<std::string> names;         ///< in upper case
-  std::unordered_map<std::string, int> numbers;  ///< the last number behind each name that was wanted
+  std::unordered_map<std::string, int> numbers;  ///< the last number that was added to each name
 };
 
-/// The name, with a number behind it where it is another ship's already.
+/// The name, with a number after it where another ship has it already.
 std::string UniqueName(UsedNames& used, const std::string& wanted) {
   std::string name = wanted;
-  int& number = used.numbers[UpperCase(wanted)];  // goes on where the last ship of that name left off
+  int& number = used.numbers[UpperCase(wanted)];  // continues after the last ship of that name
   if (number == 0) number = 1;
   while (!used.names.insert(UpperCase(name)).second) {
     const std::string tail = " " + std::to_string(++number);

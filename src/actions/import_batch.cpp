@@ -16,7 +16,6 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* batchTitle = "cmdImportShips_Click()";
 constexpr std::uint64_t longestKept = std::uint64_t{64} << 20;
 
 /// The files that a commit changes, as they were.
@@ -31,23 +30,22 @@ OldFiles KeepOldFiles(Files& files, const Installation& installation, const Impo
   OldFiles old;
   old.defaultsPath = installation.defaultsPath();
   if (FileExists(files, old.defaultsPath)) old.defaults = ReadWhole(files, old.defaultsPath, longestKept);
-  for (const char* name : {catalogueName, shipListName}) {
-    const std::string path = installation.programFile(name);
+  for (const std::string& path : {installation.cataloguePath(), installation.shipListPath()}) {
     old.whole.emplace_back(path, ReadWhole(files, path, longestKept));
   }
   old.made = batch.files.paths;
   return old;
 }
 
-/// Puts the blocks of the statistics back, in their place.
-void PutDefaultsBack(Files& files, const OldFiles& old) {
+/// Restores the statistics in place.
+void RestoreDefaults(Files& files, const OldFiles& old) {
   if (old.defaults.empty() || ReadWhole(files, old.defaultsPath, longestKept) == old.defaults) return;
   File file(files, old.defaultsPath, OpenFor::changing);
   Put(file, 0, old.defaults);
   SetLength(file, old.defaults.size());
 }
 
-/// Tries to undo a commit that failed. What cannot be undone either is told in one box.
+/// Tries to undo a commit that failed. One box says when something could not be undone.
 void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
   bool whole = true;
   const auto attempt = [&](auto&& step) {
@@ -71,14 +69,14 @@ void TakeBackAll(Host& host, ImportBatch& batch, const OldFiles& old) {
   }
   attempt([&] { DropWhole(host.files, batch.files, 0); });
   attempt([&] { TakeBackTextures(host.files, batch.textures); });
-  attempt([&] { PutDefaultsBack(host.files, old); });
+  attempt([&] { RestoreDefaults(host.files, old); });
   if (whole) return;
   Show(host, "Not everything could be taken back. Use \"Disable / Restore\" when the disk can be written again.",
        Icon::exclamation);
 }
 
-/// The file whose bytes stand at a place, or will: one that is there already, or the one that a copy of the run is made
-/// of. Nothing when the place is free.
+/// The file with the bytes that a place has or will have: the one that is there already, or the source of the run's
+/// copy. Nothing when the place is free.
 std::optional<std::string> FileFor(Files& files, ImportBatch& batch, const std::string& place) {
   const std::string folder = ParentFolder(place);
   if (FindIn(FilesIn(files, batch, folder), place.substr(folder.size())) != nullptr) return place;
@@ -89,7 +87,7 @@ std::optional<std::string> FileFor(Files& files, ImportBatch& batch, const std::
 /// Gives every ship its block of statistics.
 void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch) {
   for (ReadyShip& ship : batch.ships) {
-    // The first of its name: no other ship has the name of one that is imported.
+    // Number 0: no other ship has its name.
     const std::optional<int> block = GiveBlock(host, installation, ship.record, ship.stats, 0);
     if (!block) {
       throw FileError("could not import", ship.record.ShipName.Trimmed(), "its statistics could not be written");
@@ -98,13 +96,7 @@ void GiveBlocks(Host& host, const Installation& installation, ImportBatch& batch
   }
 }
 
-Ships NewRecords(const ImportBatch& batch) {
-  Ships records;
-  for (const ReadyShip& ship : batch.ships) records.push_back(ship.record);
-  return records;
-}
-
-/// The catalogue's file with the new records behind the others, which stay as they are.
+/// The catalogue's bytes, unchanged, with the new records after them.
 Bytes NewCatalogue(Files& files, const Installation& installation, const ImportBatch& batch) {
   Bytes all = ReadWhole(files, installation.cataloguePath(), longestKept);
   all.resize(all.size() / shipRecordSize * shipRecordSize);
@@ -127,8 +119,8 @@ std::string NewShipList(Files& files, const Installation& installation, const Im
   return list.text;
 }
 
-/// Writes the catalogue and the ship list beside. The catalogue takes its name first, so that Disable knows the models
-/// whatever happens then; the list last, so that it names no ship whose files are not there.
+/// Adds the catalogue and the ship list to the files of the commit. The catalogue is renamed first, so that Disable
+/// knows the models if the commit is cut short; the list last, so that it never names a ship without files.
 void AddLists(Files& files, const Installation& installation, ImportBatch& batch) {
   const Bytes catalogue = NewCatalogue(files, installation, batch);
   AddWhole(files, batch.files, installation.cataloguePath(), [&](File& file) { Put(file, 0, catalogue); });
@@ -141,11 +133,9 @@ void AddLists(Files& files, const Installation& installation, ImportBatch& batch
 
 bool BeginImport(Host& host, const Installation& installation, ImportBatch& batch) {
   batch = {};
-  const bool ready = Trap(host, batchTitle, [&] {
-    for (const char* folder : {"addons\\", addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-      if (!FolderExists(host.files, installation.programFile(folder))) {
-        MakeFolder(host.files, installation.programFile(folder));
-      }
+  const bool ready = Trap(host, importShipsTitle, [&] {
+    for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
+      MakeFolders(host.files, installation.programFile(folder));
     }
     ReadShipListText(host.files, installation.shipListPath());
   });
@@ -175,7 +165,7 @@ ImportMark MarkOf(const ImportBatch& batch) {
 }
 
 void GoBackTo(Host& host, ImportBatch& batch, const ImportMark& mark) {
-  Trap(host, batchTitle, [&] { GoBackTo(host.files, batch.textures, mark.textures); });
+  Trap(host, importShipsTitle, [&] { GoBackTo(host.files, batch.textures, mark.textures); });
   for (std::size_t i = mark.files; i < batch.files.paths.size(); ++i)
     batch.copies.erase(LowerCase(batch.files.paths[i]));
   DropWhole(host.files, batch.files, mark.files);
@@ -183,14 +173,20 @@ void GoBackTo(Host& host, ImportBatch& batch, const ImportMark& mark) {
   batch.notes.resize(mark.notes);
 }
 
+Ships NewRecords(const ImportBatch& batch) {
+  Ships records;
+  for (const ReadyShip& ship : batch.ships) records.push_back(ship.record);
+  return records;
+}
+
 bool CommitImport(Host& host, Installation& installation, ImportBatch& batch) {
   if (batch.ships.empty()) return true;
   OldFiles old;
-  if (!Trap(host, batchTitle, [&] { old = KeepOldFiles(host.files, installation, batch); })) {
+  if (!Trap(host, importShipsTitle, [&] { old = KeepOldFiles(host.files, installation, batch); })) {
     GoBackTo(host, batch, {MarkOf(batch.textures.begun), 0, 0, 0});
     return false;
   }
-  const bool done = Trap(host, batchTitle, [&] {
+  const bool done = Trap(host, importShipsTitle, [&] {
     GiveBlocks(host, installation, batch);
     CommitTextures(host.files, batch.textures);
     AddLists(host.files, installation, batch);
@@ -200,7 +196,7 @@ bool CommitImport(Host& host, Installation& installation, ImportBatch& batch) {
     TakeBackAll(host, batch, old);
     return false;
   }
-  // The new records take the place of the surplus element, and another one follows them.
+  // Before the sentinel.
   Ships& ships = installation.ships;
   const Ships added = NewRecords(batch);
   ships.insert(ships.empty() ? ships.end() : ships.end() - 1, added.begin(), added.end());

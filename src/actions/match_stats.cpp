@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t mostPairs = 1000000;
 
-/// A name shorter than this says too little to be the beginning of another one.
+/// A shorter name is not compared as the start of another one.
 constexpr std::size_t shortestPrefix = 3;
 
 constexpr std::array<std::string_view, 9> romanNumbers = {"II", "III", "IV", "V", "VI", "VII", "VIII", "IX", "X"};
@@ -26,10 +26,10 @@ bool IsLetterOrDigit(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || code >= 0x80;
 }
 
-/// What is left of a name without case, spaces and punctuation.
+/// Comparison key of a name: upper case, without spaces and punctuation.
 struct NameKey {
   std::string plain;
-  std::string numbered;  ///< the same with digits for words that are Roman numbers
+  std::string numbered;  ///< the same with Roman numbers as digits
 };
 
 std::string Numbered(const std::string& word) {
@@ -56,8 +56,7 @@ NameKey KeyOf(const std::string& name) {
   return key;
 }
 
-/// How many letters must be changed, added or taken away to make one text the other; more than `most` counts as
-/// `most` + 1.
+/// The edit distance of two texts; more than `most` counts as `most` + 1.
 std::size_t EditDistance(const std::string& a, const std::string& b, std::size_t most) {
   if (a.size() > b.size() + most || b.size() > a.size() + most) return most + 1;
   std::vector<std::size_t> row(b.size() + 1);
@@ -74,7 +73,7 @@ std::size_t EditDistance(const std::string& a, const std::string& b, std::size_t
   return std::min(row.back(), most + 1);
 }
 
-/// A pair of names that could belong together; smaller ones are taken first.
+/// A possible match; smaller ones are taken first.
 struct Candidate {
   MatchSureness sureness = MatchSureness::none;
   std::size_t difference = 0;
@@ -98,13 +97,13 @@ std::optional<Candidate> Compare(const std::string& a, const std::string& b) {
   return Candidate{MatchSureness::close, distance};
 }
 
-/// What is known while blocks are given out.
+/// The state while blocks are assigned.
 struct Matching {
   std::span<const NamedModel> models;
   std::span<const std::string> blocks;
   std::vector<NameKey> modelKeys;
   std::vector<NameKey> blockKeys;
-  std::vector<bool> taken;  ///< a flag a block
+  std::vector<bool> taken;  ///< for each block
   std::vector<StatsMatch> matches;
 };
 
@@ -114,7 +113,7 @@ void Take(Matching& matching, const Candidate& candidate) {
   matching.matches[candidate.model] = {candidate.block, candidate.sureness};
 }
 
-/// The blocks of each name, the first one last: those that are taken are dropped from the end.
+/// The blocks of each name in reverse order: taken ones are dropped from the end.
 using BlocksByName = std::unordered_map<std::string, std::vector<std::size_t>>;
 
 void TakeEqual(Matching& matching, BlocksByName& blocks, std::size_t model, const std::string& name,
@@ -188,7 +187,7 @@ void TakeSimilar(Matching& matching) {
   TakeAll(matching, candidates);
 }
 
-/// A second part's block has its ship's name in its own: the model's, or that of the ship's block.
+/// A block of a second part has its ship's name, or that of the ship's block, in its own.
 void TakeForSecondParts(Matching& matching) {
   const std::vector<std::size_t> parts = Waiting(matching, true);
   const std::vector<std::size_t> blocks = FreeBlocks(matching);

@@ -6,23 +6,23 @@
 #include <string>
 #include <vector>
 
-/// Which block of the statistics is a model's: only the names say it, and those are alike rather than equal.
+/// Finds the statistics block of a model by its name; the names are similar rather than equal.
 namespace oravin {
 
 /// How sure it is that a block is a ship's.
 enum class MatchSureness {
   exact,   ///< the block has the model's name
-  alike,   ///< the same but for case, spaces and punctuation; "IV" is taken for "4"
-  prefix,  ///< one of the names begins with the other
-  close,   ///< the names differ by a letter or two
-  shared,  ///< a second part without a block of its own: its ship's
-  none,    ///< no block's name comes near
+  alike,   ///< equal except for case, spaces and punctuation; "IV" equals "4"
+  prefix,  ///< one of the names starts with the other
+  close,   ///< the names differ by one or two letters
+  shared,  ///< a second part without a block of its own has its ship's
+  none,    ///< no block's name is near
 };
 
 /// The sureness in a word or two: "exact", "alike", "begins alike", "close", "its ship's", "none".
 const char* SurenessText(MatchSureness sureness);
 
-/// A model whose block is wanted.
+/// A model to find a block for.
 struct NamedModel {
   std::string stem;                 ///< the model's file name without its extension
   std::optional<std::size_t> ship;  ///< of a second part: the index of its ship, which has no ship itself
@@ -33,11 +33,11 @@ struct StatsMatch {
   MatchSureness sureness = MatchSureness::none;
 };
 
-/// Finds the models' blocks. A block is one ship's, save for second parts that share theirs; surer matches come first,
-/// of equally sure ones the one whose names differ least, then the first in order. Where there are more than a million
-/// pairs of names left to compare, they are not compared: those models have no block.
+/// Finds the models' blocks. Each block goes to one ship, except that second parts may share their ship's. Surer
+/// matches are made first; of equally sure ones the one whose names differ least, then the first in order. More than a
+/// million pairs of similar names are not compared: those models have no block.
 /// @param blocks the blocks' names; an empty one matches nothing
-/// @return one for each model
+/// @return a match for each model
 std::vector<StatsMatch> MatchStats(std::span<const NamedModel> models, std::span<const std::string> blocks);
 
 }  // namespace oravin

@@ -21,7 +21,7 @@ namespace {
 constexpr std::uint64_t classByteAt = 26;
 constexpr std::uint32_t noChunk = 65536;  // a type that no chunk can have
 
-/// True when the model names textures in a table that lies wholly in its file. What follows the table does not matter.
+/// True when the model names textures in a table that is complete in its file. What follows it does not matter.
 bool HasNames(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   while (const auto chunk = NextChunk(reader, textureNamesChunk)) {
@@ -31,7 +31,7 @@ bool HasNames(Files& files, const std::string& path) {
   return false;
 }
 
-/// True when the file is long enough for a model and consists of whole chunks; less than a header may be left over.
+/// True when the file is long enough for a model and has whole chunks only; less than a header may be left over.
 bool IsAllChunks(Files& files, const std::string& path) {
   ModelReader reader(files, path);
   if (reader.length <= classByteAt) return false;
@@ -84,7 +84,7 @@ std::vector<std::string> BitmapsOf(Files& files, const std::string& modelPath, c
       if (!bitmap.empty()) bitmaps.push_back(std::move(bitmap));
     }
   } catch (const FileError&) {
-    return {};  // the import of the model shows a box
+    return {};  // the import itself reports it
   }
   return bitmaps;
 }
@@ -107,29 +107,31 @@ std::string WhyUnusable(Files& files, const std::string& bitmapPath, BmpInfo& in
 
 bool IsShpFile(Files& files, const std::string& path) { return HasNames(files, path) || IsAllChunks(files, path); }
 
-bool TextureList(Host& host, std::string modelPath, const std::string& cachePath, const GivenBitmaps& given,
+TextureListing ListTextures(Files& files, const std::string& modelPath, const std::string& cachePath,
+                            const GivenBitmaps& given) {
+  const std::string model = Trim(modelPath);
+  RequireFile(files, model);
+  if (!IsShpFile(files, model)) {
+    throw FileError("could not read", model, "it is no ship model", ErrorKind::wrongFormat);
+  }
+  const std::vector<std::string> names = ReadShpTextureNames(files, model);
+  TextureListing listing;
+  if (names.empty()) return listing;
+  listing.cacheMissing = !FileExists(files, cachePath);
+  const TcacheTable table = listing.cacheMissing ? TcacheTable() : EntriesOf(ReadTcache(files, cachePath));
+  for (const std::string& name : names) listing.textures.push_back(NewListed(files, name, table, model, given));
+  return listing;
+}
+
+bool TextureList(Host& host, const std::string& modelPath, const std::string& cachePath, const GivenBitmaps& given,
                  std::vector<ListedTexture>& textures) {
-  bool listed = false;
-  Trap(host, "TextureList", [&] {
-    std::vector<std::string> names;
-    TrimInPlace(modelPath);
-    if (!Trap(host, "GetShpTextureNames", [&] { RequireFile(host.files, modelPath); })) return;
-    if (!IsShpFile(host.files, modelPath)) {
-      Show(host, "This is not a valid SL shp file", Icon::exclamation, "Oravin - TextureList()");
-      return;
-    }
-    names = ReadShpTextureNames(host.files, modelPath);
-    std::vector<ListedTexture> found;
-    if (!names.empty()) {
-      // Without the cache the list is shown all the same, after one box.
-      const bool there = Trap(host, "FindStructOffset", [&] { RequireFile(host.files, cachePath); });
-      const TcacheTable table = there ? EntriesOf(ReadTcache(host.files, cachePath)) : TcacheTable();
-      for (const std::string& name : names) found.push_back(NewListed(host.files, name, table, modelPath, given));
-    }
-    textures = std::move(found);
-    listed = true;
-  });
-  return listed;
+  TextureListing listing;
+  const bool listed =
+      Trap(host, "TextureList", [&] { listing = ListTextures(host.files, modelPath, cachePath, given); });
+  if (!listed) return false;
+  if (listing.cacheMissing) Trap(host, "FindStructOffset", [&] { RequireFile(host.files, cachePath); });
+  textures = std::move(listing.textures);
+  return true;
 }
 
 }  // namespace oravin

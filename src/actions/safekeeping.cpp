@@ -96,12 +96,6 @@ void KeepDefaults(Host& host, const Installation& installation) {
   });
 }
 
-void MakeFolders(Files& files, const Installation& installation) {
-  MakeFolder(files, installation.backupFolder());
-  MakeFolder(files, KeptModelsFolder(installation));
-  MakeFolder(files, installation.modelsFolder());
-}
-
 void KeepPlayersFiles(Files& files, const Installation& installation, const std::vector<std::string>& models,
                       const HogTable& live, const HogTable& backup) {
   KeepLooseModels(files, installation, models, live, backup);

@@ -10,7 +10,7 @@
 /// What the player had before the features were enabled, kept in `backup\` of the program folder:
 ///
 ///   backup\ships\                  loose models that have the file name of a ship of the catalogue, and their ".org"
-///                                   (switcher/kept_models.h)
+///                                   (installation/kept_models.h)
 ///   backup\tcachehw.dat             a texture cache that held textures of the player's own
 ///   backup\shipstats.def            the stock statistics
 namespace oravin {
@@ -19,10 +19,6 @@ namespace oravin {
 /// made from `backup\shipstats.def`, else from `shipstats.bin`, and the imported ships get their blocks in it anew
 /// (PutAddOnBlocks); it takes its name when it is complete. Otherwise it is made by BackupShipStats.
 void KeepDefaults(Host& host, const Installation& installation);
-
-/// Makes the folders that enabling writes into, where they are missing.
-/// @throws FileError
-void MakeFolders(Files& files, const Installation& installation);
 
 /// Copies what enabling is going to replace. Where an earlier run's catalogue was lost, models that are that run's own
 /// work are passed over.

@@ -2,10 +2,11 @@
 
 #include "actions/add_on_ship.h"
 #include "actions/build_catalogue.h"
+#include "actions/import_texture.h"
 #include "actions/load_table.h"
 #include "actions/restore_stats.h"
-#include "actions/import_texture.h"
 #include "actions/safekeeping.h"
+#include "actions/ship_list_file.h"
 #include "actions/unpack_models.h"
 #include "app/loadout.h"
 #include "archive/unpack.h"
@@ -17,6 +18,7 @@
 #include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
+#include "installation/kept_models.h"
 #include "installation/model_entry.h"
 #include "installation/table_backup.h"
 
@@ -112,7 +114,7 @@ WritePlan PlanEnable(Main& main, const Preparation& preparation) {
 
 /// Everything that can be found out without changing anything.
 bool Prepare(Main& main, Preparation& preparation) {
-  preparation.list = ReadShipList(main.host, main.installation.shipListPath());
+  preparation.list = LoadShipList(main.host, main.installation);
   if (preparation.list.empty()) return false;
   CollectModels(preparation);
   preparation.wasEnabled = FeaturesEnabled(main.host.files, main.installation.cataloguePath());
@@ -146,7 +148,8 @@ void cmdEnable_Click(Main& main) {
   if (!Prepare(main, preparation)) return;
   Installation& installation = main.installation;
   const bool foldersReady = Trap(main.host, "cmdEnable_Click()", [&] {
-    MakeFolders(main.host.files, installation);
+    MakeFolders(main.host.files, KeptModelsFolder(installation));
+    MakeFolders(main.host.files, installation.modelsFolder());
     EraseAllLeftovers(main.host.files, installation);
   });
   if (!foldersReady) return;

@@ -4,7 +4,6 @@
 
 #include "app/import_file.h"
 #include "desk/dialogs.h"
-#include "tabs/import_run.h"
 #include "tabs/imported_list.h"
 #include "tabs/remove_imported.h"
 #include "tabs/rename_imported.h"
@@ -58,11 +57,6 @@ void RemoveAll(Main& main) {
   cmdRemoveAll_Click(desk, main.imports, Refill(main));
 }
 
-void Import(Main& main) {
-  SwapDesk desk = SwapDeskOf(main);
-  cmdImportShips_Click(desk, main.switcher, main.Fighter_PACK, Refill(main));
-}
-
 void BrowseMesh(Main& main) { cmd3DSourceBrowse_Click(main.host, main.convert, main.installation); }
 
 void Convert(Main& main) {
@@ -93,7 +87,7 @@ constexpr std::array<Handler, 19> importHandlers = {
      {"Fighter_PACK.cmdFindBitmap", DoInPack<cmdFindBitmap_Click>, false},
      {"Fighter_PACK.cmdCheckAll", DoInPack<cmdCheckAll_Click>, false},
      {"Fighter_PACK.cmdCheckNone", DoInPack<cmdCheckNone_Click>, false},
-     {"Fighter_PACK.cmdImportShips", Import, true},
+     {"Fighter_PACK.cmdImportShips", cmdImportShips_Click, true},
      {"Fighter_PACK.cmdImportCancel", CancelImport, false}}};
 
 }  // namespace

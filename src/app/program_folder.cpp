@@ -11,14 +11,6 @@ namespace {
 
 constexpr const char* manual = "readme.txt";
 
-/// Makes a folder with those above it.
-void MakeFolders(Files& files, const std::string& folder) {
-  for (std::size_t at = folder.find('\\'); at != std::string::npos; at = folder.find('\\', at + 1)) {
-    const std::string part = folder.substr(0, at + 1);
-    if (!FolderExists(files, part)) MakeFolder(files, part);
-  }
-}
-
 void CopyMissing(Files& files, const std::string& from, const std::string& to) {
   MakeFolders(files, to);
   for (const FileFacts& item : ListFolder(files, from).items) {

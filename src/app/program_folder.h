@@ -5,11 +5,11 @@
 
 namespace oravin {
 
-/// Lays out the program folder of a program that came as a package: makes it, its folders for add-ons, and copies the
-/// package's files that are missing there. The manual follows the package; every other file that is there may be the
-/// player's own and stays. Where the package has laid the folder out itself, only missing folders are made.
+/// Sets up the program folder of a program that was installed as a package: makes it and its folders for add-ons, and
+/// copies the package's files that are missing there. The manual is updated; every other existing file may be the
+/// player's own and is kept. Where the package has set up the folder itself, only missing folders are made.
 ///
-/// A failure is told in a box titled as start-up's; what could be laid out stays.
+/// A failure gives a message box with start-up's title; what was set up stays.
 void LayOutProgramFolder(Host& host, const platform::PackagePlaces& package);
 
 }  // namespace oravin

@@ -19,8 +19,8 @@ void DoInShipList(Main& main) {
   action(main.host, main.ShipList);
 }
 
-// The list is written into a folder that is no installation yet, or to a file of the person's choice: a copy that only
-// looks may do that.
+// A read-only window may do all of this: the list is written to a folder that is no installation yet, or to a file of
+// the user's choice.
 constexpr std::array<Handler, 7> shipListHandlers = {
     {{"ShipList.lstShips.ItemClick", DoInShipList<lstShips_ItemClick>, false},
      {"ShipList.cmdApply", DoInShipList<cmdApply_Click>, false},

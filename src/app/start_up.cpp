@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 
+#include "actions/build_catalogue.h"
 #include "actions/safekeeping.h"
 #include "app/program_folder.h"
 #include "app/ship_list_offer.h"
@@ -277,7 +278,7 @@ void Form_Load(Main& main, const GivenFolders& given) {
 
   LockInstallation(main);
   if (FeaturesEnabled(main.host.files, installation.cataloguePath())) {
-    LoadCatalogue(main.host, installation.cataloguePath(), installation.ships);
+    LoadCatalogue(main.host, installation);
     FillLists(main);
   }
   if (!main.onlyLooks) KeepDefaults(main.host, installation);

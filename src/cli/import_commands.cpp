@@ -64,12 +64,12 @@ bool RenameLines(Session& session, const std::vector<std::string>& pairs) {
 
 /// True when one of the file's models names a texture; says so when none does.
 bool NamesTexture(Session& session, const std::string& texture) {
-  for (const PackShip& ship : session.main.Fighter_PACK.ships) {
+  for (const OfferedShip& offered : session.main.Fighter_PACK.source.ships) {
     std::vector<std::string> names;
     try {
-      names = ReadShpTextureNames(session.main.host.files, ship.modelPath);
+      names = ReadShpTextureNames(session.main.host.files, offered.ship.modelPath);
     } catch (const FileError&) {
-      continue;  // the import tells of a model that cannot be read
+      continue;  // the import reports a model that cannot be read
     }
     const auto same = [&](const std::string& name) { return BitmapKey(name) == BitmapKey(texture); };
     if (std::any_of(names.begin(), names.end(), same)) return true;
@@ -89,16 +89,16 @@ bool GiveBitmaps(Session& session, const std::vector<std::string>& pairs) {
       SayError(session.console, why.insert(0, path + " cannot become a texture: "));
       return false;
     }
-    for (GivenBitmaps& ship : session.main.Fighter_PACK.given) ship[BitmapKey(given->left)] = path;
+    for (OfferedShip& offered : session.main.Fighter_PACK.source.ships) offered.given[BitmapKey(given->left)] = path;
   }
   return true;
 }
 
-/// Says which of the checked lines are red.
-void TellRedNames(Session& session) {
-  for (const ListRow& row : session.main.Fighter_PACK.lstPack.rows) {
-    if (!row.checked || row.colour != nameTakenColour) continue;
-    SayError(session.console, "the name \"" + Trim(row.texts.front()) +
+/// Reports the checked ships whose names are taken.
+void TellTakenNames(Session& session) {
+  for (const OfferedShip& offered : session.main.Fighter_PACK.source.ships) {
+    if (!offered.checked || !offered.nameTaken) continue;
+    SayError(session.console, "the name \"" + Trim(offered.ship.shipName) +
                                   "\" is taken; give another one with --rename, or leave the ship out with --only");
   }
 }
@@ -108,11 +108,11 @@ bool WasImported(const Ships& ships, const std::string& name) {
   return index >= 0 && ships[static_cast<std::size_t>(index)].Imported;
 }
 
-/// What the checked ships have come to.
-Result TellImport(const Session& session, const std::vector<CheckedShip>& ships) {
+/// Which of the checked ships were imported.
+Result TellImport(const Session& session, const std::vector<OfferedShip>& ships) {
   Json imported = Json::array();
   Json failed = Json::array();
-  for (const CheckedShip& ship : ships) {
+  for (const OfferedShip& ship : ships) {
     const bool done = WasImported(session.main.installation.ships, ship.ship.shipName);
     (done ? imported : failed).push_back(ToUtf8(ship.ship.shipName));
   }
@@ -169,10 +169,10 @@ std::optional<Result> ImportShips(Session& session, const Values& values) {
       !GiveBitmaps(session, values.EveryOf("--texture"))) {
     return std::nullopt;
   }
-  const std::vector<CheckedShip> ships = CheckedShips(main.Fighter_PACK);
+  const std::vector<OfferedShip> ships = CheckedShips(main.Fighter_PACK.source.ships);
   Run(main, "Fighter_PACK.cmdImportShips");
   if (!main.Fighter_PACK.done) {
-    if (AnyCheckedRed(main.Fighter_PACK)) TellRedNames(session);
+    TellTakenNames(session);
     return std::nullopt;
   }
   return TellImport(session, ships);

@@ -1,9 +1,9 @@
 #include "actions/draft_ship_list.h"
+#include "actions/ship_list_file.h"
 #include "base/text.h"
 #include "cli/commands.h"
 #include "cli/text_table.h"
 #include "desk/dialogs.h"
-#include "lists/ship_list_text.h"
 
 namespace oravin {
 
@@ -75,7 +75,7 @@ std::optional<Result> DraftList(Session& session, const Values& values) {
     return result;
   }
   const std::string& path = values.Of("--to");
-  if (!SaveShipList(main.host, path, ShipsOf(draft.ships), true)) return std::nullopt;
+  if (!SaveShipList(main.host, path, ShipsOf(draft.ships))) return std::nullopt;
   result.document["file"] = ToUtf8(path);
   result.text += "Written to " + ToUtf8(path) + "\n";
   return result;

@@ -15,7 +15,8 @@ struct ErrorBox {
   std::string_view text;
   Icon icon;
   std::string_view title;
-  bool alsoGeneral = false;  ///< the general message box is shown after it
+  bool alsoGeneral = false;  ///< the general message box follows
+  bool endsProgram = false;  ///< then the program ends (ProgramEnd)
 };
 
 /// The row for a procedure and a kind of error; null if there is only the general message box.

@@ -8,8 +8,9 @@
 
 namespace oravin {
 
-/// Shows the message box for an error in a procedure: the procedure's own text for that kind of error
-/// (desk/error_boxes.h), else "Error - ", the failed operation and the file.
+/// Shows the message box of a procedure's error trap: the procedure's own words for that kind of error
+/// (desk/error_boxes.h), else "Error - " and what went wrong with which file.
+/// @throws ProgramEnd where the program ends after those words
 void ShowTrapped(Host& host, const std::string& procedure, const FileError& error);
 
 /// A procedure's error trap: runs its body. A FileError ends the body and shows one message box titled with the

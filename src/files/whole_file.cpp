@@ -145,6 +145,12 @@ void MakeFolder(Files& files, const std::string& path) {
           [&] { return platform::MakeFolderNative(path); });
 }
 
+void MakeFolders(Files& files, const std::string& folder) {
+  if (folder.empty() || FolderExists(files, folder)) return;
+  MakeFolders(files, ParentFolder(folder));
+  MakeFolder(files, folder);
+}
+
 bool SameContent(Files& files, const std::string& a, const std::string& b) {
   if (!FileExists(files, a) || !FileExists(files, b) || FileLength(files, a) != FileLength(files, b)) return false;
   File first(files, a, OpenFor::reading);

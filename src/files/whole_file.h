@@ -71,6 +71,10 @@ void RenameSpelled(Files& files, const std::string& folder, const std::string& f
 /// Creates a folder if it is missing; its parent must exist.
 void MakeFolder(Files& files, const std::string& path);
 
+/// Makes the folders of a path that are missing.
+/// @param folder ends in a backslash
+void MakeFolders(Files& files, const std::string& folder);
+
 /// True if both files can be read and have the same content.
 bool SameContent(Files& files, const std::string& a, const std::string& b);
 

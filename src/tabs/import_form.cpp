@@ -1,22 +1,24 @@
 #include "tabs/import_form.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
+#include "actions/new_ship.h"
+#include "base/file_error.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/path.h"
-#include "lists/ship_list.h"
-#include "models/class_byte.h"
 
 namespace oravin {
 
 namespace {
 
-/// Empties the form; what it looks like stays.
+/// The colour of a ship whose name is taken: pure red.
+constexpr std::uint32_t nameTakenColour = 255;
+
+/// Empties the form; columns, captions and tooltips stay.
 void Clear(FighterPack& form) {
   form.caption.clear();
   ClearRows(form.lstPack);
@@ -26,40 +28,21 @@ void Clear(FighterPack& form) {
   form.cmdImportShips.enabled = false;
   form.cmdFindBitmap.enabled = false;
   form.done = false;
-  form.path.clear();
-  form.folder.clear();
-  form.header.clear();
-  form.ships.clear();
-  form.given.clear();
+  form.source = {};
   form.ship.reset();
   form.textures.clear();
 }
 
-/// The one ship of a single model; none where the model is missing, after its box.
-std::vector<PackShip> ShipOfModel(Host& host, const std::string& path) {
-  const bool capital = Trapped(host, "IsCapitalShip", false, [&] { return IsCapitalShip(host.files, path); });
-  if (!FileExists(host.files, path)) return {};
-  const std::string file = FileNameOf(path);
-  PackShip ship;
-  ship.shipClass = capital ? capitalClass : fighterClass;
-  ship.modelPath = path;
-  ship.shipName = file.substr(0, file.size() - std::min<std::size_t>(file.size(), 4));
-  return {ship};
-}
-
-ListRow RowOf(Files& files, const PackShip& ship, std::size_t index) {
-  const bool there = FileExists(files, ship.modelPath);
+ListRow RowOf(const OfferedShip& offered, std::size_t index) {
+  const PackShip& ship = offered.ship;
   ListRow row;
   row.item = static_cast<int>(index);
-  row.texts = {Trim(ship.shipName), ship.shipClass == capitalClass ? "Capital ship" : "Fighter",
-               FileNameOf(ship.modelPath) + (there ? "" : " (not found)"), Trim(ship.suggestedSwitch)};
+  row.texts = {Trim(ship.shipName), offered.capital ? "Capital ship" : "Fighter",
+               FileNameOf(ship.modelPath) + (offered.modelFound ? "" : " (not found)"), Trim(ship.suggestedSwitch)};
   row.tooltip = ship.modelPath;
   row.checked = true;
   return row;
 }
-
-/// What two names have in common that are one name.
-std::string NameKey(const std::string& name) { return UpperCase(Trim(name)); }
 
 std::string SizeOf(const ListedTexture& texture) {
   if (texture.bitmapPath.empty()) return "";
@@ -77,7 +60,7 @@ std::string BitmapOf(const ListedTexture& texture) {
   return texture.given ? "given: " + texture.bitmapPath : "found";
 }
 
-void ListTextures(FighterPack& form) {
+void FillTextures(FighterPack& form) {
   ClearRows(form.lstTextures);
   for (const ListedTexture& texture : form.textures) {
     ListRow row;
@@ -87,22 +70,41 @@ void ListTextures(FighterPack& form) {
   }
 }
 
-/// Lists the textures of the selected ship with one of them selected.
-void ShowShip(Host& host, FighterPack& form, const Installation& installation, std::size_t texture) {
+/// Whether problems with a model are shown in message boxes, or in the form alone.
+enum class Problems { inBoxes, inForm };
+
+std::optional<std::vector<ListedTexture>> TexturesOf(Host& host, const OfferedShip& ship,
+                                                     const Installation& installation, Problems problems) {
+  const std::string& model = ship.ship.modelPath;
+  std::vector<ListedTexture> textures;
+  if (problems == Problems::inBoxes) {
+    const bool listed = TextureList(host, model, installation.cachePath(), ship.given, textures);
+    return listed ? std::optional(std::move(textures)) : std::nullopt;
+  }
+  try {
+    return ListTextures(host.files, model, installation.cachePath(), ship.given).textures;
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
+}
+
+/// Lists the textures of the selected ship and selects one of them.
+void ShowShip(Host& host, FighterPack& form, const Installation& installation, std::size_t texture, Problems problems) {
   form.ship = SelectedRow(form.lstPack);
-  if (form.ship && *form.ship >= form.ships.size()) form.ship.reset();
+  if (form.ship && *form.ship >= form.source.ships.size()) form.ship.reset();
   form.textures.clear();
   std::string why = "Select a ship to see its textures.";
   if (form.ship) {
-    const std::string& model = form.ships[*form.ship].modelPath;
-    // The list says that a model is missing; going through its lines must not bring up a box at each.
-    const bool there = FileExists(host.files, model);
-    why = there ? "This model's textures cannot be listed." : "The model was not found: " + model;
-    if (there && TextureList(host, model, installation.cachePath(), form.given[*form.ship], form.textures)) {
-      why = "This model names no textures.";
+    const OfferedShip& ship = form.source.ships[*form.ship];
+    why = "The model was not found: " + ship.ship.modelPath;
+    // No box for a missing model: the list shows it, and moving through the lines must not show a box at each.
+    if (FileExists(host.files, ship.ship.modelPath)) {
+      auto textures = TexturesOf(host, ship, installation, problems);
+      why = textures ? "This model names no textures." : "This model's textures cannot be listed.";
+      if (textures) form.textures = std::move(*textures);
     }
   }
-  ListTextures(form);
+  FillTextures(form);
   if (form.textures.empty()) {
     form.cmdFindBitmap.enabled = false;
     return ShowNoTexture(form.preview, why);
@@ -111,23 +113,34 @@ void ShowShip(Host& host, FighterPack& form, const Installation& installation, s
   lstTextures_ItemClick(host, form, installation);
 }
 
+std::string LabelOf(const FighterPack& form) {
+  const auto& ships = form.source.ships;
+  if (ships.empty()) return "This pack lists no ships.";
+  if (AnyNameTaken(ships)) return "&Ships: those in red have the name of another ship. Rename or uncheck them.";
+  return "&Ships: " + std::to_string(CheckedShips(ships).size()) + " of " + std::to_string(ships.size()) +
+         " will be imported.";
+}
+
+/// Marks the names that are taken, and shows which lines they are and whether anything can be imported.
+void ShowNames(FighterPack& form, const Installation& installation) {
+  MarkTakenNames(installation.ships, form.source.ships);
+  for (std::size_t i = 0; i < form.source.ships.size(); ++i) {
+    form.lstPack.rows[i].colour = form.source.ships[i].nameTaken ? nameTakenColour : 0;
+  }
+  form.cmdImportShips.enabled = !CheckedShips(form.source.ships).empty();
+  form.lblPack.caption = LabelOf(form);
+  ++form.lstPack.revision;
+}
+
 void CheckAllShips(FighterPack& form, const Installation& installation, bool checked) {
   for (std::size_t i = 0; i < form.lstPack.rows.size(); ++i) SetChecked(form.lstPack, i, checked);
   lstPack_ItemCheck(form, installation);
 }
 
-std::string TellAbout(const FighterPack& form) {
-  const auto& rows = form.lstPack.rows;
-  if (rows.empty()) return "This pack lists no ships.";
-  if (AnyCheckedRed(form)) return "&Ships: those in red have the name of another ship. Rename or uncheck them.";
-  const auto checked = std::count_if(rows.begin(), rows.end(), [](const ListRow& row) { return row.checked; });
-  return "&Ships: " + std::to_string(checked) + " of " + std::to_string(rows.size()) + " will be imported.";
-}
-
 }  // namespace
 
 FighterPack NewFighterPack() {
-  // The two buttons bear the same tooltip: that is meant.
+  // Intentional: the two buttons have the same tooltip.
   constexpr const char* tooltip = "Adds fighter to the switcher and settings screen";
   FighterPack form;
   form.lstPack.columns = {{"Ship"}, {"Class"}, {"Model"}, {"Suggested switch"}};
@@ -147,71 +160,42 @@ FighterPack NewFighterPack() {
 
 bool LoadPack(Host& host, FighterPack& form, const Installation& installation, const std::string& path) {
   Clear(form);
-  const std::string chosen = Trim(path);
-  const std::string folder = ParentFolder(chosen);
-  std::vector<PackShip> ships;
-  if (ExtensionOf(chosen) == "shp") {
-    ships = ShipOfModel(host, chosen);
-    if (ships.empty()) return false;
-  } else {
-    GetPAK(host, chosen, folder, ships);
-    if (ships.empty()) return false;
-    form.header = ships.front().header;
-    ships.pop_back();  // the entry behind the last ship
-  }
-  form.path = chosen;
-  form.folder = folder;
-  form.caption = "Import: < " + FileNameOf(chosen) + " >";
-  form.ships = std::move(ships);
-  form.given.resize(form.ships.size());
-  for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstPack, RowOf(host.files, form.ships[i], i));
-  ColourPack(form, installation);
-  if (!form.ships.empty()) SelectOnly(form.lstPack, 0);
-  // Nobody has chosen that ship: what is wrong with its model is told in the form, and in boxes when it is clicked.
-  Host quiet;
-  quiet.desk.showBox = [](const Message&) { return Answer::ok; };
-  ShowShip(quiet, form, installation, 0);
+  auto source = LoadImportSource(host, path);
+  if (!source) return false;
+  form.source = std::move(*source);
+  form.caption = "Import: < " + FileNameOf(path) + " >";
+  for (const OfferedShip& ship : form.source.ships) AddRow(form.lstPack, RowOf(ship, form.lstPack.rows.size()));
+  ShowNames(form, installation);
+  if (!form.source.ships.empty()) SelectOnly(form.lstPack, 0);
+  // The user has not chosen this ship, so problems with its model are shown in the form. Boxes come when it is clicked.
+  ShowShip(host, form, installation, 0, Problems::inForm);
   return true;
-}
-
-void ColourPack(FighterPack& form, const Installation& installation) {
-  std::set<std::string> taken;
-  for (const ShipRecord& ship : installation.ships) {
-    if (!IsInert(ship)) taken.insert(NameKey(ship.ShipName.Trimmed()));
-  }
-  for (ListRow& row : form.lstPack.rows) {
-    const std::string name = NameKey(row.texts.front());
-    row.colour = taken.contains(name) ? nameTakenColour : 0;
-    if (row.checked) taken.insert(name);
-  }
-  const auto& rows = form.lstPack.rows;
-  form.cmdImportShips.enabled = std::any_of(rows.begin(), rows.end(), [](const ListRow& row) { return row.checked; });
-  form.lblPack.caption = TellAbout(form);
-  ++form.lstPack.revision;
 }
 
 void lstPack_AfterLabelEdit(Host& host, FighterPack& form, const Installation& installation) {
   LabelEdit& edited = form.lstPack.edited;
   edited.refused = true;
-  if (edited.row >= form.ships.size()) return;
+  if (edited.row >= form.source.ships.size()) return;
   const std::string name = Trim(edited.text);
-  const std::string why = WhyNoShipName(name);
+  const std::string why = WhyNameRefused(installation.ships, name);
   if (!why.empty()) return Show(host, why, Icon::exclamation);
-  if (FindShip(installation.ships, name) >= 0) {
-    return Show(host, "The ship name '" + name + "' has the same name as an existing ship.", Icon::exclamation);
-  }
   edited.refused = false;
   edited.text = name;
-  form.ships[edited.row].shipName = name;
+  form.source.ships[edited.row].ship.shipName = name;
   SetText(form.lstPack, edited.row, 0, name);
-  ColourPack(form, installation);
+  ShowNames(form, installation);
 }
 
 void lstPack_ItemClick(Host& host, FighterPack& form, const Installation& installation) {
-  ShowShip(host, form, installation, 0);
+  ShowShip(host, form, installation, 0, Problems::inBoxes);
 }
 
-void lstPack_ItemCheck(FighterPack& form, const Installation& installation) { ColourPack(form, installation); }
+void lstPack_ItemCheck(FighterPack& form, const Installation& installation) {
+  for (std::size_t i = 0; i < form.source.ships.size(); ++i) {
+    form.source.ships[i].checked = form.lstPack.rows[i].checked;
+  }
+  ShowNames(form, installation);
+}
 
 void cmdCheckAll_Click(FighterPack& form, const Installation& installation) { CheckAllShips(form, installation, true); }
 
@@ -231,7 +215,7 @@ void lstTextures_ItemClick(Host& host, FighterPack& form, const Installation& in
   } else if (texture.cached) {
     ShowTexture(host, form.preview, installation.cachePath(), *texture.cached,
                 installation.programFile(texture.cachedPalette), 0);
-    form.preview.cmdSmallerImage.enabled = false;  // the form has no way of changing the image
+    form.preview.cmdSmallerImage.enabled = false;  // the form shows the first image alone
   } else {
     ShowNoTexture(form.preview, texture.name + ": no bitmap was found. Find one before the import.");
   }
@@ -241,39 +225,18 @@ void cmdFindBitmap_Click(Host& host, FighterPack& form, const Installation& inst
   const auto row = SelectedRow(form.lstTextures);
   if (!form.ship || !row || *row >= form.textures.size()) return;
   const ListedTexture& texture = form.textures[*row];
-  const std::string folder = texture.given ? ParentFolder(texture.bitmapPath) : form.folder;
+  const std::string folder = texture.given ? ParentFolder(texture.bitmapPath) : form.source.folder;
   const std::string bitmap = AskForBitmap(host, folder, texture.name);
   if (bitmap.empty()) return;
   BmpInfo info;
   const std::string why = WhyUnusable(host.files, bitmap, info);
   if (!why.empty()) return Show(host, "This bitmap cannot become a texture:\n" + why, Icon::exclamation);
-  form.given[*form.ship][BitmapKey(texture.name)] = bitmap;
-  // The list of textures is of the ship that was clicked, so that one stays the selected ship.
+  form.source.ships[*form.ship].given[BitmapKey(texture.name)] = bitmap;
+  // The listed textures belong to the ship that was clicked, so keep it selected.
   SelectOnly(form.lstPack, form.ship);
-  ShowShip(host, form, installation, *row);
-}
-
-std::string AskForBitmap(Host& host, const std::string& folder, const std::string& texture) {
-  const std::string name = Trim(texture) + ".bmp";
-  return ChooseFile(host, "Find texture file", folder, IsPlainFileName(name) ? name : "",
-                    "Bitmap *.bmp |*.bmp|All files|*.*");
+  ShowShip(host, form, installation, *row, Problems::inBoxes);
 }
 
 void cmdImportCancel_Click(FighterPack& form) { form.shown = false; }
-
-bool AnyCheckedRed(const FighterPack& form) {
-  return std::any_of(form.lstPack.rows.begin(), form.lstPack.rows.end(),
-                     [](const ListRow& row) { return row.checked && row.colour == nameTakenColour; });
-}
-
-std::vector<CheckedShip> CheckedShips(const FighterPack& form) {
-  std::vector<CheckedShip> checked;
-  for (std::size_t i = 0; i < form.ships.size(); ++i) {
-    if (!form.lstPack.rows.at(i).checked) continue;
-    checked.push_back({form.ships[i], form.given[i]});
-    checked.back().ship.shipName = Trim(form.ships[i].shipName);
-  }
-  return checked;
-}
 
 }  // namespace oravin

@@ -10,20 +10,19 @@
 
 namespace oravin {
 
-/// Fills lstImported with the imported ships of the catalogue; ships that were selected stay so by their names. An
-/// item's key is "s" and the ship's index counted from 1. Two imported parts of one ship are one item, by the first of
-/// them. Then the buttons are enabled that can do something.
+/// Fills lstImported with the imported ships of the catalogue; names that were selected stay selected. A row's
+/// item is the ship's index. Two imported parts of one ship are one row, that of the first part. Then the buttons that
+/// can do something are enabled.
 ///
-/// A missing model is passed over without a box: the switcher's lists, which are filled together with this one, tell of
-/// it.
-/// @param known the classes that the switcher's lists have just been filled by: these models are not read once more
+/// A missing model gives no box: the switcher's lists, which are filled at the same time, show it.
+/// @param known the classes that the switcher's lists have just read: these models are not read again
 void DisplayImported(Host& host, ImportTab& tab, const Installation& installation, const ModelClasses& known = {});
 
-/// Enables the buttons that can do something with what is selected.
+/// Enables the buttons that can be used on the selection.
 void lstImported_ItemClick(ImportTab& tab);
 
-/// The indices of the records of an imported ship that lstImported lists: one, or two where the next record is its
-/// second part. Empty when the index is that of no such ship.
+/// The records of an imported ship that lstImported lists, by index: one, or two where the next record is its second
+/// part. Empty when no such ship has the index.
 std::vector<std::size_t> ImportedParts(const Ships& ships, int index);
 
 }  // namespace oravin

@@ -16,6 +16,7 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
+#include "installation/imported_lines.h"
 #include "lists/ship_list_edit.h"
 #include "stats/ship_stats.h"
 #include "tabs/imported_list.h"

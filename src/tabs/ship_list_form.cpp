@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "actions/ship_list_file.h"
 #include "base/number_text.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
@@ -26,7 +27,7 @@ ListRow RowOf(std::size_t index, const DraftedShip& drafted) {
   return row;
 }
 
-/// Puts the fields of the selected line into the boxes.
+/// Shows the fields of the selected line in the text boxes.
 void ShowFields(ShipListForm& form) {
   const auto row = SelectedRow(form.lstShips);
   const bool any = row && *row < form.ships.size();
@@ -49,7 +50,7 @@ void ShowFields(ShipListForm& form) {
   form.cmdSave.enabled = !form.ships.empty();
 }
 
-/// Fills the list anew and selects a line, if there is one of that index.
+/// Fills the list and selects a line, if there is one of that index.
 void ShowLines(ShipListForm& form, std::size_t selected) {
   ClearRows(form.lstShips);
   for (std::size_t i = 0; i < form.ships.size(); ++i) AddRow(form.lstShips, RowOf(i, form.ships[i]));
@@ -57,14 +58,14 @@ void ShowLines(ShipListForm& form, std::size_t selected) {
   ShowFields(form);
 }
 
-/// A whole number as it was typed; nothing when it is none or does not lie between these.
+/// A typed whole number; nothing when the text is none, or it is out of range.
 std::optional<int> WholeIn(const std::string& text, int lowest, int highest) {
   const auto number = NumberFrom(text);
   if (!number || *number < lowest || *number > highest || *number != std::floor(*number)) return std::nullopt;
   return static_cast<int>(*number);
 }
 
-/// How many lines are worth a look: their comment asks for it, or no statistics were found.
+/// How many lines should be checked: the statistics are uncertain or were not found.
 std::size_t Doubtful(const std::vector<DraftedShip>& ships) {
   return static_cast<std::size_t>(std::count_if(ships.begin(), ships.end(), [](const DraftedShip& ship) {
     return ship.ship.kind != importedKind && ship.match != MatchSureness::exact && ship.match != MatchSureness::alike &&
@@ -81,8 +82,8 @@ std::string PurposeOf(const ShipListDraft& draft) {
   return text;
 }
 
-/// The boxes as a ship. A box says why they are none.
-std::optional<ListedShip> ShipInBoxes(Host& host, const ShipListForm& form) {
+/// The ship in the text boxes; nothing after a message that says what is wrong with it.
+std::optional<ListedShip> TypedShip(Host& host, const ShipListForm& form) {
   const auto kind = WholeIn(form.txtKind.text, 1, importedKind);
   if (!kind) {
     RefuseLine(host, "The kind must be 1, 2 or 3.");
@@ -102,17 +103,17 @@ std::optional<ListedShip> ShipInBoxes(Host& host, const ShipListForm& form) {
   return std::nullopt;
 }
 
-/// The line that the boxes belong to; null when there is none.
-DraftedShip* LineInBoxes(ShipListForm& form) {
+/// The line that the text boxes show; null when there is none.
+DraftedShip* ShownLine(ShipListForm& form) {
   return form.line && *form.line < form.ships.size() ? &form.ships[*form.line] : nullptr;
 }
 
-/// Takes the boxes into their line, which is selected then.
-/// @return false when a box has said why not
+/// Applies the text boxes to their line and selects it.
+/// @return false when a message has said why not
 bool Apply(Host& host, ShipListForm& form) {
-  DraftedShip* line = LineInBoxes(form);
+  DraftedShip* line = ShownLine(form);
   if (line == nullptr) return true;
-  const auto ship = ShipInBoxes(host, form);
+  const auto ship = TypedShip(host, form);
   if (!ship) return false;
   line->ship = *ship;
   form.changed = true;
@@ -120,9 +121,9 @@ bool Apply(Host& host, ShipListForm& form) {
   return true;
 }
 
-/// True when something was typed that is not in its line yet.
-bool TypedOn(ShipListForm& form) {
-  const DraftedShip* line = LineInBoxes(form);
+/// True when something was typed that has not been applied.
+bool HasTyped(ShipListForm& form) {
+  const DraftedShip* line = ShownLine(form);
   if (line == nullptr) return false;
   const ListedShip& ship = line->ship;
   return form.txtName.text != ship.name || form.txtFile.text != ship.file ||
@@ -135,7 +136,7 @@ void Move(Host& host, ShipListForm& form, bool up) {
   if (!row || *row >= form.ships.size()) return;
   const std::size_t other = up ? *row - 1 : *row + 1;
   if (other >= form.ships.size()) return;  // the first line has none above it
-  if (TypedOn(form) && !Apply(host, form)) return;
+  if (HasTyped(form) && !Apply(host, form)) return;
   std::swap(form.ships[*row], form.ships[other]);
   form.changed = true;
   ShowLines(form, other);
@@ -182,7 +183,7 @@ bool EditShipList(Host& host, ShipListForm& form, const ShipListDraft& draft, co
 
 void lstShips_ItemClick(Host& host, ShipListForm& form) {
   const auto chosen = SelectedRow(form.lstShips);
-  if (chosen != form.line && TypedOn(form)) {
+  if (chosen != form.line && HasTyped(form)) {
     if (!Apply(host, form)) return SelectOnly(form.lstShips, form.line);
     SelectOnly(form.lstShips, chosen);
   }
@@ -205,7 +206,7 @@ void cmdMoveUp_Click(Host& host, ShipListForm& form) { Move(host, form, true); }
 void cmdMoveDown_Click(Host& host, ShipListForm& form) { Move(host, form, false); }
 
 void cmdSave_Click(Host& host, ShipListForm& form) {
-  if (TypedOn(form) && !Apply(host, form)) return;
+  if (HasTyped(form) && !Apply(host, form)) return;
   const std::vector<ListedShip> ships = ShipsOf(form.ships);
   if (const auto fault = WhyNotSaved(ships)) {
     if (fault->line) {
@@ -215,14 +216,14 @@ void cmdSave_Click(Host& host, ShipListForm& form) {
     RefuseLine(host, fault->text + "\nThe ship list was not saved.");
     return;
   }
-  if (!SaveShipList(host, form.path, ships, true)) return;
+  if (!SaveShipList(host, form.path, ships)) return;
   form.saved = true;
   form.changed = false;
   form.shown = false;
 }
 
 void cmdCancel_Click(Host& host, ShipListForm& form) {
-  if ((form.changed || TypedOn(form)) &&
+  if ((form.changed || HasTyped(form)) &&
       !AskYesNo(host, "The list was changed. Do you want to close it without saving?", listTitle))
     return;
   form.shown = false;

@@ -11,11 +11,11 @@
 
 namespace oravin {
 
-/// The form in which a drafted ship list is looked through and edited as a table before it is saved: the lines, and
-/// under them the fields of the selected one.
+/// The form in which a drafted ship list is reviewed and edited as a table before it is saved: the lines, and below
+/// them the fields of the selected one.
 struct ShipListForm {
   std::string caption;
-  Label lblPurpose;  ///< what the form is for, and what the draft says of itself
+  Label lblPurpose;  ///< what the form is for, and a summary of the draft
   ListView lstShips;
   Label lblName;
   TextBox txtName;
@@ -37,7 +37,7 @@ struct ShipListForm {
   Button cmdCancel;
 
   std::vector<DraftedShip> ships;   ///< the lines
-  std::optional<std::size_t> line;  ///< the one whose fields are in the boxes
+  std::optional<std::size_t> line;  ///< the one whose fields the text boxes show
   int blocks = 0;                   ///< how many statistics blocks there are; 0 when that is not known
   std::string path;                 ///< the file that Save writes
   bool changed = false;             ///< a line was changed, moved or removed
@@ -55,25 +55,25 @@ ShipListForm NewShipListForm();
 /// @return whether the list was saved
 bool EditShipList(Host& host, ShipListForm& form, const ShipListDraft& draft, const std::string& path);
 
-/// Puts the fields of the selected line into the boxes. What was typed for another line is taken into that one first;
-/// where it cannot be, a box of cmdApply_Click says why, and that line is selected again.
+/// Shows the fields of the selected line in the text boxes. What was typed for another line is applied to that one
+/// first; where it cannot be, a message of cmdApply_Click says why, and that line is selected again.
 void lstShips_ItemClick(Host& host, ShipListForm& form);
 
-/// Takes the boxes into the selected line. Boxes titled "Ship list", after which the line stays as it was: a kind or a
-/// statistics block that is no such number, a block that the statistics do not have, and whatever WhyNotListed says.
+/// Applies the text boxes to their line. Messages titled "Ship list", after which the line is unchanged: a kind or a
+/// statistics block that is not a number of its range, a block that the statistics do not have, and those of
+/// WhyNotListed.
 void cmdApply_Click(Host& host, ShipListForm& form);
 
-/// Takes the selected line out of the list; the next one is selected.
+/// Removes the selected line from the list; the next one is selected.
 void cmdRemoveLine_Click(ShipListForm& form);
 
-/// Moves the selected line up or down by one, with what was typed; where that cannot be taken a box says why, and the
-/// line stays. A second part stands directly behind its ship.
+/// Moves the selected line up or down by one, and applies what was typed; where that cannot be applied a message says
+/// why, and the line stays. A second part comes directly after its ship.
 void cmdMoveUp_Click(Host& host, ShipListForm& form);
 void cmdMoveDown_Click(Host& host, ShipListForm& form);
 
-/// Saves the list (SaveShipList, with the old one kept) and closes the form; what was typed and not applied yet is
-/// applied first. A box titled "Ship list" says why it cannot be saved as it is (WhyNotSaved); then its line is
-/// selected and the form stays.
+/// Saves the list (SaveShipList) and closes the form; what was typed is applied first. A message titled "Ship list"
+/// says why the list cannot be saved (WhyNotSaved); then the line at fault is selected and the form stays open.
 void cmdSave_Click(Host& host, ShipListForm& form);
 
 /// Closes the form without saving; asks first when something was changed or typed.

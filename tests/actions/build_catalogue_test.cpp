@@ -395,7 +395,7 @@ TEST_F(CatalogueBuild, FailingToWriteItLeavesTheOldOneAndCopiesNoModel) {
 }
 
 TEST_F(CatalogueBuild, StoppedOrFailingAtAnyOperationTheCatalogueIsWholeOldOrNew) {
-  const std::vector<ListedShip> list = ReadShipList(stage.host, stage.files.Program(shipListName));
+  const std::vector<ListedShip> list = ReadShipList(stage.host.files, stage.files.Program(shipListName));
   const HogTable live = stage.Live();
   const FolderImage models = ImageOf(stage.files.Game("ships"));
   ASSERT_TRUE(stage.Build());
@@ -424,6 +424,40 @@ TEST_F(CatalogueBuild, StoppedOrFailingAtAnyOperationTheCatalogueIsWholeOldOrNew
     EXPECT_GE(operations, 10);
     EXPECT_GT(stayedOld, 3);
   }
+}
+
+struct CatalogueLoading : testing::Test {
+  CatalogueLoading() { installation.ProgramPath = folder.windows; }
+
+  TemporaryFolder folder;
+  ScriptedHost here;
+  Installation installation;
+};
+
+TEST_F(CatalogueLoading, ReplacesTheShipsThatWereLoaded) {
+  ShipRecord ship;
+  ship.ShipName.Set("Tiger");
+  ship.ShipFile.Set("tiger.shp");
+  WriteFileAt(folder.Native("ships.dat"), SlotOf(ship).value());
+  installation.ships.resize(9);
+  EXPECT_TRUE(LoadCatalogue(here.host, installation));
+  ASSERT_EQ(installation.ships.size(), 2U);
+  EXPECT_EQ(installation.ships[0].ShipName.Trimmed(), "Tiger");
+}
+
+TEST_F(CatalogueLoading, AnyFailureGivesOneBoxAndNoShips) {
+  installation.ships.resize(9);
+  here.desk.ExpectBox("Error - could not open " + folder.Windows("ships.dat") + ": it does not exist", "LoadCatalogue");
+  EXPECT_FALSE(LoadCatalogue(here.host, installation));
+  EXPECT_TRUE(installation.ships.empty());
+  Bytes damaged(868, 0x20);
+  damaged[60] = 99;  // the tag of the kind
+  WriteFileAt(folder.Native("ships.dat"), damaged);
+  installation.ships.resize(9);
+  here.desk.ExpectBox("Error - could not read " + folder.Windows("ships.dat") + ": record 1 is damaged",
+                      "LoadCatalogue");
+  EXPECT_FALSE(LoadCatalogue(here.host, installation));
+  EXPECT_TRUE(installation.ships.empty());
 }
 
 }  // namespace

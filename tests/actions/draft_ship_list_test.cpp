@@ -2,6 +2,7 @@
 
 #include "actions/draft_ship_list.h"
 
+#include "actions/ship_list_file.h"
 #include "demo/sample.h"
 #include "draft_stage.h"
 #include "lists/ship_list_text.h"
@@ -52,7 +53,7 @@ TEST_F(ListDraft, AStoredModelEndsWhereItsEntryDoes) {
   EXPECT_EQ(Draft().ships.at(0).ship.texture0, "");
 }
 
-TEST_F(ListDraft, ASecondPartStandsDirectlyBehindItsShipAndBearsItsName) {
+TEST_F(ListDraft, ASecondPartComesDirectlyAfterItsShipAndHasItsName) {
   Model("T_alpha.shp");
   Model("bravo.shp");
   Model("alpha.shp");
@@ -69,7 +70,7 @@ TEST_F(ListDraft, AModelWithTheMarkButWithoutAShipIsAShipOfItsOwn) {
   EXPECT_EQ(NamesIn(Draft()), Names{"T Alpha"});
 }
 
-TEST_F(ListDraft, NoThreeRecordsInARowBearOneName) {
+TEST_F(ListDraft, NoThreeRecordsInARowHaveOneName) {
   Model("x.shp");
   Model("t_x.shp");
   Model("t_t_x.shp");
@@ -134,7 +135,7 @@ TEST_F(ListDraft, NamesAreCutTo30CharactersAndLoseWhatCannotBeQuoted) {
   EXPECT_EQ(NamesIn(draft), (Names{"alpha the Great of the very lo", std::string(30, 'b')}));
 }
 
-TEST_F(ListDraft, NamesThatWouldBeTheSameAreToldApartByNumbers) {
+TEST_F(ListDraft, NamesThatWouldBeTheSameGetNumbers) {
   blocks = {"Tug", "tug", "T.U.G"};
   Model("tug.shp");
   Model("t.ug.shp");
@@ -289,7 +290,7 @@ TEST_F(ListDraft, AddOnShipsComeLastAndBringTheirOwnStatistics) {
   EXPECT_EQ(draft.passedOver[0].name, "alpha.shp");
 }
 
-TEST_F(ListDraft, AnImportedShipKeepsTheNameThatItBears) {
+TEST_F(ListDraft, AnImportedShipKeepsItsName) {
   Model("alpha.shp");
   WriteFileAt(folder.Native("program/addons/ships/manta.shp"), ModelOf(0));
   ShipRecord record;
@@ -377,8 +378,8 @@ TEST_F(ListDraft, ReadsBackFromTheFileThatItIsSavedTo) {
   Model("alpha.shp", 0, {"hull", "wing, left"});
   Model("t_alpha.shp");
   const ShipListDraft draft = Draft();
-  ASSERT_TRUE(SaveShipList(here.host, installation.ProgramPath + shipListName, ShipsOf(draft.ships), true));
-  const std::vector<ListedShip> read = ReadShipList(here.host, installation.shipListPath());
+  ASSERT_TRUE(SaveShipList(here.host, installation.shipListPath(), ShipsOf(draft.ships)));
+  const std::vector<ListedShip> read = ReadShipList(here.host.files, installation.shipListPath());
   ASSERT_EQ(read.size(), 2U);
   EXPECT_EQ(read[0].name, "Alpha, the First");
   EXPECT_EQ(read[0].texture1, "wing, left");

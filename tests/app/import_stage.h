@@ -28,7 +28,7 @@ inline Bytes ShipModel(const std::string& name, const std::vector<std::string>& 
 
 using Texture = ExpectedFiles::Texture;
 
-/// An enabled installation, and a folder of new ships beside it.
+/// An enabled installation, and a folder of new ships next to it.
 struct Importing : testing::Test {
   Importing() {
     session = std::make_unique<Session>(installation);

@@ -89,8 +89,7 @@ TEST_F(ManyShips, RemovingOneOf300LeavesTheOthersAsTheyAre) {
     EXPECT_EQ(WholeNumber(Ship(i).StatsIndex), WholeNumber(shipsBefore[i + 1].StatsIndex));
   }
   // What is on the disk is what is in memory.
-  Ships loaded;
-  LoadCatalogue(session->main.host, installation.programPath + catalogueName, loaded);
+  const Ships loaded = ReadCatalogue(session->main.host.files, session->main.installation.cataloguePath());
   ASSERT_EQ(loaded.size(), shipsBefore.size() - 1);
   EXPECT_EQ(WholeNumber(loaded[bravo].ChangedToIndex), first + gone);
 

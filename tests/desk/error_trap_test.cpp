@@ -58,6 +58,13 @@ TEST(ErrorTrap, OtherProceduresAndKindsHaveTheGeneralWords) {
   Trap(at.host, "GetImportStats", [] { throw FileError("could not read", "X", "it is damaged", ErrorKind::damaged); });
 }
 
+TEST(ErrorTrap, TheProgramEndsAfterSomeErrors) {
+  ScriptedHost at;
+  at.desk.ExpectBox("Error in GetPAK - file not found", programTitle, Icon::information);
+  const auto fail = [] { throw FileError("could not open", "X", "it does not exist", ErrorKind::missing); };
+  EXPECT_THROW(Trap(at.host, "GetPAK", fail), ProgramEnd);
+}
+
 TEST(ErrorTrap, LeavesTheEndOfTheProgramAlone) {
   ScriptedHost at;
   EXPECT_THROW(Trap(at.host, "Start", [] { throw ProgramEnd{}; }), ProgramEnd);

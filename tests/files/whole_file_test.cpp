@@ -279,6 +279,26 @@ TEST(RenameOver, ReplacesTheFileOfTheNewName) {
   EXPECT_EQ(ImageOf(folder.native), (FolderImage{{"to", BytesOf("new")}}));
 }
 
+TEST(MakeFolders, MakesEveryMissingFolderOfAPath) {
+  const TemporaryFolder folder;
+  Files files;
+  MakeFolders(files, folder.Windows("a/b/c/"));
+  WriteFileAt(folder.Native("a/b/x"), "x");
+  MakeFolders(files, folder.Windows("A/b/d/"));
+  const FolderImage made{{"a/", {}}, {"a/b/", {}}, {"a/b/c/", {}}, {"a/b/d/", {}}, {"a/b/x", BytesOf("x")}};
+  EXPECT_EQ(ImageOf(folder.native), made);
+  MakeFolders(files, folder.Windows("a/b/d/"));
+  EXPECT_EQ(ImageOf(folder.native), made);
+}
+
+TEST(MakeFolders, AFileInTheWayIsAnError) {
+  const TemporaryFolder folder;
+  WriteFileAt(folder.Native("a"), "x");
+  Files files;
+  EXPECT_THROW(MakeFolders(files, folder.Windows("a/b/")), FileError);
+  EXPECT_EQ(ImageOf(folder.native), (FolderImage{{"a", BytesOf("x")}}));
+}
+
 TEST(MakeFolder, OneThatIsThereStaysAndOneThatCannotBeMadeIsAnError) {
   const TemporaryFolder folder;
   Files files;

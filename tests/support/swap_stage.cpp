@@ -16,7 +16,7 @@ HogTable SwitcherStage::Live() {
 }
 
 bool SwitcherStage::Build(const HogTable& backup) {
-  const std::vector<ListedShip> list = ReadShipList(host, installation.shipListPath());
+  const std::vector<ListedShip> list = ReadShipList(host.files, installation.shipListPath());
   return BuildCatalogue(host, installation, list, Live(), backup);
 }
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "desk/program_end.h"
 #include "support/cache_stage.h"
 #include "support/model_file.h"
 
@@ -74,7 +73,7 @@ struct TheImportForm : CacheStage {
   }
   [[nodiscard]] Texts ImportedNames() const {
     Texts names;
-    for (const CheckedShip& ship : CheckedShips(form)) names.push_back(ship.ship.shipName);
+    for (const OfferedShip& ship : CheckedShips(form.source.ships)) names.push_back(ship.ship.shipName);
     return names;
   }
 
@@ -101,11 +100,9 @@ TEST_F(TheImportForm, ListsEveryShipOfAPackAsACheckedLine) {
   Model("pack/sub/big.shp", {"hull"}, 3);
   ASSERT_TRUE(Load("\"h\"\n\"\\one.shp\",\"  One \",\" Tiger \"\n\"\\sub\\big.shp\",\"Big\",\"\"\n\\gone.shp,Gone,\n"));
   EXPECT_EQ(form.caption, "Import: < new.pak >");
-  EXPECT_EQ(form.path, folder.Windows("pack/new.pak"));
-  EXPECT_EQ(form.folder, folder.Windows("pack\\"));
-  EXPECT_EQ(form.header, "h");
+  EXPECT_EQ(form.source.folder, folder.Windows("pack\\"));
   ASSERT_EQ(form.lstPack.rows.size(), 3U);
-  EXPECT_EQ(form.ships.size(), 3U);
+  EXPECT_EQ(form.source.ships.size(), 3U);
   EXPECT_EQ(form.lstPack.rows[0].item, 0);
   EXPECT_EQ(form.lstPack.rows[2].item, 2);
   EXPECT_EQ(form.lstPack.rows[0].texts, (Texts{"One", "Fighter", "one.shp", "Tiger"}));
@@ -123,7 +120,8 @@ TEST_F(TheImportForm, ASingleModelIsAListOfOneShipNamedAsTheFile) {
   ASSERT_EQ(form.lstPack.rows.size(), 1U);
   EXPECT_EQ(form.lstPack.rows[0].texts, (Texts{"Star Reaper", "Capital ship", "Star Reaper.SHP", ""}));
   EXPECT_TRUE(form.lstPack.rows[0].checked);
-  EXPECT_EQ(form.ships.at(0), (PackShip{capitalClass, folder.Windows("new/Star Reaper.SHP"), "Star Reaper", "", ""}));
+  EXPECT_EQ(form.source.ships.at(0).ship, (PackShip{folder.Windows("new/Star Reaper.SHP"), "Star Reaper", ""}));
+  EXPECT_TRUE(form.source.ships.at(0).capital);
 }
 
 TEST_F(TheImportForm, ASingleModelNamedAsAnExistingShipIsRed) {
@@ -138,18 +136,13 @@ TEST_F(TheImportForm, AMissingModelShowsNothing) {
   EXPECT_TRUE(form.lstPack.rows.empty());
 }
 
-TEST_F(TheImportForm, AMissingPackEndsTheProgram) {
-  at.desk.ExpectBox("Error in GetPAK - file not found", programTitle, Icon::information);
-  EXPECT_THROW(LoadPack(at.host, form, installation, folder.Windows("none.pak")), ProgramEnd);
-}
-
 TEST_F(TheImportForm, APackWithoutShipsIsShownEmptyAndCannotBeImported) {
   ASSERT_TRUE(Load("header only\n"));
   EXPECT_TRUE(form.lstPack.rows.empty());
   EXPECT_FALSE(form.cmdImportShips.enabled);
   EXPECT_EQ(form.lblPack.caption, "This pack lists no ships.");
   EXPECT_EQ(form.caption, "Import: < new.pak >");
-  EXPECT_TRUE(CheckedShips(form).empty());
+  EXPECT_TRUE(CheckedShips(form.source.ships).empty());
 }
 
 TEST_F(TheImportForm, AsManyShipsAsAPackCanHoldAreListed) {
@@ -168,7 +161,7 @@ TEST_F(TheImportForm, ARefusedPackLeavesNothingOfThePackBefore) {
                     "GetPAK");
   EXPECT_FALSE(Load(text));
   EXPECT_TRUE(form.lstPack.rows.empty());
-  EXPECT_TRUE(form.ships.empty());
+  EXPECT_TRUE(form.source.ships.empty());
   EXPECT_EQ(form.caption, "");
   EXPECT_FALSE(form.cmdImportShips.enabled);
 }
@@ -176,7 +169,7 @@ TEST_F(TheImportForm, ARefusedPackLeavesNothingOfThePackBefore) {
 TEST_F(TheImportForm, AShipNamedAsOneOfTheCatalogueIsRed) {
   ASSERT_TRUE(LoadNamed({"One", " tIGer ", "Tiger 2", "PREDATOR"}));
   EXPECT_EQ(Red(), (Rows{1, 3}));
-  EXPECT_TRUE(AnyCheckedRed(form));
+  EXPECT_TRUE(AnyNameTaken(form.source.ships));
   EXPECT_EQ(form.lstPack.rows[0].colour, 0U);
   EXPECT_EQ(form.lblPack.caption, "&Ships: those in red have the name of another ship. Rename or uncheck them.");
 }
@@ -195,15 +188,15 @@ TEST_F(TheImportForm, OfTwoCheckedShipsOfOneNameTheSecondIsRed) {
   EXPECT_EQ(Red(), Rows{});
   Check(0, true);
   EXPECT_EQ(Red(), (Rows{2, 3}));
-  EXPECT_TRUE(AnyCheckedRed(form));
+  EXPECT_TRUE(AnyNameTaken(form.source.ships));
 }
 
 TEST_F(TheImportForm, UncheckingEveryRedShipLetsTheImportProceed) {
   ASSERT_TRUE(LoadNamed({"Tiger", "One", "Predator"}));
   Check(0, false);
-  EXPECT_TRUE(AnyCheckedRed(form));
+  EXPECT_TRUE(AnyNameTaken(form.source.ships));
   Check(2, false);
-  EXPECT_FALSE(AnyCheckedRed(form));
+  EXPECT_FALSE(AnyNameTaken(form.source.ships));
   EXPECT_EQ(Red(), (Rows{0, 2})) << "they stay red";
   EXPECT_EQ(ImportedNames(), Texts{"One"});
   EXPECT_EQ(form.lblPack.caption, "&Ships: 1 of 3 will be imported.");
@@ -253,7 +246,7 @@ TEST_F(TheImportForm, ARenameToAnotherLinesNameMakesTheLowerOneRed) {
   EXPECT_EQ(Red(), Rows{});
 }
 
-TEST_F(TheImportForm, ARenameToWhatNoShipCanBearIsRefused) {
+TEST_F(TheImportForm, ARenameToWhatNoShipCanHaveIsRefused) {
   ASSERT_TRUE(LoadNamed({"One"}));
   const std::string noLetters =
       "A ship's name can hold no double quotes, no control characters and no letters outside the code page "
@@ -390,7 +383,7 @@ TEST_F(TheImportForm, AMissingBitmapCanBeGiven) {
   ASSERT_TRUE(form.preview.picture.has_value());
   EXPECT_EQ(form.preview.picture->width, 4);
 
-  const auto ships = CheckedShips(form);
+  const auto ships = CheckedShips(form.source.ships);
   EXPECT_EQ(ships.at(0).given, (GivenBitmaps{{"wing", folder.Windows("elsewhere/w.bmp")}}));
   EXPECT_TRUE(ships.at(1).given.empty()) << "it was given for the first ship alone";
   Click(1);
@@ -422,7 +415,7 @@ TEST_F(TheImportForm, ABitmapThatCannotBecomeATextureIsNotTaken) {
   at.desk.AnswerFile(folder.Windows("w.bmp"));
   at.desk.ExpectBox("This bitmap cannot become a texture:\nits length does not fit the size that it states");
   cmdFindBitmap_Click(at.host, form, installation);
-  EXPECT_TRUE(CheckedShips(form).at(0).given.empty());
+  EXPECT_TRUE(CheckedShips(form.source.ships).at(0).given.empty());
   EXPECT_EQ(form.lstTextures.rows.at(0).texts.at(2), "not found");
 }
 
@@ -436,23 +429,19 @@ TEST_F(TheImportForm, CancellingTheDialogChangesNothing) {
   at.desk.AnswerFile("");
   cmdFindBitmap_Click(at.host, form, installation);
   EXPECT_EQ(at.desk.fileQuestions.size(), 1U);
-  EXPECT_TRUE(CheckedShips(form).at(0).given.empty());
-}
-
-TEST_F(TheImportForm, ATexturesNameThatIsNoFileNameIsNotProposed) {
-  at.desk.AnswerFile("");
-  EXPECT_EQ(AskForBitmap(at.host, folder.windows, "..\\wing"), "");
-  EXPECT_EQ(at.desk.fileQuestions.at(0).name, "");
+  EXPECT_TRUE(CheckedShips(form.source.ships).at(0).given.empty());
 }
 
 TEST_F(TheImportForm, TheShipsToImportComeInTheListsOrderWithAllThatIsKnown) {
   Model("pack/a.shp", {"hull"}, 1);
   ASSERT_TRUE(Load("the header\n\\a.shp,\" One \",Tiger\n\\b.shp,Two,\n\\c.shp,Three,\n"));
   Check(1, false);
-  const auto ships = CheckedShips(form);
+  const auto ships = CheckedShips(form.source.ships);
   ASSERT_EQ(ships.size(), 2U);
-  EXPECT_EQ(ships[0].ship, (PackShip{capitalClass, folder.Windows("pack/a.shp"), "One", "the header", "Tiger"}));
-  EXPECT_EQ(ships[1].ship, (PackShip{fighterClass, folder.Windows("pack/c.shp"), "Three", "", ""}));
+  EXPECT_EQ(ships[0].ship, (PackShip{folder.Windows("pack/a.shp"), "One", "Tiger"}));
+  EXPECT_TRUE(ships[0].capital);
+  EXPECT_EQ(ships[1].ship, (PackShip{folder.Windows("pack/c.shp"), "Three", ""}));
+  EXPECT_FALSE(ships[1].capital);
 }
 
 TEST_F(TheImportForm, AnotherPackBeginsAnew) {
@@ -468,7 +457,7 @@ TEST_F(TheImportForm, AnotherPackBeginsAnew) {
   EXPECT_EQ(Names(), Texts{"Three"});
   EXPECT_EQ(form.lstTextures.rows.at(0).texts.at(2), "not found");
   EXPECT_FALSE(form.preview.picture.has_value());
-  EXPECT_TRUE(CheckedShips(form).at(0).given.empty());
+  EXPECT_TRUE(CheckedShips(form.source.ships).at(0).given.empty());
   EXPECT_FALSE(form.done);
   EXPECT_GT(form.lstPack.revision, before) << "the window draws the list anew";
 }

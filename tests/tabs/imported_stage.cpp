@@ -15,7 +15,7 @@ void ImportedStage::Refill() {
 
 void ImportedStage::Reload() {
   host.files.before = nullptr;
-  LoadCatalogue(host, files.programPath + "ships.dat", installation.ships);
+  installation.ships = ReadCatalogue(host.files, installation.cataloguePath());
   Refill();
 }
 

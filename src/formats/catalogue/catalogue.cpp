@@ -2,7 +2,6 @@
 
 #include "base/file_error.h"
 #include "base/text.h"
-#include "desk/error_trap.h"
 #include "files/file.h"
 #include "files/look_up.h"
 #include "files/whole_file.h"
@@ -13,22 +12,6 @@ namespace {
 
 /// Indices of ships are 16-bit signed numbers in the records.
 constexpr std::uint64_t mostShips = 32767;
-
-Ships ReadShips(Files& files, const std::string& path) {
-  File file(files, path, OpenFor::reading);
-  const std::uint64_t records = file.length / shipRecordSize;
-  if (records >= mostShips) throw FileError("could not read", path, "it is too large to be a ship catalogue");
-  Ships ships(static_cast<std::size_t>(records) + 1);  // the surplus element is meant: see the header
-  Bytes slot(shipRecordSize);
-  for (std::size_t i = 0; i < records; ++i) {
-    Get(file, i * shipRecordSize, slot);
-    const auto ship = RecordFrom(slot);
-    if (!ship) throw FileError("could not read", path, "record " + std::to_string(i + 1) + " is damaged");
-    ships[i] = *ship;
-  }
-  MarkSecondParts(ships);
-  return ships;
-}
 
 Bytes SlotIn(const std::string& path, const ShipRecord& ship) {
   auto slot = SlotOf(ship);
@@ -42,9 +25,24 @@ bool FeaturesEnabled(Files& files, const std::string& path) {
   return FileExists(files, path) && FileLength(files, path) > 0;
 }
 
-int LoadCatalogue(Host& host, const std::string& path, Ships& ships) {
-  ships = Trapped(host, "LoadCatalogue", Ships(), [&] { return ReadShips(host.files, path); });
-  return static_cast<int>(ships.size());
+Ships ReadCatalogue(Files& files, const std::string& path) {
+  File file(files, path, OpenFor::reading);
+  const std::uint64_t records = file.length / shipRecordSize;
+  if (records >= mostShips) {
+    throw FileError("could not read", path, "it is too large to be a ship catalogue", ErrorKind::tooMany);
+  }
+  Ships ships(static_cast<std::size_t>(records) + 1);  // and the sentinel
+  Bytes slot(shipRecordSize);
+  for (std::size_t i = 0; i < records; ++i) {
+    Get(file, i * shipRecordSize, slot);
+    const auto ship = RecordFrom(slot);
+    if (!ship) {
+      throw FileError("could not read", path, "record " + std::to_string(i + 1) + " is damaged", ErrorKind::damaged);
+    }
+    ships[i] = *ship;
+  }
+  MarkSecondParts(ships);
+  return ships;
 }
 
 void MarkSecondParts(Ships& ships) {
@@ -61,7 +59,7 @@ void PutShipRecord(Files& files, const std::string& path, const Ships& ships, st
   File file(files, path, OpenFor::changing);
   const std::uint64_t at = index * shipRecordSize;
   if (at + shipRecordSize > file.length) {
-    throw FileError("could not write", path, "it has no record " + std::to_string(index + 1));
+    throw FileError("could not write", path, "it has no record " + std::to_string(index + 1), ErrorKind::outside);
   }
   Put(file, at, slot);
 }

@@ -4,25 +4,22 @@
 #include <string>
 
 #include "catalogue/ship_record.h"
-#include "desk/host.h"
+#include "files/files.h"
 
 /// The ship catalogue `ships.dat` in the program folder: records of shipRecordSize bytes, one after the other, without
-/// a header. Whether a ship is changed is known from here alone.
+/// a header. It alone knows which ships are changed.
 namespace oravin {
 
 /// The editing features are enabled exactly while the catalogue exists and is not empty.
 bool FeaturesEnabled(Files& files, const std::string& path);
 
-/// Loads the catalogue. The array gets one element more than the file holds records; that last one is empty. This is
-/// meant: nothing shows it, and every loop passes it over (IsInert). Then every ship's second part is found anew
-/// (MarkSecondParts).
-///
+/// Reads the catalogue. The array gets one element more than the file holds records: an empty sentinel, which is inert
+/// (IsInert). Then every ship's second part is marked (MarkSecondParts).
 /// @param path the path of the catalogue's file
-/// @return the number of elements. A file that cannot be read or holds a damaged record gives a box titled
-///   "LoadCatalogue", 0, and an empty array
-int LoadCatalogue(Host& host, const std::string& path, Ships& ships);
+/// @throws FileError when the file cannot be read, is too large or holds a damaged record
+Ships ReadCatalogue(Files& files, const std::string& path);
 
-/// Two consecutive records with one name are the two parts of one ship; the first of them is marked with it.
+/// Marks the first of two consecutive records with one name: they are the two parts of one ship.
 void MarkSecondParts(Ships& ships);
 
 /// Writes one record back to its slot in the catalogue.
@@ -33,10 +30,9 @@ void PutShipRecord(Files& files, const std::string& path, const Ships& ships, st
 /// @throws FileError when a record does not fit its slot
 Bytes CatalogueOf(const std::string& path, std::span<const ShipRecord> records);
 
-/// Writes the catalogue whole.
-/// @param records as many as the file is to hold, from the first one on: the surplus element that loading adds is not
-///   one of them
-/// @throws FileError when that fails; then the old catalogue is as it was
+/// Writes the whole catalogue.
+/// @param records without the sentinel that loading adds
+/// @throws FileError when that fails; then the old catalogue is unchanged
 void WriteCatalogue(Files& files, const std::string& path, std::span<const ShipRecord> records);
 
 }  // namespace oravin

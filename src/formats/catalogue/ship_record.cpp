@@ -8,7 +8,8 @@ namespace oravin {
 
 namespace {
 
-/// Lists the fields once, in file order; `visit` is called with each. It serves reading and writing alike.
+/// Calls `visit` with each field, in file order: one list for reading and writing.
+/// @return false once `visit` has returned false
 template <typename Record, typename Visit>
 bool EachField(Record& ship, Visit&& visit) {
   const bool head = visit(ship.ShipName) && visit(ship.ShipFile) && visit(ship.ShipKind) && visit(ship.HogOffset) &&

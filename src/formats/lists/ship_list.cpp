@@ -3,11 +3,9 @@
 #include <algorithm>
 
 #include "base/delimited_text.h"
+#include "base/file_error.h"
+#include "base/ship_fields.h"
 #include "base/text.h"
-#include "catalogue/ship_record.h"
-#include "desk/dialogs.h"
-#include "desk/error_trap.h"
-#include "desk/program_end.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -18,18 +16,19 @@ namespace {
 
 constexpr std::uint64_t longestList = std::uint64_t{16} << 20;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsSpace(char c) { return c == ' ' || c == '\t'; }
 
-/// Where the next value stands: it begins behind blanks, and elsewhere than behind a comma behind line ends too.
+/// The place of the next value. Spaces before it are skipped, and line ends too, except after a comma: there a line end
+/// stands for an empty value.
 TextSpan NextValue(const DelimitedText& text) {
-  const bool behindComma = text.at > 0 && text.all[text.at - 1] == ',';
+  const bool afterComma = text.at > 0 && text.all[text.at - 1] == ',';
   const std::size_t begin =
-      std::min(text.all.find_first_not_of(behindComma ? " \t" : " \t\r\n", text.at), text.all.size());
+      std::min(text.all.find_first_not_of(afterComma ? " \t" : " \t\r\n", text.at), text.all.size());
   if (begin < text.all.size() && text.all[begin] == '"') {
     return {begin, std::min(text.all.find('"', begin + 1), text.all.size() - 1) + 1};
   }
   std::size_t end = std::min(text.all.find_first_of(",\r\n", begin), text.all.size());
-  while (end > begin && IsBlank(text.all[end - 1])) --end;
+  while (end > begin && IsSpace(text.all[end - 1])) --end;
   return {begin, end};
 }
 
@@ -37,21 +36,22 @@ ListedLine TakeLine(DelimitedText& text) {
   ListedLine line;
   const std::size_t before = text.at;
   line.whole.begin = NextValue(text).begin;
-  while (line.whole.begin > before && IsBlank(text.all[line.whole.begin - 1])) --line.whole.begin;
+  while (line.whole.begin > before && IsSpace(text.all[line.whole.begin - 1])) --line.whole.begin;
   line.ship.kind = TakeWhole(text, -32768, 32767);
   line.name = NextValue(text);
   line.ship.name = TakeText(text);
   line.ship.file = TakeText(text);
   if (!Trim(line.ship.file).empty() && !IsPlainFileName(Trim(line.ship.file))) {
-    throw FileError("could not read", text.path, "\"" + line.ship.file.substr(0, 40) + "\" is no file name");
+    throw FileError("could not read", text.path, "\"" + line.ship.file.substr(0, 40) + "\" is no file name",
+                    ErrorKind::damaged);
   }
   line.ship.statsIndex = TakeWhole(text, 0, 32767);
   line.ship.texture0 = TakeText(text);
   const std::size_t last = text.at;
   line.ship.texture1 = TakeText(text);
-  // Behind a comma that ends the text the reader stands one further.
+  // After a comma that ends the text, text.at is one past the end.
   line.whole.end = std::min(text.at, text.all.size());
-  // The comma before an empty last value is not its end.
+  // An empty last value starts after a comma, which does not end the line.
   line.joined = line.whole.end > last && text.all[line.whole.end - 1] == ',';
   return line;
 }
@@ -67,13 +67,14 @@ ShipListText ParseShipList(std::string path, std::string all, int fewest) {
   const int count = TakeWhole(text, fewest, 2147483647);
   list.shipsAt = text.at;
   if (count > mostListedShips) {
-    throw FileError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships");
+    throw FileError("could not read", text.path, "it says that it lists " + std::to_string(count) + " ships",
+                    ErrorKind::tooMany);
   }
-  // Nothing is sized by the count: the list may hold far fewer ships than it states.
+  // The count reserves nothing: the list may hold far fewer ships than it states.
   for (int i = 0; i < count; ++i) list.lines.push_back(TakeLine(text));
   if (!AtEnd(text)) {
     throw FileError("could not read", text.path,
-                    "it says that it lists " + std::to_string(count) + " ships, but more follows");
+                    "it says that it lists " + std::to_string(count) + " ships, but more follows", ErrorKind::damaged);
   }
   return list;
 }
@@ -105,22 +106,16 @@ std::string ShipListLine(const ListedShip& ship) {
          ",\"" + ship.texture0 + "\",\"" + ship.texture1 + "\"";
 }
 
-std::vector<ListedShip> ReadShipList(Host& host, const std::string& path) {
-  if (!FileExists(host.files, path)) {
-    Show(host, "shipsData.txt not found", Icon::critical);
-    return {};
+std::vector<ListedShip> ReadShipList(Files& files, const std::string& path) {
+  RequireFile(files, path);
+  std::string all = TextOf(ReadWhole(files, path, longestList));
+  DelimitedText text{path, all};
+  if (TakeNumber(text) <= 0) {
+    throw FileError("could not read", path, "its number of ships is not positive", ErrorKind::wrongFormat);
   }
-  return Trapped(host, "ReadShipList", std::vector<ListedShip>(), [&]() -> std::vector<ListedShip> {
-    std::string all = TextOf(ReadWhole(host.files, path, longestList));
-    DelimitedText text{path, all};
-    if (TakeNumber(text) <= 0) {
-      Show(host, "Error in shipsData.txt file", Icon::critical);
-      throw ProgramEnd();
-    }
-    std::vector<ListedShip> ships;
-    for (ListedLine& line : ParseShipList(path, std::move(all), 1).lines) ships.push_back(std::move(line.ship));
-    return ships;
-  });
+  std::vector<ListedShip> ships;
+  for (ListedLine& line : ParseShipList(path, std::move(all), 1).lines) ships.push_back(std::move(line.ship));
+  return ships;
 }
 
 }  // namespace oravin

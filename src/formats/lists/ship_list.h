@@ -4,14 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "desk/host.h"
+#include "files/files.h"
 
 /// The ship list `shipsData.txt` that the program is shipped with: values separated by commas or line ends, texts in
 /// double quotes. First the number of ships, then for each ship its kind, name, model file, statistics block, and the
 /// names of two textures.
 namespace oravin {
 
-/// As many ships as a list may hold: an index of a ship is a 16-bit signed number, and loading adds one record.
+/// The most ships in a list: a ship's index is a 16-bit signed number, and loading the catalogue adds a sentinel.
 inline constexpr int mostListedShips = 32765;
 
 struct ListedShip {
@@ -25,54 +25,50 @@ struct ListedShip {
   bool operator==(const ListedShip&) const = default;
 };
 
-/// A stretch of the list's text: its first character and the one behind its last.
+/// A range of the list's text: its first character and the one after its last.
 struct TextSpan {
   std::size_t begin = 0;
   std::size_t end = 0;
 };
 
-/// A ship of the list, and where it stands in the text.
+/// A ship of the list, and its place in the text.
 struct ListedLine {
   ListedShip ship;
-  TextSpan whole;       ///< its six values, with what separates the last one from what follows
+  TextSpan whole;       ///< its six values with the separator after the last one
   TextSpan name;        ///< the name's value, with its quotes
   bool joined = false;  ///< a comma ends it instead of a line end
 };
 
-/// The list as a text, with the places of what can be changed in it.
+/// The list as a text, with the places of the values that can be changed.
 struct ShipListText {
   std::string path;
   std::string text;
-  TextSpan count;           ///< the value that states how many ships there are
-  std::size_t shipsAt = 0;  ///< behind the count and what separates it from the ships
+  TextSpan count;           ///< the value that holds the number of ships
+  std::size_t shipsAt = 0;  ///< after the count and its separator
   std::vector<ListedLine> lines;
 };
 
 /// Reads the list.
-///
-/// A missing list gives the box "shipsData.txt not found" with the critical icon. A number of ships that is not
-/// positive gives "Error in shipsData.txt file" with the critical icon, and the program ends. A list with missing
-/// values, values that are none, a model that is no plain file name, or more ships than it states gives the error
-/// trap's box.
-///
-/// @return the ships; none when the list cannot be used
-std::vector<ListedShip> ReadShipList(Host& host, const std::string& path);
+/// @throws FileError of the kind `missing` without a list, `wrongFormat` when the number of ships is not positive; of
+///   another kind when the list cannot be read: values are missing or are not what they must be, a model is not a plain
+///   file name, or there are more ships than the list states
+std::vector<ListedShip> ReadShipList(Files& files, const std::string& path);
 
-/// Takes a list's text apart.
+/// Parses a list's text.
 /// @param path named by the errors
-/// @param fewest the lowest number of ships that is right; 0 for a list that is being edited
-/// @throws FileError for whatever ReadShipList shows the error trap's box
+/// @param fewest the lowest number of ships that is accepted; 0 for a list that is being edited
+/// @throws FileError as ReadShipList
 ShipListText ParseShipList(std::string path, std::string text, int fewest);
 
-/// The list's text as it is in the program folder. No ships at all are right here.
+/// The list's text as it is on disk. A list without ships is accepted.
 /// @throws FileError when it is missing, cannot be read or cannot be used
 ShipListText ReadShipListText(Files& files, const std::string& path);
 
-/// Why no ship can bear a name, whether in the list or in the catalogue: it is empty, longer than a record's field, or
-/// cannot be listed. A sentence; empty when a ship can. The blanks at its ends do not count.
+/// Why a name cannot be a ship's, in the list or in the catalogue: it is empty, longer than a record's field, or cannot
+/// be listed. A sentence; empty when it can. Spaces at the ends do not count.
 std::string WhyNoShipName(const std::string& name);
 
-/// True when a text can stand in the list: it holds no double quote and no control character, line breaks included.
+/// True when the list can hold a text: it has no double quote and no control character, line breaks included.
 bool CanBeListed(const std::string& text);
 
 /// A ship's line in the list, without a line end: its texts in double quotes, a comma between the values.

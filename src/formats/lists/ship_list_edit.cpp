@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "base/file_error.h"
+#include "base/ship_fields.h"
 #include "base/text.h"
 #include "files/whole_file.h"
 
@@ -11,7 +12,7 @@ namespace oravin {
 
 namespace {
 
-/// The text as a record of the catalogue holds it.
+/// The text as a catalogue record holds it.
 std::string AsRecorded(const std::string& text) { return ShipText(text).Trimmed(); }
 
 /// The line end that the list uses first.
@@ -38,10 +39,10 @@ void Replace(std::string& text, const TextSpan& span, const std::string& by) {
   text.replace(span.begin, span.end - span.begin, by);
 }
 
-/// The changed text with its new count, read again.
+/// Parses the changed text, with its new count.
 /// @param ships what it must list
 ShipListText Changed(const ShipListText& list, std::string text, const std::vector<ListedShip>& ships) {
-  // The count stands before all ships, so its place is still right.
+  // The count comes before all ships, so its place has not changed.
   if (ships.size() != list.lines.size()) Replace(text, list.count, std::to_string(ships.size()));
   ShipListText changed = ParseShipList(list.path, std::move(text), 0);
   if (ShipsIn(changed) != ships) {
@@ -50,8 +51,10 @@ ShipListText Changed(const ShipListText& list, std::string text, const std::vect
   return changed;
 }
 
-std::optional<std::size_t> FindFrom(const ShipListText& list, const std::string& name, const std::string& file,
-                                    std::size_t from) {
+}  // namespace
+
+std::optional<std::size_t> FindImportedLine(const ShipListText& list, const std::string& name, const std::string& file,
+                                            std::size_t from) {
   for (std::size_t i = from; i < list.lines.size(); ++i) {
     const ListedShip& ship = list.lines[i].ship;
     if (ship.kind == importedKind && SameName(AsRecorded(ship.name), AsRecorded(name)) &&
@@ -62,25 +65,6 @@ std::optional<std::size_t> FindFrom(const ShipListText& list, const std::string&
   return std::nullopt;
 }
 
-}  // namespace
-
-std::optional<std::size_t> FindImportedLine(const ShipListText& list, const std::string& name,
-                                            const std::string& file) {
-  return FindFrom(list, name, file, 0);
-}
-
-std::vector<std::optional<std::size_t>> FindImportedLines(const ShipListText& list, const Ships& ships) {
-  std::vector<std::optional<std::size_t>> lines;
-  std::set<std::size_t> taken;
-  for (const ShipRecord& ship : ships) {
-    const std::string name = ship.ShipName.Trimmed();
-    auto line = FindFrom(list, name, ModelOf(ship), 0);
-    while (line && !taken.insert(*line).second) line = FindFrom(list, name, ModelOf(ship), *line + 1);
-    lines.push_back(line);
-  }
-  return lines;
-}
-
 ShipListText WithShip(const ShipListText& list, const ListedShip& ship) {
   for (const std::string& text : {ship.name, ship.file, ship.texture0, ship.texture1}) Refuse(list, text);
   const std::string lineEnd = LineEndOf(list);
@@ -88,7 +72,7 @@ ShipListText WithShip(const ShipListText& list, const ListedShip& ship) {
   const bool joined = list.lines.empty() ? at > list.count.end && list.text[at - 1] == ',' : list.lines.back().joined;
   const bool lineBegins = at > 0 && (list.text[at - 1] == '\n' || list.text[at - 1] == '\r');
   std::string text = list.text;
-  // Behind a comma a line end would stand for an empty value.
+  // After a comma a line end would stand for an empty value.
   text.insert(at, (joined || lineBegins ? "" : lineEnd) + ShipListLine(ship) + lineEnd);
   std::vector<ListedShip> ships = ShipsIn(list);
   ships.push_back(ship);

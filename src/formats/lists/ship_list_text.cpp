@@ -5,10 +5,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/ship_fields.h"
 #include "base/text.h"
-#include "catalogue/ship_record.h"
-#include "desk/dialogs.h"
-#include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
@@ -19,7 +17,7 @@ namespace {
 
 constexpr std::uint64_t largestOldList = std::uint64_t{16} << 20;
 
-/// Why the reader would not take a ship as it is; empty when it would.
+/// Why ReadShipList would refuse a ship; empty when it would not.
 std::string WhyUnreadable(const ListedShip& ship) {
   if (ship.kind < -32768 || ship.kind > 32767) return "its kind is no 16-bit number";
   if (ship.statsIndex < 0 || ship.statsIndex > 32767) return "its statistics block is not from 0 to 32767";
@@ -30,7 +28,7 @@ std::string WhyUnreadable(const ListedShip& ship) {
   return file.empty() || IsPlainFileName(file) ? "" : "\"" + ship.file + "\" is no file name";
 }
 
-/// A sentence as a part of another one.
+/// A sentence as part of another one: lower case, without its full stop.
 std::string AsClause(const std::string& sentence) {
   return LowerCase(sentence.substr(0, 1)) + sentence.substr(1, sentence.size() - 2);
 }
@@ -42,7 +40,7 @@ std::string WhyNotText(const std::string& what, const std::string& text) {
   return CanBeListed(text) ? "" : what + " has a quote or a line end in it";
 }
 
-/// Keeps a list that is about to be replaced, unless it has these bytes already.
+/// Keeps a copy of a list that is about to be replaced, unless it has these bytes already.
 void KeepOldList(Files& files, const std::string& path, const Bytes& fresh) {
   if (!FileExists(files, path)) return;
   if (FileLength(files, path) == fresh.size() && ReadWhole(files, path, largestOldList) == fresh) return;
@@ -57,15 +55,6 @@ std::optional<ListFault> WhyNotThatMany(std::span<const ListedShip> ships) {
   if (ships.empty()) return ListFault{"There are no ships in the list.", std::nullopt};
   if (ships.size() <= mostListedShips) return std::nullopt;
   return ListFault{"There are more than " + Grouped(mostListedShips) + " ships in the list.", std::nullopt};
-}
-
-/// Why a list could not be read back.
-std::optional<ListFault> WhyUnreadable(std::span<const ListedShip> ships) {
-  if (auto fault = WhyNotThatMany(ships)) return fault;
-  for (std::size_t i = 0; i < ships.size(); ++i) {
-    if (const std::string why = WhyUnreadable(ships[i]); !why.empty()) return FaultAt(ships, i, why);
-  }
-  return std::nullopt;
 }
 
 }  // namespace
@@ -103,22 +92,24 @@ std::optional<ListFault> WhyNotSaved(std::span<const ListedShip> ships) {
   return std::nullopt;
 }
 
+std::optional<ListFault> WhyUnreadable(std::span<const ListedShip> ships) {
+  if (auto fault = WhyNotThatMany(ships)) return fault;
+  for (std::size_t i = 0; i < ships.size(); ++i) {
+    if (const std::string why = WhyUnreadable(ships[i]); !why.empty()) return FaultAt(ships, i, why);
+  }
+  return std::nullopt;
+}
+
 std::string TextOfShipList(std::span<const ListedShip> ships) {
   std::string text = std::to_string(ships.size()) + "\r\n";
   for (const ListedShip& ship : ships) text += ShipListLine(ship) + "\r\n";
   return text;
 }
 
-bool SaveShipList(Host& host, const std::string& path, std::span<const ListedShip> ships, bool keepOld) {
-  if (const auto fault = WhyUnreadable(ships)) {
-    Show(host, fault->text + "\nThe ship list was not saved.", Icon::exclamation, "Ship list");
-    return false;
-  }
-  return Trap(host, "SaveShipList", [&] {
-    const Bytes fresh = BytesOf(TextOfShipList(ships));
-    if (keepOld) KeepOldList(host.files, path, fresh);
-    WriteWhole(host.files, path, fresh);
-  });
+void ReplaceShipList(Files& files, const std::string& path, std::span<const ListedShip> ships) {
+  const Bytes fresh = BytesOf(TextOfShipList(ships));
+  KeepOldList(files, path, fresh);
+  WriteWhole(files, path, fresh);
 }
 
 }  // namespace oravin

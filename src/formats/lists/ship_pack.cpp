@@ -1,25 +1,21 @@
 #include "lists/ship_pack.h"
 
-#include "base/text.h"
-
 #include <algorithm>
 #include <utility>
 
 #include "base/delimited_text.h"
-#include "desk/dialogs.h"
-#include "desk/error_trap.h"
-#include "desk/program_end.h"
+#include "base/file_error.h"
+#include "base/text.h"
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "models/class_byte.h"
 
 namespace oravin {
 
 namespace {
 
 constexpr std::uint64_t longestPack = std::uint64_t{16} << 20;
-/// No name and no path is longer; a list would take very long to show such a text.
+/// Longer than any name or path; showing a longer text in a list is very slow.
 constexpr std::size_t longestItem = 1000;
 constexpr std::size_t shownOfItem = 40;
 
@@ -28,7 +24,7 @@ constexpr std::size_t shownOfItem = 40;
   for (char& c : shown) {
     if (const auto code = static_cast<unsigned char>(c); code < 32 || code == 127) c = '?';
   }
-  throw FileError("could not read", text.path, "\"" + shown + "\" " + why);
+  throw FileError("could not read", text.path, "\"" + shown + "\" " + why, ErrorKind::damaged);
 }
 
 std::string Bounded(const DelimitedText& text, std::string item) {
@@ -36,18 +32,18 @@ std::string Bounded(const DelimitedText& text, std::string item) {
   return item;
 }
 
-/// The path of a model below the pack's folder. Its item is folders and a file name, each plain, behind one character
-/// that does not count, whatever it is.
+/// The path of a model below the pack's folder. Its item is one character of any kind, which is dropped, and then plain
+/// names of folders and of the file.
 std::string ModelBelow(const DelimitedText& text, const std::string& folder, const std::string& item) {
   std::string model = item.empty() ? item : item.substr(1);
-  model.resize(model.find_last_not_of(' ') + 1);  // as at the end of every path
+  model.resize(model.find_last_not_of(' ') + 1);  // spaces at the end of a path do not count
   for (char& c : model) {
     if (c == '/') c = '\\';
   }
   if (model.empty()) Refuse(text, item, "is no file name");
   for (std::size_t begin = 0; begin <= model.size();) {
     const std::size_t end = std::min(model.find('\\', begin), model.size());
-    // An empty part makes an absolute path or a server's, a colon a drive, dots lead out of the folder.
+    // An empty part would make the path absolute or a server's, a colon a drive; dots would leave the folder.
     if (!IsPlainFileName(model.substr(begin, end - begin))) {
       Refuse(text, item, "is no model below the pack's own folder");
     }
@@ -58,53 +54,30 @@ std::string ModelBelow(const DelimitedText& text, const std::string& folder, con
 
 PackShip TakePackShip(DelimitedText& text, const std::string& folder) {
   PackShip ship;
-  // Empty lines between the ships stand for nothing, but a ship's own lines may be blank: a switch that is suggested
-  // by none is an empty line where every item has a line of its own.
+  // Empty lines between ships are skipped, but a ship's own lines may be empty: where every item has a line of its own,
+  // an empty one suggests no switch.
   ship.modelPath = ModelBelow(text, folder, Bounded(text, TakeText(text)));
   ship.shipName = Bounded(text, TakeItem(text));
   ship.suggestedSwitch = Bounded(text, TakeItem(text));
   return ship;
 }
 
-std::vector<PackShip> TakePackShips(DelimitedText& text, const std::string& folder) {
-  std::vector<PackShip> ships(mostPackShips);
-  ships.front().header = TakeItem(text);
-  std::size_t count = 0;
-  while (!AtEnd(text)) {
-    if (count == ships.size()) {
-      throw FileError("could not read", text.path, "it lists more than " + std::to_string(mostPackShips) + " ships");
-    }
-    PackShip ship = TakePackShip(text, folder);
-    ship.header = std::move(ships[count].header);
-    ships[count] = std::move(ship);
-    ++count;
-  }
-  ships.resize(count + 1);
-  return ships;
-}
-
 }  // namespace
 
-int GetPAK(Host& host, std::string path, const std::string& folder, std::vector<PackShip>& ships) {
-  TrimInPlace(path);
-  if (!FileExists(host.files, path)) {
-    Show(host, "Error in GetPAK - file not found", Icon::information);
-    throw ProgramEnd();
-  }
-  return Trapped(host, "GetPAK", 0, [&] {
-    const std::string all = TextOf(ReadWhole(host.files, path, longestPack));
-    DelimitedText text{path, all};
-    std::vector<PackShip> read = TakePackShips(text, folder);
-    const std::size_t count = read.size() - 1;
-    for (std::size_t i = 0; i < count; ++i) {
-      PackShip& ship = read[i];
-      // A box for each of many missing models would help nobody.
-      const bool capital = FileExists(host.files, ship.modelPath) && IsCapitalShip(host.files, ship.modelPath);
-      ship.shipClass = capital ? capitalClass : fighterClass;
+ShipPack ReadShipPack(Files& files, const std::string& path, const std::string& folder) {
+  RequireFile(files, path);
+  const std::string all = TextOf(ReadWhole(files, path, longestPack));
+  DelimitedText text{path, all};
+  ShipPack pack;
+  pack.header = TakeItem(text);
+  while (!AtEnd(text)) {
+    if (pack.ships.size() == mostPackShips) {
+      throw FileError("could not read", path, "it lists more than " + std::to_string(mostPackShips) + " ships",
+                      ErrorKind::tooMany);
     }
-    ships = std::move(read);
-    return static_cast<int>(count);
-  });
+    pack.ships.push_back(TakePackShip(text, folder));
+  }
+  return pack;
 }
 
 }  // namespace oravin

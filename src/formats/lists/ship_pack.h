@@ -3,50 +3,42 @@
 #include <string>
 #include <vector>
 
-#include "desk/host.h"
+#include "files/files.h"
 
-/// The ship pack (`*.pak`): a text of items separated by commas or line ends, of which quoted ones may hold commas.
-/// First a header; then for each ship
+/// The ship pack (`*.pak`): a text of items separated by commas or line ends; quoted items may hold commas. First comes
+/// a header, then for each ship
 ///
-///     the model below the pack's own folder, behind one character (a separator) that is dropped: "\reaper.shp"
+///     the model below the pack's own folder, after one character (a separator) that is dropped: "\reaper.shp"
 ///     the ship's name
-///     the name of the stock ship that the pack suggests to switch to it; blank for none
+///     the name of the stock ship that the pack suggests to switch to it; empty for none
 ///
-/// An empty line is an empty item, but before a model and at the end of the file it stands for nothing.
+/// An empty line is an empty item, except before a model and at the end of the file, where it is skipped.
 namespace oravin {
-
-/// The classes of a ship.
-inline constexpr int fighterClass = 1;
-inline constexpr int capitalClass = 2;
 
 /// One ship of a pack.
 struct PackShip {
-  int shipClass = 0;            ///< fighterClass or capitalClass ("class" is a word of the language)
   std::string modelPath;        ///< the pack's folder and the model's item without its first character
-  std::string shipName;         ///< as it stands in the pack; blanks at its ends do not count
-  std::string header;           ///< the pack's header; in the first entry alone
-  std::string suggestedSwitch;  ///< the stock ship to switch to this one; blank for none
+  std::string shipName;         ///< as the pack has it; spaces at its ends do not count
+  std::string suggestedSwitch;  ///< the stock ship to switch to this one; empty for none
 
   bool operator==(const PackShip&) const = default;
 };
 
-/// As many ships as one pack can hold.
+struct ShipPack {
+  std::string header;
+  std::vector<PackShip> ships;
+
+  bool operator==(const ShipPack&) const = default;
+};
+
+/// The most ships in one pack.
 inline constexpr int mostPackShips = 301;
 
-/// Reads a pack.
-///
-/// The array gets one entry more than there are ships. The last one is empty, but for the header of a pack without
-/// ships: that is meant. A slash in a model's item becomes a backslash. A model that is missing makes its ship a
-/// fighter, without a word: the import tells of it.
-///
-/// A missing pack gives the box "Error in GetPAK - file not found" with the information icon, and the program ends:
-/// that is meant. The error trap's box comes for a pack without a header, one that ends within a ship, has a quote that
-/// does not close on its line, or more than mostPackShips ships, for an item of enormous length, and for a model that
-/// is no file below the pack's own folder (an absolute path, a drive, "..", no plain name). The array is left as it was
-/// then.
-///
+/// Reads a pack. Slashes in a model's item become backslashes; whether the models exist does not matter.
 /// @param folder the pack's folder, ending in a backslash
-/// @return the number of ships; 0 on any error
-int GetPAK(Host& host, std::string path, const std::string& folder, std::vector<PackShip>& ships);
+/// @throws FileError of the kind `missing` without a pack; of another kind for a pack without a header, one that ends
+///   within a ship, has a quote that is not closed on its line, has more than mostPackShips ships or an enormous item,
+///   and for a model that is not below the pack's own folder (an absolute path, a drive, "..", no plain name)
+ShipPack ReadShipPack(Files& files, const std::string& path, const std::string& folder);
 
 }  // namespace oravin

@@ -6,13 +6,11 @@
 #include "base/file_error.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 
 namespace oravin {
 namespace {
 
-using test::ScriptedHost;
 using test::TemporaryFolder;
 using test::WriteFileAt;
 
@@ -34,34 +32,45 @@ Bytes FileOf(const Ships& ships) {
 
 struct Catalogue : testing::Test {
   TemporaryFolder folder;
-  ScriptedHost at;
+  Files files;
   Ships ships;
 
   [[nodiscard]] std::filesystem::path Native() const { return folder.Native("ships.dat"); }
   [[nodiscard]] std::string Path() const { return folder.Windows("ships.dat"); }
-  int Load() { return LoadCatalogue(at.host, Path(), ships); }
-  void ExpectLoadError(const std::string& reason) {
-    at.desk.ExpectBox("Error - could not read " + Path() + ": " + reason, "LoadCatalogue", Icon::exclamation);
+  /// Reads the catalogue.
+  /// @return the number of elements
+  std::size_t Load() {
+    ships = ReadCatalogue(files, Path());
+    return ships.size();
+  }
+  void ExpectRefused(const std::string& reason) {
+    try {
+      Load();
+      ADD_FAILURE() << "it was read";
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.what(), "could not read " + Path() + ": " + reason);
+    }
+    EXPECT_EQ(files.open, 0);
   }
 };
 
 TEST_F(Catalogue, AFileWithoutRecordsLoadsAsOneEmptyElement) {
   WriteFileAt(Native(), "");
-  EXPECT_EQ(Load(), 1);
+  EXPECT_EQ(Load(), 1U);
   ASSERT_EQ(ships.size(), 1U);
   EXPECT_TRUE(IsInert(ships[0]));
 }
 
 TEST_F(Catalogue, OneRecordLoadsAsTwoElements) {
   WriteFileAt(Native(), FileOf({Ship("Tiger", "tiger.shp")}));
-  EXPECT_EQ(Load(), 2);
+  EXPECT_EQ(Load(), 2U);
   EXPECT_EQ(ships[0].ShipName.Trimmed(), "Tiger");
   EXPECT_TRUE(IsInert(ships[1]));
 }
 
 TEST_F(Catalogue, ThreeRecordsLoadAsFourElementsTheLastOneEmpty) {
   WriteFileAt(Native(), FileOf({Ship("A", "a.shp"), Ship("B", "b.shp"), Ship("C", "c.shp")}));
-  EXPECT_EQ(Load(), 4);
+  EXPECT_EQ(Load(), 4U);
   ASSERT_EQ(ships.size(), 4U);
   EXPECT_EQ(ships[2].ShipFile.Trimmed(), "c.shp");
   EXPECT_EQ(ships[3].ShipName.Trimmed(), "");
@@ -76,80 +85,64 @@ TEST_F(Catalogue, AnIncompleteRecordAtTheEndIsPassedOver) {
   Bytes bytes = FileOf({Ship("A", "a.shp"), Ship("B", "b.shp")});
   bytes.pop_back();
   WriteFileAt(Native(), bytes);
-  EXPECT_EQ(Load(), 2);
+  EXPECT_EQ(Load(), 2U);
   EXPECT_EQ(ships[0].ShipName.Trimmed(), "A");
   EXPECT_TRUE(IsInert(ships[1]));
 }
 
 TEST_F(Catalogue, AFileShorterThanARecordLoadsAsOneEmptyElement) {
   WriteFileAt(Native(), Bytes(867, 0xFF));
-  EXPECT_EQ(Load(), 1);
+  EXPECT_EQ(Load(), 1U);
   EXPECT_TRUE(IsInert(ships[0]));
 }
 
-TEST_F(Catalogue, WhatWasLoadedBeforeIsReplaced) {
-  ships.resize(9);
-  WriteFileAt(Native(), FileOf({Ship("A", "a.shp")}));
-  EXPECT_EQ(Load(), 2);
-  EXPECT_EQ(ships.size(), 2U);
-}
-
-TEST_F(Catalogue, ADamagedRecordIsNamedAndNothingIsLoaded) {
+TEST_F(Catalogue, ADamagedRecordIsNamed) {
   Bytes bytes = FileOf({Ship("A", "a.shp"), Ship("B", "b.shp"), Ship("C", "c.shp")});
   bytes[868 + 60] = 99;  // the tag of the second record's kind
   WriteFileAt(Native(), bytes);
-  ships.resize(5);
-  ExpectLoadError("record 2 is damaged");
-  EXPECT_EQ(Load(), 0);
-  EXPECT_TRUE(ships.empty());
+  ExpectRefused("record 2 is damaged");
   EXPECT_EQ(test::ReadFileAt(Native()), bytes);
 }
 
-TEST_F(Catalogue, AMissingFileGivesItsBox) {
-  at.desk.ExpectBox("Error - could not open " + Path() + ": it does not exist", "LoadCatalogue", Icon::exclamation);
-  EXPECT_EQ(Load(), 0);
-  EXPECT_TRUE(ships.empty());
+TEST_F(Catalogue, AMissingFileIsAnError) {
+  EXPECT_THROW(Load(), FileError);
   EXPECT_FALSE(std::filesystem::exists(Native()));
 }
 
 TEST_F(Catalogue, MoreRecordsThanAnIndexCanCountAreRefused) {
   WriteFileAt(Native(), "");
   std::filesystem::resize_file(Native(), 32767ULL * 868);
-  ExpectLoadError("it is too large to be a ship catalogue");
-  EXPECT_EQ(Load(), 0);
+  ExpectRefused("it is too large to be a ship catalogue");
 }
 
 TEST_F(Catalogue, AnEnormousFileIsRefusedWithoutReadingIt) {
   WriteFileAt(Native(), "");
   {
     // In 32 bits its length would be that of three records. The file system can leave the zeros out.
-    Files files;
     File file(files, Path(), OpenFor::changing);
     SetLength(file, (std::uint64_t{1} << 32) + 3 * shipRecordSize);
   }
-  ExpectLoadError("it is too large to be a ship catalogue");
-  EXPECT_EQ(Load(), 0);
+  ExpectRefused("it is too large to be a ship catalogue");
 }
 
-TEST_F(Catalogue, WhateverFailsGivesOneBoxAndNoShips) {
+TEST_F(Catalogue, AFailureOfAnyOperationIsThrown) {
   WriteFileAt(Native(), FileOf({Ship("A", "a.shp"), Ship("B", "b.shp")}));
   test::AtEachOperation(test::FaultKind::failure, [&](test::Fault& fault) {
-    ScriptedHost failing;
-    failing.desk.AllowOthers([](const Message&) { return Answer::ok; });
-    test::Watch(failing.host.files, fault);
-    Ships loaded(7);
-    const int count = LoadCatalogue(failing.host, Path(), loaded);
-    EXPECT_EQ(count, fault.happened ? 0 : 3);
-    EXPECT_EQ(loaded.size(), fault.happened ? 0U : 3U);
-    EXPECT_EQ(failing.desk.shown.size(), fault.happened ? 1U : 0U);
-    EXPECT_EQ(failing.host.files.open, 0);
+    test::Watch(files, fault);
+    try {
+      EXPECT_EQ(Load(), 3U);
+      EXPECT_FALSE(fault.happened);
+    } catch (const FileError&) {
+      EXPECT_TRUE(fault.happened);
+    }
+    EXPECT_EQ(files.open, 0);
   });
 }
 
 TEST_F(Catalogue, TwoConsecutiveRecordsWithOneNameAreOneTwoPartShip) {
   WriteFileAt(Native(),
               FileOf({Ship("A", "a.shp"), Ship("Tiger", "b.shp"), Ship("  tIGER", "c.shp"), Ship("D", "d.shp")}));
-  EXPECT_EQ(Load(), 5);
+  EXPECT_EQ(Load(), 5U);
   EXPECT_FALSE(ships[0].HasSecondPart);
   EXPECT_TRUE(ships[1].HasSecondPart);
   EXPECT_EQ(ships[1].SecondPartIndex, Int16Value(2));
@@ -159,7 +152,7 @@ TEST_F(Catalogue, TwoConsecutiveRecordsWithOneNameAreOneTwoPartShip) {
 
 TEST_F(Catalogue, ThreeConsecutiveRecordsWithOneNameFlagTheFirstAndTheSecond) {
   WriteFileAt(Native(), FileOf({Ship("T", "a.shp"), Ship("T", "b.shp"), Ship("T", "c.shp")}));
-  EXPECT_EQ(Load(), 4);
+  EXPECT_EQ(Load(), 4U);
   EXPECT_TRUE(ships[0].HasSecondPart);
   EXPECT_TRUE(ships[1].HasSecondPart);
   EXPECT_FALSE(ships[2].HasSecondPart);
@@ -181,14 +174,13 @@ TEST_F(Catalogue, TheFlagsInTheFileDoNotMatter) {
   EXPECT_EQ(ships[0].SecondPartIndex, Int16Value(0));
 }
 
-TEST_F(Catalogue, TheSurplusElementIsNobodysSecondPart) {
+TEST_F(Catalogue, TheSentinelIsNobodysSecondPart) {
   WriteFileAt(Native(), FileOf({Ship("", "a.shp")}));
-  EXPECT_EQ(Load(), 2);
+  EXPECT_EQ(Load(), 2U);
   EXPECT_FALSE(ships[0].HasSecondPart);
 }
 
 TEST_F(Catalogue, EnabledIsWhileTheFileExistsAndIsNotEmpty) {
-  Files files;
   EXPECT_FALSE(FeaturesEnabled(files, folder.windows + "ships.dat"));
   WriteFileAt(Native(), "");
   EXPECT_FALSE(FeaturesEnabled(files, folder.windows + "ships.dat"));
@@ -211,7 +203,7 @@ struct PutRecord : Catalogue {
 TEST_F(PutRecord, WritesOneSlotAndKeepsAllOtherBytes) {
   ships[1].Changed = true;
   ships[1].ChangedToName.Set("C");
-  PutShipRecord(at.host.files, folder.windows + "ships.dat", ships, 1);
+  PutShipRecord(files, folder.windows + "ships.dat", ships, 1);
   Bytes expected = before;
   const auto slot = SlotOf(ships[1]);
   ASSERT_TRUE(slot);
@@ -223,9 +215,9 @@ TEST_F(PutRecord, WritesOneSlotAndKeepsAllOtherBytes) {
 TEST_F(PutRecord, ReadsBackAsItWasWritten) {
   ships[2].Changed = true;
   ships[2].ChangedToIndex = Int16Value(1);
-  PutShipRecord(at.host.files, folder.windows + "ships.dat", ships, 2);
+  PutShipRecord(files, folder.windows + "ships.dat", ships, 2);
   const Ships written = ships;
-  EXPECT_EQ(Load(), 4);
+  EXPECT_EQ(Load(), 4U);
   EXPECT_EQ(ships, written);
 }
 
@@ -240,28 +232,28 @@ std::string ErrorOf(Run&& run) {
   return "no error";
 }
 
-TEST_F(PutRecord, TheSurplusElementIsNeverWritten) {
-  EXPECT_EQ(ErrorOf([&] { PutShipRecord(at.host.files, folder.windows + "ships.dat", ships, 3); }),
+TEST_F(PutRecord, TheSentinelIsNeverWritten) {
+  EXPECT_EQ(ErrorOf([&] { PutShipRecord(files, folder.windows + "ships.dat", ships, 3); }),
             "could not write " + Path() + ": it has no record 4");
   EXPECT_EQ(test::ReadFileAt(Native()), before);
 }
 
 TEST_F(PutRecord, AMissingFileIsNotMade) {
   std::filesystem::remove(Native());
-  EXPECT_EQ(ErrorOf([&] { PutShipRecord(at.host.files, folder.windows + "ships.dat", ships, 0); }),
+  EXPECT_EQ(ErrorOf([&] { PutShipRecord(files, folder.windows + "ships.dat", ships, 0); }),
             "could not open " + Path() + ": it does not exist");
   EXPECT_FALSE(std::filesystem::exists(Native()));
 }
 
 TEST_F(PutRecord, AReadOnlyFileIsAnError) {
   test::SetReadOnly(Native(), true);
-  EXPECT_EQ(ErrorOf([&] { PutShipRecord(at.host.files, folder.windows + "ships.dat", ships, 0); }),
+  EXPECT_EQ(ErrorOf([&] { PutShipRecord(files, folder.windows + "ships.dat", ships, 0); }),
             "could not open " + Path() + ": it is read-only");
 }
 
 TEST_F(PutRecord, ARecordThatDoesNotFitIsAnError) {
   ships[0].ShipKind = {TaggedValue::text, 0, std::string(100, 'x')};
-  EXPECT_EQ(ErrorOf([&] { PutShipRecord(at.host.files, folder.windows + "ships.dat", ships, 0); }),
+  EXPECT_EQ(ErrorOf([&] { PutShipRecord(files, folder.windows + "ships.dat", ships, 0); }),
             "could not write " + Path() + ": a record is longer than its slot");
   EXPECT_EQ(test::ReadFileAt(Native()), before);
 }

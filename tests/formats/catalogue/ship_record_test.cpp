@@ -77,7 +77,7 @@ TEST(ShipRecord, AnEmptyOneComesBackEmpty) {
   EXPECT_EQ(RecordFrom(*slot), ShipRecord());
 }
 
-TEST(ShipRecord, TextFieldsReadBackArePaddedWithBlanks) {
+TEST(ShipRecord, TextFieldsReadBackArePaddedWithSpaces) {
   const auto ship = RecordFrom(TigersSlot());
   ASSERT_TRUE(ship);
   EXPECT_EQ(std::string(ship->ShipName.characters.data(), 30), Padded("Tiger"));
@@ -196,12 +196,12 @@ TEST(ShipRecord, RandomRecordsComeBackAsTheyWere) {
   }
 }
 
-TEST(ShipRecord, TheBackupBearsTheModelsNameWithAnotherExtension) {
+TEST(ShipRecord, TheBackupHasTheModelsNameWithAnotherExtension) {
   EXPECT_EQ(ModelOf(Tiger()), "tiger.shp");
   EXPECT_EQ(BackupOf(Tiger()), "tiger.org");
 }
 
-TEST(ShipRecord, ABlankModelMakesItInert) {
+TEST(ShipRecord, AnEmptyModelMakesItInert) {
   ShipRecord ship = Tiger();
   EXPECT_FALSE(IsInert(ship));
   EXPECT_TRUE(IsStock(ship));
@@ -243,7 +243,7 @@ TEST(ShipRecord, AShipWithASecondPartSpansTwoRecords) {
   EXPECT_EQ(PartsOf(ship), 2);
 }
 
-TEST(FindShip, TakesTheFirstOfThatNameWithoutBlanksAndCase) {
+TEST(FindShip, TakesTheFirstOfThatNameWithoutSpacesAndCase) {
   Ships ships(4);
   ships[0].ShipName.Set("Tiger");  // inert: it has no model
   ships[1].ShipName.Set(" tiger ");

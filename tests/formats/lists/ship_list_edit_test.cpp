@@ -1,4 +1,4 @@
-// Changes to the ship list: what is meant changes, and every other byte stays.
+// Changes to the ship list: only the intended bytes change.
 
 #include "lists/ship_list_edit.h"
 
@@ -6,7 +6,6 @@
 
 #include "base/file_error.h"
 #include "support/fault.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
@@ -24,7 +23,7 @@ std::string Naming(const std::string& text, std::size_t line, const std::string&
   return WithName(Parsed(text), line, name).text;
 }
 
-TEST(AddedLine, StandsBehindTheOthersAndTheCountIsRaised) {
+TEST(AddedLine, ComesAfterTheOthersAndTheCountIsRaised) {
   EXPECT_EQ(Adding("1\r\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\r\n"),
             std::string("2\r\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\r\n") + addedLine + "\r\n");
 }
@@ -112,7 +111,7 @@ TEST(RemovedLine, IsWhatAddingItMade) {
   }
 }
 
-TEST(RemovedLine, ItsBlanksGoWithItAndEmptyLinesStay) {
+TEST(RemovedLine, ItsSpacesGoWithItAndEmptyLinesStay) {
   EXPECT_EQ(Removing("2\n\n \t3,M,m.shp,0,h,  \n\n1,A,a.shp,4,h,w\n", {0}), "1\n\n\n1,A,a.shp,4,h,w\n");
 }
 
@@ -156,13 +155,10 @@ TEST(ImportedLine, ALongNameIsComparedAsTheCatalogueHoldsIt) {
   EXPECT_EQ(FindImportedLine(list, longName.substr(0, 30), "m.shp"), 0U);
 }
 
-TEST(ImportedLine, ShipsThatAreAlikeGetALineEach) {
+TEST(ImportedLine, IsFoundFromALineOn) {
   const ShipListText list = Parsed("2\n3,M,m.shp,0,,\n3,M,m.shp,0,,\n");
-  ShipRecord ship;
-  ship.ShipName.Set("M");
-  ship.ShipFile.Set("m.shp");
-  EXPECT_EQ(FindImportedLines(list, {ship, ship, ship}),
-            (std::vector<std::optional<std::size_t>>{0U, 1U, std::nullopt}));
+  EXPECT_EQ(FindImportedLine(list, "M", "m.shp", 1), 1U);
+  EXPECT_EQ(FindImportedLine(list, "M", "m.shp", 2), std::nullopt);
 }
 
 struct ShipListFile : testing::Test {

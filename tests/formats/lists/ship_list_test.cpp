@@ -6,9 +6,8 @@
 
 #include <algorithm>
 
-#include "desk/program_end.h"
+#include "base/file_error.h"
 #include "support/fault.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
@@ -17,24 +16,29 @@ namespace {
 struct ShipList : testing::Test {
   std::vector<ListedShip> Read(const std::string& text) {
     WriteFileAt(folder.Native("shipsData.txt"), text);
-    return ReadShipList(here.host, folder.windows + "shipsData.txt");
+    return ReadShipList(files, folder.windows + "shipsData.txt");
   }
-  /// The list is refused by the error trap's box, for a reason and in a line of the file.
+  /// The error of a list that is refused.
+  FileError Refused(const std::string& text) {
+    try {
+      Read(text);
+      ADD_FAILURE() << "it was read";
+    } catch (const FileError& error) {
+      return error;
+    }
+    return {"", "", ""};
+  }
   void ExpectRefused(const std::string& text, const std::string& reason) {
-    SCOPED_TRACE(text);
-    here.desk.ExpectBox("Error - could not read " + folder.Windows("shipsData.txt") + ": " + reason, "ReadShipList");
-    EXPECT_TRUE(Read(text).empty());
-    EXPECT_TRUE(here.desk.Done());
-  }
-  void ExpectProgramEnd(const std::string& text) {
-    SCOPED_TRACE(text);
-    here.desk.ExpectBox("Error in shipsData.txt file", programTitle, Icon::critical);
-    EXPECT_THROW(Read(text), ProgramEnd);
-    EXPECT_TRUE(here.desk.Done());
+    SCOPED_TRACE(text.substr(0, 200));
+    const FileError error = Refused(text);
+    EXPECT_EQ(error.what(), "could not read " + folder.Windows("shipsData.txt") + ": " + reason);
+    // These kinds have message boxes of their own.
+    EXPECT_NE(error.kind, ErrorKind::missing);
+    EXPECT_NE(error.kind, ErrorKind::wrongFormat);
   }
 
   TemporaryFolder folder;
-  ScriptedHost here;
+  Files files;
 };
 
 TEST_F(ShipList, SixValuesAShipInTheOrderOfTheFile) {
@@ -71,7 +75,7 @@ TEST_F(ShipList, LinesMayEndInOneCharacterOrTwo) {
 
 TEST_F(ShipList, TheLastLineNeedsNoEnd) { EXPECT_EQ(Read("1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"").size(), 1U); }
 
-TEST_F(ShipList, EmptyLinesAndBlanksBetweenValuesDoNotMatter) {
+TEST_F(ShipList, EmptyLinesAndSpacesBetweenValuesDoNotMatter) {
   const auto ships =
       Read("\n 2 \n\n 1 , \"A\" ,\"a.shp\", 4 ,\t\"h\",\"w\" \n\n\n2,\"B\",\"b.shp\",5,\"h\",\"w\"\n\n \n");
   ASSERT_EQ(ships.size(), 2U);
@@ -92,11 +96,11 @@ TEST_F(ShipList, TextsNeedNoQuotesWhereTheyHoldNoComma) {
   EXPECT_EQ(ships[0].texture1, "");
 }
 
-TEST_F(ShipList, BlanksInsideQuotesStay) {
+TEST_F(ShipList, SpacesInsideQuotesStay) {
   EXPECT_EQ(Read("1\n1,\" TIGER \",\"t.shp\",4,\"h\",\"w\"")[0].name, " TIGER ");
 }
 
-TEST_F(ShipList, ALineWithABlankModelIsReadWithItsName) {
+TEST_F(ShipList, ALineWithAnEmptyModelIsReadWithItsName) {
   const auto ships = Read("2\n1,\"Nothing\",\"\",4,\"h\",\"w\"\n1,\"Blank\",\"   \",4,\"h\",\"w\"\n");
   ASSERT_EQ(ships.size(), 2U);
   EXPECT_EQ(ships[0].name, "Nothing");
@@ -104,16 +108,19 @@ TEST_F(ShipList, ALineWithABlankModelIsReadWithItsName) {
   EXPECT_EQ(ships[1].file, "   ");
 }
 
-TEST_F(ShipList, AMissingListGivesACriticalBox) {
-  here.desk.ExpectBox("shipsData.txt not found", programTitle, Icon::critical);
-  EXPECT_TRUE(ReadShipList(here.host, folder.windows + "shipsData.txt").empty());
+TEST_F(ShipList, AMissingListIsAnErrorOfItsOwnKind) {
+  try {
+    ReadShipList(files, folder.windows + "shipsData.txt");
+    ADD_FAILURE() << "it was read";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.kind, ErrorKind::missing);
+  }
 }
 
-TEST_F(ShipList, ANumberOfShipsThatIsNotPositiveEndsTheProgram) {
-  ExpectProgramEnd("0\n");
-  ExpectProgramEnd("-1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n");
-  ExpectProgramEnd("-0.5\n");
-  ExpectProgramEnd("-99999999999999999999\n");
+TEST_F(ShipList, ANumberOfShipsThatIsNotPositiveIsAnErrorOfItsOwnKind) {
+  for (const std::string text : {"0\n", "-1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n", "-0.5\n", "-99999999999999999999\n"}) {
+    EXPECT_EQ(Refused(text).kind, ErrorKind::wrongFormat) << text;
+  }
 }
 
 TEST_F(ShipList, AnEmptyListIsRefused) {
@@ -139,7 +146,7 @@ TEST_F(ShipList, MoreShipsThanAnIndexCanTellApartAreRefused) {
   ExpectRefused("2147483648\n", "a whole number from 1 to 2147483647 is wanted (line 1)");
 }
 
-TEST_F(ShipList, AListCutOffBehindAnyValueIsRefused) {
+TEST_F(ShipList, AListCutOffAfterAnyValueIsRefused) {
   const std::vector<std::string> values = {"1", "\"A\"", "\"a.shp\"", "4", "\"h\"", "\"w\""};
   std::string text = "2\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n";
   for (const std::string& value : values) {
@@ -201,7 +208,7 @@ TEST_F(ShipList, AFileOfEnormousSizeIsRefused) {
 TEST_F(ShipList, TheListIsNeverWritten) {
   const std::string text = "1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n";
   std::vector<std::string> changes;
-  here.host.files.before = [&](const FileOperation& operation) {
+  files.before = [&](const FileOperation& operation) {
     if (operation.kind != FileOperation::Kind::open && operation.kind != FileOperation::Kind::read &&
         !IsQuestion(operation.kind)) {
       changes.push_back(InWords(operation));
@@ -212,16 +219,17 @@ TEST_F(ShipList, TheListIsNeverWritten) {
   EXPECT_EQ(ReadTextAt(folder.Native("shipsData.txt")), text);
 }
 
-TEST_F(ShipList, AFailureOfAnyOperationGivesOneBoxAndNoShips) {
-  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
+TEST_F(ShipList, AFailureOfAnyOperationIsThrown) {
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
-    here.desk.shown.clear();
-    Watch(here.host.files, fault);
-    const auto ships = Read("1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n");
-    EXPECT_EQ(ships.size(), fault.happened ? 0U : 1U);
-    EXPECT_EQ(here.desk.shown.size(), fault.happened ? 1U : 0U);
+    Watch(files, fault);
+    try {
+      EXPECT_EQ(Read("1\n1,\"A\",\"a.shp\",4,\"h\",\"w\"\n").size(), 1U);
+      EXPECT_FALSE(fault.happened);
+    } catch (const FileError&) {
+      EXPECT_TRUE(fault.happened);
+    }
+    EXPECT_EQ(files.open, 0);
   });
-  here.host.files.before = nullptr;
   EXPECT_GE(operations, 2);
 }
 

@@ -4,28 +4,25 @@
 
 #include <gtest/gtest.h>
 
+#include "base/file_error.h"
 #include "support/fault.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
 namespace {
 
 struct SavedShipList : testing::Test {
-  bool Save(const std::vector<ListedShip>& ships, bool keepOld = true) {
-    return SaveShipList(here.host, path, ships, keepOld);
-  }
-  void ExpectRefused(const std::vector<ListedShip>& ships, const std::string& why) {
+  void Save(const std::vector<ListedShip>& ships) { ReplaceShipList(files, path, ships); }
+  static void ExpectUnreadable(const std::vector<ListedShip>& ships, const std::string& why) {
     SCOPED_TRACE(why);
-    here.desk.ExpectBox(why + "\nThe ship list was not saved.", "Ship list");
-    EXPECT_FALSE(Save(ships));
-    EXPECT_TRUE(here.desk.Done());
-    EXPECT_FALSE(std::filesystem::exists(folder.Native("shipsData.txt")));
+    const auto fault = WhyUnreadable(ships);
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(fault->text, why);
   }
   [[nodiscard]] std::string Text(const std::string& name) const { return ReadTextAt(folder.Native(name)); }
 
   TemporaryFolder folder;
-  ScriptedHost here;
+  Files files;
   const std::string path = folder.Windows("shipsData.txt");
   const ListedShip alpha = {1, "Alpha", "alpha.shp", 4, "hull", "wing"};
   const ListedShip bravo = {2, "Bravo, the Second", "Bravo.SHP", 32767, "", ""};
@@ -43,60 +40,56 @@ TEST_F(SavedShipList, ReadsBackAsTheSameShips) {
                                          {3, " blanks ", "b c.shp", 0, " t,1 ", "\xE4\xFF'"},
                                          {-32768, "", "", 0, "", ""},
                                          {32767, std::string(500, 'n'), "   ", 1, "a;b", "x"}};
-  ASSERT_TRUE(Save(ships));
-  const std::vector<ListedShip> read = ReadShipList(here.host, folder.windows + "shipsData.txt");
+  EXPECT_FALSE(WhyUnreadable(ships));
+  Save(ships);
+  const std::vector<ListedShip> read = ReadShipList(files, path);
   ASSERT_EQ(read.size(), ships.size());
   for (std::size_t i = 0; i < ships.size(); ++i) EXPECT_TRUE(read[i] == ships[i]) << i;
 }
 
 TEST_F(SavedShipList, ThousandsOfShipsReadBack) {
   std::vector<ListedShip> ships(mostListedShips, alpha);
-  ASSERT_TRUE(Save(ships));
-  EXPECT_EQ(ReadShipList(here.host, folder.windows + "shipsData.txt").size(), ships.size());
+  EXPECT_FALSE(WhyUnreadable(ships));
+  Save(ships);
+  EXPECT_EQ(ReadShipList(files, path).size(), ships.size());
 }
 
-TEST_F(SavedShipList, WhatCouldNotBeReadBackIsNotWritten) {
-  ExpectRefused({}, "There are no ships in the list.");
-  ExpectRefused(std::vector<ListedShip>(mostListedShips + 1, alpha), "There are more than 32,765 ships in the list.");
+TEST_F(SavedShipList, WhatCouldNotBeReadBackIsAFault) {
+  ExpectUnreadable({}, "There are no ships in the list.");
+  ExpectUnreadable(std::vector<ListedShip>(mostListedShips + 1, alpha),
+                   "There are more than 32,765 ships in the list.");
   for (const char* text : {"a\"b", "a\nb", "a\rb"}) {
     for (std::string ListedShip::*const field :
          {&ListedShip::name, &ListedShip::file, &ListedShip::texture0, &ListedShip::texture1}) {
       ListedShip ship = alpha;
       ship.*field = text;
-      ExpectRefused({bravo, ship}, "Line 2, \"" + ship.name + "\": a text of it has a quote or a line end.");
+      ExpectUnreadable({bravo, ship}, "Line 2, \"" + ship.name + "\": a text of it has a quote or a line end.");
     }
   }
   for (const char* file : {"..\\a.shp", "a\\b.shp", "c:a.shp", "con.shp", "a.shp."}) {
     ListedShip ship = alpha;
     ship.file = file;
-    ExpectRefused({ship}, "Line 1, \"Alpha\": \"" + std::string(file) + "\" is no file name.");
+    ExpectUnreadable({ship}, "Line 1, \"Alpha\": \"" + std::string(file) + "\" is no file name.");
   }
   for (const int block : {-1, 32768}) {
     ListedShip ship = alpha;
     ship.statsIndex = block;
-    ExpectRefused({ship}, "Line 1, \"Alpha\": its statistics block is not from 0 to 32767.");
+    ExpectUnreadable({ship}, "Line 1, \"Alpha\": its statistics block is not from 0 to 32767.");
   }
   ListedShip ship = alpha;
   ship.kind = 32768;
-  ExpectRefused({ship}, "Line 1, \"Alpha\": its kind is no 16-bit number.");
+  ExpectUnreadable({ship}, "Line 1, \"Alpha\": its kind is no 16-bit number.");
 }
 
 TEST_F(SavedShipList, AnOldListWithOtherBytesIsKeptUnderTheFirstFreeName) {
   WriteFileAt(folder.Native("shipsData.txt"), "the first list");
-  ASSERT_TRUE(Save({alpha}));
+  Save({alpha});
   EXPECT_EQ(Text("shipsData.old"), "the first list");
-  ASSERT_TRUE(Save({bravo}));
+  Save({bravo});
   EXPECT_EQ(Text("shipsData.old2"), TextOfShipList(std::vector{alpha}));
-  ASSERT_TRUE(Save({bravo}));
+  Save({bravo});
   EXPECT_FALSE(std::filesystem::exists(folder.Native("shipsData.old3"))) << "nothing was replaced";
   EXPECT_EQ(Text("shipsData.txt"), TextOfShipList(std::vector{bravo}));
-}
-
-TEST_F(SavedShipList, AnOldListIsReplacedWhereItNeedNotBeKept) {
-  WriteFileAt(folder.Native("shipsData.txt"), "the first list");
-  ASSERT_TRUE(Save({alpha}, false));
-  EXPECT_EQ(ImageOf(folder.native).size(), 1U);
-  EXPECT_EQ(Text("shipsData.txt"), TextOfShipList(std::vector{alpha}));
 }
 
 TEST_F(SavedShipList, NoFailureAndNoStopLosesTheOldList) {
@@ -104,12 +97,17 @@ TEST_F(SavedShipList, NoFailureAndNoStopLosesTheOldList) {
     AtEachOperation(kind, [&](Fault& fault) {
       TemporaryFolder place;
       WriteFileAt(place.Native("shipsData.txt"), "the old list");
-      ScriptedHost host;
-      host.desk.AllowOthers([](const Message&) { return Answer::ok; });
-      Watch(host.host.files, fault);
+      Files failing;
+      Watch(failing, fault);
       bool saved = false;
-      const bool stopped =
-          Stopped([&] { saved = SaveShipList(host.host, place.Windows("shipsData.txt"), std::vector{alpha}, true); });
+      const bool stopped = Stopped([&] {
+        try {
+          ReplaceShipList(failing, place.Windows("shipsData.txt"), std::vector{alpha});
+          saved = true;
+        } catch (const FileError&) {
+          EXPECT_TRUE(kind == FaultKind::failure && fault.happened) << fault.what;
+        }
+      });
       const std::string now = ReadTextAt(place.Native("shipsData.txt"));
       EXPECT_EQ(now, saved || now != "the old list" ? TextOfShipList(std::vector{alpha}) : "the old list")
           << fault.what;
@@ -118,7 +116,6 @@ TEST_F(SavedShipList, NoFailureAndNoStopLosesTheOldList) {
       }
       if (kind == FaultKind::failure && fault.happened) {
         EXPECT_FALSE(saved) << fault.what;
-        EXPECT_EQ(host.desk.shown.size(), 1U) << fault.what;
         EXPECT_EQ(now, "the old list") << fault.what;
       }
       EXPECT_TRUE(kind == FaultKind::stop || !stopped);
@@ -128,11 +125,11 @@ TEST_F(SavedShipList, NoFailureAndNoStopLosesTheOldList) {
 
 TEST_F(SavedShipList, AnOldListTooLargeToBeRightIsKeptToo) {
   WriteFileAt(folder.Native("shipsData.txt"), std::string((16U << 20U) + 1, 'x'));
-  ASSERT_TRUE(Save({alpha}));
+  Save({alpha});
   EXPECT_EQ(std::filesystem::file_size(folder.Native("shipsData.old")), (16U << 20U) + 1);
 }
 
-/// What a person may list is less than what can be read.
+/// Not everything that can be read should be listed.
 TEST_F(SavedShipList, AShipThatTheCatalogueCouldNotHoldIsNotListed) {
   const auto with = [&](auto&& change) {
     ListedShip ship = alpha;

@@ -4,41 +4,38 @@
 
 #include <gtest/gtest.h>
 
-#include "desk/program_end.h"
+#include "base/file_error.h"
 #include "support/fault.h"
-#include "support/model_file.h"
-#include "support/scripted_desk.h"
 #include "support/temporary_folder.h"
 
 namespace oravin::test {
 namespace {
 
+using Ships = std::vector<PackShip>;
+
 struct ThePack : testing::Test {
-  int Read(const std::string& text) {
+  ShipPack Read(const std::string& text) {
     WriteFileAt(folder.Native("new.pak"), text);
-    return GetPAK(here.host, folder.Windows("new.pak"), folder.windows, ships);
+    return ReadShipPack(files, folder.Windows("new.pak"), folder.windows);
   }
-  /// The pack is refused by the error trap's box, and the array stays.
+  Ships ShipsIn(const std::string& text) { return Read(text).ships; }
   void ExpectRefused(const std::string& text, const std::string& reason) {
     SCOPED_TRACE(text.substr(0, 200));
-    const std::vector<PackShip> before = {{capitalClass, "m", "n", "h", "s"}};
-    ships = before;
-    here.desk.ExpectBox("Error - could not read " + folder.Windows("new.pak") + ": " + reason, "GetPAK");
-    EXPECT_EQ(Read(text), 0);
-    EXPECT_TRUE(here.desk.Done());
-    EXPECT_EQ(ships, before);
+    try {
+      Read(text);
+      ADD_FAILURE() << "it was read";
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.what(), "could not read " + folder.Windows("new.pak") + ": " + reason);
+      EXPECT_NE(error.kind, ErrorKind::missing);
+    }
   }
-  [[nodiscard]] PackShip Ship(const std::string& model, const std::string& name, const std::string& switched = "",
-                              const std::string& header = "") const {
-    return {fighterClass, folder.windows + model, name, header, switched};
-  }
-  void Model(const std::string& name, std::uint8_t classByte) const {
-    WriteFileAt(folder.Native(name), ModelHead(classByte));
+  [[nodiscard]] PackShip Ship(const std::string& model, const std::string& name,
+                              const std::string& switched = "") const {
+    return {folder.windows + model, name, switched};
   }
 
   TemporaryFolder folder;
-  ScriptedHost here;
-  std::vector<PackShip> ships;
+  Files files;
 };
 
 /// A pack of so many ships, each in a line of its own.
@@ -51,34 +48,28 @@ std::string PackOf(int count) {
   return text;
 }
 
-TEST_F(ThePack, ThreeItemsAShipBehindTheHeader) {
+TEST_F(ThePack, HasThreeItemsForEachShipAfterTheHeader) {
   EXPECT_EQ(
-      Read("\"The, header\"\r\n\"\\one.shp\",\"One, the first\",\"Tiger\"\r\n\"\\sub\\two.shp\",\"Two\",\"\"\r\n"), 2);
-  EXPECT_EQ(ships, (std::vector<PackShip>{
-                       Ship("one.shp", "One, the first", "Tiger", "The, header"), Ship("sub\\two.shp", "Two"), {}}));
+      Read("\"The, header\"\r\n\"\\one.shp\",\"One, the first\",\"Tiger\"\r\n\"\\sub\\two.shp\",\"Two\",\"\"\r\n"),
+      (ShipPack{"The, header", {Ship("one.shp", "One, the first", "Tiger"), Ship("sub\\two.shp", "Two")}}));
 }
 
-TEST_F(ThePack, TheHeaderAloneMakesNoShipsAndOneEmptyEntry) {
+TEST_F(ThePack, TheHeaderAloneMakesNoShips) {
   for (const std::string text : {"header", "header\r\n", "\"header\"\n\n \n", "header\r"}) {
-    EXPECT_EQ(Read(text), 0) << text;
-    PackShip empty;
-    empty.header = "header";
-    EXPECT_EQ(ships, std::vector<PackShip>{empty}) << text;
+    EXPECT_EQ(Read(text), (ShipPack{"header", {}})) << text;
   }
 }
 
 TEST_F(ThePack, AnEmptyHeaderIsAHeader) {
-  EXPECT_EQ(Read("\n\\one.shp\nOne\nTiger\n"), 1);
-  EXPECT_EQ(ships, (std::vector<PackShip>{Ship("one.shp", "One", "Tiger"), {}}));
+  EXPECT_EQ(Read("\n\\one.shp\nOne\nTiger\n"), (ShipPack{"", {Ship("one.shp", "One", "Tiger")}}));
 }
 
-TEST_F(ThePack, TheArrayHasOneEntryMoreThanThereAreShips) {
+TEST_F(ThePack, MayHave301Ships) {
   for (const int count : {1, 300, 301}) {
-    EXPECT_EQ(Read(PackOf(count)), count);
-    ASSERT_EQ(ships.size(), static_cast<std::size_t>(count) + 1);
-    EXPECT_EQ(ships.back(), PackShip{});
-    EXPECT_EQ(ships.front().header, "Many ships");
-    EXPECT_EQ(ships[static_cast<std::size_t>(count) - 1].shipName, "Ship " + std::to_string(count));
+    const ShipPack pack = Read(PackOf(count));
+    ASSERT_EQ(pack.ships.size(), static_cast<std::size_t>(count));
+    EXPECT_EQ(pack.header, "Many ships");
+    EXPECT_EQ(pack.ships.back(), Ship("m" + std::to_string(count) + ".shp", "Ship " + std::to_string(count)));
   }
 }
 
@@ -89,45 +80,19 @@ TEST_F(ThePack, TheThreeHundredAndSecondShipIsAnError) {
 }
 
 TEST_F(ThePack, AModelsFirstCharacterIsAlwaysDropped) {
-  EXPECT_EQ(Read("h\none.shp,One,\n/two.shp,Two,\n"), 2);
-  EXPECT_EQ(ships[0].modelPath, folder.windows + "ne.shp");
-  EXPECT_EQ(ships[1].modelPath, folder.windows + "two.shp");
+  EXPECT_EQ(ShipsIn("h\none.shp,One,\n/two.shp,Two,\n"), (Ships{Ship("ne.shp", "One"), Ship("two.shp", "Two")}));
 }
 
 TEST_F(ThePack, SlashesInAModelLeadIntoFoldersToo) {
-  EXPECT_EQ(Read("h\n/a/b\\one.shp,One,x\n"), 1);
-  EXPECT_EQ(ships[0].modelPath, folder.windows + "a\\b\\one.shp");
+  EXPECT_EQ(ShipsIn("h\n/a/b\\one.shp,One,x\n"), Ships{Ship("a\\b\\one.shp", "One", "x")});
 }
 
-TEST_F(ThePack, BlanksBehindAModelDoNotCount) {
-  EXPECT_EQ(Read("h\n\"\\one.shp  \",One,x\n"), 1);
-  EXPECT_EQ(ships[0].modelPath, folder.windows + "one.shp");
+TEST_F(ThePack, SpacesAfterAModelDoNotCount) {
+  EXPECT_EQ(ShipsIn("h\n\"\\one.shp  \",One,x\n"), Ships{Ship("one.shp", "One", "x")});
 }
 
-TEST_F(ThePack, NamesAreKeptAsTheyStand) {
-  EXPECT_EQ(Read("h\n\\one.shp,\"  One \",\" Tiger \"\n"), 1);
-  EXPECT_EQ(ships[0].shipName, "  One ");
-  EXPECT_EQ(ships[0].suggestedSwitch, " Tiger ");
-}
-
-TEST_F(ThePack, TheClassIsThatOfTheModel) {
-  Model("fighter.shp", 0);
-  Model("cloaked.shp", 2);
-  Model("deep/ship.shp", 5);
-  Model("cruiser.shp", 1);
-  EXPECT_EQ(Read("h\n\\fighter.shp,A,\n\\cloaked.shp,B,\n\\deep\\ship.shp,C,\n\\cruiser.shp,D,\n"), 4);
-  EXPECT_EQ(ships[0].shipClass, 1);
-  EXPECT_EQ(ships[1].shipClass, 1);
-  EXPECT_EQ(ships[2].shipClass, 2);
-  EXPECT_EQ(ships[3].shipClass, 2);
-  EXPECT_EQ(ships[4].shipClass, 0);
-}
-
-TEST_F(ThePack, AModelThatIsMissingOrTooShortMakesAFighterWithoutAWord) {
-  WriteFileAt(folder.Native("short.shp"), "x");
-  EXPECT_EQ(Read("h\n\\gone.shp,A,\n\\short.shp,B,\n"), 2);
-  EXPECT_EQ(ships[0].shipClass, 1);
-  EXPECT_EQ(ships[1].shipClass, 1);
+TEST_F(ThePack, NamesAreKeptAsTheyAre) {
+  EXPECT_EQ(ShipsIn("h\n\\one.shp,\"  One \",\" Tiger \"\n"), Ships{Ship("one.shp", "  One ", " Tiger ")});
 }
 
 TEST_F(ThePack, LinesMayEndInOneCharacterOrTwoAndTheLastOneNeedsNoEnd) {
@@ -136,8 +101,7 @@ TEST_F(ThePack, LinesMayEndInOneCharacterOrTwoAndTheLastOneNeedsNoEnd) {
       std::string text = "h";
       text.append(end).append("\\a.shp,A,Tiger").append(end).append("\\b.shp,\"B\",\"\"");
       if (lastEnd) text += end;
-      EXPECT_EQ(Read(text), 2);
-      EXPECT_EQ(ships, (std::vector<PackShip>{Ship("a.shp", "A", "Tiger", "h"), Ship("b.shp", "B"), {}}));
+      EXPECT_EQ(Read(text), (ShipPack{"h", {Ship("a.shp", "A", "Tiger"), Ship("b.shp", "B")}}));
     }
   }
 }
@@ -148,15 +112,12 @@ TEST_F(ThePack, EveryItemMayStandInALineOfItsOwn) {
     for (const char* line : {"h", "\\a.shp", "A", "", "\\b.shp", "\"B\"", "Tiger", "", "", "\\c.shp", "C", "", " "}) {
       text += line + end;
     }
-    EXPECT_EQ(Read(text), 3);
-    EXPECT_EQ(ships, (std::vector<PackShip>{
-                         Ship("a.shp", "A", "", "h"), Ship("b.shp", "B", "Tiger"), Ship("c.shp", "C"), {}}));
+    EXPECT_EQ(Read(text), (ShipPack{"h", {Ship("a.shp", "A"), Ship("b.shp", "B", "Tiger"), Ship("c.shp", "C", "")}}));
   }
 }
 
 TEST_F(ThePack, AllItemsMayStandInOneLine) {
-  EXPECT_EQ(Read("h,\\a.shp,A,,\\b.shp,B,Tiger"), 2);
-  EXPECT_EQ(ships, (std::vector<PackShip>{Ship("a.shp", "A", "", "h"), Ship("b.shp", "B", "Tiger"), {}}));
+  EXPECT_EQ(Read("h,\\a.shp,A,,\\b.shp,B,Tiger"), (ShipPack{"h", {Ship("a.shp", "A"), Ship("b.shp", "B", "Tiger")}}));
 }
 
 TEST_F(ThePack, APackThatEndsWithinAShipIsRefused) {
@@ -179,12 +140,9 @@ TEST_F(ThePack, AQuoteThatNeverClosesIsRefused) {
 }
 
 TEST_F(ThePack, BytesAbove127AreLettersOfNames) {
-  EXPECT_EQ(Read("\xC4rger\n\\a.shp,\"\xDC\x80\xFF\",\xE4\n"), 1);
-  EXPECT_EQ(ships[0].header, "\xC4rger");
-  EXPECT_EQ(ships[0].shipName, "\xDC\x80\xFF");
-  EXPECT_EQ(ships[0].suggestedSwitch, "\xE4");
-  EXPECT_EQ(Read("h\n\\\xFC.shp,A,\n"), 1);
-  EXPECT_EQ(ships[0].modelPath, folder.windows + "\xFC.shp");
+  EXPECT_EQ(Read("\xC4rger\n\\a.shp,\"\xDC\x80\xFF\",\xE4\n"),
+            (ShipPack{"\xC4rger", {Ship("a.shp", "\xDC\x80\xFF", "\xE4")}}));
+  EXPECT_EQ(ShipsIn("h\n\\\xFC.shp,A,\n"), Ships{Ship("\xFC.shp", "A")});
 }
 
 TEST_F(ThePack, AModelThatDoesNotLieBelowThePackIsRefused) {
@@ -229,42 +187,38 @@ TEST_F(ThePack, AFileOfEnormousSizeIsRefused) {
   ExpectRefused(std::string((16U << 20U) + 1, 'x'), "it is too large to be right");
 }
 
-TEST_F(ThePack, AMissingPackEndsTheProgram) {
-  here.desk.ExpectBox("Error in GetPAK - file not found", programTitle, Icon::information);
-  EXPECT_THROW(GetPAK(here.host, folder.Windows("none.pak"), folder.windows, ships), ProgramEnd);
-  EXPECT_TRUE(here.desk.Done());
-}
-
-TEST_F(ThePack, BlanksAroundItsPathDoNotCount) {
-  WriteFileAt(folder.Native("new.pak"), "h\n\\a.shp,A,\n");
-  EXPECT_EQ(GetPAK(here.host, "  " + folder.Windows("new.pak") + " ", folder.windows, ships), 1);
+TEST_F(ThePack, AMissingPackIsAnErrorOfItsOwnKind) {
+  try {
+    ReadShipPack(files, folder.Windows("none.pak"), folder.windows);
+    ADD_FAILURE() << "it was read";
+  } catch (const FileError& error) {
+    EXPECT_EQ(error.kind, ErrorKind::missing);
+  }
 }
 
 TEST_F(ThePack, NothingIsEverWritten) {
   std::vector<std::string> changes;
-  here.host.files.before = [&](const FileOperation& operation) {
+  files.before = [&](const FileOperation& operation) {
     if (operation.kind != FileOperation::Kind::open && operation.kind != FileOperation::Kind::read &&
         !IsQuestion(operation.kind)) {
       changes.push_back(InWords(operation));
     }
   };
-  Model("a.shp", 1);
-  EXPECT_EQ(Read("h\n\\a.shp,A,\n"), 1);
+  EXPECT_EQ(ShipsIn("h\n\\a.shp,A,\n").size(), 1U);
   EXPECT_EQ(changes, std::vector<std::string>());
 }
 
-TEST_F(ThePack, AFailureOfReadingThePackGivesOneBoxAndNoShips) {
-  here.desk.AllowOthers([](const Message&) { return Answer::ok; });
+TEST_F(ThePack, AFailureOfReadingIsThrown) {
   const int operations = AtEachOperation(FaultKind::failure, [&](Fault& fault) {
-    here.desk.shown.clear();
-    ships.clear();
-    Watch(here.host.files, fault);
-    const int count = Read("h\n\\a.shp,A,\n");
-    EXPECT_EQ(count, fault.happened ? 0 : 1);
-    EXPECT_EQ(ships.empty(), fault.happened);
-    EXPECT_EQ(here.desk.shown.size(), fault.happened ? 1U : 0U);
+    Watch(files, fault);
+    try {
+      Read("h\n\\a.shp,A,\n");
+      EXPECT_FALSE(fault.happened);
+    } catch (const FileError&) {
+      EXPECT_TRUE(fault.happened);
+    }
+    EXPECT_EQ(files.open, 0);
   });
-  here.host.files.before = nullptr;
   EXPECT_GE(operations, 2);
 }
 

@@ -1,8 +1,9 @@
-#include "tabs/import_run.h"
+#include "actions/import_ships.h"
 
 #include <set>
 
 #include "actions/import_batch.h"
+#include "actions/new_ship.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -12,13 +13,10 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "platform/start_program.h"
-#include "tabs/new_ship.h"
 
 namespace oravin {
 
 namespace {
-
-constexpr const char* runTitle = "cmdImportShips_Click()";
 
 constexpr const char* redNames =
     "Ships marked in red have the same names as an existing ship in Oravin.\n"
@@ -36,20 +34,18 @@ constexpr const char* switchQuestion =
     "(Note that Oravin might have to unswitch some ships, so you may lose\n"
     "some custom stat settings on currently switched ships.)";
 
-/// What is known of the run while it goes on.
+/// The state of a run.
 struct Run {
   Host& host;
   Installation& installation;
   ImportBatch batch;
   GivenBitmaps given;
-  bool warned = false;  ///< of 24-bit images
-  std::vector<PackShip> imported;
-  std::vector<std::string> failed;   ///< the names of the others, as far as the run has come
-  std::vector<std::string> reasons;  ///< why some of them failed, for the result message; each with its path below it
-  bool allImported = true;
+  bool warned = false;               ///< about 24-bit images
+  std::vector<std::string> reasons;  ///< why the current ship is refused, for the result message
+  ImportResult result;
 };
 
-/// Copies a file to the add-ons; one that stays as it is because it is another file becomes a note.
+/// Copies a file to the add-ons. Another file of that name is not replaced; a note says so.
 void AddToAddOns(Run& run, const std::string& from, const char* folder, const std::string& name) {
   if (!IsPlainFileName(name)) {
     run.batch.notes.push_back("This file has no name under which it could be kept with the add-ons:\n" + from);
@@ -60,8 +56,8 @@ void AddToAddOns(Run& run, const std::string& from, const char* folder, const st
   run.batch.notes.push_back("This add-on is another file and was left as it is:\n" + to);
 }
 
-/// True when the ship's bitmaps can be kept with the add-ons. A texture is found by its bitmap's name, so another
-/// bitmap of that name can neither be replaced nor be avoided: the next Enable would give the ship that one's picture.
+/// True when the ship's bitmaps can be kept with the add-ons. Enable finds a texture by its bitmap's name: with another
+/// bitmap of that name, which must not be replaced, the ship would get that one's picture.
 bool BitmapsCanBeKept(Run& run, const NewShip& ship) {
   bool all = true;
   for (const NewShipTexture& texture : ship.textures) {
@@ -75,8 +71,8 @@ bool BitmapsCanBeKept(Run& run, const NewShip& ship) {
   return all;
 }
 
-/// Writes what a ship needs; false when one of its textures is refused, or a place is another file's after all.
-bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
+/// Writes what a ship needs; false when one of its textures is refused, or another file has one of its places.
+bool WriteShip(Run& run, const OfferedShip& offered, const NewShip& ship) {
   Files& files = run.host.files;
   if (!BitmapsCanBeKept(run, ship)) return false;
   for (const NewShipTexture& texture : ship.textures) {
@@ -87,12 +83,12 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   const std::string model = ModelOf(ship.record);
   const std::string loose = run.installation.modelPath(model);
   for (const std::string& place : {loose, ChangeExtension(loose, ".bak")}) {
-    if (AddCopy(files, run.batch, checked.ship.modelPath, place)) continue;
+    if (AddCopy(files, run.batch, offered.ship.modelPath, place)) continue;
     run.reasons.push_back("The ship '" + ship.record.ShipName.Trimmed() + "' needs the place of another file:\n" +
                           place);
     return false;
   }
-  AddToAddOns(run, checked.ship.modelPath, addOnShipsFolder, model);
+  AddToAddOns(run, offered.ship.modelPath, addOnShipsFolder, model);
   for (const NewShipTexture& texture : ship.textures) {
     AddToAddOns(run, texture.bitmap, addOnTexturesFolder, texture.name + ".bmp");
   }
@@ -103,16 +99,16 @@ bool WriteShip(Run& run, const CheckedShip& checked, const NewShip& ship) {
   return true;
 }
 
-bool ImportShip(Run& run, const CheckedShip& checked) {
+bool ImportShip(Run& run, const OfferedShip& offered) {
   const ImportMark mark = MarkOf(run.batch);
   bool done = false;
   try {
-    const auto ship = LookAtShip(run.host, run.installation, checked, run.given, run.batch);
+    const auto ship = LookAtShip(run.host, run.installation, offered, run.given, run.batch);
     if (ship && ship->deep && !run.warned) {
       Show(run.host, deepImages, Icon::exclamation);
       run.warned = true;
     }
-    done = ship && Trapped(run.host, runTitle, false, [&] { return WriteShip(run, checked, *ship); });
+    done = ship && Trapped(run.host, importShipsTitle, false, [&] { return WriteShip(run, offered, *ship); });
   } catch (const ProgramEnd&) {
     GoBackTo(run.host, run.batch, mark);
     throw;
@@ -121,39 +117,42 @@ bool ImportShip(Run& run, const CheckedShip& checked) {
   return done;
 }
 
-void ImportAll(Run& run, const std::vector<CheckedShip>& ships) {
+void ImportAll(Run& run, const std::vector<OfferedShip>& ships) {
   for (std::size_t i = 0; i < ships.size(); ++i) {
     if (StopAsked(run.host)) {
-      run.allImported = false;
+      run.result.stopped = true;
       run.batch.notes.emplace_back("The import was stopped before its end.");
       return;
     }
-    ShowProgress(run.host, "Importing " + ships[i].ship.shipName, static_cast<int>(i), static_cast<int>(ships.size()));
+    const PackShip& ship = ships[i].ship;
+    ShowProgress(run.host, "Importing " + ship.shipName, static_cast<int>(i), static_cast<int>(ships.size()));
+    run.reasons.clear();
     if (ImportShip(run, ships[i])) {
-      run.imported.push_back(ships[i].ship);
+      run.result.imported.push_back(ship);
     } else {
-      run.failed.push_back(ships[i].ship.shipName);
-      run.allImported = false;
+      run.result.refused.push_back({ship.shipName, std::move(run.reasons)});
     }
   }
 }
 
 void Commit(Run& run) {
-  if (!CommitImport(run.host, run.installation, run.batch)) {
-    for (const PackShip& ship : run.imported) run.failed.push_back(ship.shipName);
-    run.imported.clear();
-    run.batch.notes.clear();  // they are about ships that were imported
-    run.allImported = false;
+  ImportResult& result = run.result;
+  EndProgress(run.host);
+  if (CommitImport(run.host, run.installation, run.batch)) {
+    result.notes = std::move(run.batch.notes);
+    return;
   }
-  run.batch.notes.insert(run.batch.notes.begin(), run.reasons.begin(), run.reasons.end());
+  // The notes are about ships that would have been imported.
+  for (const PackShip& ship : result.imported) result.refused.push_back({ship.shipName, {}});
+  result.imported.clear();
 }
 
-/// Adds the room that the ships' bitmaps take: each once in the add-ons, and in the cache, there perhaps with a
+/// Adds the room that the ships' bitmaps need: once for the add-ons, and twice for the cache, where each may get a
 /// companion of the same size.
 void NeedRoomForBitmaps(Files& files, WritePlan& plan, const Installation& installation,
-                        const std::vector<CheckedShip>& ships) {
+                        const std::vector<OfferedShip>& ships) {
   std::set<std::string> counted;
-  for (const CheckedShip& ship : ships) {
+  for (const OfferedShip& ship : ships) {
     for (const std::string& bitmap : BitmapsOf(files, ship.ship.modelPath, ship.given)) {
       if (!counted.insert(UpperCase(bitmap)).second) continue;
       NeedRoom(plan, installation.ProgramPath, FileLength(files, bitmap));
@@ -162,7 +161,7 @@ void NeedRoomForBitmaps(Files& files, WritePlan& plan, const Installation& insta
   }
 }
 
-WritePlan PlanImport(Files& files, const Installation& installation, const std::vector<CheckedShip>& ships) {
+WritePlan PlanImport(Files& files, const Installation& installation, const std::vector<OfferedShip>& ships) {
   WritePlan plan;
   plan.folders = {installation.GamePath, installation.modelsFolder(), installation.ProgramPath};
   for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
@@ -170,69 +169,12 @@ WritePlan PlanImport(Files& files, const Installation& installation, const std::
   }
   plan.files = {installation.cachePath(), installation.defaultsPath(), installation.cataloguePath(),
                 installation.shipListPath()};
-  for (const CheckedShip& ship : ships) {
+  for (const OfferedShip& ship : ships) {
     NeedRoom(plan, installation.GamePath, 2 * FileLength(files, ship.ship.modelPath));
     NeedRoom(plan, installation.ProgramPath, FileLength(files, ship.ship.modelPath) + shipRecordSize);
   }
   NeedRoomForBitmaps(files, plan, installation, ships);
   return plan;
-}
-
-/// The (target, source) names of the switches that the pack suggests for ships that were imported.
-std::vector<std::pair<std::string, std::string>> SuggestedSwitches(const Run& run) {
-  std::vector<std::pair<std::string, std::string>> pairs;
-  for (const PackShip& ship : run.imported) {
-    const int target = FindShip(run.installation.ships, ship.suggestedSwitch);
-    if (target < 0 || !IsStock(run.installation.ships[static_cast<std::size_t>(target)])) continue;
-    pairs.emplace_back(UpperCase(Trim(ship.suggestedSwitch)), UpperCase(ship.shipName));
-  }
-  return pairs;
-}
-
-void OfferSwitches(SwapDesk& desk, SwitcherTab& tab, const Run& run, const std::function<void()>& refill) {
-  const auto pairs = SuggestedSwitches(run);
-  if (pairs.empty() || !AskYesNo(run.host, switchQuestion)) return;
-  cmdUnswapAll_Click(desk, tab);
-  SwapPairs(desk, pairs);
-  refill();
-}
-
-/// Intentional: the message names the ships that failed after its given text. The boxes about them came one by one
-/// during the run, and a player who imports a whole pack must know at its end which ships to look at.
-void TellResult(const Run& run) {
-  std::string text =
-      run.allImported ? "Importing Successfull!" : "Importing Completed - but there where errors on some ships";
-  // However many ships a pack has: the window shows a long message in a dialog that can be scrolled.
-  if (!run.failed.empty()) text += "\n\nThese ships were not imported:" + AllListed(run.failed);
-  if (!run.batch.notes.empty()) text += "\n" + AllListed(run.batch.notes);
-  if (run.allImported) {
-    ShowSuccess(run.host, text, Icon::information);
-  } else {
-    Show(run.host, text, Icon::exclamation);
-  }
-}
-
-void StartShipTool(const Run& run) {
-  const std::string tool = run.installation.viewerPath();
-  if (run.imported.empty() || !FileExists(run.host.files, tool)) return;
-  std::string command = platform::AsWord(tool);
-  for (const PackShip& ship : run.imported) command += " " + platform::AsWord(ship.shipName);
-  platform::StartProgram(command);
-}
-
-bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<CheckedShip>& ships) {
-  if (!CanBeImportedInto(desk.host, desk.installation)) return false;
-  if (AnyCheckedRed(form)) {
-    Show(desk.host, redNames, Icon::exclamation);
-    return false;
-  }
-  if (ships.empty()) {
-    Show(desk.host, form.ships.empty() ? "This pack lists no ships." : "Check the ships to import first.",
-         Icon::exclamation);
-    return false;
-  }
-  desk.closeOthers();
-  return ReadyToWrite(desk.host, PlanImport(desk.host.files, desk.installation, ships));
 }
 
 }  // namespace
@@ -243,26 +185,73 @@ bool CanBeImportedInto(Host& host, const Installation& installation) {
   return false;
 }
 
-void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill) {
-  const std::vector<CheckedShip> ships = CheckedShips(form);
-  if (!CanImport(desk, form, ships)) return;
-  Run run{desk.host, desk.installation, {}, {}, false, {}, {}, {}, true};
-  if (!BeginImport(desk.host, desk.installation, run.batch)) return;
+bool CanImport(Host& host, const Installation& installation, const std::vector<OfferedShip>& ships) {
+  if (!CanBeImportedInto(host, installation)) return false;
+  if (AnyNameTaken(ships)) {
+    Show(host, redNames, Icon::exclamation);
+    return false;
+  }
+  if (!CheckedShips(ships).empty()) return true;
+  Show(host, ships.empty() ? "This pack lists no ships." : "Check the ships to import first.", Icon::exclamation);
+  return false;
+}
+
+std::optional<ImportResult> ImportShips(Host& host, Installation& installation,
+                                        const std::vector<OfferedShip>& offered) {
+  const std::vector<OfferedShip> ships = CheckedShips(offered);
+  if (!ReadyToWrite(host, PlanImport(host.files, installation, ships))) return std::nullopt;
+  Run run{host, installation, {}, {}, false, {}, {}};
+  if (!BeginImport(host, installation, run.batch)) return std::nullopt;
   try {
     ImportAll(run, ships);
   } catch (const ProgramEnd&) {
-    EndProgress(run.host);
     Commit(run);
     throw;
   }
-  EndProgress(run.host);
   Commit(run);
-  refill();
-  OfferSwitches(desk, tab, run, refill);
-  form.done = true;
-  form.shown = false;
-  TellResult(run);
-  StartShipTool(run);
+  return std::move(run.result);
+}
+
+std::vector<std::pair<std::string, std::string>> SuggestedSwitches(const Ships& ships, const ImportResult& result) {
+  std::vector<std::pair<std::string, std::string>> switches;
+  for (const PackShip& ship : result.imported) {
+    const int target = FindShip(ships, ship.suggestedSwitch);
+    if (target < 0 || !IsStock(ships[static_cast<std::size_t>(target)])) continue;
+    switches.emplace_back(UpperCase(Trim(ship.suggestedSwitch)), UpperCase(ship.shipName));
+  }
+  return switches;
+}
+
+bool AskForSwitches(Host& host) { return AskYesNo(host, switchQuestion); }
+
+void ShowImportResult(Host& host, const ImportResult& result) {
+  const bool complete = result.refused.empty() && !result.stopped;
+  std::string text = complete ? "Importing Successfull!" : "Importing Completed - but there where errors on some ships";
+  // Intentional: the ships that were not imported are named again after the given text. Their boxes came one by one
+  // during the run, and a player who imports a whole pack must know at its end which ships to look at. A long message
+  // can be scrolled.
+  std::vector<std::string> names;
+  std::vector<std::string> remarks;
+  for (const RefusedShip& ship : result.refused) {
+    names.push_back(ship.name);
+    remarks.insert(remarks.end(), ship.reasons.begin(), ship.reasons.end());
+  }
+  remarks.insert(remarks.end(), result.notes.begin(), result.notes.end());
+  if (!names.empty()) text += "\n\nThese ships were not imported:" + AllListed(names);
+  if (!remarks.empty()) text += "\n" + AllListed(remarks);
+  if (complete) {
+    ShowSuccess(host, text, Icon::information);
+  } else {
+    Show(host, text, Icon::exclamation);
+  }
+}
+
+void StartShipTool(Files& files, const Installation& installation, const ImportResult& result) {
+  const std::string tool = installation.viewerPath();
+  if (result.imported.empty() || !FileExists(files, tool)) return;
+  std::string command = platform::AsWord(tool);
+  for (const PackShip& ship : result.imported) command += " " + platform::AsWord(ship.shipName);
+  platform::StartProgram(command);
 }
 
 }  // namespace oravin

@@ -1,4 +1,4 @@
-#include "tabs/new_ship.h"
+#include "actions/new_ship.h"
 
 #include <algorithm>
 
@@ -9,27 +9,20 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
-#include "models/attachments.h"
 
 namespace oravin {
 
 namespace {
 
-constexpr int deepImage = 3;  // bytes a pixel
+constexpr int deepImage = 3;  // bytes per pixel
 
 void RefuseShip(Host& host, const std::string& text) { Show(host, text, Icon::exclamation); }
 
 bool NameCanBeUsed(Host& host, const Installation& installation, const ImportBatch& batch, const std::string& name) {
-  const std::string why = WhyNoShipName(name);
-  if (!why.empty()) {
-    RefuseShip(host, why);
-    return false;
-  }
-  const bool taken = FindShip(installation.ships, name) >= 0 ||
-                     std::any_of(batch.ships.begin(), batch.ships.end(),
-                                 [&](const ReadyShip& ship) { return SameName(ship.record.ShipName.Trimmed(), name); });
-  if (taken) RefuseShip(host, "The ship name '" + name + "' has the same name as an existing ship.");
-  return !taken;
+  std::string why = WhyNameRefused(installation.ships, name);
+  if (why.empty()) why = WhyNameRefused(NewRecords(batch), name);
+  if (!why.empty()) RefuseShip(host, why);
+  return why.empty();
 }
 
 /// The bitmap of one texture; asks for one that is missing. Empty when there is none.
@@ -42,13 +35,13 @@ std::string BitmapFor(Host& host, const ListedTexture& texture, const std::strin
   return bitmap;
 }
 
-bool CollectTextures(Host& host, const Installation& installation, const CheckedShip& checked, GivenBitmaps& given,
+bool CollectTextures(Host& host, const Installation& installation, const OfferedShip& offered, GivenBitmaps& given,
                      NewShip& ship) {
-  const std::string& model = checked.ship.modelPath;
+  const std::string& model = offered.ship.modelPath;
   std::vector<ListedTexture> listed;
-  if (!TextureList(host, model, installation.cachePath(), checked.given, listed)) return false;
+  if (!TextureList(host, model, installation.cachePath(), offered.given, listed)) return false;
   if (listed.size() > texturesPerShip) {
-    RefuseShip(host, "The ship '" + checked.ship.shipName + "' has " + std::to_string(listed.size()) +
+    RefuseShip(host, "The ship '" + offered.ship.shipName + "' has " + std::to_string(listed.size()) +
                          " textures. A ship can have at most " + std::to_string(texturesPerShip) +
                          ", so it cannot be imported.");
     return false;
@@ -65,27 +58,27 @@ bool CollectTextures(Host& host, const Installation& installation, const Checked
     ship.textures.push_back({name, bitmap});
     BmpInfo info = texture.info;
     if (texture.bitmapPath.empty()) WhyUnusable(host.files, bitmap, info);
-    ship.deep = ship.deep || (checked.ship.shipClass == fighterClass && info.depth == deepImage);
+    ship.deep = ship.deep || (!offered.capital && info.depth == deepImage);
   }
   SetTextures(ship.record, names);
   return true;
 }
 
-/// The text of statistics that comes with a model; empty when there is none.
-std::string TextBeside(Files& files, const std::string& modelPath) {
+/// The statistics text next to a model; empty when there is none.
+std::string TextNextTo(Files& files, const std::string& modelPath) {
   std::string text = ChangeExtension(modelPath, ".txt");
   return FileExists(files, text) ? text : std::string();
 }
 
-/// The path of the text of statistics that the next Enable takes for a model of that file name.
+/// The path of the statistics text that the next Enable reads for a model of that file name.
 std::string AddOnText(const Installation& installation, const std::string& name) {
   return installation.addOnStatsPath(ChangeExtension(name, ".txt"));
 }
 
-/// @param name of the model's file among the add-ons: the text of another name is another ship's
+/// @param name of the model's file among the add-ons; a text of another name is another ship's
 void TakeStats(Host& host, const Installation& installation, const std::string& modelPath, const std::string& name,
                NewShip& ship) {
-  ship.statsText = TextBeside(host.files, modelPath);
+  ship.statsText = TextNextTo(host.files, modelPath);
   if (ship.statsText.empty() && FileExists(host.files, AddOnText(installation, name))) {
     ship.statsText = AddOnText(installation, name);
   }
@@ -93,13 +86,14 @@ void TakeStats(Host& host, const Installation& installation, const std::string& 
                                       : ReadImportStats(host.files, ship.statsText);
 }
 
-/// True when two models would have one backup and one text of statistics: their names differ in the extension at most.
+/// True when two models would share their backup and their statistics text: their names differ at most in the
+/// extension.
 bool ShareBaseName(const std::string& one, const std::string& other) {
   return SameName(ChangeExtension(one, ".txt"), ChangeExtension(other, ".txt"));
 }
 
-/// True when no ship of the catalogue or of the run is in the way of a model's file name. The game's own ships have
-/// neither a backup nor a text under the base name, imported ones do.
+/// True when no ship of the catalogue or of the run uses a model's file name. An imported ship uses the whole base
+/// name, for its backup and its statistics text; the game's own ships use the file name alone.
 bool NoShipHas(const Installation& installation, const ImportBatch& batch, const std::string& name) {
   const auto has = [&](const ShipRecord& ship) {
     if (IsInert(ship)) return false;
@@ -109,13 +103,13 @@ bool NoShipHas(const Installation& installation, const ImportBatch& batch, const
          std::none_of(batch.ships.begin(), batch.ships.end(), [&](const ReadyShip& ship) { return has(ship.record); });
 }
 
-/// True when the text of statistics that the next Enable finds for the name is this model's: the one beside it can be
-/// kept there, or, where it brings none, the one that is there is not that of another add-on model.
+/// True when the statistics text that the next Enable reads for the name is this model's: the one next to it can be
+/// kept there; or it brings none, and the one that is there is not another add-on model's.
 bool TextIsFree(Files& files, const Installation& installation, ImportBatch& batch, const std::string& model,
                 const std::string& name) {
   const std::string added = AddOnText(installation, name);
-  const std::string beside = TextBeside(files, model);
-  if (!beside.empty()) return CanBeCopied(files, batch, beside, added);
+  const std::string own = TextNextTo(files, model);
+  if (!own.empty()) return CanBeCopied(files, batch, own, added);
   if (!FileExists(files, added)) return true;
   const std::string folder = ParentFolder(installation.addOnModelPath(name));
   const auto& models = FilesIn(files, batch, folder).items;
@@ -125,8 +119,8 @@ bool TextIsFree(Files& files, const Installation& installation, ImportBatch& bat
   });
 }
 
-/// True when a model can have a file name: no other ship stands in the way, and in the game's ships folder and among
-/// the add-ons there is and will be no other file in the place of the model, its backup or its text of statistics.
+/// True when a model can have a file name: no other ship uses it, and no other file has, or will have after this run,
+/// the place of the model, its backup or its statistics text in the game's ships folder and among the add-ons.
 bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model,
                      const std::string& name) {
   if (!NoShipHas(installation, batch, name)) return false;
@@ -139,39 +133,39 @@ bool ModelNameIsFree(Host& host, const Installation& installation, ImportBatch& 
   return TextIsFree(host.files, installation, batch, model, name);
 }
 
-/// The name for a model's file, at most as long as a record holds.
+/// A free name for a model's file, at most as long as a record holds.
 std::string FreeModelName(Host& host, const Installation& installation, ImportBatch& batch, const std::string& model) {
   const std::string own = FileNameOf(model);
   const std::string extension =
       ExtensionOf(own).empty() ? ".shp" : own.substr(own.size() - ExtensionOf(own).size() - 1);
   const std::string base = own.substr(0, own.size() - (ExtensionOf(own).empty() ? 0 : extension.size()));
   for (int number = 1;; ++number) {
-    const std::string behind = (number == 1 ? "" : std::to_string(number)) + extension;
-    std::string name = base.substr(0, shipNameWidth - std::min(shipNameWidth, behind.size()));
-    name += behind;
+    const std::string ending = (number == 1 ? "" : std::to_string(number)) + extension;
+    std::string name = base.substr(0, shipNameWidth - std::min(shipNameWidth, ending.size()));
+    name += ending;
     if (ModelNameIsFree(host, installation, batch, model, name)) return name;
   }
 }
 
-std::optional<NewShip> Look(Host& host, const Installation& installation, const CheckedShip& checked,
+std::optional<NewShip> Look(Host& host, const Installation& installation, const OfferedShip& offered,
                             GivenBitmaps& given, ImportBatch& batch) {
-  const std::string& model = checked.ship.modelPath;
+  const std::string& model = offered.ship.modelPath;
   if (!FileExists(host.files, model)) {
-    RefuseShip(host, "The model of the ship '" + checked.ship.shipName + "' was not found:\n" + model);
+    RefuseShip(host, "The model of the ship '" + offered.ship.shipName + "' was not found:\n" + model);
     return std::nullopt;
   }
-  if (!NameCanBeUsed(host, installation, batch, checked.ship.shipName)) return std::nullopt;
+  if (!NameCanBeUsed(host, installation, batch, offered.ship.shipName)) return std::nullopt;
   NewShip ship;
-  if (!CollectTextures(host, installation, checked, given, ship)) return std::nullopt;
+  if (!CollectTextures(host, installation, offered, given, ship)) return std::nullopt;
   const std::string own = FileNameOf(model);
   const std::string name = FreeModelName(host, installation, batch, model);
   if (!IsPlainFileName(name) || !CanBeListed(name)) {
-    RefuseShip(host, "The model of the ship '" + checked.ship.shipName + "' needs another file name:\n" + model);
+    RefuseShip(host, "The model of the ship '" + offered.ship.shipName + "' needs another file name:\n" + model);
     return std::nullopt;
   }
   TakeStats(host, installation, model, name, ship);
   if (name != own) batch.notes.push_back("The model " + own + " was imported as " + name + ".");
-  ship.record.ShipName.Set(checked.ship.shipName);
+  ship.record.ShipName.Set(offered.ship.shipName);
   ship.record.ShipFile.Set(name);
   ship.record.ShipKind = Int16Value(importedKind);
   ship.record.HogOffset = ship.record.HogSize = ship.record.HogFatPos = Int32Value(0);
@@ -182,10 +176,16 @@ std::optional<NewShip> Look(Host& host, const Installation& installation, const 
 
 }  // namespace
 
-std::optional<NewShip> LookAtShip(Host& host, const Installation& installation, const CheckedShip& checked,
+std::optional<NewShip> LookAtShip(Host& host, const Installation& installation, const OfferedShip& offered,
                                   GivenBitmaps& given, ImportBatch& batch) {
-  return Trapped(host, "cmdImportShips_Click()", std::optional<NewShip>(),
-                 [&] { return Look(host, installation, checked, given, batch); });
+  return Trapped(host, importShipsTitle, std::optional<NewShip>(),
+                 [&] { return Look(host, installation, offered, given, batch); });
+}
+
+std::string AskForBitmap(Host& host, const std::string& folder, const std::string& texture) {
+  const std::string name = Trim(texture) + ".bmp";
+  return ChooseFile(host, "Find texture file", folder, IsPlainFileName(name) ? name : "",
+                    "Bitmap *.bmp |*.bmp|All files|*.*");
 }
 
 }  // namespace oravin
