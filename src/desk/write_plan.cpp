@@ -10,7 +10,7 @@ namespace oravin {
 
 namespace {
 
-/// What the file system takes beside the bytes themselves, and what is written in passing.
+/// What the file system needs besides the bytes themselves, and small files that are written on the way.
 constexpr std::uint64_t spareRoom = std::uint64_t{1} << 20;
 
 void Refuse(Host& host, const std::string& path, const std::string& reason) {
@@ -50,8 +50,9 @@ bool ReadyToWrite(Host& host, const WritePlan& plan) {
     return false;
   }
   for (const std::string& file : plan.files) {
-    if (LookFor(host.files, file).presence == Presence::absent) continue;
-    const std::string reason = WhyNotWritable(host.files, file);
+    const LookUp found = LookFor(host.files, file);
+    if (found.presence == Presence::absent) continue;
+    const std::string reason = found.presence == Presence::failed ? found.reason : WhyNotWritable(host.files, file);
     if (reason.empty()) continue;
     Refuse(host, file, reason);
     return false;

@@ -18,8 +18,8 @@ using platform::Presence;
 
 /// True when the trimmed path names an existing file: its characters have codes 32 to 127, its last one is none of `\`,
 /// `:` and `.`, and a listing for it returns a name. Hidden and system files do not count; a path with `*` or `?` in
-/// its last part counts when anything matches. False also where the system cannot say: who keeps, plans, deletes or
-/// restores files asks LookFor.
+/// its last part counts when anything matches. False also where the system cannot say: what keeps, plans, deletes or
+/// restores files asks FileIsThere or VisibleFileIsThere.
 bool FileExists(Files& files, std::string_view path);
 
 /// Goes on only where FileExists.
@@ -28,6 +28,27 @@ void RequireFile(Files& files, const std::string& path);
 
 /// True when the trimmed path names an existing folder.
 bool FolderExists(Files& files, std::string_view path);
+
+/// As FileExists, but hidden and system files count.
+/// @throws FileError where the system cannot say
+bool FileIsThere(Files& files, std::string_view path);
+
+/// As FileExists.
+/// @throws FileError where the system cannot say
+bool VisibleFileIsThere(Files& files, std::string_view path);
+
+/// As FolderExists.
+/// @throws FileError where the system cannot say
+bool FolderIsThere(Files& files, std::string_view path);
+
+/// The length of a file in bytes; 0 where there is none.
+/// @throws FileError where the system cannot say
+std::uint64_t LengthOrThrow(Files& files, const std::string& path);
+
+/// As LookFor and ListFolder.
+/// @throws FileError where the system cannot say
+LookUp LookOrThrow(Files& files, const std::string& path);
+Listing ListOrThrow(Files& files, const std::string& folder);
 
 /// The length of a file in bytes; 0 where there is none.
 std::uint64_t FileLength(Files& files, const std::string& path);
