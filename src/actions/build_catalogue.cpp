@@ -42,7 +42,7 @@ void Locate(ShipRecord& ship, const HogTable& live, const HogTable& backup, std:
   ship.HogFatPos = Int32Value(entry->FatPos);
 }
 
-/// What the person is told at the end of the build.
+/// What the message boxes at the end of the build report.
 struct Shortcomings {
   std::vector<std::string> missing;   ///< models that were found nowhere
   std::vector<std::string> cutShort;  ///< models with more textures than a record holds
@@ -81,7 +81,7 @@ Ships RecordsOf(Host& host, const Installation& installation, const std::vector<
     ShipRecord ship = NewRecord(line);
     if (line.kind == importedKind) ship.Imported = true;
     if (IsInert(ship)) {
-      // A line without a model: its record is kept for the order of the records, and nothing works on it.
+      // A line without a model: its record stays for the order of the records, and no action uses it.
     } else if (ship.Imported) {
       PrepareAddOn(host, installation, ship, counts, shortcomings);
     } else {
@@ -100,7 +100,7 @@ void InstallAddOns(Host& host, const Installation& installation) {
   }
 }
 
-void Tell(Host& host, const Shortcomings& shortcomings) {
+void Report(Host& host, const Shortcomings& shortcomings) {
   if (!shortcomings.missing.empty()) {
     Show(host,
          "The models of these ships were found neither in resource.hog nor among the add-ons:" +
@@ -143,7 +143,7 @@ bool BuildCatalogue(Host& host, Installation& installation, const std::vector<Li
   EndProgress(host);
   if (!written || LoadCatalogue(host, path, installation.ships) == 0) return false;
   InstallAddOns(host, installation);
-  Tell(host, shortcomings);
+  Report(host, shortcomings);
   InstallAddOnTextures(host, installation);
   return true;
 }

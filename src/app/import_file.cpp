@@ -4,7 +4,6 @@
 #include "desk/dialogs.h"
 #include "files/look_up.h"
 #include "tabs/import_run.h"
-#include "tabs/switcher_tab.h"
 
 namespace oravin {
 
@@ -19,12 +18,6 @@ void ImportFile(Main& main, const std::string& path) {
   if (!LoadPack(main.host, main.Fighter_PACK, main.installation, chosen)) return;
   main.Fighter_PACK.shown = true;
   ShowForm(main.host, fighterPackForm);
-}
-
-void RefillShipLists(Main& main) {
-  // The kind of ships that the switcher shows stays.
-  const bool capitalShips = main.switcher.cmdToggle.caption != NewSwitcherTab().cmdToggle.caption;
-  ShowShipsOnTabs(main, DisplaySwitcher(main.host, main.switcher, main.installation, capitalShips));
 }
 
 }  // namespace oravin

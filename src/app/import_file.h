@@ -9,7 +9,4 @@ namespace oravin {
 /// Opens the import form for a ship model or a ship pack, which becomes the text of txtImportFighter.
 void ImportFile(Main& main, const std::string& path);
 
-/// Shows the changed catalogue in every list of ships.
-void RefillShipLists(Main& main);
-
 }  // namespace oravin

@@ -19,8 +19,8 @@ void DoInShipList(Main& main) {
   action(main.host, main.ShipList);
 }
 
-// The list is written into a folder that is no installation yet, or to a file of the person's choice: a copy that only
-// looks may do that.
+// Not marked as changing files: the list is written to a folder that is no installation yet, or to a file that the user
+// chose, which a read-only Oravin may do too.
 constexpr std::array<Handler, 7> shipListHandlers = {
     {{"ShipList.lstShips.ItemClick", DoInShipList<lstShips_ItemClick>, false},
      {"ShipList.cmdApply", DoInShipList<cmdApply_Click>, false},

@@ -10,15 +10,11 @@ namespace oravin::gui {
 
 namespace {
 
-constexpr int betweenWidth = 152;  // so that the button whose caption turns round does not move the lists
+constexpr int betweenWidth = 152;  // wide enough for both captions of the toggle button: the lists stay in place
 constexpr const char* doubleClick = "switcher.swapOrgList.DblClick";
 
 ListWindow* NewShipList(wxWindow* parent, const SwitcherTab& tab, const ListView& record) {
-  const std::string showsFighters = NewSwitcherTab().cmdToggle.caption;
-  auto* list = new ListWindow(parent, record, [&tab, showsFighters](const ListRow& row) {
-    // The button offers the other kind of ships.
-    return PictureOf(row, tab.cmdToggle.caption == showsFighters ? ShipsShown::fighters : ShipsShown::capitalShips);
-  });
+  auto* list = new ListWindow(parent, record, [&tab](const ListRow& row) { return PictureOf(row, tab.shown); });
   list->SetSmallImages(ShipPictures());
   list->SetMinSize(parent->FromDIP(wxSize(220, 200)));
   return list;

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "actions/import_batch.h"
+#include "actions/swap_ships.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -189,12 +190,12 @@ std::vector<std::pair<std::string, std::string>> SuggestedSwitches(const Run& ru
   return pairs;
 }
 
-void OfferSwitches(SwapDesk& desk, SwitcherTab& tab, const Run& run, const std::function<void()>& refill) {
+void OfferSwitches(Run& run, const ImportSteps& steps) {
   const auto pairs = SuggestedSwitches(run);
   if (pairs.empty() || !AskYesNo(run.host, switchQuestion)) return;
-  cmdUnswapAll_Click(desk, tab);
-  SwapPairs(desk, pairs);
-  refill();
+  if (UnswapAllShips(run.host, run.installation)) steps.showUnswapped();
+  SwapPairs(run.host, run.installation, pairs);
+  steps.refill();
 }
 
 /// Intentional: the message names the ships that failed after its given text. The boxes about them came one by one
@@ -220,19 +221,20 @@ void StartShipTool(const Run& run) {
   platform::StartProgram(command);
 }
 
-bool CanImport(SwapDesk& desk, const FighterPack& form, const std::vector<CheckedShip>& ships) {
-  if (!CanBeImportedInto(desk.host, desk.installation)) return false;
+bool CanImport(Host& host, const Installation& installation, const FighterPack& form,
+               const std::vector<CheckedShip>& ships, const ImportSteps& steps) {
+  if (!CanBeImportedInto(host, installation)) return false;
   if (AnyCheckedRed(form)) {
-    Show(desk.host, redNames, Icon::exclamation);
+    Show(host, redNames, Icon::exclamation);
     return false;
   }
   if (ships.empty()) {
-    Show(desk.host, form.ships.empty() ? "This pack lists no ships." : "Check the ships to import first.",
+    Show(host, form.ships.empty() ? "This pack lists no ships." : "Check the ships to import first.",
          Icon::exclamation);
     return false;
   }
-  desk.closeOthers();
-  return ReadyToWrite(desk.host, PlanImport(desk.host.files, desk.installation, ships));
+  steps.closeOthers();
+  return ReadyToWrite(host, PlanImport(host.files, installation, ships));
 }
 
 }  // namespace
@@ -243,11 +245,11 @@ bool CanBeImportedInto(Host& host, const Installation& installation) {
   return false;
 }
 
-void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill) {
+void cmdImportShips_Click(Host& host, Installation& installation, FighterPack& form, const ImportSteps& steps) {
   const std::vector<CheckedShip> ships = CheckedShips(form);
-  if (!CanImport(desk, form, ships)) return;
-  Run run{desk.host, desk.installation, {}, {}, false, {}, {}, {}, true};
-  if (!BeginImport(desk.host, desk.installation, run.batch)) return;
+  if (!CanImport(host, installation, form, ships, steps)) return;
+  Run run{host, installation, {}, {}, false, {}, {}, {}, true};
+  if (!BeginImport(host, installation, run.batch)) return;
   try {
     ImportAll(run, ships);
   } catch (const ProgramEnd&) {
@@ -257,8 +259,8 @@ void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, c
   }
   EndProgress(run.host);
   Commit(run);
-  refill();
-  OfferSwitches(desk, tab, run, refill);
+  steps.refill();
+  OfferSwitches(run, steps);
   form.done = true;
   form.shown = false;
   TellResult(run);

@@ -3,10 +3,15 @@
 #include <functional>
 
 #include "tabs/import_form.h"
-#include "tabs/swap.h"
-#include "tabs/switcher_tab.h"
 
 namespace oravin {
+
+/// What the caller does between the steps of an import.
+struct ImportSteps {
+  std::function<void()> closeOthers;    ///< closes the files that other tabs hold open
+  std::function<void()> refill;         ///< shows the changed catalogue in the lists of the tabs
+  std::function<void()> showUnswapped;  ///< shows that no ship is swapped
+};
 
 /// True when ships can be imported: the installation is enabled. If not, a box says so.
 bool CanBeImportedInto(Host& host, const Installation& installation);
@@ -26,7 +31,6 @@ bool CanBeImportedInto(Host& host, const Installation& installation);
 /// where errors on some ships", followed by all ships that were not imported and all notes. Then the game folder's
 /// model tool is started with the imported ships' names, where there is one.
 ///
-/// @param refill shows the changed catalogue in the lists of the tabs
-void cmdImportShips_Click(SwapDesk& desk, SwitcherTab& tab, FighterPack& form, const std::function<void()>& refill);
+void cmdImportShips_Click(Host& host, Installation& installation, FighterPack& form, const ImportSteps& steps);
 
 }  // namespace oravin

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 #include "desk/host.h"
@@ -10,20 +9,23 @@
 
 namespace oravin {
 
-/// Fills lstImported with the imported ships of the catalogue; ships that were selected stay so by their names. An
-/// item's key is "s" and the ship's index counted from 1. Two imported parts of one ship are one item, by the first of
-/// them. Then the buttons are enabled that can do something.
+/// Fills lstImported with the imported ships of the catalogue; ships that were selected stay selected by their names.
+/// A row's item is the ship's index. Two imported parts of one ship are one row, that of the first part. Then the
+/// buttons are enabled that can do something.
 ///
-/// A missing model is passed over without a box: the switcher's lists, which are filled together with this one, tell of
-/// it.
-/// @param known the classes that the switcher's lists have just been filled by: these models are not read once more
+/// A missing model has no message box here: the switcher's lists, which are filled together with this one, report it.
+/// @param known the classes that DisplaySwitcher has just read: these models are not read again
 void DisplayImported(Host& host, ImportTab& tab, const Installation& installation, const ModelClasses& known = {});
 
 /// Enables the buttons that can do something with what is selected.
 void lstImported_ItemClick(ImportTab& tab);
 
-/// The indices of the records of an imported ship that lstImported lists: one, or two where the next record is its
-/// second part. Empty when the index is that of no such ship.
-std::vector<std::size_t> ImportedParts(const Ships& ships, int index);
+/// The indices of the imported ships that are selected.
+std::vector<int> SelectedImported(const ImportTab& tab, const Ships& ships);
+
+/// Renames the ship whose name was edited in lstImported (RenameImported); `edited.refused` is true afterwards when it
+/// keeps its old name.
+/// @return as RenameImported
+bool lstImported_AfterLabelEdit(Host& host, ImportTab& tab, Installation& installation);
 
 }  // namespace oravin

@@ -133,7 +133,7 @@ TEST_F(CatalogueBuild, AnOldCatalogueIsReplacedWhole) {
 TEST_F(CatalogueBuild, AChangedShipIsUnchangedInTheNewCatalogue) {
   const HogTable backup = stage.Live();
   stage.Enable();
-  SwapShip(stage.swapDesk, "ALPHA", "MANTA");
+  stage.Swap("ALPHA", "MANTA");
   ASSERT_TRUE(stage.RecordOnDisk(alpha).Changed);
   EXPECT_TRUE(stage.Build(backup));
   EXPECT_FALSE(stage.RecordOnDisk(alpha).Changed);
