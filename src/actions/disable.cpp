@@ -3,7 +3,6 @@
 #include "actions/restore_archive.h"
 #include "actions/restore_cache.h"
 #include "actions/safekeeping.h"
-#include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
 #include "desk/write_plan.h"

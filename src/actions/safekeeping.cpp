@@ -7,7 +7,6 @@
 #include "actions/restore_cache.h"
 #include "archive/unpack.h"
 #include "base/text.h"
-#include "catalogue/catalogue.h"
 #include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/path.h"
