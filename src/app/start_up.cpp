@@ -103,7 +103,7 @@ bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
 std::string AskFolder(Host& host, const char* prompt, const char* refusal,
                       const std::function<bool(const std::string& folder)>& isRight) {
   for (;;) {
-    const std::string folder = AddBackslash(BrowseForFolder(host, prompt));
+    std::string folder = AddBackslash(BrowseForFolder(host, prompt));
     if (folder.empty()) throw ProgramEnd();
     if (isRight(folder)) return folder;
     Show(host, refusal, Icon::exclamation);
