@@ -42,7 +42,7 @@ void Locate(ShipRecord& ship, const HogTable& live, const HogTable& backup, std:
   ship.HogFatPos = Int32Value(entry->FatPos);
 }
 
-/// What the boxes at the end of the build list.
+/// What the message boxes at the end of the build report.
 struct Shortcomings {
   std::vector<std::string> missing;   ///< models that were found nowhere
   std::vector<std::string> cutShort;  ///< models with more textures than a record holds
@@ -110,7 +110,7 @@ void InstallAddOns(Host& host, const Installation& installation) {
   }
 }
 
-void Tell(Host& host, const Shortcomings& shortcomings) {
+void Report(Host& host, const Shortcomings& shortcomings) {
   if (!shortcomings.missing.empty()) {
     Show(host,
          "The models of these ships were found neither in resource.hog nor among the add-ons:" +
@@ -156,7 +156,7 @@ bool BuildCatalogue(Host& host, Installation& installation, const std::vector<Li
   EndProgress(host);
   if (!written || !LoadCatalogue(host, installation)) return false;
   InstallAddOns(host, installation);
-  Tell(host, shortcomings);
+  Report(host, shortcomings);
   InstallAddOnTextures(host, installation);
   return true;
 }

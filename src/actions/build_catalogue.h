@@ -20,10 +20,10 @@ bool CacheHasSlotsFor(Files& files, const Installation& installation, const std:
 /// Builds the catalogue from the ship list and loads it.
 ///
 /// A stock ship gets the place of its model in the archive (FindModel); one that is found nowhere keeps 0 there and is
-/// named in a box at the end. An add-on ship gets its statistics, the texture names of its model, its model in the
-/// game's ships folder and its textures in the cache (InstallAddOnTextures). The new catalogue is written to a
-/// temporary file and renamed over the old one. Models are copied after that, so until then nothing in the game's ships
-/// folder has changed.
+/// named in a message box at the end. An add-on ship gets its statistics, the texture names of its model, its model in
+/// the game's ships folder and its textures in the cache (InstallAddOnTextures). The new catalogue is written to a
+/// temporary file, which takes its name when it is complete; only then are models copied, so that until then nothing in
+/// the game's ships folder has changed.
 ///
 /// @param live the archive's table
 /// @param backup the table's backup; may be empty

@@ -46,9 +46,9 @@ void ShowResult(Host& host, std::int32_t code) {
 
 }  // namespace
 
-std::optional<std::int32_t> m3DtoSL(Host& host, const std::string& programPath, const std::string& source,
+std::optional<std::int32_t> m3DtoSL(Host& host, const Installation& installation, const std::string& source,
                                     const std::string& options, const std::string& destination) {
-  // The current folder is about to become another one.
+  // Absolute paths: the current folder changes below.
   std::string from = platform::FromTheRoot(Trim(source));
   std::string to = platform::FromTheRoot(Trim(destination));
   if (!FileExists(host.files, from)) {
@@ -59,13 +59,13 @@ std::optional<std::int32_t> m3DtoSL(Host& host, const std::string& programPath, 
     Refuse(host, "The destination is the source file itself. Nothing was converted.");
     return std::nullopt;
   }
-  platform::SetCurrentFolder(programPath);
+  platform::SetCurrentFolder(installation.ProgramPath);
   // Loaded before an existing destination is deleted: without the library that file would be lost for nothing.
-  const platform::Converter converter(programPath + platform::converterLibrary);
+  const platform::Converter converter(installation.programFile(platform::converterLibrary));
   if (!converter.whyNot.empty()) {
     Refuse(host, "The converter library " + std::string(platform::converterLibrary) + " cannot be used: " +
                      converter.whyNot + ".\nIt is no part of Oravin and belongs into Oravin's own folder, " +
-                     programPath + "\nNothing was converted.");
+                     installation.ProgramPath + "\nNothing was converted.");
     return std::nullopt;
   }
   const bool free = Trap(host, "m3DtoSL", [&] {

@@ -8,7 +8,6 @@
 #include "actions/restore_stats.h"
 #include "archive/unpack.h"
 #include "base/text.h"
-#include "catalogue/catalogue.h"
 #include "desk/error_trap.h"
 #include "files/look_up.h"
 #include "files/path.h"
@@ -33,7 +32,7 @@ bool OwnWork(Files& files, const Installation& installation, const std::string& 
   });
 }
 
-/// The names that loose models of ships have, their ".org" included.
+/// The file names of loose models, and of their ".org".
 std::vector<std::string> NamesOfModels(const std::vector<std::string>& models) {
   std::vector<std::string> names;
   for (const std::string& model : models) {
@@ -47,7 +46,7 @@ void KeepLooseModels(Files& files, const Installation& installation, const std::
                      const HogTable& live, const HogTable& backup) {
   Spellings there = SpellingsIn(files, installation.modelsFolder());
   KeptModels kept = ReadKeptModels(files, installation);
-  // Names that are disguised although the features are not enabled tell of a catalogue that was lost.
+  // Names that are disguised although the features are not enabled: the catalogue was lost.
   const bool lost =
       std::any_of(models.begin(), models.end(), [&](const auto& model) { return IsDisguised(model, live); });
   for (const std::string& name : NamesOfModels(models)) {
@@ -66,7 +65,7 @@ void KeepTextures(Files& files, const Installation& installation) {
   const std::string cache = installation.cachePath();
   if (TcacheCount(files, cache) <= factoryTextures) return;
   const std::string kept = installation.backupPath(tcacheName);
-  if (FileExists(files, kept)) {
+  if (FileIsThere(files, kept)) {
     if (SameContent(files, cache, kept)) return;
     RenameOver(files, kept, FreeOldName(files, installation.backupPath("tcachehw")));
   }
@@ -79,16 +78,18 @@ void KeepDefaults(Host& host, const Installation& installation) {
   const std::string current = installation.statsPath();
   const std::string defaults = installation.defaultsPath();
   const std::string kept = installation.backupPath(defaultsName);
-  const bool lost = FeaturesEnabled(host.files, installation.cataloguePath()) && !FileExists(host.files, defaults);
-  // Only the current file tells which blocks are the game's: without it BackupShipStats has its box, and the next start
-  // tries again.
-  if (!lost || !FileExists(host.files, current)) {
-    BackupShipStats(host, installation);
-    return;
-  }
-  // Where the backup cannot be read, the current file is no substitute: changed statistics would become the defaults.
-  const std::string source = FileExists(host.files, kept) ? kept : current;
   Trap(host, "BackupShipStats", [&] {
+    const bool there = FileIsThere(host.files, defaults);
+    const bool currentThere = VisibleFileIsThere(host.files, current);
+    if (there && currentThere) return;
+    // Only the current file says how many blocks are the game's: without it BackupShipStats has its message box, and
+    // the next start tries again.
+    if (there || !currentThere || !FeaturesEnabled(host.files, installation)) {
+      BackupShipStats(host, installation);
+      return;
+    }
+    // Where the backup cannot be read, the current file is no substitute: changed statistics would become the defaults.
+    const std::string source = FileIsThere(host.files, kept) ? kept : current;
     WriteBeside(host.files, defaults, [&](File& file) {
       CopyInto(file, source);
       PutAddOnBlocks(host, installation, file);
@@ -101,7 +102,7 @@ void KeepPlayersFiles(Files& files, const Installation& installation, const std:
   KeepLooseModels(files, installation, models, live, backup);
   KeepTextures(files, installation);
   const std::string defaults = installation.defaultsPath();
-  if (FileExists(files, defaults)) CopyWhole(files, defaults, installation.backupPath(defaultsName));
+  if (FileIsThere(files, defaults)) CopyWhole(files, defaults, installation.backupPath(defaultsName));
 }
 
 void EraseKeptSpellings(Files& files, const Installation& installation, const std::vector<std::string>& models) {
@@ -121,10 +122,10 @@ std::vector<std::string> LooseFiles(Files& files, const Installation& installati
 }
 
 std::uint64_t PlayersFilesSize(Files& files, const Installation& installation, const std::vector<std::string>& models) {
-  std::uint64_t size = FileLength(files, installation.statsPath());
-  for (const std::string& path : LooseFiles(files, installation, models)) size += FileLength(files, path);
+  std::uint64_t size = LengthOrThrow(files, installation.statsPath());
+  for (const std::string& path : LooseFiles(files, installation, models)) size += LengthOrThrow(files, path);
   const std::string cache = installation.cachePath();
-  return TcacheCount(files, cache) > factoryTextures ? size + FileLength(files, cache) : size;
+  return TcacheCount(files, cache) > factoryTextures ? size + LengthOrThrow(files, cache) : size;
 }
 
 void EraseAllLeftovers(Files& files, const Installation& installation) {
@@ -134,9 +135,7 @@ void EraseAllLeftovers(Files& files, const Installation& installation) {
   EraseLeftovers(files, installation.backupFolder());
   EraseLeftovers(files, KeptModelsFolder(installation));
   EraseLeftovers(files, OldModelsFolder(installation));
-  for (const char* folder : {addOnShipsFolder, addOnTexturesFolder, addOnStatsFolder}) {
-    EraseLeftovers(files, installation.programFile(folder));
-  }
+  for (const std::string& folder : installation.addOnFolders()) EraseLeftovers(files, folder);
   EraseUnfinishedRebuild(files, installation.cachePath());
 }
 

@@ -15,15 +15,14 @@ namespace {
 
 /// The most bytes that a ship's model takes, whether it is loose or has to be unpacked first.
 std::uint64_t ModelSize(Files& files, const Installation& installation, const ShipRecord& ship) {
-  const std::string folder = installation.modelsFolder();
-  const std::uint64_t loose =
-      std::max(FileLength(files, folder + ModelOf(ship)), FileLength(files, folder + BackupOf(ship)));
+  const std::uint64_t loose = std::max(LengthOrThrow(files, installation.modelPath(ModelOf(ship))),
+                                       LengthOrThrow(files, installation.modelPath(BackupOf(ship))));
   if (loose > 0) return loose;
   try {
     File hog(files, installation.archivePath(), OpenFor::reading);
     return UnpackedSize(hog, Unsigned32(ship.HogSize), Unsigned32(ship.HogOffset));
   } catch (const FileError&) {
-    return 0;  // an archive that cannot be read is told of where the model is unpacked
+    return 0;  // unpacking the model reports an archive that cannot be read
   }
 }
 
@@ -48,7 +47,7 @@ WritePlan PlanSwap(Files& files, const Installation& installation, int target, i
   const std::uint64_t sourceSize = ModelSize(files, installation, by);
   NeedRoom(plan, installation.GamePath, sourceSize);
   // A source that only the archive has is unpacked first, and an older backup of it is deleted.
-  if (!by.Imported && !FileExists(files, installation.modelPath(ModelOf(by)))) AddModel(plan, installation, by);
+  if (!by.Imported && !FileIsThere(files, installation.modelPath(ModelOf(by)))) AddModel(plan, installation, by);
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
     NeedRoom(plan, installation.GamePath, sourceSize + ModelSize(files, installation, installation.ships[part]));
@@ -61,10 +60,10 @@ WritePlan PlanUnswap(Files& files, const Installation& installation, int target)
   const auto first = static_cast<std::size_t>(target);
   for (std::size_t part = first; part < first + static_cast<std::size_t>(PartsOf(installation.ships[first])); ++part) {
     AddModel(plan, installation, installation.ships[part]);
-    // Where the archive does not have the model either, what lies in its place may have to be kept.
-    if (!FileExists(files, installation.modelPath(BackupOf(installation.ships[part])))) {
+    // Where the archive does not have the model either, the file in its place may have to be kept.
+    if (!FileIsThere(files, installation.modelPath(BackupOf(installation.ships[part])))) {
       NeedRoom(plan, installation.ProgramPath,
-               FileLength(files, installation.modelPath(ModelOf(installation.ships[part]))));
+               LengthOrThrow(files, installation.modelPath(ModelOf(installation.ships[part]))));
     }
     NeedRoom(plan, installation.GamePath, ModelSize(files, installation, installation.ships[part]));
   }

@@ -6,9 +6,10 @@
 namespace oravin {
 
 /// What a swap of two known ships is going to write.
+/// @throws FileError where the system cannot say which files are there
 WritePlan PlanSwap(Files& files, const Installation& installation, int target, int source);
 
-/// What putting a changed ship back is going to write.
+/// What the unswap of a swapped ship is going to write. Throws as PlanSwap.
 WritePlan PlanUnswap(Files& files, const Installation& installation, int target);
 
 }  // namespace oravin

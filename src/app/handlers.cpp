@@ -5,12 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "app/disable.h"
-#include "app/enable.h"
 #include "app/hog_handlers.h"
 #include "app/import_handlers.h"
 #include "app/ship_list_handlers.h"
 #include "app/stats_handlers.h"
+#include "app/switcher_handlers.h"
 #include "app/tcache_handlers.h"
 #include "desk/dialogs.h"
 #include "desk/error_trap.h"
@@ -21,27 +20,6 @@ namespace oravin {
 
 namespace {
 
-void Swap(Main& main) {
-  SwapDesk desk = SwapDeskOf(main);
-  cmdSwap_Click(desk, main.switcher);
-}
-
-void Unswap(Main& main) {
-  SwapDesk desk = SwapDeskOf(main);
-  cmdUnSwap_Click(desk, main.switcher);
-}
-
-void UnswapAll(Main& main) {
-  SwapDesk desk = SwapDeskOf(main);
-  cmdUnswapAll_Click(desk, main.switcher);
-}
-
-void Toggle(Main& main) { cmdToggle_Click(main.host, main.switcher, main.installation); }
-
-void SelectShips(Main& main) { EnableSwitcherControls(main.switcher, main.installation); }
-
-void ViewSelected(Main& main) { ViewModel(main.host.files, main.switcher.swapOrgList, main.installation); }
-
 void Readme(Main& main) {
   const std::string readme = main.installation.manualPath();
   if (platform::StartProgram("notepad " + readme)) return;
@@ -50,19 +28,7 @@ void Readme(Main& main) {
 
 void Exit(Main&) { throw ProgramEnd(); }
 
-constexpr std::array<Handler, 13> mainHandlers = {{{"switcher.cmdSwap", Swap, true},
-                                                   {"switcher.cmdUnswap", Unswap, true},
-                                                   {"switcher.cmdUnswapAll", UnswapAll, true},
-                                                   {"switcher.cmdToggle", Toggle, false},
-                                                   {"switcher.cmdEnable", cmdEnable_Click, true},
-                                                   {"switcher.cmdDisable", cmdDisable_Click, true},
-                                                   {"switcher.swapOrgList.ItemClick", SelectShips, false},
-                                                   {"switcher.swapToList.ItemClick", SelectShips, false},
-                                                   {"switcher.swapOrgList.DblClick", ViewSelected, false},
-                                                   {"stats.cmdEnable2", cmdEnable_Click, true},
-                                                   {"stats.CmdDisable2", cmdDisable_Click, true},
-                                                   {"about.cmdReadme", Readme, false},
-                                                   {"about.cmdExit", Exit, false}}};
+constexpr std::array<Handler, 2> mainHandlers = {{{"about.cmdReadme", Readme, false}, {"about.cmdExit", Exit, false}}};
 
 }  // namespace
 
@@ -70,7 +36,7 @@ std::span<const Handler> Handlers() {
   static const std::vector<Handler> handlers = [] {
     std::vector<Handler> all(mainHandlers.begin(), mainHandlers.end());
     for (const std::span<const Handler> tab :
-         {StatsHandlers(), ImportHandlers(), ShipListHandlers(), HogHandlers(), TcacheHandlers()}) {
+         {SwitcherHandlers(), StatsHandlers(), ImportHandlers(), ShipListHandlers(), HogHandlers(), TcacheHandlers()}) {
       all.insert(all.end(), tab.begin(), tab.end());
     }
     return all;

@@ -17,7 +17,7 @@ struct Handler {
 
 std::span<const Handler> Handlers();
 
-/// Runs an action. One that changes files is refused with a box while the program only looks.
+/// Runs an action. One that changes files is refused with a message box while another Oravin is using the installation.
 /// @throws std::out_of_range when there is no such action; ProgramEnd when the action ends the program
 void Run(Main& main, std::string_view name);
 

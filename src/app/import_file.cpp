@@ -1,11 +1,12 @@
 #include "app/import_file.h"
 
+#include "actions/swap_ships.h"
+#include "app/show_changes.h"
+
 #include "actions/import_ships.h"
 #include "base/text.h"
 #include "desk/dialogs.h"
 #include "files/look_up.h"
-#include "tabs/swap.h"
-#include "tabs/switcher_tab.h"
 
 namespace oravin {
 
@@ -30,21 +31,14 @@ void cmdImportShips_Click(Main& main) {
   RefillShipLists(main);
   const auto switches = SuggestedSwitches(main.installation.ships, *result);
   if (!switches.empty() && AskForSwitches(main.host)) {
-    SwapDesk desk = SwapDeskOf(main);
-    cmdUnswapAll_Click(desk, main.switcher);
-    SwapPairs(desk, switches);
+    if (UnswapAllShips(main.host, main.installation)) ShowAllUnswapped(main);
+    SwapPairs(main.host, main.installation, switches);
     RefillShipLists(main);
   }
   form.done = true;
   form.shown = false;
   ShowImportResult(main.host, *result);
   StartShipTool(main.host.files, main.installation, *result);
-}
-
-void RefillShipLists(Main& main) {
-  // The kind of ships that the switcher shows stays.
-  const bool capitalShips = main.switcher.cmdToggle.caption != NewSwitcherTab().cmdToggle.caption;
-  ShowShipsOnTabs(main, DisplaySwitcher(main.host, main.switcher, main.installation, capitalShips));
 }
 
 }  // namespace oravin

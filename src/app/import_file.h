@@ -14,7 +14,4 @@ void ImportFile(Main& main, const std::string& path);
 /// switches are made. At last the game folder's model tool is started, where there is one.
 void cmdImportShips_Click(Main& main);
 
-/// Shows the changed catalogue in every list of ships.
-void RefillShipLists(Main& main);
-
 }  // namespace oravin

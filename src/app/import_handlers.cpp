@@ -3,10 +3,9 @@
 #include <array>
 
 #include "app/import_file.h"
+#include "app/show_changes.h"
 #include "desk/dialogs.h"
 #include "tabs/imported_list.h"
-#include "tabs/remove_imported.h"
-#include "tabs/rename_imported.h"
 
 namespace oravin {
 
@@ -14,6 +13,14 @@ namespace {
 
 constexpr const char* shipFilter =
     "SL SHP file (*.shp) or SL SHP Pack (*.pak)|*.shp;*.pak|SL Ship Pack (*.pak)|*.pak|All Files *.*|*.*";
+
+constexpr const char* removeQuestion = "Are you sure that you want to remove these ships?";
+constexpr const char* removeQuestionTitle = "Oravin - Manage Switcher";
+
+constexpr const char* textureQuestion =
+    "Do you also want to remove the associated textures for this model?\n"
+    "It may take up to ten seconds to rebuild TCACHE file.\n"
+    "(Won't remove textures shared with ships not being removed)";
 
 using OnPackForm = void (*)(Host&, FighterPack&, const Installation&);
 using OnPackFormAlone = void (*)(FighterPack&, const Installation&);
@@ -26,10 +33,6 @@ void DoInPack(Main& main) {
 template <OnPackFormAlone action>
 void DoInPack(Main& main) {
   action(main.Fighter_PACK, main.installation);
-}
-
-RefillLists Refill(Main& main) {
-  return [&main] { RefillShipLists(main); };
 }
 
 void Browse(Main& main) {
@@ -47,14 +50,21 @@ void RenameImported(Main& main) {
 
 void ViewImported(Main& main) { ViewModel(main.host.files, main.imports.lstImported, main.installation); }
 
-void Remove(Main& main) {
-  SwapDesk desk = SwapDeskOf(main);
-  cmdRemoveShips_Click(desk, main.imports, Refill(main));
+void cmdRemoveShips_Click(Main& main) {
+  const std::vector<int> ships = SelectedImported(main.imports, main.installation.ships);
+  if (ships.empty() || !AskYesNo(main.host, removeQuestion, removeQuestionTitle)) return;
+  if (!CatalogueThere(main.host, main.installation, removeTitle)) return;
+  const bool textures = AskYesNo(main.host, textureQuestion);
+  CloseOpenFiles(main);
+  const RemovalResult result = RemoveImported(main.host, main.installation, ships, textures);
+  ShowChanges(main, result);
+  if (result.done) ShowSuccess(main.host, "Removal Complete", Icon::information);
 }
 
-void RemoveAll(Main& main) {
-  SwapDesk desk = SwapDeskOf(main);
-  cmdRemoveAll_Click(desk, main.imports, Refill(main));
+void cmdRemoveAll_Click(Main& main) {
+  SelectAll(main.imports.lstImported, true);
+  lstImported_ItemClick(main.imports);
+  cmdRemoveShips_Click(main);
 }
 
 void BrowseMesh(Main& main) { cmd3DSourceBrowse_Click(main.host, main.convert, main.installation); }
@@ -75,8 +85,8 @@ constexpr std::array<Handler, 19> importHandlers = {
      {"imports.lstImported.ItemClick", SelectImported, false},
      {"imports.lstImported.AfterLabelEdit", RenameImported, true},
      {"imports.lstImported.DblClick", ViewImported, false},
-     {"imports.cmdRemoveShips", Remove, true},
-     {"imports.cmdRemoveAll", RemoveAll, true},
+     {"imports.cmdRemoveShips", cmdRemoveShips_Click, true},
+     {"imports.cmdRemoveAll", cmdRemoveAll_Click, true},
      {"convert.cmd3DSourceBrowse", BrowseMesh, false},
      {"convert.cmdConvert3dsToSL", Convert, false},
      {"convert.cmd3d2SLReadme", ConverterReadme, false},

@@ -11,7 +11,6 @@
 #include "tabs/import_tab.h"
 #include "tabs/ship_list_form.h"
 #include "tabs/stats_tab.h"
-#include "tabs/swap.h"
 #include "tabs/switcher_tab.h"
 #include "tabs/table_editor.h"
 #include "tabs/texture_tab.h"
@@ -40,25 +39,12 @@ struct Main {
   FighterPack Fighter_PACK;
   ShipListForm ShipList;
 
-  bool onlyLooks = false;  ///< another copy of the program works on the installation
+  bool onlyLooks = false;  ///< another Oravin is using the installation
   platform::FolderLock gameLock;
   platform::FolderLock programLock;
 };
 
-/// Closes the files that the archive's and the texture cache's tabs hold open, and the archive in its tab with them.
+/// Closes the archive that the Hog Editor tab has open.
 void CloseOpenFiles(Main& main);
-
-/// The records that a swap works on.
-SwapDesk SwapDeskOf(Main& main);
-
-/// Shows the catalogue in the stats tab's list and in the list of imported ships.
-/// @param known as for DisplayImported
-void ShowShipsOnTabs(Main& main, const ModelClasses& known = {});
-
-/// Fills the switcher's lists, with the fighters, and the other tabs' lists of ships from the catalogue.
-void FillLists(Main& main);
-
-/// Empties these lists.
-void EmptyLists(Main& main);
 
 }  // namespace oravin

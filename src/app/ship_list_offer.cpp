@@ -8,13 +8,14 @@
 namespace oravin {
 
 bool OfferShipList(Main& main, const std::string& game, const std::string& program) {
-  if (!FolderExists(main.host.files, program) || !FileExists(main.host.files, game + hogName)) return false;
-  if (!AskYesNo(main.host, "This folder has no ship list (shipsData.txt), which Oravin needs:\n" + program +
+  const Installation installation = PlacesIn(game, program);
+  if (!FolderExists(main.host.files, program) || !FileExists(main.host.files, installation.archivePath())) return false;
+  if (!AskYesNo(main.host, std::string("This folder has no ship list (") + shipListName + "), which Oravin needs:\n" +
+                               program +
                                "\n\nOravin can draft one from the game's own files. You can look through it and change "
                                "it before it is saved.\n\nShall it do that?")) {
     return false;
   }
-  const Installation installation{game, program, {}};
   const ShipListDraft draft = DraftShipList(main.host, installation);
   EndProgress(main.host);
   if (draft.ships.empty()) {

@@ -5,8 +5,8 @@
 
 #include "actions/build_catalogue.h"
 #include "actions/safekeeping.h"
-#include "app/program_folder.h"
 #include "app/ship_list_offer.h"
+#include "app/show_changes.h"
 #include "base/delimited_text.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
@@ -16,6 +16,7 @@
 #include "files/look_up.h"
 #include "files/path.h"
 #include "files/whole_file.h"
+#include "installation/program_folder.h"
 #include "platform/current_folder.h"
 #include "platform/native_path.h"
 #include "platform/registry.h"
@@ -36,34 +37,36 @@ struct RegistryValue {
   const char* name;
 };
 
-/// Where the game folder may stand in the registry, in the order in which it is looked for.
+/// Registry values that may have the game folder, in the order in which they are read.
 constexpr std::array<RegistryValue, 4> gameFolderValues = {{{gameKey, "EXE Path"},
                                                             {gameKey, "InstallationDirectory"},
                                                             {directPlayKey, "Path"},
                                                             {appPathsKey, chosenGameValue}}};
 
-bool IsGameFolder(Files& files, const std::string& folder) { return FileExists(files, folder + hogName); }
+bool HasArchive(Files& files, const Installation& places) { return FileExists(files, places.archivePath()); }
 
-/// True when a program folder that is given can be worked on. A lost ship list must not keep the player from "Disable /
-/// Restore", which works by the catalogue.
-bool IsProgramFolder(Files& files, const std::string& folder) {
-  return FileExists(files, folder + shipListName) || FeaturesEnabled(files, folder + catalogueName);
+bool HasShipList(Files& files, const Installation& places) { return FileExists(files, places.shipListPath()); }
+
+/// True when Oravin can work with a program folder. A lost ship list must not keep the player from "Disable / Restore",
+/// which needs only the catalogue.
+bool IsProgramFolder(Files& files, const Installation& places) {
+  return HasShipList(files, places) || FeaturesEnabled(files, places.cataloguePath());
 }
 
 /// The program folder, first guess: where the registry says that the program is, else the usual folder, else the one
 /// that the program's package names.
 void GuessProgramFolder(Files& files, Installation& installation, const platform::PackagePlaces& package) {
   const auto executable = platform::RegReadString(platform::localMachine, appPathsKey, "");
-  installation.ProgramPath = executable ? ParentFolder(*executable) : std::string();
+  SetProgramFolder(installation, executable ? ParentFolder(*executable) : std::string());
   if (!executable || !FolderExists(files, installation.ProgramPath)) {
     if (FolderExists(files, usualProgramFolder)) {
       platform::SetCurrentFolder(usualProgramFolder);
-      installation.ProgramPath = usualProgramFolder;
+      SetProgramFolder(installation, usualProgramFolder);
     } else if (IsPrintableText(package.program)) {
-      installation.ProgramPath = package.program;
+      SetProgramFolder(installation, package.program);
     }
   } else if (FileExists(files, installation.programFile(hogName))) {
-    // The archive is looked for here, not the catalogue: meant.
+    // Intentional: the archive is looked for here, not the catalogue.
     platform::SetCurrentFolder(installation.ProgramPath);
   }
 }
@@ -72,9 +75,8 @@ bool GameFolderFromRegistry(Files& files, Installation& installation) {
   for (const RegistryValue& value : gameFolderValues) {
     const auto found = platform::RegReadString(platform::localMachine, value.key, value.name);
     if (!found) continue;
-    installation.GamePath = *found;
-    installation.GamePath = AddBackslash(installation.GamePath);
-    if (IsGameFolder(files, installation.GamePath)) return true;
+    SetGameFolder(installation, *found);
+    if (HasArchive(files, installation)) return true;
     platform::SetCurrentFolder(installation.ProgramPath);
   }
   return false;
@@ -88,37 +90,35 @@ bool FoldersFromIni(Host& host, Installation& installation, bool programGiven) {
   return Trapped(host, "Form_Load", false, [&] {
     const std::string all = TextOf(ReadWhole(host.files, path, longestIni));
     DelimitedText text{path, all};
-    installation.GamePath = TakeText(text);
-    installation.GamePath = AddBackslash(installation.GamePath);
-    if (programGiven)
-      return FolderExists(host.files, installation.GamePath) && IsGameFolder(host.files, installation.GamePath);
-    if (!FileExists(host.files, installation.shipListPath())) installation.ProgramPath = TakeText(text);
-    installation.ProgramPath = AddBackslash(installation.ProgramPath);
-    return FolderExists(host.files, installation.GamePath) && FolderExists(host.files, installation.ProgramPath) &&
-           FileExists(host.files, installation.shipListPath()) && IsGameFolder(host.files, installation.GamePath);
+    SetGameFolder(installation, TakeText(text));
+    const auto hasGame = [&] {
+      return FolderExists(host.files, installation.GamePath) && HasArchive(host.files, installation);
+    };
+    if (programGiven) return hasGame();
+    if (!HasShipList(host.files, installation)) SetProgramFolder(installation, TakeText(text));
+    return FolderExists(host.files, installation.ProgramPath) && HasShipList(host.files, installation) && hasGame();
   });
 }
 
-/// Asks for a folder until it holds a certain file.
-/// @param offer is given a folder without that file, and may make it there
-std::string AskFolder(Host& host, const char* prompt, const char* file, const char* refusal,
-                      const std::function<bool(const std::string& folder)>& offer = nullptr) {
+/// Asks for a folder until it is the right one.
+std::string AskFolder(Host& host, const char* prompt, const char* refusal,
+                      const std::function<bool(const std::string& folder)>& isRight) {
   for (;;) {
-    std::string folder = BrowseForFolder(host, prompt);
-    folder = AddBackslash(folder);
+    std::string folder = AddBackslash(BrowseForFolder(host, prompt));
     if (folder.empty()) throw ProgramEnd();
-    if (FileExists(host.files, folder + file) || (offer && offer(folder))) return folder;
+    if (isRight(folder)) return folder;
     Show(host, refusal, Icon::exclamation);
   }
 }
 
 std::string ChosenGameFolder(Host& host) {
   Show(host, "Registy entries for StarLancer not found!", Icon::exclamation);
-  return AskFolder(host, "Select your StarLancer Game Directory", hogName, "This is not a StarLancer game directory");
+  return AskFolder(host, "Select your StarLancer Game Directory", "This is not a StarLancer game directory",
+                   [&](const std::string& folder) { return HasArchive(host.files, PlacesIn(folder, {})); });
 }
 
 void AskGameFolder(Host& host, Installation& installation) {
-  installation.GamePath = ChosenGameFolder(host);
+  SetGameFolder(installation, ChosenGameFolder(host));
   if (!platform::RegWriteString(platform::localMachine, appPathsKey, chosenGameValue, installation.GamePath)) {
     Show(host, "Can't Create Registry entry", Icon::none);
   }
@@ -129,45 +129,39 @@ bool IsPackages(const Installation& installation, const GivenFolders& given) {
   return !given.package.program.empty() && SameName(installation.ProgramPath, given.package.program);
 }
 
-/// Offers to make the ship list, where that is wanted.
-std::function<bool(const std::string& folder)> Offer(Main& main, const std::string& game, const GivenFolders& given) {
-  if (!given.offerShipList) return nullptr;
-  return [&main, game](const std::string& folder) { return OfferShipList(main, game, folder); };
-}
-
 /// A package brings no ship list, so the folder that it laid out is offered one without having been chosen.
 void OfferListForPackage(Main& main, const GivenFolders& given) {
   const Installation& installation = main.installation;
   if (!IsPackages(installation, given) || !given.offerShipList) return;
-  if (FileExists(main.host.files, installation.shipListPath()) ||
-      FeaturesEnabled(main.host.files, installation.cataloguePath()))
-    return;
+  if (IsProgramFolder(main.host.files, installation)) return;
   OfferShipList(main, installation.GamePath, installation.ProgramPath);
 }
 
 void SettleProgramFolder(Main& main, const GivenFolders& given) {
   Host& host = main.host;
   Installation& installation = main.installation;
-  if (FileExists(host.files, std::string(usualProgramFolder) + shipListName)) {
-    installation.ProgramPath = usualProgramFolder;
-  } else if (installation.ProgramPath.empty() || !FileExists(host.files, installation.shipListPath())) {
+  if (HasShipList(host.files, PlacesIn({}, usualProgramFolder))) {
+    SetProgramFolder(installation, usualProgramFolder);
+  } else if (installation.ProgramPath.empty() || !HasShipList(host.files, installation)) {
     Show(host, "Can't find Oravin local path in registry", Icon::exclamation);
-    installation.ProgramPath =
-        AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)", shipListName,
-                  "This is not an Oravin directory", Offer(main, installation.GamePath, given));
+    const auto isRight = [&](const std::string& folder) {
+      return HasShipList(host.files, PlacesIn({}, folder)) ||
+             (given.offerShipList && OfferShipList(main, installation.GamePath, folder));
+    };
+    SetProgramFolder(installation, AskFolder(host, "Select your Oravin directory (i.e. C:\\Program Files\\Oravin\\)",
+                                             "This is not an Oravin directory", isRight));
   }
 }
 
 void WriteIni(Host& host, Installation& installation) {
   Trap(host, "Form_Load", [&] {
-    const std::string text =
-        '"' + AddBackslash(installation.GamePath) + "\"\r\n\"" + installation.ProgramPath + "\"\r\n";
+    const std::string text = '"' + installation.GamePath + "\"\r\n\"" + installation.ProgramPath + "\"\r\n";
     WriteWhole(host.files, installation.iniPath(), BytesOf(text));
   });
 }
 
-/// The game folder, from wherever it is noted, else from the person.
-/// @return whether the person was asked
+/// The game folder, from the registry or the INI file, else from the user.
+/// @return whether the user was asked
 bool SearchGameFolder(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
   if (GameFolderFromRegistry(main.host.files, installation)) return false;
@@ -192,14 +186,9 @@ void SearchFolders(Main& main, const GivenFolders& given) {
   throw ProgramEnd();
 }
 
-std::string FolderFrom(const std::string& given) {
-  std::string folder = platform::ToWindowsPath(given);
-  return AddBackslash(folder);
-}
-
 void TakeGivenGame(Host& host, Installation& installation, const std::string& given) {
-  installation.GamePath = FolderFrom(given);
-  if (!IsGameFolder(host.files, installation.GamePath)) {
+  SetGameFolder(installation, platform::ToWindowsPath(given));
+  if (!HasArchive(host.files, installation)) {
     RefuseGiven(host, installation.GamePath, "This is not a StarLancer game directory");
   }
 }
@@ -209,17 +198,16 @@ void TakeGivenGame(Host& host, Installation& installation, const std::string& gi
 /// @return whether the game folder is known now
 bool TakeGivenProgram(Main& main, const GivenFolders& given) {
   Installation& installation = main.installation;
-  const std::string program = FolderFrom(given.program);
-  installation.ProgramPath = program;
-  if (IsProgramFolder(main.host.files, program)) return false;
+  SetProgramFolder(installation, platform::ToWindowsPath(given.program));
+  if (IsProgramFolder(main.host.files, installation)) return false;
+  const std::string program = installation.ProgramPath;
   if (given.offerShipList && FolderExists(main.host.files, program)) {
     bool asked = false;
     if (given.game.empty()) {
       asked = SearchGameFolder(main, given);
     } else {
-      installation.GamePath = FolderFrom(given.game);
+      SetGameFolder(installation, platform::ToWindowsPath(given.game));
     }
-    installation.GamePath = AddBackslash(installation.GamePath);
     if (OfferShipList(main, installation.GamePath, program)) {
       if (asked) WriteIni(main.host, installation);
       return true;
@@ -233,7 +221,10 @@ void FindFolders(Main& main, const GivenFolders& given) {
   bool gameKnown = false;
   if (given.program.empty()) {
     GuessProgramFolder(main.host.files, installation, given.package);
-    if (IsPackages(installation, given)) LayOutProgramFolder(main.host, given.package);
+    if (IsPackages(installation, given)) {
+      Trap(main.host, "Form_Load",
+           [&] { LayOutProgramFolder(main.host.files, given.package.data, given.package.program); });
+    }
   } else {
     gameKnown = TakeGivenProgram(main, given);
   }
@@ -250,7 +241,7 @@ void FindFolders(Main& main, const GivenFolders& given) {
 
 void LockInstallation(Main& main) {
   const Installation& installation = main.installation;
-  // Asked only where the second folder is marked already: it may be the first one.
+  // Asked only where the second folder is locked already: it may be the first one.
   const auto oneFolder = [&installation] {
     return platform::ToNativePath(installation.GamePath) == platform::ToNativePath(installation.ProgramPath);
   };
@@ -270,7 +261,6 @@ void Form_Load(Main& main, const GivenFolders& given) {
   main.about.lblVersion.caption = VersionText(ORAVIN_VERSION_MAJOR, ORAVIN_VERSION_MINOR, ORAVIN_VERSION_REVISION);
   FindFolders(main, given);
 
-  installation.GamePath = AddBackslash(installation.GamePath);
   main.about.txtSLPath.text = installation.GamePath;
   main.about.txtProgramPath.text = installation.ProgramPath;
   main.hog.txtHogPath.text = installation.gameFile("Resource.hog");
@@ -289,17 +279,15 @@ void FindGameFolder(Main& main, const GivenFolders& given) {
   if (given.program.empty()) {
     GuessProgramFolder(main.host.files, installation, given.package);
   } else {
-    installation.ProgramPath = FolderFrom(given.program);
+    SetProgramFolder(installation, platform::ToWindowsPath(given.program));
   }
   if (!given.game.empty()) {
     TakeGivenGame(main.host, installation, given.game);
   } else if (!GameFolderFromRegistry(main.host.files, installation) &&
              !FoldersFromIni(main.host, installation, !given.program.empty())) {
-    installation.GamePath = ChosenGameFolder(main.host);
+    SetGameFolder(installation, ChosenGameFolder(main.host));
   }
-  installation.GamePath = AddBackslash(installation.GamePath);
-  TrimInPlace(installation.ProgramPath);
-  if (!FolderExists(main.host.files, installation.ProgramPath)) installation.ProgramPath = installation.GamePath;
+  if (!FolderExists(main.host.files, installation.ProgramPath)) SetProgramFolder(installation, installation.GamePath);
 }
 
 }  // namespace oravin

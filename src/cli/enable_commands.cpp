@@ -1,5 +1,5 @@
+#include "actions/status.h"
 #include "app/handlers.h"
-#include "app/status.h"
 #include "cli/commands.h"
 
 namespace oravin {
@@ -15,7 +15,7 @@ std::optional<Result> RunWhole(Session& session, const char* action, const char*
   Run(session.main, handler);
   const bool done = session.console.successes > successesBefore;
   if (!done && session.console.failures > failuresBefore) return std::nullopt;
-  const Status status = StatusOf(session.main);
+  const Status status = StatusOf(session.main.host.files, session.main.installation, session.main.onlyLooks);
   return Result{{{"action", action}, {"done", done}, {"enabled", status.enabled}, {"ships", status.ships}},
                 done ? saying(status) : "Nothing was done.\n"};
 }

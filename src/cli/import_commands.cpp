@@ -124,8 +124,6 @@ Result TellImport(const Session& session, const std::vector<OfferedShip>& ships)
   return {{{"action", "import"}, {"imported", imported}, {"failed", failed}}, text};
 }
 
-std::string ClassWord(const ListRow& row) { return row.image == importedCapitalImage ? "capital ship" : "fighter"; }
-
 /// The stock ships that are changed to a ship, by their names.
 std::vector<std::string> ChangedTo(const Ships& ships, std::size_t index) {
   std::vector<std::string> names;
@@ -188,13 +186,14 @@ std::optional<Result> ListImported(Session& session, const Values&) {
     const auto textures = TexturesOf(ship);
     const auto used = ChangedTo(main.installation.ships, index);
     const std::string name = ToUtf8(ship.ShipName.Trimmed());
+    const char* shipClass = main.imports.capitalShips.contains(static_cast<int>(index)) ? "capital ship" : "fighter";
     document.push_back(Json{{"name", name},
                             {"model", ModelOf(ship)},
-                            {"class", ClassWord(row)},
+                            {"class", shipClass},
                             {"statsIndex", WholeNumber(ship.StatsIndex)},
                             {"textures", textures},
                             {"inPlaceOf", used}});
-    rows.push_back({name, ModelOf(ship), ClassWord(row), Joined(textures), Joined(used)});
+    rows.push_back({name, ModelOf(ship), shipClass, Joined(textures), Joined(used)});
   }
   if (rows.empty()) return Result{document, "There are no imported ships.\n"};
   return Result{document, TextTable({{"Name"}, {"Model"}, {"Class"}, {"Textures"}, {"Flies in place of"}}, rows)};

@@ -83,7 +83,7 @@ Json JsonOf(const Status& status) {
   return {{"gameFolder", ToUtf8(status.gameFolder)},
           {"programFolder", ToUtf8(status.programFolder)},
           {"enabled", status.enabled},
-          {"onlyLooks", status.onlyLooks},
+          {"onlyLooks", status.readOnly},
           {"ships", status.ships},
           {"changedShips", status.changedShips},
           {"files", files}};

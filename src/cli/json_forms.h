@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "app/status.h"
+#include "actions/status.h"
 #include "catalogue/ship_record.h"
 #include "desk/message_box.h"
 

@@ -1,4 +1,4 @@
-#include "app/status.h"
+#include "actions/status.h"
 
 #include "base/text.h"
 #include "cli/commands.h"
@@ -21,11 +21,11 @@ std::string FileText(const GameFile& file) {
 }  // namespace
 
 std::optional<Result> TellStatus(Session& session, const Values&) {
-  const Status status = StatusOf(session.main);
+  const Status status = StatusOf(session.main.host.files, session.main.installation, session.main.onlyLooks);
   std::vector<std::vector<std::string>> rows = {{"Game folder:", status.gameFolder},
                                                 {"Program folder:", status.programFolder},
                                                 {"Enabled:", EnabledText(status)}};
-  if (status.onlyLooks) rows.push_back({"Only looks:", "yes, another copy of Oravin works on this installation"});
+  if (status.readOnly) rows.push_back({"Only looks:", "yes, another copy of Oravin works on this installation"});
   for (const GameFile& file : status.files) rows.push_back({file.name + ":", FileText(file)});
   return Result{JsonOf(status), TextTable({{}, {}}, rows)};
 }

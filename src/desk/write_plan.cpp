@@ -51,8 +51,9 @@ bool ReadyToWrite(Host& host, const WritePlan& plan) {
     return false;
   }
   for (const std::string& file : plan.files) {
-    if (LookFor(host.files, file).presence == Presence::absent) continue;
-    const std::string reason = WhyNotWritable(host.files, file);
+    const LookUp found = LookFor(host.files, file);
+    if (found.presence == Presence::absent) continue;
+    const std::string reason = found.presence == Presence::failed ? found.reason : WhyNotWritable(host.files, file);
     if (reason.empty()) continue;
     Refuse(host, file, reason);
     return false;

@@ -25,26 +25,42 @@ std::string Announce(Files& files, const FileOperation& look) {
   }
 }
 
+/// True for a path that can stand for files: see FileExists.
+bool NamesFiles(std::string_view path) {
+  if (!IsPrintableText(path)) return false;
+  const char last = Trimmed(path).back();
+  return last != '\\' && last != ':' && last != '.';
+}
+
+bool HasWildcard(std::string_view path) { return path.find_first_of("*?") != std::string_view::npos; }
+
 bool AnyFileMatches(Files& files, const std::string& path) {
   const std::size_t slash = path.find_last_of("\\:");
   const std::string folder = slash == std::string::npos ? ".\\" : path.substr(0, slash + 1);
   const std::string pattern = slash == std::string::npos ? path : path.substr(slash + 1);
-  const Listing listing = ListFolder(files, folder);
+  const Listing listing = ListOrThrow(files, folder);
   return std::any_of(listing.items.begin(), listing.items.end(), [&](const FileFacts& item) {
     return !item.folder && !item.hidden && !item.system && MatchesPattern(item.name, pattern);
   });
 }
 
+/// As FileExists, but tells hidden files from visible ones; a folder is no file.
+/// @throws FileError where the system cannot say
+Presence PresenceOfFile(Files& files, std::string_view path) {
+  if (!NamesFiles(path)) return Presence::absent;
+  if (HasWildcard(path)) return AnyFileMatches(files, Trim(path)) ? Presence::visible : Presence::absent;
+  const LookUp found = LookOrThrow(files, Trim(path));
+  return found.facts.folder ? Presence::absent : found.presence;
+}
+
 }  // namespace
 
 bool FileExists(Files& files, std::string_view path) {
-  if (!IsPrintableText(path)) return false;
-  const std::string trimmed = Trim(path);
-  const char last = trimmed.back();
-  if (last == '\\' || last == ':' || last == '.') return false;
-  if (trimmed.find_first_of("*?") != std::string::npos) return AnyFileMatches(files, trimmed);
-  const LookUp found = LookFor(files, trimmed);
-  return found.presence == Presence::visible && !found.facts.folder;
+  try {
+    return VisibleFileIsThere(files, path);
+  } catch (const FileError&) {
+    return false;
+  }
 }
 
 void RequireFile(Files& files, const std::string& path) {
@@ -52,9 +68,37 @@ void RequireFile(Files& files, const std::string& path) {
 }
 
 bool FolderExists(Files& files, std::string_view path) {
-  if (!IsPrintableText(path) || path.find_first_of("*?") != std::string_view::npos) return false;
-  const LookUp found = LookFor(files, AddBackslash(path));
-  return (found.presence == Presence::visible || found.presence == Presence::hidden) && found.facts.folder;
+  try {
+    return FolderIsThere(files, path);
+  } catch (const FileError&) {
+    return false;
+  }
+}
+
+bool FileIsThere(Files& files, std::string_view path) { return PresenceOfFile(files, path) != Presence::absent; }
+
+bool VisibleFileIsThere(Files& files, std::string_view path) {
+  return PresenceOfFile(files, path) == Presence::visible;
+}
+
+bool FolderIsThere(Files& files, std::string_view path) {
+  if (!IsPrintableText(path) || HasWildcard(path)) return false;
+  const LookUp found = LookOrThrow(files, AddBackslash(path));
+  return found.presence != Presence::absent && found.facts.folder;
+}
+
+std::uint64_t LengthOrThrow(Files& files, const std::string& path) { return LookOrThrow(files, path).facts.length; }
+
+LookUp LookOrThrow(Files& files, const std::string& path) {
+  LookUp found = LookFor(files, path);
+  if (found.presence == Presence::failed) throw FileError("could not look for", path, found.reason);
+  return found;
+}
+
+Listing ListOrThrow(Files& files, const std::string& folder) {
+  Listing listing = ListFolder(files, folder);
+  if (listing.presence == Presence::failed) throw FileError("could not list", folder, listing.reason);
+  return listing;
 }
 
 std::uint64_t FileLength(Files& files, const std::string& path) { return LookFor(files, path).facts.length; }

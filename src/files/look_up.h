@@ -16,10 +16,10 @@ using platform::Listing;
 using platform::LookUp;
 using platform::Presence;
 
-/// True if the trimmed path names an existing file: its characters have codes 32 to 127, its last one is none of `\`,
-/// `:` and `.`, and listing it returns a name. Hidden and system files do not count; a path with `*` or `?` in its last
-/// part counts if anything matches. Also false if the system cannot say: use LookFor before keeping, deleting or
-/// restoring files.
+/// True when the trimmed path names an existing file: its characters have codes 32 to 127, its last one is none of `\`,
+/// `:` and `.`, and a listing for it returns a name. Hidden and system files do not count; a path with `*` or `?` in
+/// its last part counts when anything matches. False also where the system cannot say: what keeps, plans, deletes or
+/// restores files asks FileIsThere or VisibleFileIsThere.
 bool FileExists(Files& files, std::string_view path);
 
 /// Does nothing if FileExists.
@@ -29,7 +29,28 @@ void RequireFile(Files& files, const std::string& path);
 /// True if the trimmed path names an existing folder.
 bool FolderExists(Files& files, std::string_view path);
 
-/// The length of a file in bytes; 0 if missing.
+/// As FileExists, but hidden and system files count.
+/// @throws FileError where the system cannot say
+bool FileIsThere(Files& files, std::string_view path);
+
+/// As FileExists.
+/// @throws FileError where the system cannot say
+bool VisibleFileIsThere(Files& files, std::string_view path);
+
+/// As FolderExists.
+/// @throws FileError where the system cannot say
+bool FolderIsThere(Files& files, std::string_view path);
+
+/// The length of a file in bytes; 0 where there is none.
+/// @throws FileError where the system cannot say
+std::uint64_t LengthOrThrow(Files& files, const std::string& path);
+
+/// As LookFor and ListFolder.
+/// @throws FileError where the system cannot say
+LookUp LookOrThrow(Files& files, const std::string& path);
+Listing ListOrThrow(Files& files, const std::string& folder);
+
+/// The length of a file in bytes; 0 where there is none.
 std::uint64_t FileLength(Files& files, const std::string& path);
 
 /// What is at a path: nothing, a file or folder, a hidden one, or unknown because the system could not say.

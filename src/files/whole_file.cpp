@@ -170,7 +170,7 @@ bool SameContent(Files& files, const std::string& a, const std::string& b) {
 
 std::string FreeOldName(Files& files, const std::string& base) {
   std::string name = base + ".old";
-  for (int number = 2; FileExists(files, name); ++number) name = base + ".old" + std::to_string(number);
+  for (int number = 2; FileIsThere(files, name); ++number) name = base + ".old" + std::to_string(number);
   return name;
 }
 

@@ -5,12 +5,10 @@
 #include <wx/vector.h>
 
 #include "desk/controls.h"
+#include "tabs/switcher_tab.h"
 
 /// The window's pictures, and the program's icon, which packages use as well (`packaging/icons`).
 namespace oravin::gui {
-
-/// The kind of ships in a list of the switcher: the picture of a stock ship depends on it.
-enum class ShipsShown { fighters, capitalShips };
 
 /// The pictures of the ship lists, indexed by PictureOf. Stock and imported ships, and fighters and capital ships,
 /// differ in shape; the two kinds of stock ships in colour.

@@ -14,11 +14,7 @@ constexpr int betweenWidth = 152;  // fixed, so that a changed caption does not 
 constexpr const char* doubleClick = "switcher.swapOrgList.DblClick";
 
 ListWindow* NewShipList(wxWindow* parent, const SwitcherTab& tab, const ListView& record) {
-  const std::string showsFighters = NewSwitcherTab().cmdToggle.caption;
-  auto* list = new ListWindow(parent, record, [&tab, showsFighters](const ListRow& row) {
-    // The button names the other kind of ships.
-    return PictureOf(row, tab.cmdToggle.caption == showsFighters ? ShipsShown::fighters : ShipsShown::capitalShips);
-  });
+  auto* list = new ListWindow(parent, record, [&tab](const ListRow& row) { return PictureOf(row, tab.shown); });
   list->SetSmallImages(ShipPictures());
   list->SetMinSize(parent->FromDIP(wxSize(220, 200)));
   return list;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <string_view>
 
 #include "catalogue/ship_record.h"
+#include "files/files.h"
 
 namespace oravin {
 
@@ -17,6 +20,7 @@ inline constexpr const char* catalogueName = "ships.dat";
 inline constexpr const char* shipListName = "shipsData.txt";
 inline constexpr const char* loadoutMapsName = "gloadconv.dat";
 inline constexpr const char* fatBackupName = "resource.fat";
+inline constexpr const char* manualName = "readme.txt";
 
 /// Where add-on ships lie, relative to the program folder: their models, their bitmaps, their statistics texts, and
 /// what is kept of those that were removed.
@@ -25,10 +29,11 @@ inline constexpr const char* addOnTexturesFolder = "addons\\textures\\";
 inline constexpr const char* addOnStatsFolder = "addons\\stats\\";
 inline constexpr const char* addOnRemovedFolder = "addons\\removed\\";
 
-/// The installed game that the program works on, and the place of each file that it has.
+/// The installed game that the program works on, and the place of each file that it has. No other code joins a folder
+/// and a file name.
 struct Installation {
-  std::string GamePath;     ///< the game folder, ending in a backslash
-  std::string ProgramPath;  ///< the program's own folder, ending in a backslash
+  std::string GamePath;     ///< the game folder, ending in a backslash: SetGameFolder
+  std::string ProgramPath;  ///< the program's own folder, ending in a backslash: SetProgramFolder
   Ships ships;              ///< the catalogue as it is loaded; empty while the features are not enabled
 
   // In the game folder.
@@ -49,7 +54,7 @@ struct Installation {
   [[nodiscard]] std::string cataloguePath() const { return ProgramPath + catalogueName; }
   [[nodiscard]] std::string shipListPath() const { return ProgramPath + shipListName; }
   [[nodiscard]] std::string iniPath() const { return ProgramPath + "oravin.ini"; }
-  [[nodiscard]] std::string manualPath() const { return ProgramPath + "readme.txt"; }
+  [[nodiscard]] std::string manualPath() const { return ProgramPath + manualName; }
   [[nodiscard]] std::string converterReadmePath() const { return ProgramPath + "3ds2sl.txt"; }
   [[nodiscard]] std::string loadoutMapsPath() const { return ProgramPath + loadoutMapsName; }
   /// The bitmap that the paint program is handed.
@@ -64,7 +69,26 @@ struct Installation {
   [[nodiscard]] std::string addOnStatsPath(const std::string& file) const {
     return ProgramPath + addOnStatsFolder + file;
   }
+  /// The folders of the add-ons' models, bitmaps and statistics texts.
+  [[nodiscard]] std::array<std::string, 3> addOnFolders() const {
+    return {ProgramPath + addOnShipsFolder, ProgramPath + addOnTexturesFolder, ProgramPath + addOnStatsFolder};
+  }
   [[nodiscard]] std::string removedAddOnsFolder() const { return ProgramPath + addOnRemovedFolder; }
+  /// @param folder a folder's name in removedAddOnsFolder
+  [[nodiscard]] std::string removedAddOnPath(const std::string& folder, const std::string& file) const {
+    return removedAddOnsFolder() + folder + "\\" + file;
+  }
 };
+
+/// Sets the game folder or the program folder: trimmed, with a backslash at its end unless it is empty.
+void SetGameFolder(Installation& installation, std::string_view folder);
+void SetProgramFolder(Installation& installation, std::string_view folder);
+
+/// The places in two folders, set as above; nothing is loaded.
+Installation PlacesIn(std::string_view game, std::string_view program);
+
+/// True while the editing features are enabled, as FeaturesEnabled of the catalogue.
+/// @throws FileError where the system cannot say
+bool FeaturesEnabled(Files& files, const Installation& installation);
 
 }  // namespace oravin

@@ -21,16 +21,16 @@ std::string NameOfCopy(const std::string& spelling, int version, int place) {
   return version > 1 ? spelling + "." + std::to_string(version) : spelling;
 }
 
-/// Takes a copy's name apart. A name that NameOfCopy would not give is a spelling as it stands.
+/// Splits a copy's name. A name that NameOfCopy cannot make is a spelling without a number.
 KeptCopy CopyNamed(const std::string& file) {
   KeptCopy copy{file, file};
   const std::size_t dot = file.find_last_of('.');
   if (dot == std::string::npos) return copy;
   const char* const last = file.data() + file.size();
   KeptCopy numbered{file, file.substr(0, dot)};
-  const auto [behind, failure] = std::from_chars(file.data() + dot + 1, last, numbered.version);
+  const auto [after, failure] = std::from_chars(file.data() + dot + 1, last, numbered.version);
   if (failure != std::errc()) return copy;
-  if (behind != last && *behind == '~') std::from_chars(behind + 1, last, numbered.place);
+  if (after != last && *after == '~') std::from_chars(after + 1, last, numbered.place);
   if (numbered.version > highestNumber || numbered.place > highestNumber) return copy;
   return NameOfCopy(numbered.spelling, numbered.version, numbered.place) == file ? numbered : copy;
 }
@@ -49,8 +49,8 @@ const KeptCopy* CopyOf(const std::vector<KeptCopy>& copies, int version, const s
   return found == copies.end() ? nullptr : &*found;
 }
 
-/// The version that models belong to: the latest, where all that both have is equal and one of them has nothing more;
-/// else a new one.
+/// The version that loose models belong to: the latest, where every spelling that both have is equal and one of them
+/// has no further spelling; else a new one.
 int VersionFor(Files& files, const Installation& installation, const std::vector<KeptCopy>& copies,
                const std::vector<std::string>& spellings) {
   const int latest = LatestVersion(copies);
@@ -69,16 +69,16 @@ int VersionFor(Files& files, const Installation& installation, const std::vector
   return belongs ? latest : latest + 1;
 }
 
-/// A name in `backup\old\` that nothing has yet.
+/// A path in `backup\old\` that is free.
 std::string FreePlace(Files& files, const Installation& installation, const std::string& spelling) {
   const std::string base = OldModelsFolder(installation) + spelling;
   std::string path = base;
-  for (int number = 2; LookFor(files, path).presence != Presence::absent; ++number)
+  for (int number = 2; LookOrThrow(files, path).presence != Presence::absent; ++number)
     path = base + "." + std::to_string(number);
   return path;
 }
 
-/// What goes back of the models of one name, and what does not.
+/// The copies of one name: those that are restored, and older ones.
 struct Sorted {
   std::vector<KeptCopy> latest;
   std::vector<KeptCopy> older;  ///< the oldest first
@@ -97,8 +97,8 @@ Sorted SortedByVersion(std::vector<KeptCopy> copies) {
   return sorted;
 }
 
-/// The loose file that a copy goes over; empty when there is none. Several spellings go back side by side, each over
-/// its own alone; a single one goes over whatever the game finds under its name.
+/// The loose file that a copy replaces; empty when there is none. Of several spellings each replaces only a file of the
+/// same spelling; a single one replaces the file that the game finds under its name.
 std::string LooseFor(const Spellings& loose, const Sorted& sorted, const KeptCopy& copy) {
   const auto found = loose.find(UpperCase(copy.spelling));
   if (found == loose.end()) return {};
@@ -107,7 +107,8 @@ std::string LooseFor(const Spellings& loose, const Sorted& sorted, const KeptCop
   return sorted.latest.size() > 1 ? std::string() : there.front();
 }
 
-/// Writes the temporary files of what is not back yet; a loose file of other bytes is copied to `backup\old\` first.
+/// Writes temporary files for the copies that are not restored yet; a loose file of other bytes is copied to
+/// `backup\old\` first.
 void AddMissing(Files& files, const Installation& installation, const Spellings& loose, const Sorted& sorted,
                 WholeFiles& together) {
   for (const KeptCopy& copy : sorted.latest) {
@@ -139,8 +140,8 @@ void CopyBack(Files& files, const Installation& installation, const std::vector<
   }
 }
 
-/// Where a file system does not tell spellings apart after all, the last one that was written has taken the others'
-/// place: these count as older.
+/// Where the file system does not tell spellings apart, the last one that was written has replaced the others: these
+/// count as older.
 void CheckSpellings(Files& files, const Installation& installation, Sorted& sorted) {
   if (sorted.latest.size() < 2) return;
   const auto lost = std::stable_partition(sorted.latest.begin(), sorted.latest.end(), [&](const KeptCopy& copy) {
@@ -159,7 +160,7 @@ void MoveToOld(Files& files, const Installation& installation, const KeptCopy& c
 
 Spellings SpellingsIn(Files& files, const std::string& folder) {
   Spellings names;
-  for (const FileFacts& item : ListFolder(files, folder).items) {
+  for (const FileFacts& item : ListOrThrow(files, folder).items) {
     if (!item.folder) names[UpperCase(item.name)].push_back(item.name);
   }
   for (auto& [name, spellings] : names) std::sort(spellings.begin(), spellings.end());
@@ -231,7 +232,7 @@ void PutKeptModelsBack(Files& files, const Installation& installation) {
   for (auto& [name, copies] : ReadKeptModels(files, installation)) all.push_back(SortedByVersion(copies));
   CopyBack(files, installation, all);
   for (Sorted& sorted : all) CheckSpellings(files, installation, sorted);
-  // The older ones go first: whenever this stops, the highest number that is left is still the latest.
+  // Older copies first: whenever this stops, the highest remaining number is still the latest.
   for (const Sorted& sorted : all) {
     for (const KeptCopy& copy : sorted.older) MoveToOld(files, installation, copy);
   }
@@ -242,7 +243,7 @@ void PutKeptModelsBack(Files& files, const Installation& installation) {
 
 std::uint64_t KeptModelsSize(Files& files, const Installation& installation) {
   std::uint64_t size = 0;
-  for (const FileFacts& item : ListFolder(files, KeptModelsFolder(installation)).items) {
+  for (const FileFacts& item : ListOrThrow(files, KeptModelsFolder(installation)).items) {
     size += item.length;
   }
   return size;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "desk/controls.h"
 #include "tabs/texture_import_panel.h"
 
@@ -7,8 +9,9 @@ namespace oravin {
 
 /// The controls of the "Import Ships" tab: the imported ships, and the panel that imports single textures.
 struct ImportTab {
-  Label frameImport;     ///< the caption of the frame around the next five
-  ListView lstImported;  ///< the imported ships; their names can be edited in place
+  Label frameImport;           ///< the caption of the frame around the next five
+  ListView lstImported;        ///< the imported ships; their names can be edited in place
+  std::set<int> capitalShips;  ///< indices of those whose models are capital ships
   TextBox txtImportFighter;
   Button cmdImportFighterBrowse;
   Button cmdRemoveShips;

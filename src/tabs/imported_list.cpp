@@ -3,19 +3,11 @@
 #include <set>
 #include <string>
 
-namespace oravin {
+#include "actions/imported_parts.h"
+#include "actions/rename_imported.h"
+#include "base/text.h"
 
-std::vector<std::size_t> ImportedParts(const Ships& ships, int index) {
-  if (index < 0 || static_cast<std::size_t>(index) >= ships.size()) return {};
-  const auto at = static_cast<std::size_t>(index);
-  if (IsInert(ships[at]) || !ships[at].Imported) return {};
-  // In a run of same-named records all but the last have HasSecondPart; pair them from the start.
-  std::size_t first = at;
-  while (first > 0 && ships[first - 1].HasSecondPart && ships[first - 1].Imported) --first;
-  if ((at - first) % 2 == 1) return {};
-  if (ships[at].HasSecondPart && ships[at + 1].Imported) return {at, at + 1};
-  return {at};
-}
+namespace oravin {
 
 void lstImported_ItemClick(ImportTab& tab) {
   tab.cmdRemoveShips.enabled = SelectedRow(tab.lstImported).has_value();
@@ -28,15 +20,37 @@ void DisplayImported(Host& host, ImportTab& tab, const Installation& installatio
     if (row.selected) selected.insert(TextAt(tab.lstImported, row, 0));
   }
   ClearRows(tab.lstImported);
+  tab.capitalShips.clear();
   for (std::size_t i = 0; i < installation.ships.size(); ++i) {
     const ShipRecord& ship = installation.ships[i];
     if (IsInert(ship) || !ship.Imported) continue;
     const std::string name = ship.ShipName.Trimmed();
     const bool capital = i < known.size() && known[i] ? *known[i] : IsImportedCapital(host, installation, ship);
+    if (capital) tab.capitalShips.insert(static_cast<int>(i));
     AddRow(tab.lstImported, {static_cast<int>(i), {name}, ImageOfImported(capital), selected.contains(name)});
     if (ship.HasSecondPart && installation.ships[i + 1].Imported) ++i;  // a second part is never listed by itself
   }
   lstImported_ItemClick(tab);
+}
+
+std::vector<int> SelectedImported(const ImportTab& tab, const Ships& ships) {
+  std::vector<int> selected;
+  for (const ListRow& row : tab.lstImported.rows) {
+    const int index = row.item;
+    if (row.selected && !ImportedParts(ships, index).empty()) selected.push_back(index);
+  }
+  return selected;
+}
+
+bool lstImported_AfterLabelEdit(Host& host, ImportTab& tab, Installation& installation) {
+  LabelEdit& edited = tab.lstImported.edited;
+  edited.refused = true;
+  if (edited.row >= tab.lstImported.rows.size()) return false;
+  const int index = tab.lstImported.rows[edited.row].item;
+  if (!RenameImported(host, installation, index, edited.text)) return false;
+  edited.refused = false;
+  SetText(tab.lstImported, edited.row, 0, Trim(edited.text));
+  return true;
 }
 
 }  // namespace oravin

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <vector>
 
 #include "desk/host.h"
@@ -21,8 +20,12 @@ void DisplayImported(Host& host, ImportTab& tab, const Installation& installatio
 /// Enables the buttons that can be used on the selection.
 void lstImported_ItemClick(ImportTab& tab);
 
-/// The records of an imported ship that lstImported lists, by index: one, or two where the next record is its second
-/// part. Empty when no such ship has the index.
-std::vector<std::size_t> ImportedParts(const Ships& ships, int index);
+/// The indices of the imported ships that are selected.
+std::vector<int> SelectedImported(const ImportTab& tab, const Ships& ships);
+
+/// Renames the ship whose name was edited in lstImported (RenameImported); `edited.refused` is true afterwards when it
+/// keeps its old name.
+/// @return as RenameImported
+bool lstImported_AfterLabelEdit(Host& host, ImportTab& tab, Installation& installation);
 
 }  // namespace oravin

@@ -4,6 +4,7 @@
 
 #include "desk/error_trap.h"
 #include "files/look_up.h"
+#include "installation/stats_source.h"
 #include "models/class_byte.h"
 #include "platform/start_program.h"
 
@@ -11,9 +12,10 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* displayCapitals = "&Display Capships";
-constexpr const char* displayFighters = "&Display Fighters";
-constexpr const char* changedMark = "--->";
+/// What the second column shows of a ship.
+std::string MarkOf(const ShipRecord& ship) {
+  return ship.Changed ? "--->" + ship.ChangedToName.Trimmed() : std::string();
+}
 
 /// Where a ship is listed, and with which picture.
 struct Listing {
@@ -21,8 +23,8 @@ struct Listing {
   int image;
 };
 
-std::optional<Listing> ListingOf(std::int64_t kind, bool capital, bool capitalShips) {
-  if (capital != capitalShips) return std::nullopt;
+std::optional<Listing> ListingOf(std::int64_t kind, bool capital, ShipsShown shown) {
+  if (capital != (shown == ShipsShown::capitalShips)) return std::nullopt;
   switch (kind) {
     case 1:
       return Listing{true, otherStockImage};
@@ -49,7 +51,7 @@ SwitcherTab NewSwitcherTab() {
   tab.cmdSwap = {"----->", "Switches Ship", false};
   tab.cmdUnswap = {"<-----", "Unswitches Ship", false};
   tab.cmdUnswapAll = {"Unswap All", "Unswitches all ships", true};
-  tab.cmdToggle = {displayCapitals, "", true};
+  ShowKind(tab, tab.shown);
   tab.cmdEnable = {"&Enable", "Enables editing features - see readme", true};
   tab.cmdDisable = {"D&isable / Restore", "Disables editing features - see readme", true};
   return tab;
@@ -61,7 +63,7 @@ bool IsImportedCapital(Host& host, const Installation& installation, const ShipR
 
 int ImageOfImported(bool capital) { return capital ? importedCapitalImage : importedFighterImage; }
 
-ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, bool capitalShips) {
+ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& installation, ShipsShown kind) {
   ClearRows(tab.swapOrgList);
   ClearRows(tab.swapToList);
   const Ships& ships = installation.ships;
@@ -71,16 +73,32 @@ ModelClasses DisplaySwitcher(Host& host, SwitcherTab& tab, const Installation& i
     if (IsInert(ship)) continue;
     const bool capital = Capital(host, installation, ship);
     classes[i] = capital;
-    const auto listing = ListingOf(WholeNumber(ship.ShipKind), capital, capitalShips);
+    const auto listing = ListingOf(WholeNumber(ship.ShipKind), capital, kind);
+    const int item = static_cast<int>(i);
     const std::string name = ship.ShipName.Trimmed();
-    const std::string changed = ship.Changed ? changedMark + ship.ChangedToName.Trimmed() : std::string();
-    if (listing && listing->target)
-      AddRow(tab.swapOrgList, {static_cast<int>(i), {name, changed}, listing->image, false});
-    if (listing) AddRow(tab.swapToList, {static_cast<int>(i), {name}, listing->image, false});
+    if (listing && listing->target) AddRow(tab.swapOrgList, {item, {name, MarkOf(ship)}, listing->image, false});
+    if (listing) AddRow(tab.swapToList, {item, {name}, listing->image, false});
     if (ship.HasSecondPart) ++i;  // a second part is never listed by itself
   }
   EnableSwitcherControls(tab, installation);
   return classes;
+}
+
+void ShowKind(SwitcherTab& tab, ShipsShown kind) {
+  tab.shown = kind;
+  tab.cmdToggle.caption = kind == ShipsShown::fighters ? "&Display Capships" : "&Display Fighters";
+}
+
+void ShowMark(SwitcherTab& tab, const Installation& installation, int target) {
+  const ShipRecord* ship = ShipAt(installation, target);
+  if (ship == nullptr) return;
+  for (std::size_t row = 0; row < tab.swapOrgList.rows.size(); ++row) {
+    if (tab.swapOrgList.rows[row].item == target) SetText(tab.swapOrgList, row, 1, MarkOf(*ship));
+  }
+}
+
+void ClearMarks(SwitcherTab& tab) {
+  for (std::size_t row = 0; row < tab.swapOrgList.rows.size(); ++row) SetText(tab.swapOrgList, row, 1, "");
 }
 
 void EnableSwitcherControls(SwitcherTab& tab, const Installation& installation) {
@@ -91,25 +109,17 @@ void EnableSwitcherControls(SwitcherTab& tab, const Installation& installation) 
 }
 
 void cmdToggle_Click(Host& host, SwitcherTab& tab, const Installation& installation) {
-  const int index = tab.swapOrgList.rows.empty() ? 0 : tab.swapOrgList.rows.front().item;
-  const bool known = index >= 0 && static_cast<std::size_t>(index) < installation.ships.size() &&
-                     !IsInert(installation.ships[static_cast<std::size_t>(index)]);
-  const bool capital = known && Capital(host, installation, installation.ships[static_cast<std::size_t>(index)]);
-  DisplaySwitcher(host, tab, installation, !capital);
-  if (tab.cmdToggle.caption == displayCapitals) {
-    tab.cmdToggle.caption = displayFighters;
-  } else if (tab.cmdToggle.caption == displayFighters) {
-    tab.cmdToggle.caption = displayCapitals;
-  }
+  const ShipRecord* first = ShipAt(installation, tab.swapOrgList.rows.empty() ? 0 : tab.swapOrgList.rows.front().item);
+  const bool capital = first != nullptr && Capital(host, installation, *first);
+  DisplaySwitcher(host, tab, installation, capital ? ShipsShown::fighters : ShipsShown::capitalShips);
+  ShowKind(tab, tab.shown == ShipsShown::fighters ? ShipsShown::capitalShips : ShipsShown::fighters);
 }
 
 void ViewModel(Files& files, const ListView& list, const Installation& installation) {
-  const int index = SelectedItem(list);
-  if (index < 0 || static_cast<std::size_t>(index) >= installation.ships.size()) return;
+  const ShipRecord* ship = ShipAt(installation, SelectedItem(list));
   const std::string viewer = installation.viewerPath();
-  if (!FileExists(files, viewer)) return;
-  const std::string model = installation.modelPath(ModelOf(installation.ships[static_cast<std::size_t>(index)]));
-  platform::StartProgram(platform::AsWord(viewer) + " " + platform::AsWord(model));
+  if (ship == nullptr || !FileExists(files, viewer)) return;
+  platform::StartProgram(platform::AsWord(viewer) + " " + platform::AsWord(installation.modelPath(ModelOf(*ship))));
 }
 
 }  // namespace oravin

@@ -7,6 +7,7 @@
 #include "actions/restore_stats.h"
 #include "base/file_error.h"
 #include "base/text.h"
+#include "stats/ship_stats.h"
 #include "support/fault.h"
 #include "support/swap_stage.h"
 
@@ -133,7 +134,7 @@ TEST_F(CatalogueBuild, AnOldCatalogueIsReplacedWhole) {
 TEST_F(CatalogueBuild, AChangedShipIsUnchangedInTheNewCatalogue) {
   const HogTable backup = stage.Live();
   stage.Enable();
-  SwapShip(stage.swapDesk, "ALPHA", "MANTA");
+  stage.Swap("ALPHA", "MANTA");
   ASSERT_TRUE(stage.RecordOnDisk(alpha).Changed);
   EXPECT_TRUE(stage.Build(backup));
   EXPECT_FALSE(stage.RecordOnDisk(alpha).Changed);

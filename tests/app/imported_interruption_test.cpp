@@ -1,11 +1,10 @@
 // Renaming and removing imported ships may stop at any file operation, or any operation may fail: whatever comes next,
 // Disable leaves the game folder as it was before the first Enable.
 
+#include "actions/rename_imported.h"
 #include "interruption_stage.h"
 #include "support/fault.h"
 #include "tabs/imported_list.h"
-#include "tabs/remove_imported.h"
-#include "tabs/rename_imported.h"
 
 namespace oravin::test {
 namespace {
@@ -17,8 +16,7 @@ void Rename(Session& session) { RenameImported(session.main.host, session.main.i
 void Remove(Session& session) {
   DisplayImported(session.main.host, session.main.imports, session.main.installation);
   SelectOnly(session.main.imports.lstImported, 0);
-  SwapDesk desk = SwapDeskOf(session.main);
-  cmdRemoveShips_Click(desk, session.main.imports, [&] { FillLists(session.main); });
+  session.Press("imports.cmdRemoveShips");
 }
 
 /// Lets Manta fly as Tiger, does the action with a fault at each of its operations in turn, then perhaps enables anew,

@@ -68,7 +68,7 @@ TEST(JsonOfStatus, HasEverything) {
   status.gameFolder = "Z:\\game\\";
   status.programFolder = "Z:\\program\\";
   status.enabled = true;
-  status.onlyLooks = true;
+  status.readOnly = true;
   status.ships = 63;
   status.changedShips = 2;
   status.files = {{"resource.hog", true, 5000000000U, 1000, "entries"}, {"shipstats.def", false, 0, 0, "blocks"}};

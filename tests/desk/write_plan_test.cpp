@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/file_error.h"
 #include "base/text.h"
 #include "support/file_marks.h"
 #include "support/held_file.h"
@@ -118,6 +119,23 @@ std::uint64_t FreeAsTold(const WritePlan& plan, const std::string& folder, std::
 }
 
 constexpr std::uint64_t spareRoom = 1048576;
+
+TEST(WritePlan, NamesAFileOfWhichTheSystemCannotSayWhetherItIsThere) {
+  const TemporaryFolder folder;
+  ScriptedHost at;
+  at.host.files.before = [](const FileOperation& operation) {
+    if (operation.kind == FileOperation::Kind::look) {
+      throw FileError("could not look for", operation.path, "the disk does not answer");
+    }
+  };
+  at.desk.ExpectBox(folder.Windows("a") +
+                        " cannot be written: the disk does not answer.\n"
+                        "Put that right and try again. Nothing has been changed.",
+                    "Oravin", Icon::exclamation);
+  WritePlan plan;
+  plan.files = {folder.Windows("a")};
+  EXPECT_FALSE(ReadyToWrite(at.host, plan));
+}
 
 TEST(WritePlan, NamesADiskWithTooLittleRoom) {
   const TemporaryFolder folder;

@@ -193,6 +193,76 @@ TEST(LookUpQuestions, ThatFailAreAnsweredOnTheSafeSide) {
   EXPECT_EQ(SpellingOf(files, folder.Windows("FILE")), "FILE");
 }
 
+TEST(IsThere, AHiddenFileIsThereAndNotVisible) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("file"), "abc");
+  const std::string file = folder.Windows("file");
+  EXPECT_TRUE(FileIsThere(files, file));
+  EXPECT_TRUE(VisibleFileIsThere(files, " " + file + " "));
+  EXPECT_EQ(LengthOrThrow(files, file), 3U);
+  if (!test::SetDosAttributes(folder.Native("file"), test::hiddenMark)) GTEST_SKIP() << "no hidden files here";
+  EXPECT_TRUE(FileIsThere(files, file));
+  EXPECT_FALSE(VisibleFileIsThere(files, file));
+}
+
+TEST(IsThere, AFolderIsNoFileAndAFileNoFolder) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("sub/file"), "abc");
+  EXPECT_FALSE(FileIsThere(files, folder.Windows("sub")));
+  EXPECT_FALSE(VisibleFileIsThere(files, folder.Windows("sub")));
+  EXPECT_TRUE(FolderIsThere(files, folder.Windows("sub")));
+  EXPECT_FALSE(FolderIsThere(files, folder.Windows("sub\\file")));
+}
+
+TEST(IsThere, WhatIsAbsentIsNoError) {
+  const TemporaryFolder folder;
+  Files files;
+  EXPECT_FALSE(FileIsThere(files, folder.Windows("none")));
+  EXPECT_FALSE(FileIsThere(files, folder.Windows("none\\none")));
+  EXPECT_FALSE(FolderIsThere(files, folder.Windows("none")));
+  EXPECT_EQ(LengthOrThrow(files, folder.Windows("none")), 0U);
+  EXPECT_EQ(ListOrThrow(files, folder.Windows("none\\")).presence, Presence::absent);
+}
+
+TEST(IsThere, APathThatNoFileCanHaveIsNotLookedFor) {
+  Files files;
+  files.before = [](const FileOperation& operation) { ADD_FAILURE() << test::InWords(operation); };
+  for (const std::string path : {"", "  ", "C:\\folder\\", "C:", "C:\\dot.", "C:\\J\xC4ger"}) {
+    EXPECT_FALSE(FileIsThere(files, path)) << path;
+    EXPECT_FALSE(VisibleFileIsThere(files, path)) << path;
+  }
+}
+
+TEST(IsThere, WhereTheSystemCannotSayIsAnError) {
+  const TemporaryFolder folder;
+  Files files;
+  WriteFileAt(folder.Native("file"), "abc");
+  const std::string file = folder.Windows("file");
+  const auto expectError = [&](const std::string& what, const std::string& path, const std::function<void()>& look) {
+    try {
+      look();
+      ADD_FAILURE() << "no error";
+    } catch (const FileError& error) {
+      EXPECT_EQ(error.what(), what + " " + path + ": the disk does not answer");
+      EXPECT_EQ(error.kind, ErrorKind::failed);
+    }
+  };
+  Fail(files, FileOperation::Kind::look);
+  expectError("could not look for", file, [&] { FileIsThere(files, file); });
+  expectError("could not look for", file, [&] { VisibleFileIsThere(files, file); });
+  expectError("could not look for", file, [&] { LengthOrThrow(files, file); });
+  expectError("could not look for", file, [&] { LookOrThrow(files, file); });
+  expectError("could not look for", folder.windows, [&] { FolderIsThere(files, folder.windows); });
+  EXPECT_FALSE(FileExists(files, file));
+  EXPECT_FALSE(FolderExists(files, folder.windows));
+  Fail(files, FileOperation::Kind::list);
+  expectError("could not list", folder.windows, [&] { ListOrThrow(files, folder.windows); });
+  expectError("could not list", folder.windows, [&] { FileIsThere(files, folder.Windows("f*")); });
+  EXPECT_FALSE(FileExists(files, folder.Windows("f*")));
+}
+
 TEST(LookUpQuestions, AreAllSeenByTheHook) {
   const TemporaryFolder folder;
   Files files;

@@ -2,6 +2,7 @@
 
 #include "installation/kept_models.h"
 
+#include "base/file_error.h"
 #include "support/swap_stage.h"
 
 namespace oravin::test {
@@ -75,6 +76,47 @@ TEST_F(Keeping, AMovedModelIsKeptAndGoneWithFoldersThatAreMadeForIt) {
   MoveToKept(stage.host.files, stage.installation, stage.installation.GamePath + "ships\\ALPHA.shp");
   EXPECT_EQ(ReadTextAt(stage.files.Program("backup/ships/Alpha.shp")), "the player's");
   EXPECT_FALSE(exists(stage.files.Game("ships/Alpha.shp")));
+}
+
+/// Lets every listing of a folder fail.
+void FailListing(oravin::Files& files, const std::string& folder) {
+  files.before = [folder](const FileOperation& operation) {
+    if (operation.kind == FileOperation::Kind::list && operation.path == folder) {
+      throw FileError("could not list", folder, "the disk does not answer");
+    }
+  };
+}
+
+TEST_F(Keeping, AFolderThatCannotBeListedIsNotTakenForAnEmptyOne) {
+  Loose("alpha.shp", "one");
+  Keep("alpha.shp");
+  Loose("alpha.shp", "two");
+  const FolderImage before = stage.Image();
+  oravin::Files& files = stage.host.files;
+  FailListing(files, KeptModelsFolder(stage.installation));
+  EXPECT_THROW(ReadKeptModels(files, stage.installation), FileError);
+  EXPECT_THROW(PutKeptModelsBack(files, stage.installation), FileError);
+  EXPECT_THROW(KeptModelsSize(files, stage.installation), FileError);
+  EXPECT_THROW(MoveToKept(files, stage.installation, stage.ModelPath(alpha)), FileError);
+  FailListing(files, stage.installation.modelsFolder());
+  EXPECT_THROW(PutKeptModelsBack(files, stage.installation), FileError);
+  EXPECT_THROW(EraseSpareSpellings(files, stage.installation, {"alpha.shp"}), FileError);
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+}
+
+TEST_F(Keeping, WhereTheSystemCannotSayWhetherAPlaceIsFreeNothingIsMoved) {
+  Loose("alpha.shp", "one");
+  Keep("alpha.shp");
+  Loose("alpha.shp", "two");
+  const std::string place = OldModelsFolder(stage.installation) + "alpha.shp";
+  stage.host.files.before = [place](const FileOperation& operation) {
+    if (operation.kind == FileOperation::Kind::look && operation.path == place) {
+      throw FileError("could not look for", place, "the disk does not answer");
+    }
+  };
+  EXPECT_THROW(PutKeptModelsBack(stage.host.files, stage.installation), FileError);
+  EXPECT_EQ(ReadTextAt(stage.files.Game("ships/alpha.shp")), "two");
+  EXPECT_EQ(Files(), Names{"alpha.shp"});
 }
 
 }  // namespace

@@ -24,7 +24,6 @@ void SwitcherStage::Enable() {
   BackupShipStats(host, installation);
   EXPECT_TRUE(Build());
   UnpackSetup(host, installation);
-  DisplaySwitcher(host, tab, installation, false);
 }
 
 std::string SwitcherStage::ModelPath(int ship) const {
@@ -45,11 +44,12 @@ ShipRecord SwitcherStage::RecordOnDisk(int ship) const {
   return record.value_or(ShipRecord());
 }
 
-void SwitcherStage::Select(int target, int source) {
-  ASSERT_TRUE(RowOf(tab.swapOrgList, target));
-  ASSERT_TRUE(RowOf(tab.swapToList, source));
-  SelectOnly(tab.swapOrgList, RowOf(tab.swapOrgList, target));
-  SelectOnly(tab.swapToList, RowOf(tab.swapToList, source));
+SwapResult SwitcherStage::Swap(const std::string& target, const std::string& source) {
+  return SwapShip(host, installation, FindShip(installation.ships, target), FindShip(installation.ships, source));
+}
+
+SwapResult SwitcherStage::Unswap(const std::string& target) {
+  return UnswapShip(host, installation, FindShip(installation.ships, target));
 }
 
 std::optional<std::size_t> RowOf(const ListView& list, int ship) {

@@ -3,16 +3,17 @@
 #include <gtest/gtest.h>
 
 #include "actions/build_catalogue.h"
+#include "actions/swap_ships.h"
 #include "catalogue/catalogue.h"
+#include "desk/controls.h"
+#include "installation/model_entry.h"
 #include "lists/ship_list.h"
 #include "support/scripted_desk.h"
 #include "support/small_installation.h"
-#include "tabs/swap.h"
-#include "tabs/switcher_tab.h"
 
 namespace oravin::test {
 
-/// A small installation and the switcher room over it, not enabled yet.
+/// A small installation that actions work on, not enabled yet.
 struct SwitcherStage {
   SwitcherStage();
 
@@ -20,7 +21,7 @@ struct SwitcherStage {
   HogTable Live();
   /// Reads the ship list and builds the catalogue from it.
   bool Build(const HogTable& backup = {});
-  /// Takes the steps of enabling that swaps need: statistics' defaults, catalogue, loose models, lists.
+  /// Does the steps of enabling that swaps need: statistics' defaults, catalogue, loose models.
   void Enable();
 
   [[nodiscard]] std::string ModelPath(int ship) const;   ///< Windows path of the loose model
@@ -35,8 +36,9 @@ struct SwitcherStage {
   [[nodiscard]] ShipRecord RecordOnDisk(int ship) const;
   [[nodiscard]] FolderImage Image() const { return ImageOf(files.folder.native); }
 
-  /// Selects a ship in either list; it must be listed.
-  void Select(int target, int source);
+  /// SwapShip and UnswapShip by the ships' names.
+  SwapResult Swap(const std::string& target, const std::string& source);
+  SwapResult Unswap(const std::string& target);
 
   static std::size_t At(int ship) { return static_cast<std::size_t>(ship); }
 
@@ -44,10 +46,6 @@ struct SwitcherStage {
   Host host;
   ScriptedDesk desk{host};
   Installation installation;
-  StatsTab statsTab;
-  SwitcherTab tab = NewSwitcherTab();
-  int closings = 0;  ///< how often the other tabs' files were closed
-  SwapDesk swapDesk{host, installation, statsTab, [this] { ++closings; }};
 };
 
 /// The row of a list that shows a ship; nothing when it is not listed.

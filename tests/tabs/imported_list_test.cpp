@@ -2,13 +2,18 @@
 
 #include "tabs/imported_list.h"
 
-#include "imported_stage.h"
+#include "actions/imported_parts.h"
+#include "support/imported_stage.h"
 
 namespace oravin::test {
 namespace {
 
 struct ImportedList : testing::Test {
   void Display() { DisplayImported(stage.host, tab, stage.installation); }
+  bool Edit(std::size_t row, const std::string& text) {
+    tab.lstImported.edited = {row, text, false};
+    return lstImported_AfterLabelEdit(stage.host, tab, stage.installation);
+  }
   [[nodiscard]] std::vector<std::string> Shown() const {
     std::vector<std::string> shown;
     for (const ListRow& row : tab.lstImported.rows) {
@@ -31,6 +36,48 @@ struct ImportedList : testing::Test {
 TEST_F(ImportedList, ShowsTheImportedShipsWithTheirPictures) {
   Display();
   EXPECT_EQ(Shown(), (Rows{"s12 Manta 5", "s13 Wraith 5", "s14 Colossus 6"}));
+}
+
+TEST_F(ImportedList, KnowsWhichOfThemAreCapitalShips) {
+  Display();
+  EXPECT_EQ(tab.capitalShips, (std::set<int>{colossus}));
+  stage.installation.ships.clear();
+  Display();
+  EXPECT_TRUE(tab.capitalShips.empty());
+}
+
+TEST_F(ImportedList, TheSelectedShipsAreThoseOfItsRows) {
+  Display();
+  EXPECT_TRUE(SelectedImported(tab, stage.installation.ships).empty());
+  tab.lstImported.rows[0].selected = true;
+  tab.lstImported.rows[2].selected = true;
+  EXPECT_EQ(SelectedImported(tab, stage.installation.ships), (std::vector<int>{manta, colossus}));
+  for (const int item : {int{alpha}, 14, -1}) {
+    tab.lstImported.rows[0].item = item;
+    EXPECT_EQ(SelectedImported(tab, stage.installation.ships), std::vector<int>{colossus}) << item;
+  }
+}
+
+TEST_F(ImportedList, TheEditedLabelIsTakenOrRefused) {
+  Display();
+  EXPECT_TRUE(Edit(1, " Ghost "));
+  EXPECT_FALSE(tab.lstImported.edited.refused);
+  EXPECT_EQ(tab.lstImported.rows[1].texts[0], "Ghost");
+  EXPECT_EQ(stage.RecordOnDisk(wraith).ShipName.Trimmed(), "Ghost");
+  stage.desk.ExpectBox("The ship name 'Manta' has the same name as an existing ship.");
+  EXPECT_FALSE(Edit(1, "Manta"));
+  EXPECT_TRUE(tab.lstImported.edited.refused);
+  EXPECT_EQ(tab.lstImported.rows[1].texts[0], "Ghost");
+}
+
+TEST_F(ImportedList, AnEditedRowThatIsNotThereIsRefused) {
+  Display();
+  const FolderImage before = stage.Image();
+  EXPECT_FALSE(Edit(3, "Ghost"));
+  EXPECT_TRUE(tab.lstImported.edited.refused);
+  tab.lstImported.rows[0].item = 14;  // the sentinel
+  EXPECT_FALSE(Edit(0, "Ghost"));
+  EXPECT_TRUE(SameImage(before, stage.Image()));
 }
 
 TEST_F(ImportedList, IsEmptyWithoutACatalogueAndItsButtonsAreOff) {

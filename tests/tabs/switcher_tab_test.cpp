@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
-#include "support/swap_stage.h"
+#include "catalogue/catalogue.h"
+#include "support/scripted_desk.h"
+#include "support/temporary_folder.h"
+#include "tabs/switcher_tab.h"
 
 namespace oravin::test {
 namespace {
@@ -27,7 +30,9 @@ struct Display : testing::Test {
     installation.ships.push_back(ship);
     return installation.ships.back();
   }
-  void Show(bool capitalShips) { DisplaySwitcher(here.host, tab, installation, capitalShips); }
+  void Show(bool capitalShips) {
+    DisplaySwitcher(here.host, tab, installation, capitalShips ? ShipsShown::capitalShips : ShipsShown::fighters);
+  }
   static Names KeysOf(const ListView& list) {
     Names keys;
     for (const ListRow& row : list.rows) keys.push_back("s" + std::to_string(row.item + 1));
@@ -40,7 +45,7 @@ struct Display : testing::Test {
   SwitcherTab tab = NewSwitcherTab();
 };
 
-TEST_F(Display, TheTabsControlsBearTheirCaptionsAndTooltips) {
+TEST_F(Display, TheTabsControlsHaveTheirCaptionsAndTooltips) {
   ASSERT_EQ(tab.swapOrgList.columns.size(), 2U);
   EXPECT_EQ(tab.swapOrgList.columns[0].heading, "Ship to change:");
   EXPECT_EQ(tab.swapOrgList.columns[1].heading, "Already changed to:");
@@ -53,6 +58,7 @@ TEST_F(Display, TheTabsControlsBearTheirCaptionsAndTooltips) {
   EXPECT_EQ(tab.cmdUnswapAll.caption, "Unswap All");
   EXPECT_EQ(tab.cmdUnswapAll.tooltip, "Unswitches all ships");
   EXPECT_EQ(tab.cmdToggle.caption, "&Display Capships");
+  EXPECT_EQ(tab.shown, ShipsShown::fighters);
 }
 
 /// One row of the table that decides where a ship is listed: 0 stands for no picture, that is for no row.
@@ -193,13 +199,15 @@ struct Toggle : Display {
   void Press() { cmdToggle_Click(here.host, tab, installation); }
 };
 
-TEST_F(Toggle, ShowsTheOtherKindOfShipsAndTurnsTheCaptionRound) {
+TEST_F(Toggle, ShowsTheOtherKindOfShipsAndFlipsTheCaption) {
   Show(false);
   Press();
   EXPECT_EQ(KeysOf(tab.swapOrgList), Names{"s2"});
+  EXPECT_EQ(tab.shown, ShipsShown::capitalShips);
   EXPECT_EQ(tab.cmdToggle.caption, "&Display Fighters");
   Press();
   EXPECT_EQ(KeysOf(tab.swapOrgList), Names{"s1"});
+  EXPECT_EQ(tab.shown, ShipsShown::fighters);
   EXPECT_EQ(tab.cmdToggle.caption, "&Display Capships");
 }
 
@@ -210,12 +218,57 @@ TEST_F(Toggle, TheFirstRowDecidesNotTheCaption) {
   EXPECT_EQ(tab.cmdToggle.caption, "&Display Fighters");
 }
 
-TEST_F(Toggle, AnyOtherCaptionIsLeftAlone) {
+TEST_F(Toggle, TheCaptionIsMadeFromTheKindThatIsShown) {
   tab.cmdToggle.caption = "&Display fighters";
   Show(false);
   Press();
-  EXPECT_EQ(tab.cmdToggle.caption, "&Display fighters");
+  EXPECT_EQ(tab.shown, ShipsShown::capitalShips);
+  EXPECT_EQ(tab.cmdToggle.caption, "&Display Fighters");
   EXPECT_EQ(KeysOf(tab.swapOrgList), Names{"s2"});
+}
+
+TEST_F(Toggle, WithoutStockShipsOfTheOtherKindOnlyTheCaptionFlips) {
+  installation.ships.pop_back();
+  Show(false);
+  Press();
+  EXPECT_TRUE(tab.swapOrgList.rows.empty());
+  EXPECT_EQ(tab.cmdToggle.caption, "&Display Fighters");
+  Press();  // the first ship is a fighter, so the capital ships are shown again
+  EXPECT_TRUE(tab.swapOrgList.rows.empty());
+  EXPECT_EQ(tab.cmdToggle.caption, "&Display Capships");
+}
+
+struct Marks : Display {
+  Marks() {
+    for (const char* name : {"Alpha", "Bravo"}) Add(1, name, fighterClass);
+    for (ShipRecord& ship : installation.ships) {
+      ship.Changed = true;
+      ship.ChangedToName.Set("Manta");
+    }
+    Show(false);
+  }
+  [[nodiscard]] Names SecondColumn() const {
+    Names texts;
+    for (const ListRow& row : tab.swapOrgList.rows) texts.push_back(row.texts.at(1));
+    return texts;
+  }
+};
+
+TEST_F(Marks, TheMarkOfOneShipFollowsItsRecord) {
+  EXPECT_EQ(SecondColumn(), (Names{"--->Manta", "--->Manta"}));
+  for (ShipRecord& ship : installation.ships) ship.ChangedToName.Set("Wraith");
+  ShowMark(tab, installation, 1);
+  EXPECT_EQ(SecondColumn(), (Names{"--->Manta", "--->Wraith"}));
+  installation.ships[0].Changed = false;
+  ShowMark(tab, installation, 0);
+  EXPECT_EQ(SecondColumn(), (Names{"", "--->Wraith"}));
+  for (const int none : {-1, 2}) ShowMark(tab, installation, none);
+  EXPECT_EQ(SecondColumn(), (Names{"", "--->Wraith"}));
+}
+
+TEST_F(Marks, AllCanBeCleared) {
+  ClearMarks(tab);
+  EXPECT_EQ(SecondColumn(), Names(2));
 }
 
 TEST_F(Toggle, WithAnEmptyListTheFirstShipDecides) {
@@ -235,7 +288,7 @@ TEST_F(Toggle, WithAnEmptyListAnImportedFirstShipDecidesAsWell) {
   EXPECT_EQ(KeysOf(tab.swapOrgList), Names{"s2"});
 }
 
-TEST_F(Toggle, WithoutAnyShipOnlyTheCaptionTurnsRound) {
+TEST_F(Toggle, WithoutAnyShipOnlyTheCaptionFlips) {
   installation.ships.clear();
   Press();
   EXPECT_TRUE(tab.swapOrgList.rows.empty());

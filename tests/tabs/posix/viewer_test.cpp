@@ -1,7 +1,7 @@
 // The game folder's model viewer, started with the selected ship's model. A script stands in for Wine.
 
 #include "support/stand_in_program.h"
-#include "support/swap_stage.h"
+#include "tabs/switcher_tab.h"
 
 namespace oravin::test {
 namespace {

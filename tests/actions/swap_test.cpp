@@ -1,6 +1,8 @@
 // Swaps: what happens where a model, the catalogue or a name is missing.
 
+#include "base/file_error.h"
 #include "support/fault.h"
+#include "support/file_marks.h"
 #include "support/swap_stage.h"
 
 namespace oravin::test {
@@ -11,13 +13,10 @@ constexpr const char* swapTitle = "cmdSwap_Click()";
 struct Swapping : testing::Test {
   Swapping() { stage.Enable(); }
 
-  void Press(int target, int source) {
-    stage.Select(target, source);
-    cmdSwap_Click(stage.swapDesk, stage.tab);
-  }
-  void ByName(const std::string& target, const std::string& source) { SwapShip(stage.swapDesk, target, source); }
-  [[nodiscard]] std::string SecondColumn(int target) const {
-    return stage.tab.swapOrgList.rows.at(*RowOf(stage.tab.swapOrgList, target)).texts.at(1);
+  SwapResult Do(int target, int source) { return SwapShip(stage.host, stage.installation, target, source); }
+  void ByName(const std::string& target, const std::string& source) { stage.Swap(target, source); }
+  void Pairs(const std::vector<std::pair<std::string, std::string>>& pairs) {
+    SwapPairs(stage.host, stage.installation, pairs);
   }
   void ExpectNotFound(const std::string& model) {
     stage.desk.ExpectBox("The model " + model + " was not found in resource.hog. Nothing was unpacked.");
@@ -32,92 +31,37 @@ struct Swapping : testing::Test {
   }
   void Lose(int ship) const { std::filesystem::remove(stage.Model(ship)); }
   [[nodiscard]] Bytes Stats() const { return ReadFileAt(stage.files.Game("shipstats.bin")); }
-  void ExpectNothingDone(const FolderImage& before) const {
-    EXPECT_TRUE(SameImage(before, stage.Image()));
-    EXPECT_EQ(stage.closings, 0);
-  }
+  void ExpectNothingDone(const FolderImage& before) const { EXPECT_TRUE(SameImage(before, stage.Image())); }
 
   SwitcherStage stage;
 };
 
-TEST_F(Swapping, ShowsTheMarkInTheSelectedRowAndRefreshesTheOtherTabsList) {
-  EXPECT_TRUE(stage.statsTab.shipEditingList.rows.empty());
-  Press(alpha, manta);
-  EXPECT_EQ(SecondColumn(alpha), "--->Manta");
-  EXPECT_EQ(SecondColumn(bravo), "");
-  EXPECT_FALSE(stage.statsTab.shipEditingList.rows.empty());
+TEST_F(Swapping, ASwapThatIsDoneIsListed) {
+  const SwapResult result = Do(alpha, manta);
+  EXPECT_EQ(result.target, alpha);
+  EXPECT_TRUE(result.listed);
+  EXPECT_TRUE(result.done);
 }
 
-TEST_F(Swapping, ClosesWhatOtherTabsHoldOpenOnce) {
-  Press(alpha, manta);
-  EXPECT_EQ(stage.closings, 1);
+TEST_F(Swapping, AShipThatIsNotInTheCatalogueDoesNothing) {
+  const FolderImage before = stage.Image();
+  for (const int source : {14, 98, -1}) {  // the 15th record is the sentinel
+    EXPECT_FALSE(CanSwap(stage.host, stage.installation, alpha, source));
+    EXPECT_FALSE(Do(alpha, source).listed);
+    EXPECT_FALSE(Do(source, alpha).listed);
+  }
+  ExpectNothingDone(before);
 }
 
 TEST_F(Swapping, WithoutTheCatalogueASwapSaysSoAndTouchesNothing) {
   std::filesystem::remove(stage.files.Program("ships.dat"));
   const FolderImage before = stage.Image();
   stage.desk.ExpectBox("Error - ships.dat not found - Reinstall", swapTitle);
-  Press(alpha, manta);
+  EXPECT_FALSE(Do(alpha, manta).listed);
   ExpectNothingDone(before);
-  EXPECT_EQ(SecondColumn(alpha), "");
   EXPECT_FALSE(stage.Record(alpha).Changed);
   stage.desk.ExpectBox("Error - ships.dat not found - Reinstall", swapTitle);
   ByName("ALPHA", "MANTA");
-  ExpectNothingDone(before);
-}
-
-TEST_F(Swapping, WithoutASelectionInBothListsNothingHappens) {
-  const FolderImage before = stage.Image();
-  cmdSwap_Click(stage.swapDesk, stage.tab);
-  stage.Select(alpha, manta);
-  SelectOnly(stage.tab.swapToList, std::nullopt);
-  cmdSwap_Click(stage.swapDesk, stage.tab);
-  stage.Select(alpha, manta);
-  SelectOnly(stage.tab.swapOrgList, std::nullopt);
-  cmdSwap_Click(stage.swapDesk, stage.tab);
-  ExpectNothingDone(before);
-}
-
-TEST_F(Swapping, WithSeveralRowsSelectedInOneListNothingHappens) {
-  const FolderImage before = stage.Image();
-  for (ListView* list : {&stage.tab.swapOrgList, &stage.tab.swapToList}) {
-    stage.Select(alpha, manta);
-    list->rows.at(*RowOf(*list, bravo)).selected = true;
-    EnableSwitcherControls(stage.tab, stage.installation);
-    EXPECT_FALSE(stage.tab.cmdSwap.enabled);
-    cmdSwap_Click(stage.swapDesk, stage.tab);
-    ExpectNothingDone(before);
-  }
-}
-
-TEST_F(Swapping, TheButtonIsOnWithOneRowSelectedInEachList) {
-  SwitcherTab& tab = stage.tab;
-  const auto enabled = [&] {
-    EnableSwitcherControls(tab, stage.installation);
-    return tab.cmdSwap.enabled;
-  };
-  EXPECT_FALSE(tab.cmdSwap.enabled) << "nothing is selected";
-  stage.Select(alpha, manta);
-  EXPECT_TRUE(enabled());
-  SelectOnly(tab.swapToList, std::nullopt);
-  EXPECT_FALSE(enabled()) << "nothing on the right";
-  stage.Select(alpha, manta);
-  SelectOnly(tab.swapOrgList, std::nullopt);
-  EXPECT_FALSE(enabled()) << "nothing on the left";
-  stage.Select(alpha, manta);
-  EXPECT_TRUE(enabled());
-  DisplaySwitcher(stage.host, tab, stage.installation, false);
-  EXPECT_FALSE(tab.cmdSwap.enabled) << "the lists were filled anew";
-}
-
-TEST_F(Swapping, ARowOfAShipThatIsNotInTheCatalogueDoesNothing) {
-  const FolderImage before = stage.Image();
-  stage.Select(alpha, manta);
-  for (const int item : {14, 98, -1}) {  // the 15th record is the surplus one
-    ListRow& row = stage.tab.swapToList.rows[*SelectedRow(stage.tab.swapToList)];
-    row.item = item;
-    cmdSwap_Click(stage.swapDesk, stage.tab);
-  }
   ExpectNothingDone(before);
 }
 
@@ -126,10 +70,11 @@ TEST_F(Swapping, AMissingImportedModelGivesItsBoxAndTheSwapGoesOnUntilTheCopyFai
   const Bytes stats = Stats();
   stage.desk.ExpectBox("Error - imported ship 'manta.shp' not found", programTitle, Icon::none);
   ExpectCannotOpen(manta);
-  Press(alpha, manta);
+  const SwapResult result = Do(alpha, manta);
+  EXPECT_TRUE(result.listed);
+  EXPECT_FALSE(result.done);
   EXPECT_TRUE(stage.RecordOnDisk(alpha).Changed);
   EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToName.Trimmed(), "Manta");
-  EXPECT_EQ(SecondColumn(alpha), "--->Manta");
   EXPECT_FALSE(exists(stage.Model(alpha)));
   EXPECT_EQ(ReadFileAt(stage.Backup(alpha)), stage.ModelBytes(alpha));
   EXPECT_TRUE(SameBytes(stats, Stats()));
@@ -143,7 +88,7 @@ TEST_F(Swapping, AMissingImportedModelOverAnEarlierSwapLeavesTheStockModelAsideA
   ByName("ALPHA", "MANTA");
   EXPECT_FALSE(exists(stage.Model(alpha)));
   EXPECT_EQ(ReadFileAt(stage.Backup(alpha)), stage.ModelBytes(alpha));
-  UnswapShip(stage.swapDesk, "ALPHA");
+  stage.Unswap("ALPHA");
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(alpha));
 }
 
@@ -290,7 +235,6 @@ TEST_F(Swapping, AStatisticsBlockOfMoreThan32BitsIsNoneOfTheFile) {
 TEST_F(Swapping, NamesAreFoundTrimmedAndWithoutRegardToCase) {
   ByName("  aLPHA ", " manta");
   EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToName.Trimmed(), "Manta");
-  EXPECT_EQ(SecondColumn(alpha), "");  // no list is touched
 }
 
 TEST_F(Swapping, OfATwoPartShipTheNameFindsTheFirstRecord) {
@@ -306,8 +250,8 @@ TEST_F(Swapping, AnUnknownOrBlankNameDoesNothing) {
   ByName("ALPH", "MANTA");
   ByName("", "MANTA");
   ByName("ALPHA", "  ");
-  UnswapShip(stage.swapDesk, "NOBODY");
-  UnswapShip(stage.swapDesk, "");
+  stage.Unswap("NOBODY");
+  stage.Unswap("");
   ExpectNothingDone(before);
 }
 
@@ -321,7 +265,6 @@ TEST_F(Swapping, TheSameShipTwiceDoesNothing) {
 TEST_F(Swapping, WhatItIsChangedToAlreadyDoesNothing) {
   ByName("ALPHA", "MANTA");
   const FolderImage before = stage.Image();
-  stage.closings = 0;
   ByName("ALPHA", "MANTA");
   ExpectNothingDone(before);
 }
@@ -334,7 +277,7 @@ TEST_F(Swapping, AnImportedShipIsNeverATarget) {
 }
 
 TEST_F(Swapping, PairsAreSwappedInTheirOrder) {
-  SwapPairs(stage.swapDesk, {{"ALPHA", "MANTA"}, {"TIGER", "BRAVO"}, {"ALPHA", "WRAITH"}});
+  Pairs({{"ALPHA", "MANTA"}, {"TIGER", "BRAVO"}, {"ALPHA", "WRAITH"}});
   EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToName.Trimmed(), "Wraith");
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(wraith));
   EXPECT_EQ(ReadFileAt(stage.Backup(alpha)), stage.ModelBytes(alpha));
@@ -343,27 +286,77 @@ TEST_F(Swapping, PairsAreSwappedInTheirOrder) {
 
 TEST_F(Swapping, APairUnswapsItsTargetFirst) {
   ByName("ALPHA", "MANTA");
-  SwapPairs(stage.swapDesk, {{"ALPHA", "NOBODY"}});
+  Pairs({{"ALPHA", "NOBODY"}});
   EXPECT_FALSE(stage.RecordOnDisk(alpha).Changed);
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(alpha));
 }
 
 TEST_F(Swapping, APairThatIsSwappedAlreadyIsSwappedAnew) {
   ByName("ALPHA", "MANTA");
-  stage.closings = 0;
-  SwapPairs(stage.swapDesk, {{"ALPHA", "MANTA"}});
-  EXPECT_EQ(stage.closings, 2);
+  bool wrote = false;
+  stage.host.files.before = [&](const FileOperation& operation) {
+    wrote = wrote || (operation.kind == FileOperation::Kind::rename && operation.second == stage.ModelPath(alpha));
+  };
+  Pairs({{"ALPHA", "MANTA"}});
+  EXPECT_TRUE(wrote);
   EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToIndex, Int16Value(manta));
   EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
 }
 
 TEST_F(Swapping, APairWithABlankTargetIsPassedOverAndTheNextOneSwapped) {
   const FolderImage before = stage.Image();
-  SwapPairs(stage.swapDesk, {{"", "MANTA"}, {"   ", "MANTA"}});
-  SwapPairs(stage.swapDesk, {});
+  Pairs({{"", "MANTA"}, {"   ", "MANTA"}});
+  Pairs({});
   ExpectNothingDone(before);
-  SwapPairs(stage.swapDesk, {{"  ", "MANTA"}, {"ALPHA", "MANTA"}});
+  Pairs({{"  ", "MANTA"}, {"ALPHA", "MANTA"}});
   EXPECT_TRUE(stage.RecordOnDisk(alpha).Changed);
+}
+
+/// Lets every look at a path fail, as a disk without an answer would.
+void FailLooksAt(Files& files, const std::string& path) {
+  files.before = [path](const FileOperation& operation) {
+    if (operation.kind == FileOperation::Kind::look && operation.path == path) {
+      throw FileError("could not look for", path, faultReason);
+    }
+  };
+}
+
+TEST_F(Swapping, WhereTheSystemCannotSayWhetherAFileIsThereNothingIsChanged) {
+  const std::vector<std::string> paths = {stage.files.programPath + "ships.dat", stage.ModelPath(alpha),
+                                          stage.BackupPath(alpha), stage.ModelPath(manta)};
+  for (const std::string& path : paths) {
+    SCOPED_TRACE(path);
+    const FolderImage before = stage.Image();
+    FailLooksAt(stage.host.files, path);
+    stage.desk.ExpectBox("Error - could not look for " + path + ": " + faultReason, swapTitle);
+    EXPECT_FALSE(Do(alpha, manta).listed);
+    EXPECT_TRUE(stage.desk.Done());
+    stage.host.files.before = nullptr;
+    ExpectNothingDone(before);
+  }
+}
+
+TEST_F(Swapping, AHiddenStockModelIsKept) {
+  WriteFileAt(stage.Model(alpha), "the player's own");
+  if (!SetDosAttributes(stage.Model(alpha), hiddenMark)) GTEST_SKIP() << "no hidden files here";
+  EXPECT_TRUE(Do(alpha, manta).done);
+  EXPECT_EQ(ReadTextAt(stage.Backup(alpha)), "the player's own");
+  EXPECT_EQ(ReadFileAt(stage.Model(alpha)), stage.ModelBytes(manta));
+}
+
+TEST_F(Swapping, AHiddenBackupIsNotOverwritten) {
+  WriteFileAt(stage.Backup(alpha), "the player's own");
+  if (!SetDosAttributes(stage.Backup(alpha), hiddenMark)) GTEST_SKIP() << "no hidden files here";
+  EXPECT_TRUE(Do(alpha, manta).done);
+  EXPECT_EQ(ReadTextAt(stage.Backup(alpha)), "the player's own");
+}
+
+TEST_F(Swapping, AHiddenModelOfTheSourceIsNotOverwritten) {
+  WriteFileAt(stage.Model(bravo), "the player's own");
+  if (!SetDosAttributes(stage.Model(bravo), hiddenMark)) GTEST_SKIP() << "no hidden files here";
+  EXPECT_TRUE(Do(alpha, bravo).done);
+  EXPECT_EQ(ReadTextAt(stage.Model(bravo)), "the player's own");
+  EXPECT_EQ(ReadTextAt(stage.Model(alpha)), "the player's own");
 }
 
 }  // namespace

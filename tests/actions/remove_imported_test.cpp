@@ -1,7 +1,11 @@
-// Removing imported ships: which records and blocks go, and what is put back before.
+// Removing imported ships: which records and blocks go, and what is restored before.
 
+#include "base/file_error.h"
 #include "removing.h"
+#include "support/fault.h"
 #include "support/file_marks.h"
+
+#include <numeric>
 
 namespace oravin::test {
 namespace {
@@ -19,58 +23,50 @@ TEST_F(Removing, TakesTheShipAwayAndKeepsItsAddOnFiles) {
 }
 
 TEST_F(Removing, TheCatalogueInMemoryIsWhatANewRunLoads) {
-  SwapShip(stage.swapDesk, "BRAVO", "COLOSSUS");
+  stage.Swap("BRAVO", "COLOSSUS");
   Remove({manta});
   const Ships inMemory = stage.installation.ships;
   stage.Reload();
   EXPECT_EQ(inMemory, stage.installation.ships);
 }
 
-TEST_F(Removing, NoToTheFirstQuestionEndsIt) {
+TEST_F(Removing, WhatIsNoImportedShipIsLeftAlone) {
   const FolderImage before = stage.Image();
-  stage.SelectImported({manta});
-  stage.desk.ExpectQuestion(question, Answer::no, "Oravin - Manage Switcher");
-  EXPECT_FALSE(Press());
+  for (const int index : {int{alpha}, 14, -1, 99}) EXPECT_FALSE(Do({index}).begun);
+  EXPECT_FALSE(Do({}).begun);
   EXPECT_TRUE(SameImage(before, stage.Image()));
-  EXPECT_EQ(stage.closings, 0);
 }
 
-TEST_F(Removing, WithoutASelectionNothingIsAsked) {
-  const FolderImage before = stage.Image();
-  EXPECT_FALSE(Press());
-  for (const int item : {0, 14, -1}) {
-    stage.imports.lstImported.rows[0].item = item;
-    stage.imports.lstImported.rows[0].selected = true;
-    EXPECT_FALSE(Press());
+TEST_F(Removing, SaysWhereTheRemainingRecordsStand) {
+  const RemovalResult result = Do({manta, colossus});
+  EXPECT_EQ(result.records, (std::vector<std::size_t>{manta, colossus}));
+  EXPECT_EQ(IndexAfter(result, alpha), alpha);
+  EXPECT_EQ(IndexAfter(result, manta), -1);
+  EXPECT_EQ(IndexAfter(result, wraith), wraith - 1);
+  EXPECT_EQ(IndexAfter(result, colossus), -1);
+  EXPECT_EQ(IndexAfter(result, -1), -1);
+}
+
+TEST_F(Removing, AFileThatTheSystemCannotSayIsThereRefusesIt) {
+  for (const std::string& path :
+       {stage.ModelPath(manta), stage.files.programPath + "shipsData.txt",
+        stage.files.programPath + "addons\\ships\\manta.shp", stage.files.gamePath + "tcachehw.dat"}) {
+    SCOPED_TRACE(path);
+    stage.host.files.before = [path](const FileOperation& operation) {
+      if (operation.kind == FileOperation::Kind::look && operation.path == path) {
+        throw FileError("could not look for", path, faultReason);
+      }
+    };
+    ExpectRefused("Error - could not look for " + path + ": " + faultReason, trapTitle);
   }
-  EXPECT_TRUE(SameImage(before, stage.Image()));
-}
-
-TEST_F(Removing, ClosesWhatOtherTabsHoldOpen) {
-  Remove({manta});
-  EXPECT_GE(stage.closings, 1);
-}
-
-TEST_F(Removing, TheListsAreFilledBeforeTheLastBox) {
-  stage.SelectImported({manta});
-  AnswerBoth(false);
-  int refillsAtTheBox = -1;
-  stage.desk.AllowOthers([&](const Message& box) {
-    EXPECT_EQ(box.text, "Removal Complete");
-    refillsAtTheBox = stage.refills;
-    return Answer::ok;
-  });
-  EXPECT_TRUE(Press());
-  EXPECT_EQ(refillsAtTheBox, 1);
-  EXPECT_FALSE(RowOf(stage.imports.lstImported, colossus));
 }
 
 TEST_F(Removing, StockShipsThatFlyAsItArePutBackFirst) {
   const FolderImage before = stage.Image();
-  SwapShip(stage.swapDesk, "ALPHA", "MANTA");
-  SwapShip(stage.swapDesk, "TIGER", "MANTA");
-  SwapShip(stage.swapDesk, "BRAVO", "WRAITH");
-  UnswapShip(stage.swapDesk, "BRAVO");
+  stage.Swap("ALPHA", "MANTA");
+  stage.Swap("TIGER", "MANTA");
+  stage.Swap("BRAVO", "WRAITH");
+  stage.Unswap("BRAVO");
   Remove({manta});
   FolderImage expected = WithoutManta(before);
   ChangeRecords(expected, [](Ships& ships) {
@@ -86,12 +82,7 @@ TEST_F(Removing, ShipsThatShareTheirNameArePutBackByTheirPlace) {
   stage.files.ships[cruiser].name = "Tiger";
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
-  DisplaySwitcher(stage.host, stage.tab, stage.installation, true);
-  stage.Select(cruiser, cruiser);
-  SelectOnly(stage.tab.swapToList, std::nullopt);
-  AddRow(stage.tab.swapToList, {11, {"Manta"}, 0, true});
-  cmdSwap_Click(stage.swapDesk, stage.tab);
+  SwapShip(stage.host, stage.installation, cruiser, manta);
   ASSERT_TRUE(stage.RecordOnDisk(cruiser).Changed);
   Remove({manta});
   EXPECT_FALSE(stage.RecordOnDisk(cruiser).Changed);
@@ -100,9 +91,9 @@ TEST_F(Removing, ShipsThatShareTheirNameArePutBackByTheirPlace) {
 }
 
 TEST_F(Removing, ShipsThatFlyAsAnotherOneKeepDoingSo) {
-  SwapShip(stage.swapDesk, "ALPHA", "COLOSSUS");
-  SwapShip(stage.swapDesk, "BRAVO", "MANTA");
-  SwapShip(stage.swapDesk, "STORED", "TIGER");
+  stage.Swap("ALPHA", "COLOSSUS");
+  stage.Swap("BRAVO", "MANTA");
+  stage.Swap("STORED", "TIGER");
   const FolderImage before = stage.Image();
   Remove({wraith});
   EXPECT_EQ(stage.RecordOnDisk(alpha).ChangedToIndex, Int16Value(colossus - 1));
@@ -133,26 +124,15 @@ TEST_F(Removing, SeveralAndAllAtOnce) {
   Remove({manta, colossus});
   EXPECT_EQ(stage.installation.ships.size(), 13U);
   EXPECT_EQ(stage.Record(manta).ShipName.Trimmed(), "Wraith");
-  stage.refills = 0;
-  AnswerBoth(true);
-  stage.desk.ExpectSuccess("Removal Complete");
-  EXPECT_TRUE(cmdRemoveAll_Click(stage.swapDesk, stage.imports, [this] { stage.Refill(); }));
-  EXPECT_TRUE(stage.imports.lstImported.rows.empty());
-  EXPECT_FALSE(stage.imports.cmdRemoveAll.enabled);
+  Remove({manta}, true);
   EXPECT_EQ(stage.installation.ships.size(), 12U);
   EXPECT_FALSE(exists(stage.files.Game("ships/wraith.shp")));
-}
-
-TEST_F(Removing, AllOfNoShipsAsksNothing) {
-  Remove({manta, wraith, colossus});
-  EXPECT_FALSE(cmdRemoveAll_Click(stage.swapDesk, stage.imports, [] {}));
 }
 
 TEST_F(Removing, BothImportedPartsOfAShipGo) {
   stage.files.ships[wraith].name = "Manta";
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
   Remove({manta});
   EXPECT_EQ(stage.installation.ships.size(), 13U);
   EXPECT_EQ(stage.Record(manta).ShipName.Trimmed(), "Colossus");
@@ -165,7 +145,6 @@ TEST_F(Removing, RecordsThatBecomeNeighboursUnderOneNameAreTwoParts) {
   stage.files.ships[wraith].name = "Twin ";
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
   EXPECT_FALSE(stage.Record(twinVariant).HasSecondPart);
   Remove({manta});
   EXPECT_TRUE(stage.Record(twinVariant).HasSecondPart);
@@ -178,14 +157,12 @@ TEST_F(Removing, AnImportedShipThatIsTakenForAStockShipsSecondPartIsPutBackWithI
   std::swap(stage.files.ships[twin], stage.files.ships[twinVariant]);
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
   ASSERT_TRUE(stage.Record(twinVariant).HasSecondPart);
   // Its block is none of shipstats.bin, of which boxes tell.
   stage.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
-  SwapShip(stage.swapDesk, "TWIN", "WRAITH");
+  stage.Swap("TWIN", "WRAITH");
   ASSERT_TRUE(stage.Record(manta).Changed);
-  stage.SelectImported({manta});
-  EXPECT_TRUE(Press());
+  EXPECT_TRUE(Do({manta}, true).done);
   EXPECT_FALSE(stage.RecordOnDisk(twinVariant).Changed);
   EXPECT_EQ(ReadFileAt(stage.Model(twinVariant)), stage.ModelBytes(twinVariant));
   EXPECT_FALSE(exists(stage.files.Game("ships/manta.shp")));
@@ -231,43 +208,16 @@ TEST_F(Removing, TheNextEnableDoesNotBringItBack) {
 
 TEST_F(Removing, ADamagedListRefusesIt) {
   WriteFileAt(stage.files.Program("shipsData.txt"), "2\nnonsense");
-  stage.SelectImported({manta});
   ExpectRefused(
       "Error - could not read " + stage.files.programPath + "shipsData.txt: \"nonsense\" is no number (line 2)",
       trapTitle);
 }
 
-TEST_F(Removing, WithoutTheCatalogueItSaysSoAndTouchesNothing) {
-  std::filesystem::remove(stage.files.Program("ships.dat"));
-  const FolderImage before = stage.Image();
-  stage.SelectImported({manta});
-  stage.desk.ExpectQuestion(question, Answer::yes, "Oravin - Manage Switcher");
-  stage.desk.ExpectBox("Error - ships.dat not found - Reinstall", trapTitle);
-  EXPECT_FALSE(Press());
-  EXPECT_TRUE(SameImage(before, stage.Image()));
-}
-
-TEST_F(Removing, TheStatsTabGoesOnWithTheShipsThatItShowsAndRemembers) {
-  const auto select = [&](int ship) {
-    SelectOnly(stage.statsTab.shipEditingList, RowOf(stage.statsTab.shipEditingList, ship));
-  };
-  select(colossus);
-  stage.statsTab.remembered = RememberedShip{wraith, "Wraith"};
-  Remove({manta});
-  EXPECT_EQ(SelectedShip(stage.statsTab), colossus - 1);
-  EXPECT_EQ(RememberedShipIn(stage.statsTab, stage.installation.ships), wraith - 1);
-  stage.refills = 0;
-  Remove({wraith - 1, colossus - 1});
-  EXPECT_EQ(SelectedShip(stage.statsTab), -1);
-  EXPECT_FALSE(stage.statsTab.remembered);
-}
-
 TEST_F(Removing, WhatCannotBeWrittenRefusesItBeforeTheFirstChange) {
-  SwapShip(stage.swapDesk, "ALPHA", "MANTA");
+  stage.Swap("ALPHA", "MANTA");
   WriteFileAt(stage.files.Game("ships/manta.bak"), "the original weapons");
   stage.SetTextures(manta, {"skin"});
   WriteFileAt(AddOn("textures/skin.bmp"), "a bitmap");
-  stage.SelectImported({manta});
   for (const std::string name :
        {"program/ships.dat", "program/shipsData.txt", "game/shipstats.def", "game/shipstats.bin", "game/tcachehw.dat",
         "game/ships/alpha.shp", "game/ships/alpha.org", "game/ships/manta.shp", "game/ships/manta.bak",
@@ -300,18 +250,15 @@ TEST_F(Removing, OneOfThreeHundred) {
   }
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
   const Bytes catalogue = ReadFileAt(stage.files.Program("ships.dat"));
   Remove({manta}, true);
   Ships expected = RecordsIn(catalogue);
   expected.erase(expected.begin() + manta);
   MarkSecondParts(expected);
   EXPECT_TRUE(SameBytes(CatalogueOf(expected), ReadFileAt(stage.files.Program("ships.dat"))));
-  stage.refills = 0;
-  SelectAll(stage.imports.lstImported, true);
-  AnswerBoth(false);
-  stage.desk.ExpectSuccess("Removal Complete");
-  EXPECT_TRUE(Press());
+  std::vector<int> all(299);
+  std::iota(all.begin(), all.end(), int{manta});
+  Remove(all);
   EXPECT_EQ(stage.installation.ships.size(), 12U);
   EXPECT_EQ(ReadTextAt(stage.files.Program("shipsData.txt")).substr(0, 4), "11\r\n");
 }

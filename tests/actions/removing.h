@@ -1,44 +1,30 @@
 #pragma once
 
-#include "imported_stage.h"
-#include "tabs/remove_imported.h"
+#include "actions/remove_imported.h"
+#include "support/imported_stage.h"
 
-/// Removing imported ships from the stage that they stand on.
+/// Removing imported ships.
 namespace oravin::test {
 
-inline constexpr const char* question = "Are you sure that you want to remove these ships?";
-inline constexpr const char* textureQuestion =
-    "Do you also want to remove the associated textures for this model?\n"
-    "It may take up to ten seconds to rebuild TCACHE file.\n"
-    "(Won't remove textures shared with ships not being removed)";
-
 struct Removing : testing::Test {
-  void AnswerBoth(bool textures) {
-    stage.desk.ExpectQuestion(question, Answer::yes, "Oravin - Manage Switcher");
-    stage.desk.ExpectQuestion(textureQuestion, textures ? Answer::yes : Answer::no);
-  }
-  bool Press() {
-    return cmdRemoveShips_Click(stage.swapDesk, stage.imports, [this] {
-      ++stage.refills;
-      stage.Refill();
-    });
+  RemovalResult Do(const std::vector<int>& ships, bool textures = false) {
+    return RemoveImported(stage.host, stage.installation, ships, textures);
   }
   /// Removes ships; everything must go well.
   void Remove(const std::vector<int>& ships, bool textures = false) {
-    stage.SelectImported(ships);
-    AnswerBoth(textures);
-    stage.desk.ExpectSuccess("Removal Complete");
-    EXPECT_TRUE(Press());
+    const RemovalResult result = Do(ships, textures);
+    EXPECT_TRUE(result.begun);
+    EXPECT_TRUE(result.done);
     EXPECT_TRUE(stage.desk.Done());
-    EXPECT_EQ(stage.refills, 1);
   }
-  /// Both questions are answered, then something refuses the removal before the first change.
+  /// Something refuses the removal of Manta before the first change.
   void ExpectRefused(const std::string& text, const std::string& title = programTitle) {
     const FolderImage before = stage.Image();
     const Ships ships = stage.installation.ships;
-    AnswerBoth(true);
     stage.desk.ExpectBox(text, title);
-    EXPECT_FALSE(Press());
+    const RemovalResult result = Do({manta}, true);
+    EXPECT_FALSE(result.begun);
+    EXPECT_FALSE(result.done);
     EXPECT_TRUE(stage.desk.Done());
     EXPECT_TRUE(SameImage(before, stage.Image()));
     EXPECT_EQ(stage.installation.ships, ships);

@@ -21,14 +21,12 @@ TEST_F(Removing, AFileThatAShipThatStaysHasTooStays) {
   stage.files.ships[wraith].file = "MANTA.shp";
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
   WriteFileAt(stage.files.Game("ships/manta.bak"), "the original weapons");
   Remove({manta}, true);
   EXPECT_TRUE(exists(stage.files.Game("ships/manta.shp")));
   EXPECT_TRUE(exists(stage.files.Game("ships/manta.bak")));
   EXPECT_TRUE(exists(AddOn("ships/manta.shp")));
   EXPECT_TRUE(exists(AddOn("stats/manta.txt")));
-  stage.refills = 0;
   Remove({manta}, true);  // Wraith, which is there now
   EXPECT_FALSE(exists(stage.files.Game("ships/manta.shp")));
   EXPECT_FALSE(exists(stage.files.Game("ships/manta.bak")));
@@ -39,7 +37,6 @@ TEST_F(Removing, TwoShipsWithOneModelGoTogether) {
   stage.files.ships[wraith].file = "manta.shp";
   stage.files.WriteShipList();
   EXPECT_TRUE(stage.Rebuild());
-  stage.Refill();
   Remove({manta, wraith});
   EXPECT_FALSE(exists(stage.files.Game("ships/manta.shp")));
   EXPECT_TRUE(exists(AddOn("removed/Manta/manta.shp")));
@@ -122,11 +119,8 @@ TEST_F(Removing, ATextureNameThatIsNoFileNameLeadsNowhere) {
 
 TEST_F(Removing, WithoutACacheThereIsABoxAndTheRemovalGoesOn) {
   std::filesystem::remove(stage.files.Game("tcachehw.dat"));
-  stage.SelectImported({manta});
-  AnswerBoth(true);
   stage.desk.ExpectBox("TCACHE not found!", "RemoveTexture()");
-  stage.desk.ExpectSuccess("Removal Complete");
-  EXPECT_TRUE(Press());
+  Remove({manta}, true);
   EXPECT_EQ(stage.installation.ships.size(), 14U);
 }
 
@@ -135,16 +129,14 @@ TEST_F(Removing, ADamagedCacheKeepsTheShipListedAndItCanBeRemovedWithoutItsTextu
   PutLittleEndian32(&cache.at(4), 0);
   WriteFileAt(stage.files.Game("tcachehw.dat"), cache);
   const FolderImage before = stage.Image();
-  stage.SelectImported({manta});
-  AnswerBoth(true);
   stage.desk.ExpectBox("Error - not a valid tcache file", "GetTcacheTable");
   stage.desk.ExpectBox(
       "The textures could not be removed, as the message before this one says, so the ships stay listed. Put that "
       "right and remove them again, or keep their textures.");
-  EXPECT_FALSE(Press());
+  const RemovalResult result = Do({manta}, true);
+  EXPECT_TRUE(result.begun);
+  EXPECT_FALSE(result.done);
   EXPECT_TRUE(SameImage(before, stage.Image()));
-  EXPECT_EQ(stage.refills, 1);
-  stage.refills = 0;
   Remove({manta}, false);
   EXPECT_TRUE(SameBytes(cache, stage.Cache()));
 }
@@ -189,9 +181,8 @@ TEST_F(Removing, AShipWithAnOddNameIsKeptInAFolderOfItsOwn) {
     stage.installation.ships.push_back(ship);
     WriteFileAt(stage.files.Program("ships.dat"), CatalogueOf(stage.installation.ships));
     stage.Reload();
-    stage.refills = 0;
     const int last = static_cast<int>(stage.installation.ships.size()) - 2;
-    if (RowOf(stage.imports.lstImported, manta) && stage.Record(manta).ShipName.Trimmed() == "Manta") {
+    if (stage.Record(manta).ShipName.Trimmed() == "Manta") {
       Remove({manta, last});
     } else {
       Remove({last});

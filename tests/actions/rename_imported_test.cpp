@@ -1,11 +1,12 @@
 // Renaming imported ships: what changes, what is refused, and what a stop in between leaves.
 
-#include "tabs/rename_imported.h"
+#include "actions/rename_imported.h"
 
-#include "imported_stage.h"
+#include "base/file_error.h"
 #include "stats/ship_stats.h"
 #include "support/fault.h"
 #include "support/file_marks.h"
+#include "support/imported_stage.h"
 
 namespace oravin::test {
 namespace {
@@ -14,10 +15,6 @@ constexpr const char* renameTrap = "lstImported_AfterLabelEdit()";
 
 struct Renaming : testing::Test {
   bool Rename(int ship, const std::string& name) { return RenameImported(stage.host, stage.installation, ship, name); }
-  bool Edit(std::size_t row, const std::string& text) {
-    stage.imports.lstImported.edited = {row, text, false};
-    return lstImported_AfterLabelEdit(stage.host, stage.imports, stage.installation);
-  }
   void ExpectRefused(int ship, const std::string& name, const std::string& text,
                      const std::string& title = programTitle) {
     SCOPED_TRACE(name);
@@ -59,17 +56,16 @@ TEST_F(Renaming, ChangesTheRecordTheListAndTheBlockAndNothingElse) {
   EXPECT_EQ(stage.Record(wraith).ShipName.Trimmed(), "Wraith");
 }
 
-TEST_F(Renaming, ShipsThatAreChangedToItBearTheNewNameAfterTheNextRefill) {
-  SwapShip(stage.swapDesk, "ALPHA", "MANTA");
-  SwapShip(stage.swapDesk, "TIGER", "MANTA");
-  SwapShip(stage.swapDesk, "BRAVO", "WRAITH");
+TEST_F(Renaming, ShipsThatAreSwappedToItHaveTheNewName) {
+  stage.Swap("ALPHA", "MANTA");
+  stage.Swap("TIGER", "MANTA");
+  stage.Swap("BRAVO", "WRAITH");
   const FolderImage expected = Renamed(stage.Image(), "Ray", "Ray");
   EXPECT_TRUE(Rename(manta, "Ray"));
   EXPECT_TRUE(SameImage(expected, stage.Image()));
-  stage.Refill();
-  EXPECT_EQ(stage.tab.swapOrgList.rows[*RowOf(stage.tab.swapOrgList, alpha)].texts[1], "--->Ray");
-  EXPECT_EQ(stage.tab.swapOrgList.rows[*RowOf(stage.tab.swapOrgList, tiger)].texts[1], "--->Ray");
-  EXPECT_EQ(stage.tab.swapOrgList.rows[*RowOf(stage.tab.swapOrgList, bravo)].texts[1], "--->Wraith");
+  EXPECT_EQ(stage.Record(alpha).ChangedToName.Trimmed(), "Ray");
+  EXPECT_EQ(stage.Record(tiger).ChangedToName.Trimmed(), "Ray");
+  EXPECT_EQ(stage.Record(bravo).ChangedToName.Trimmed(), "Wraith");
 }
 
 TEST_F(Renaming, ARecordThatIsNotChangedIsLeftAloneWhateverItsIndexSays) {
@@ -92,9 +88,9 @@ TEST_F(Renaming, ARecordWhoseIndexIsOnlyInItsLowerBitsTheShipsIsLeftAlone) {
 
 TEST_F(Renaming, AnUnswapAfterItPutsEverythingBack) {
   const FolderImage before = stage.Image();
-  SwapShip(stage.swapDesk, "ALPHA", "MANTA");
+  stage.Swap("ALPHA", "MANTA");
   EXPECT_TRUE(Rename(manta, "Ray"));
-  UnswapShip(stage.swapDesk, "ALPHA");
+  stage.Unswap("ALPHA");
   EXPECT_TRUE(Rename(manta, "Manta"));
   FolderImage expected = before;
   ChangeRecords(expected, [](Ships& ships) { ships[alpha].ChangedToIndex = BooleanValue(false); });
@@ -110,13 +106,13 @@ TEST_F(Renaming, TheNextEnableFindsTheShipAndItsBlockAgain) {
   EXPECT_TRUE(SameBytes(before.at("game/shipstats.def"), stage.Image().at("game/shipstats.def")));
 }
 
-TEST_F(Renaming, ANameThatAShipBearsIsRefused) {
+TEST_F(Renaming, ANameThatAShipHasIsRefused) {
   ExpectTaken(manta, "Wraith", "Wraith");
   ExpectTaken(manta, "Alpha", "Alpha");
   ExpectTaken(manta, "Twin", "Twin");
 }
 
-TEST_F(Renaming, ANameThatDiffersByBlanksOrCaseAloneIsRefused) {
+TEST_F(Renaming, ANameThatDiffersBySpacesOrCaseAloneIsRefused) {
   ExpectTaken(manta, "  Wraith ", "Wraith");
   ExpectTaken(manta, "wRAITH", "wRAITH");
   ExpectTaken(manta, "TIGER", "TIGER");
@@ -173,7 +169,7 @@ TEST_F(Renaming, OnlyImportedShipsAreRenamed) {
   EXPECT_TRUE(SameImage(before, stage.Image()));
 }
 
-TEST_F(Renaming, AListWithoutTheShipIsToldOfAndTheRenameHolds) {
+TEST_F(Renaming, AListWithoutTheShipIsReportedAndTheRenameHolds) {
   stage.files.ships[manta].name = "Somebody else";
   stage.files.WriteShipList();
   const Bytes list = ReadFileAt(stage.files.Program("shipsData.txt"));
@@ -185,7 +181,7 @@ TEST_F(Renaming, AListWithoutTheShipIsToldOfAndTheRenameHolds) {
   EXPECT_TRUE(SameBytes(list, ReadFileAt(stage.files.Program("shipsData.txt"))));
 }
 
-TEST_F(Renaming, AMissingListIsToldOfAndTheRenameHolds) {
+TEST_F(Renaming, AMissingListIsReportedAndTheRenameHolds) {
   std::filesystem::remove(stage.files.Program("shipsData.txt"));
   stage.desk.ExpectBox(
       "The ship is called \"Ray\" now, but shipsData.txt could not be changed: it does not exist.\nThe next \"Enable\" "
@@ -193,6 +189,16 @@ TEST_F(Renaming, AMissingListIsToldOfAndTheRenameHolds) {
   EXPECT_TRUE(Rename(manta, "Ray"));
   EXPECT_EQ(stage.RecordOnDisk(manta).ShipName.Trimmed(), "Ray");
   EXPECT_FALSE(exists(stage.files.Program("shipsData.txt")));
+}
+
+TEST_F(Renaming, AListThatTheSystemCannotSayIsThereRefusesIt) {
+  const std::string list = stage.files.programPath + "shipsData.txt";
+  stage.host.files.before = [&](const FileOperation& operation) {
+    if (operation.kind == FileOperation::Kind::look && operation.path == list) {
+      throw FileError("could not look for", list, faultReason);
+    }
+  };
+  ExpectRefused(manta, "Ray", "Error - could not look for " + list + ": " + faultReason, renameTrap);
 }
 
 TEST_F(Renaming, ADamagedListRefusesIt) {
@@ -242,26 +248,6 @@ TEST_F(Renaming, BothImportedPartsOfAShipAreRenamed) {
   EXPECT_TRUE(stage.Record(manta).HasSecondPart);
 }
 
-TEST_F(Renaming, TheEditedLabelIsTakenOrRefused) {
-  EXPECT_TRUE(Edit(1, " Ghost "));
-  EXPECT_FALSE(stage.imports.lstImported.edited.refused);
-  EXPECT_EQ(stage.imports.lstImported.rows[1].texts[0], "Ghost");
-  EXPECT_EQ(stage.RecordOnDisk(wraith).ShipName.Trimmed(), "Ghost");
-  stage.desk.ExpectBox("The ship name 'Manta' has the same name as an existing ship.");
-  EXPECT_FALSE(Edit(1, "Manta"));
-  EXPECT_TRUE(stage.imports.lstImported.edited.refused);
-  EXPECT_EQ(stage.imports.lstImported.rows[1].texts[0], "Ghost");
-}
-
-TEST_F(Renaming, AnEditedRowThatIsNotThereIsRefused) {
-  const FolderImage before = stage.Image();
-  EXPECT_FALSE(Edit(3, "Ghost"));
-  EXPECT_TRUE(stage.imports.lstImported.edited.refused);
-  stage.imports.lstImported.rows[0].item = 14;  // the surplus record
-  EXPECT_FALSE(Edit(0, "Ghost"));
-  EXPECT_TRUE(SameImage(before, stage.Image()));
-}
-
 TEST_F(Renaming, WhatCannotBeWrittenRefusesItBeforeTheFirstChange) {
   const std::vector<std::pair<std::filesystem::path, std::string>> files = {
       {stage.files.Program("ships.dat"), stage.files.programPath + "ships.dat"},
@@ -284,8 +270,8 @@ TEST_F(Renaming, WhatCannotBeWrittenRefusesItBeforeTheFirstChange) {
 void WalkRename(FaultKind kind) {
   const int operations = AtEachOperation(kind, [&](Fault& fault) {
     ImportedStage stage;
-    SwapShip(stage.swapDesk, "ALPHA", "MANTA");
-    SwapShip(stage.swapDesk, "TIGER", "MANTA");
+    stage.Swap("ALPHA", "MANTA");
+    stage.Swap("TIGER", "MANTA");
     const FolderImage expected = Renamed(stage.Image(), "Ray", "Ray");
     stage.desk.AllowOthers([](const Message&) { return Answer::ok; });
     Watch(stage.host.files, fault);

@@ -5,21 +5,17 @@
 #include <vector>
 
 #include "support/swap_stage.h"
-#include "tabs/imported_list.h"
 
 namespace oravin::test {
 
-/// An enabled installation with the list of imported ships over it.
+/// An enabled installation with imported ships.
 struct ImportedStage : SwitcherStage {
   ImportedStage();
 
   /// Builds the catalogue once more, from the ship list as it is.
   bool Rebuild() { return Build(archive); }
-  /// Reads the catalogue anew, as another run of the program would, and fills the lists.
+  /// Reads the catalogue anew, as another run of the program would.
   void Reload();
-  void Refill();
-  /// Selects ships in lstImported, by their indices.
-  void SelectImported(const std::vector<int>& ships);
 
   /// Names the ship's textures in its record, in memory and on disk.
   void SetTextures(int ship, const std::vector<std::string>& names);
@@ -28,8 +24,6 @@ struct ImportedStage : SwitcherStage {
   [[nodiscard]] Bytes Cache() const { return ReadFileAt(files.Game("tcachehw.dat")); }
 
   HogTable archive;  ///< the archive's table as it was before
-  ImportTab imports = NewImportTab();
-  int refills = 0;
 };
 
 /// The records of a catalogue's file.

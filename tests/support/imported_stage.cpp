@@ -1,32 +1,12 @@
-#include "imported_stage.h"
+#include "support/imported_stage.h"
 
 namespace oravin::test {
 
-ImportedStage::ImportedStage() : archive(Live()) {
-  Enable();
-  Refill();
-}
-
-void ImportedStage::Refill() {
-  DisplaySwitcher(host, tab, installation, false);
-  DisplayImported(host, imports, installation);
-  DisplayShipEdit(statsTab, installation.ships);
-}
+ImportedStage::ImportedStage() : archive(Live()) { Enable(); }
 
 void ImportedStage::Reload() {
   host.files.before = nullptr;
   installation.ships = ReadCatalogue(host.files, installation.cataloguePath());
-  Refill();
-}
-
-void ImportedStage::SelectImported(const std::vector<int>& ships) {
-  SelectAll(imports.lstImported, false);
-  for (const int ship : ships) {
-    const auto row = RowOf(imports.lstImported, ship);
-    ASSERT_TRUE(row) << ship;
-    imports.lstImported.rows[*row].selected = true;
-  }
-  lstImported_ItemClick(imports);
 }
 
 void ImportedStage::SetTextures(int ship, const std::vector<std::string>& names) {

@@ -1,4 +1,4 @@
-#include "app/status.h"
+#include "actions/status.h"
 
 #include "actions/restore_cache.h"
 #include "archive/archive_table.h"
@@ -20,45 +20,43 @@ std::uint64_t ArchiveCount(Files& files, const std::string& path) {
 }
 
 template <typename Count>
-GameFile Look(Files& files, const std::string& folder, const std::string& name, const char* counted, Count&& count) {
+GameFile Look(Files& files, const Installation& installation, const char* name, const char* counted, Count&& count) {
   GameFile file;
   file.name = name;
   file.counted = counted;
-  const std::string path = folder + name;
+  const std::string path = installation.gameFile(name);
   file.found = FileExists(files, path);
   if (!file.found) return file;
   file.size = FileLength(files, path);
   try {
     file.count = count(path);
   } catch (const FileError&) {
-    file.count = 0;  // a file too short for a header counts nothing
+    file.count = 0;  // the file is too short for a header
   }
   return file;
 }
 
 }  // namespace
 
-Status StatusOf(Main& main) {
-  const Installation& installation = main.installation;
+Status StatusOf(Files& files, const Installation& installation, bool readOnly) {
   Status status;
   status.gameFolder = installation.GamePath;
   status.programFolder = installation.ProgramPath;
-  status.enabled = FeaturesEnabled(main.host.files, installation.cataloguePath());
-  status.onlyLooks = main.onlyLooks;
+  status.enabled = FeaturesEnabled(files, installation.cataloguePath());
+  status.readOnly = readOnly;
   for (const ShipRecord& ship : installation.ships) {
     if (IsInert(ship)) continue;
     ++status.ships;
     if (ship.Changed) ++status.changedShips;
   }
-  Files& files = main.host.files;
   const auto blocks = [&](const std::string& path) { return FileLength(files, path) / statsBlockSize; };
-  status.files.push_back(Look(files, installation.GamePath, hogName, "entries",
+  status.files.push_back(Look(files, installation, hogName, "entries",
                               [&](const std::string& path) { return ArchiveCount(files, path); }));
-  status.files.push_back(Look(files, installation.GamePath, tcacheName, "textures", [&](const std::string& path) {
+  status.files.push_back(Look(files, installation, tcacheName, "textures", [&](const std::string& path) {
     return static_cast<std::uint64_t>(TcacheCount(files, path));
   }));
-  status.files.push_back(Look(files, installation.GamePath, statsName, "blocks", blocks));
-  status.files.push_back(Look(files, installation.GamePath, defaultsName, "blocks", blocks));
+  status.files.push_back(Look(files, installation, statsName, "blocks", blocks));
+  status.files.push_back(Look(files, installation, defaultsName, "blocks", blocks));
   return status;
 }
 

@@ -1,9 +1,11 @@
-#include "tabs/rename_imported.h"
+#include "actions/rename_imported.h"
 
 #include <algorithm>
 #include <vector>
 
 #include "actions/add_on_ship.h"
+#include "actions/imported_parts.h"
+#include "actions/swap_ships.h"
 #include "base/text.h"
 #include "catalogue/catalogue.h"
 #include "desk/dialogs.h"
@@ -14,8 +16,6 @@
 #include "installation/imported_lines.h"
 #include "lists/ship_list_edit.h"
 #include "stats/ship_stats.h"
-#include "tabs/imported_list.h"
-#include "tabs/swap.h"
 
 namespace oravin {
 
@@ -46,7 +46,7 @@ bool Taken(const Ships& ships, const Rename& rename) {
   return false;
 }
 
-/// True when the new name can be given; otherwise a box has told why not.
+/// True when the ship can have the new name; otherwise a message box has said why not.
 bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
   std::string refusal = WhyNoShipName(rename.newName);
   if (refusal.empty() && Taken(ships, rename)) {
@@ -56,10 +56,10 @@ bool NameIsRight(Host& host, const Ships& ships, const Rename& rename) {
   return refusal.empty();
 }
 
-/// Finds the lines of the ship's parts. Where there are none the ship can be renamed all the same.
+/// Finds the lines of the ship's parts. Without them the ship can be renamed all the same.
 /// @throws FileError when there is a list that cannot be used
 void FindLines(Files& files, const Installation& installation, Rename& rename) {
-  if (!FileExists(files, installation.shipListPath())) {
+  if (!VisibleFileIsThere(files, installation.shipListPath())) {
     rename.listProblem = "it does not exist";
     return;
   }
@@ -69,7 +69,7 @@ void FindLines(Files& files, const Installation& installation, Rename& rename) {
   const auto lines = FindImportedLines(rename.list, parts);
   for (std::size_t i = 0; i < parts.size(); ++i) {
     if (lines[i]) rename.lines.push_back(*lines[i]);
-    // A rename that was stopped may have come as far as the list.
+    // A rename that was stopped may have changed the list already.
     if (lines[i] || FindImportedLine(rename.list, rename.newName, ModelOf(parts[i]))) continue;
     rename.listProblem = "it does not list the ship";
   }
@@ -97,7 +97,7 @@ void RenameBlocks(Files& files, const Installation& installation, const Rename& 
   }
 }
 
-/// Sets the name in the records of the stock ships that are changed to the ship, and last in its own.
+/// Sets the name in the records of the stock ships that are swapped to the ship, and last in its own.
 void RenameRecords(Files& files, Installation& installation, const Rename& rename) {
   Ships renamed = installation.ships;
   const auto put = [&](std::size_t index) {
@@ -116,11 +116,12 @@ void RenameRecords(Files& files, Installation& installation, const Rename& renam
   }
 }
 
-void TellOfList(Host& host, const Rename& rename) {
+/// Reports why the list could not be changed.
+void ReportList(Host& host, const Rename& rename) {
   if (rename.listProblem.empty()) return;
   Show(host,
-       "The ship is called \"" + rename.newName + "\" now, but shipsData.txt could not be changed: " +
-           rename.listProblem + ".\nThe next \"Enable\" goes by that list.",
+       "The ship is called \"" + rename.newName + "\" now, but " + shipListName +
+           " could not be changed: " + rename.listProblem + ".\nThe next \"Enable\" goes by that list.",
        Icon::exclamation);
 }
 
@@ -140,19 +141,8 @@ bool RenameImported(Host& host, Installation& installation, int index, const std
     RenameBlocks(host.files, installation, rename);
     RenameRecords(host.files, installation, rename);
   });
-  if (done) TellOfList(host, rename);
+  if (done) ReportList(host, rename);
   return done;
-}
-
-bool lstImported_AfterLabelEdit(Host& host, ImportTab& tab, Installation& installation) {
-  LabelEdit& edited = tab.lstImported.edited;
-  edited.refused = true;
-  if (edited.row >= tab.lstImported.rows.size()) return false;
-  const int index = tab.lstImported.rows[edited.row].item;
-  if (!RenameImported(host, installation, index, edited.text)) return false;
-  edited.refused = false;
-  SetText(tab.lstImported, edited.row, 0, Trim(edited.text));
-  return true;
 }
 
 }  // namespace oravin

@@ -11,8 +11,7 @@ namespace {
 struct WriteCheck : testing::Test {
   WriteCheck() {
     stage.Enable();
-    SwapShip(stage.swapDesk, "ALPHA", "MANTA");
-    DisplaySwitcher(stage.host, stage.tab, stage.installation, false);
+    stage.Swap("ALPHA", "MANTA");
   }
 
   void ExpectReadOnly(const std::string& path) {
@@ -26,26 +25,15 @@ struct WriteCheck : testing::Test {
                          " cannot be written: another program has it open.\nClose StarLancer, and whatever else may be "
                          "using the file, and try again. Nothing has been changed.");
   }
-  void Swap() {
-    stage.Select(alpha, wraith);
-    cmdSwap_Click(stage.swapDesk, stage.tab);
-  }
-  void SwapTwoParts() {
-    stage.Select(tiger, wraith);
-    cmdSwap_Click(stage.swapDesk, stage.tab);
-  }
-  void Unswap() {
-    stage.Select(alpha, alpha);
-    cmdUnSwap_Click(stage.swapDesk, stage.tab);
-  }
-  void UnswapAll() { cmdUnswapAll_Click(stage.swapDesk, stage.tab); }
+  void Swap() { SwapShip(stage.host, stage.installation, alpha, wraith); }
+  void SwapTwoParts() { SwapShip(stage.host, stage.installation, tiger, wraith); }
+  void Unswap() { UnswapShip(stage.host, stage.installation, alpha); }
+  void UnswapAll() { UnswapAllShips(stage.host, stage.installation); }
 
-  /// Nothing has changed: no file, no record, no mark.
+  /// Nothing has changed: no file, no record.
   void ExpectUnchanged(const FolderImage& before) {
     EXPECT_TRUE(SameImage(before, stage.Image()));
     EXPECT_EQ(stage.Record(alpha).ChangedToName.Trimmed(), "Manta");
-    EXPECT_EQ(stage.tab.swapOrgList.rows[0].texts[1], "--->Manta");
-    EXPECT_EQ(stage.tab.swapOrgList.rows[2].texts[1], "");
   }
   /// All four actions are refused because of a file or folder that is read-only.
   void RefusedBecauseOf(const std::filesystem::path& native, const std::string& path) {
@@ -106,13 +94,12 @@ TEST_F(WriteCheck, TheBackupOfASourceThatHasToBeUnpackedIsLookedAt) {
   SetReadOnly(stage.Backup(bravo), true);
   const FolderImage before = stage.Image();
   ExpectReadOnly(stage.BackupPath(bravo));
-  stage.Select(alpha, bravo);
-  cmdSwap_Click(stage.swapDesk, stage.tab);
+  SwapShip(stage.host, stage.installation, alpha, bravo);
   ExpectUnchanged(before);
 }
 
 TEST_F(WriteCheck, UnswapAllLooksAtEveryShipBeforeItChangesTheFirst) {
-  SwapShip(stage.swapDesk, "STORED", "WRAITH");
+  stage.Swap("STORED", "WRAITH");
   SetReadOnly(stage.Model(stored), true);
   const FolderImage before = stage.Image();
   ExpectReadOnly(stage.ModelPath(stored));

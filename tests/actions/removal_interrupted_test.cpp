@@ -29,12 +29,9 @@ void WalkRemoval(FaultKind kind, bool swapped) {
     FolderImage expected = WithoutManta(stage.Image());
     Move(expected, "program/addons/textures/skin.bmp", "program/addons/removed/Manta/skin.bmp");
     stage.AddUserTexture("skin");
-    if (swapped) SwapShip(stage.swapDesk, "ALPHA", "MANTA");
+    if (swapped) stage.Swap("ALPHA", "MANTA");
     stage.desk.AllowOthers([](const Message& box) { return box.buttons == Buttons::ok ? Answer::ok : Answer::yes; });
-    const auto remove = [&] {
-      stage.SelectImported({manta});
-      return cmdRemoveShips_Click(stage.swapDesk, stage.imports, [] {});
-    };
+    const auto remove = [&] { return RemoveImported(stage.host, stage.installation, {manta}, true).done; };
     Watch(stage.host.files, fault);
     bool done = false;
     Stopped([&] { done = remove(); });
