@@ -46,8 +46,8 @@ void ShowResult(Host& host, std::int32_t code) {
 
 }  // namespace
 
-std::optional<std::int32_t> m3DtoSL(Host& host, const Installation& installation, const std::string& source,
-                                    const std::string& options, const std::string& destination) {
+std::optional<std::int32_t> ConvertMesh(Host& host, const Installation& installation, const std::string& source,
+                                        const std::string& options, const std::string& destination) {
   // Absolute paths: the current folder changes below.
   std::string from = platform::FromTheRoot(Trim(source));
   std::string to = platform::FromTheRoot(Trim(destination));

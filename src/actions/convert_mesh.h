@@ -24,7 +24,7 @@ inline constexpr const char* meshConverterTitle = "Oravin - 3DS2SL Mesh Converte
 /// @param source,destination Windows paths; spaces at their ends do not count
 /// @param options for the library, which gets them trimmed and in lower case
 /// @return the library's result code, 0 for success; nothing when it was not called
-std::optional<std::int32_t> m3DtoSL(Host& host, const Installation& installation, const std::string& source,
-                                    const std::string& options, const std::string& destination);
+std::optional<std::int32_t> ConvertMesh(Host& host, const Installation& installation, const std::string& source,
+                                        const std::string& options, const std::string& destination);
 
 }  // namespace oravin

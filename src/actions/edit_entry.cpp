@@ -16,7 +16,7 @@ namespace {
 constexpr const char* editorTitle = "Table Editor";
 constexpr std::size_t longestEdited = 1000;
 
-bool Refuse(Host& host, const std::string& text) {
+bool RefuseEdit(Host& host, const std::string& text) {
   Show(host, text, Icon::exclamation, editorTitle);
   return false;
 }
@@ -26,8 +26,8 @@ bool Refuse(Host& host, const std::string& text) {
 bool SaveEntry(Host& host, OpenArchive& archive, std::size_t index, const EntryChange& change, const char* procedure) {
   return Trapped(host, procedure, false, [&] {
     if (!IsAsRead(archive, index)) {
-      return Refuse(host, "Another program has changed the table of " + Presentable(archive.path) +
-                              "\nsince it was opened. Open the archive again. Changes not saved");
+      return RefuseEdit(host, "Another program has changed the table of " + Presentable(archive.path) +
+                                  "\nsince it was opened. Open the archive again. Changes not saved");
     }
     WriteEntry(archive, index, change);
     return true;
@@ -38,7 +38,7 @@ bool SaveEntry(Host& host, OpenArchive& archive, std::size_t index, const EntryC
 bool TakeNumber(Host& host, std::string& text, const std::string& what, std::uint32_t& number) {
   std::array<std::uint8_t, 4> bytes{};
   if (!HexToByteArray(text, bytes)) {
-    return Refuse(host, "The value entered for " + what + " is an invalid hexadecimal number");
+    return RefuseEdit(host, "The value entered for " + what + " is an invalid hexadecimal number");
   }
   number = BigEndian32(bytes.data());
   return true;
@@ -50,9 +50,9 @@ bool TakeName(Host& host, const HogEntry& entry, const std::string& typed, Entry
   // The name is stored without spaces at its ends, so that length must match too.
   change.name = Trim(typed);
   if (typed.size() != entry.Name.size() || change.name.size() != entry.Name.size()) {
-    return Refuse(host,
-                  "The name of the file MUST be the same length or the\n"
-                  "entire .hog file will have to be rebuilt. Changes not saved");
+    return RefuseEdit(host,
+                      "The name of the file MUST be the same length or the\n"
+                      "entire .hog file will have to be rebuilt. Changes not saved");
   }
   return NameCanBeStored(host, change.name, editorTitle);
 }

@@ -25,8 +25,8 @@ struct LoadedTable {
 /// read. Intentional: the number is fixed, and it is written little-endian although the count is big-endian, so the
 /// next read finds an enormous count and is refused. This is how the editor has always repaired it.
 ///
-/// Message boxes titled "GetHogData": "Error - hog not found" and then the general one; the general one when the table
-/// cannot be read whole, or its count cannot be repaired.
+/// Message boxes titled "GetHogData": "Error - hog not found" where FileExists says so; the general one when the file
+/// or its table cannot be read whole, or its count cannot be repaired.
 LoadedTable LoadHogTable(Host& host, const std::string& path);
 
 /// Reads the table's backup in the program folder, as LoadHogTable does; without one, an empty table and no message.

@@ -16,7 +16,7 @@ namespace oravin {
 
 namespace {
 
-constexpr const char* removeTitle = "RemoveTexture()";
+constexpr const char* removeTextureTitle = "RemoveTexture()";
 
 /// A run of bytes that is copied from the old cache to the new one.
 struct CopiedRun {
@@ -148,9 +148,9 @@ void RebuildWithout(Files& files, const std::string& cachePath, const TcacheByte
 
 bool RemoveTexture(Host& host, const std::string& cachePath, const Ships& removed, const Ships& remaining) {
   TcacheBytes cache;
-  return Trap(host, removeTitle, [&] { RequireFile(host.files, cachePath); }) &&
+  return Trap(host, removeTextureTitle, [&] { RequireFile(host.files, cachePath); }) &&
          Trap(host, "GetTcacheTable", [&] { cache = ReadUsableTcache(host.files, cachePath); }) &&
-         Trap(host, removeTitle,
+         Trap(host, removeTextureTitle,
               [&] { RebuildWithout(host.files, cachePath, cache, NamesToRemove(removed, remaining)); });
 }
 

@@ -47,7 +47,7 @@ std::span<const Handler> Handlers() {
 void Run(Main& main, std::string_view name) {
   for (const Handler& handler : Handlers()) {
     if (handler.name != name) continue;
-    if (handler.changesFiles && main.onlyLooks) {
+    if (handler.changesFiles && main.readOnly) {
       Show(main.host, "Another copy of Oravin works on this installation, so nothing can be changed here now.",
            Icon::exclamation);
       return;

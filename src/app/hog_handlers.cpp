@@ -29,10 +29,10 @@ void DoAndLookInHog(Main& main) {
   hogList_ItemClick(main.hog);
 }
 
-void EditSelected(Main& main) { pldHogProperties_Click(main.host, main.hog, main.FAT_Editor); }
+void EditSelected(Main& main) { pldHogProperties_Click(main.host, main.hog, main.tableEditor); }
 
 void Save(Main& main) {
-  cmdSave_Click(main.host, main.hog, main.FAT_Editor);
+  cmdSave_Click(main.host, main.hog, main.tableEditor);
   hogList_ItemClick(main.hog);
 }
 
@@ -41,7 +41,7 @@ void Paste(Main& main) {
   hogList_ItemClick(main.hog);
 }
 
-void Cancel(Main& main) { cmdCancel_Click(main.FAT_Editor); }
+void Cancel(Main& main) { cmdCancel_Click(main.tableEditor); }
 
 constexpr std::array<Handler, 20> hogHandlers = {{{"hog.cmdBrowseHogPath", DoInHog<cmdBrowseHogPath_Click>, false},
                                                   {"hog.cmdBrowseHogDest", DoInHog<cmdBrowseHogDest_Click>, false},

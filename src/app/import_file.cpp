@@ -17,13 +17,13 @@ void ImportFile(Main& main, const std::string& path) {
     return Show(main.host, "This file was not found:\n" + chosen, Icon::exclamation);
   main.imports.txtImportFighter.text = chosen;
   if (!CanBeImportedInto(main.host, main.installation)) return;
-  if (!LoadPack(main.host, main.Fighter_PACK, main.installation, chosen)) return;
-  main.Fighter_PACK.shown = true;
+  if (!LoadPack(main.host, main.importForm, main.installation, chosen)) return;
+  main.importForm.shown = true;
   ShowForm(main.host, fighterPackForm);
 }
 
 void cmdImportShips_Click(Main& main) {
-  FighterPack& form = main.Fighter_PACK;
+  FighterPack& form = main.importForm;
   if (!CanImport(main.host, main.installation, form.source.ships)) return;
   CloseOpenFiles(main);
   const auto result = ImportShips(main.host, main.installation, form.source.ships);

@@ -27,12 +27,12 @@ using OnPackFormAlone = void (*)(FighterPack&, const Installation&);
 
 template <OnPackForm action>
 void DoInPack(Main& main) {
-  action(main.host, main.Fighter_PACK, main.installation);
+  action(main.host, main.importForm, main.installation);
 }
 
 template <OnPackFormAlone action>
 void DoInPack(Main& main) {
-  action(main.Fighter_PACK, main.installation);
+  action(main.importForm, main.installation);
 }
 
 void Browse(Main& main) {
@@ -77,7 +77,7 @@ void Convert(Main& main) {
 
 void ConverterReadme(Main& main) { cmd3d2SLReadme_Click(main.installation); }
 
-void CancelImport(Main& main) { cmdImportCancel_Click(main.Fighter_PACK); }
+void CancelImport(Main& main) { cmdImportCancel_Click(main.importForm); }
 
 constexpr std::array<Handler, 19> importHandlers = {
     {{"imports.cmdImportFighterBrowse", Browse, false},

@@ -14,10 +14,10 @@ Main::Main()
       hog(NewHogTab()),
       tcache(NewTcacheTab()),
       about(NewAboutTab()),
-      FAT_Editor(NewFatEditor()),
-      Fighter_PACK(NewFighterPack()),
-      ShipList(NewShipListForm()) {
-  TabStrip1.captions = {"Switcher", "Ship Stats / Guns", "Import Ships", "Hog Editor", "Tcache Editor", "About"};
+      tableEditor(NewFatEditor()),
+      importForm(NewFighterPack()),
+      shipListForm(NewShipListForm()) {
+  tabStrip.captions = {"Switcher", "Ship Stats / Guns", "Import Ships", "Hog Editor", "Tcache Editor", "About"};
 }
 
 Main::~Main() {

@@ -27,7 +27,7 @@ struct Main {
   Host host;
   Installation installation;
 
-  TabStrip TabStrip1;
+  TabStrip tabStrip;
   SwitcherTab switcher;
   StatsTab stats;
   ImportTab imports;
@@ -35,11 +35,11 @@ struct Main {
   HogTab hog;
   TcacheTab tcache;
   AboutTab about;
-  FatEditor FAT_Editor;
-  FighterPack Fighter_PACK;
-  ShipListForm ShipList;
+  FatEditor tableEditor;
+  FighterPack importForm;
+  ShipListForm shipListForm;
 
-  bool onlyLooks = false;  ///< another Oravin is using the installation
+  bool readOnly = false;  ///< another Oravin is using the installation
   platform::FolderLock gameLock;
   platform::FolderLock programLock;
 };

@@ -18,11 +18,11 @@ constexpr int tcachePlace = 5;
 void OpenFileOnItsTab(Main& main, const std::string& path) {
   const std::string extension = ExtensionOf(path);
   if (extension == "shp" || extension == "pak") {
-    main.TabStrip1.chosen = importPlace;
+    main.tabStrip.chosen = importPlace;
     return ImportFile(main, path);
   }
   const bool cache = extension == "dat";
-  main.TabStrip1.chosen = cache ? tcachePlace : hogPlace;
+  main.tabStrip.chosen = cache ? tcachePlace : hogPlace;
   (cache ? main.tcache.txtTcacheSource : main.hog.txtHogPath).text = path;
   Run(main, cache ? "tcache.cmdOpenTcache" : "hog.cmdOpen");
 }

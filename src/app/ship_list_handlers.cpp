@@ -11,12 +11,12 @@ using OnHostAndShipListForm = void (*)(Host&, ShipListForm&);
 
 template <OnShipListForm action>
 void DoInShipList(Main& main) {
-  action(main.ShipList);
+  action(main.shipListForm);
 }
 
 template <OnHostAndShipListForm action>
 void DoInShipList(Main& main) {
-  action(main.host, main.ShipList);
+  action(main.host, main.shipListForm);
 }
 
 // A read-only window may do all of this: the list is written to a folder that is no installation yet, or to a file of

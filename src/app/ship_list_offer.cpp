@@ -22,7 +22,7 @@ bool OfferShipList(Main& main, const std::string& game, const std::string& progr
     if (!draft.stopped) Show(main.host, "No ship models were found in the game's archive.", Icon::exclamation);
     return false;
   }
-  return EditShipList(main.host, main.ShipList, draft, installation.shipListPath());
+  return EditShipList(main.host, main.shipListForm, draft, installation.shipListPath());
 }
 
 }  // namespace oravin

@@ -245,9 +245,9 @@ void LockInstallation(Main& main) {
   const auto oneFolder = [&installation] {
     return platform::ToNativePath(installation.GamePath) == platform::ToNativePath(installation.ProgramPath);
   };
-  main.onlyLooks = !platform::LockFolder(installation.GamePath, main.gameLock) ||
-                   (!platform::LockFolder(installation.ProgramPath, main.programLock) && !oneFolder());
-  if (!main.onlyLooks) return;
+  main.readOnly = !platform::LockFolder(installation.GamePath, main.gameLock) ||
+                  (!platform::LockFolder(installation.ProgramPath, main.programLock) && !oneFolder());
+  if (!main.readOnly) return;
   Show(main.host,
        "Another copy of Oravin is working on this installation. This copy only looks: close the other one and start "
        "Oravin again to change anything.",
@@ -271,7 +271,7 @@ void Form_Load(Main& main, const GivenFolders& given) {
     LoadCatalogue(main.host, installation);
     FillLists(main);
   }
-  if (!main.onlyLooks) KeepDefaults(main.host, installation);
+  if (!main.readOnly) KeepDefaults(main.host, installation);
 }
 
 void FindGameFolder(Main& main, const GivenFolders& given) {

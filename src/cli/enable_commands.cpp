@@ -15,7 +15,7 @@ std::optional<Result> RunWhole(Session& session, const char* action, const char*
   Run(session.main, handler);
   const bool done = session.console.successes > successesBefore;
   if (!done && session.console.failures > failuresBefore) return std::nullopt;
-  const Status status = StatusOf(session.main.host.files, session.main.installation, session.main.onlyLooks);
+  const Status status = StatusOf(session.main.host.files, session.main.installation, session.main.readOnly);
   return Result{{{"action", action}, {"done", done}, {"enabled", status.enabled}, {"ships", status.ships}},
                 done ? saying(status) : "Nothing was done.\n"};
 }

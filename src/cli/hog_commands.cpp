@@ -25,7 +25,7 @@ bool OpenHog(Session& session, const std::string& file) {
 /// The same for commands that write to the archive or its folder: read-only while another Oravin is using it.
 bool OpenHogForChanges(Session& session, const std::string& file) {
   Main& main = session.main;
-  main.onlyLooks = !platform::LockFolder(ParentFolder(file), main.gameLock);
+  main.readOnly = !platform::LockFolder(ParentFolder(file), main.gameLock);
   return OpenHog(session, file);
 }
 
@@ -129,9 +129,9 @@ std::optional<Result> EditHog(Session& session, const Values& values) {
   }
   SelectOnly(main.hog.hogList, static_cast<std::size_t>(index));
   main.host.desk.showForm = [&](const std::string&) {
-    if (values.Has("--name")) main.FAT_Editor.txtName.text = values.Of("--name");
-    if (values.Has("--offset")) main.FAT_Editor.txtOffset.text = values.Of("--offset");
-    if (values.Has("--size")) main.FAT_Editor.txtSize.text = values.Of("--size");
+    if (values.Has("--name")) main.tableEditor.txtName.text = values.Of("--name");
+    if (values.Has("--offset")) main.tableEditor.txtOffset.text = values.Of("--offset");
+    if (values.Has("--size")) main.tableEditor.txtSize.text = values.Of("--size");
     Run(main, "FAT_Editor.cmdSave");
   };
   const int failuresBefore = session.console.failures;

@@ -32,7 +32,7 @@ std::optional<Sides> SidesOf(Session& session, const std::string& option, const 
 
 /// The line of the form that shows a ship's name; says so when there is none.
 std::optional<std::size_t> LineNamed(Session& session, const std::string& name) {
-  const auto row = RowShowing(session.main.Fighter_PACK.lstPack, name);
+  const auto row = RowShowing(session.main.importForm.lstPack, name);
   if (!row) SayError(session.console, "there is no ship \"" + name + "\" in this file");
   return row;
 }
@@ -43,14 +43,14 @@ bool CheckOnly(Session& session, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
     const auto row = LineNamed(session, name);
     if (!row) return false;
-    SetChecked(session.main.Fighter_PACK.lstPack, *row, true);
+    SetChecked(session.main.importForm.lstPack, *row, true);
   }
   Run(session.main, "Fighter_PACK.lstPack.ItemCheck");
   return true;
 }
 
 bool RenameLines(Session& session, const std::vector<std::string>& pairs) {
-  ListView& list = session.main.Fighter_PACK.lstPack;
+  ListView& list = session.main.importForm.lstPack;
   for (const std::string& pair : pairs) {
     const auto names = SidesOf(session, "--rename", pair);
     const auto row = names ? LineNamed(session, names->left) : std::nullopt;
@@ -64,7 +64,7 @@ bool RenameLines(Session& session, const std::vector<std::string>& pairs) {
 
 /// True when one of the file's models names a texture; says so when none does.
 bool NamesTexture(Session& session, const std::string& texture) {
-  for (const OfferedShip& offered : session.main.Fighter_PACK.source.ships) {
+  for (const OfferedShip& offered : session.main.importForm.source.ships) {
     std::vector<std::string> names;
     try {
       names = ReadShpTextureNames(session.main.host.files, offered.ship.modelPath);
@@ -89,14 +89,14 @@ bool GiveBitmaps(Session& session, const std::vector<std::string>& pairs) {
       SayError(session.console, why.insert(0, path + " cannot become a texture: "));
       return false;
     }
-    for (OfferedShip& offered : session.main.Fighter_PACK.source.ships) offered.given[BitmapKey(given->left)] = path;
+    for (OfferedShip& offered : session.main.importForm.source.ships) offered.given[BitmapKey(given->left)] = path;
   }
   return true;
 }
 
 /// Reports the checked ships whose names are taken.
 void TellTakenNames(Session& session) {
-  for (const OfferedShip& offered : session.main.Fighter_PACK.source.ships) {
+  for (const OfferedShip& offered : session.main.importForm.source.ships) {
     if (!offered.checked || !offered.nameTaken) continue;
     SayError(session.console, "the name \"" + Trim(offered.ship.shipName) +
                                   "\" is taken; give another one with --rename, or leave the ship out with --only");
@@ -162,14 +162,14 @@ std::optional<std::size_t> ImportedRow(Session& session, const std::string& name
 std::optional<Result> ImportShips(Session& session, const Values& values) {
   Main& main = session.main;
   ImportFile(main, values.at(0));
-  if (!main.Fighter_PACK.shown) return std::nullopt;
+  if (!main.importForm.shown) return std::nullopt;
   if (!CheckOnly(session, values.EveryOf("--only")) || !RenameLines(session, values.EveryOf("--rename")) ||
       !GiveBitmaps(session, values.EveryOf("--texture"))) {
     return std::nullopt;
   }
-  const std::vector<OfferedShip> ships = CheckedShips(main.Fighter_PACK.source.ships);
+  const std::vector<OfferedShip> ships = CheckedShips(main.importForm.source.ships);
   Run(main, "Fighter_PACK.cmdImportShips");
-  if (!main.Fighter_PACK.done) {
+  if (!main.importForm.done) {
     TellTakenNames(session);
     return std::nullopt;
   }

@@ -21,7 +21,7 @@ std::string FileText(const GameFile& file) {
 }  // namespace
 
 std::optional<Result> TellStatus(Session& session, const Values&) {
-  const Status status = StatusOf(session.main.host.files, session.main.installation, session.main.onlyLooks);
+  const Status status = StatusOf(session.main.host.files, session.main.installation, session.main.readOnly);
   std::vector<std::vector<std::string>> rows = {{"Game folder:", status.gameFolder},
                                                 {"Program folder:", status.programFolder},
                                                 {"Enabled:", EnabledText(status)}};

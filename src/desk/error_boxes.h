@@ -15,7 +15,6 @@ struct ErrorBox {
   std::string_view text;
   Icon icon;
   std::string_view title;
-  bool alsoGeneral = false;  ///< the general message box follows
   bool endsProgram = false;  ///< then the program ends (ProgramEnd)
 };
 

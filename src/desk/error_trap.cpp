@@ -6,13 +6,27 @@
 
 namespace oravin {
 
+namespace {
+
+bool ShowOwnWords(Host& host, const ErrorBox* own) {
+  if (own != nullptr) Show(host, std::string(own->text), own->icon, std::string(own->title));
+  return own != nullptr;
+}
+
+}  // namespace
+
 void ShowTrapped(Host& host, const std::string& procedure, const FileError& error) {
   const ErrorBox* own = FindErrorBox(procedure, error.kind);
-  if (own != nullptr) Show(host, std::string(own->text), own->icon, std::string(own->title));
-  if (own != nullptr && own->endsProgram) throw ProgramEnd();
-  if (own != nullptr && !own->alsoGeneral) return;
+  if (ShowOwnWords(host, own)) {
+    if (own->endsProgram) throw ProgramEnd();
+    return;
+  }
   EndProgress(host);
   Show(host, std::string("Error - ") + error.what(), Icon::exclamation, procedure);
+}
+
+void ShowWarning(Host& host, const std::string& procedure, ErrorKind kind) {
+  ShowOwnWords(host, FindErrorBox(procedure, kind));
 }
 
 }  // namespace oravin

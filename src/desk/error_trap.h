@@ -13,6 +13,10 @@ namespace oravin {
 /// @throws ProgramEnd where the program ends after those words
 void ShowTrapped(Host& host, const std::string& procedure, const FileError& error);
 
+/// Shows the procedure's own words for a kind of error, where it has some, although no error has come: what follows may
+/// still succeed.
+void ShowWarning(Host& host, const std::string& procedure, ErrorKind kind);
+
 /// A procedure's error trap: runs its body. A FileError ends the body and shows one message box titled with the
 /// procedure's name; the neutral value is returned.
 template <typename Value, typename Body>

@@ -46,7 +46,7 @@ wxSizer* NewFields(wxDialog& dialog, Mirror& mirror, FatEditor& record) {
 }  // namespace
 
 void ShowFatEditor(Window& window, Main& main) {
-  FatEditor& record = main.FAT_Editor;
+  FatEditor& record = main.tableEditor;
   wxDialog dialog(window.frame, wxID_ANY, "Table Editor", wxDefaultPosition, wxDefaultSize,
                   wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   Form form{fatEditorForm, &dialog, {}, [&record] { return record.shown; }};

@@ -14,7 +14,7 @@ namespace {
 
 /// The list of ships, which has focus first, and the buttons that check all or none.
 wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
-  FighterPack& record = surroundings.main.Fighter_PACK;
+  FighterPack& record = surroundings.main.importForm;
   const Action& press = surroundings.press;
   const int space = panel->FromDIP(gap);
   wxStaticText* label = NewLabel(panel, surroundings.mirror, "Fighter_PACK.lblPack", record.lblPack);
@@ -46,7 +46,7 @@ wxSizer* NewShips(wxWindow* panel, const Surroundings& surroundings) {
 
 /// The textures of the selected ship and their pictures.
 wxSizer* NewTextures(wxWindow* panel, const Surroundings& surroundings) {
-  FighterPack& record = surroundings.main.Fighter_PACK;
+  FighterPack& record = surroundings.main.importForm;
   const Action& press = surroundings.press;
   const int space = panel->FromDIP(gap);
   wxStaticText* label = NewLabel(panel, surroundings.mirror, "Fighter_PACK.lblTextures", record.lblTextures);
@@ -76,7 +76,7 @@ wxSizer* NewTextures(wxWindow* panel, const Surroundings& surroundings) {
 }  // namespace
 
 void ShowFighterPack(Window& window, Main& main) {
-  FighterPack& record = main.Fighter_PACK;
+  FighterPack& record = main.importForm;
   wxDialog dialog(window.frame, wxID_ANY, ToScreen(record.caption), wxDefaultPosition, wxDefaultSize,
                   wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   Form form{fighterPackForm, &dialog, {}, [&record] { return record.shown; }};

@@ -17,7 +17,7 @@ constexpr int purposeWidth = 780;
 
 /// The list of lines.
 ListWindow* NewLines(wxWindow* edge, const Surroundings& surroundings) {
-  ShipListForm& record = surroundings.main.ShipList;
+  ShipListForm& record = surroundings.main.shipListForm;
   auto* list = new ListWindow(edge, record.lstShips, {});
   Enframe(edge, list);
   Reflect(surroundings.mirror, "ShipList.lstShips", list, record.lstShips);
@@ -29,7 +29,7 @@ ListWindow* NewLines(wxWindow* edge, const Surroundings& surroundings) {
 
 /// The fields of the selected line, in two rows of three; Enter applies them.
 wxSizer* NewLineFields(wxWindow* panel, const Surroundings& surroundings) {
-  ShipListForm& record = surroundings.main.ShipList;
+  ShipListForm& record = surroundings.main.shipListForm;
   struct Field {
     const char* name;
     Label& label;
@@ -58,7 +58,7 @@ wxSizer* NewLineFields(wxWindow* panel, const Surroundings& surroundings) {
 
 /// The buttons for the selected line.
 wxSizer* NewLineButtons(wxWindow* panel, const Surroundings& surroundings) {
-  ShipListForm& record = surroundings.main.ShipList;
+  ShipListForm& record = surroundings.main.shipListForm;
   const std::vector<wxButton*> buttons = {
       NewButton(panel, surroundings, "ShipList.cmdApply", record.cmdApply),
       NewButton(panel, surroundings, "ShipList.cmdRemoveLine", record.cmdRemoveLine),
@@ -76,7 +76,7 @@ wxSizer* NewLineButtons(wxWindow* panel, const Surroundings& surroundings) {
 }  // namespace
 
 void ShowShipList(Window& window, Main& main) {
-  ShipListForm& record = main.ShipList;
+  ShipListForm& record = main.shipListForm;
   wxDialog dialog(window.frame, wxID_ANY, ToScreen(record.caption), wxDefaultPosition, wxDefaultSize,
                   wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER);
   Form form{shipListForm, &dialog, {}, [&record] { return record.shown; }};

@@ -64,7 +64,7 @@ void AddPages(Window& window, Main& main) {
   using FillPage = void (*)(wxPanel*, const Surroundings&);
   constexpr std::array<FillPage, 6> fills = {FillSwitcherPage, FillStatsPage,  FillImportPage,
                                              FillHogPage,      FillTcachePage, FillAboutPage};
-  for (std::size_t i = 0; i < fills.size() && i < main.TabStrip1.captions.size(); ++i) {
+  for (std::size_t i = 0; i < fills.size() && i < main.tabStrip.captions.size(); ++i) {
     wxPanel* page = NewPanel(window.notebook);
     window.unfilled.emplace_back([page, surroundings, fill = fills.at(i)] {
       fill(page, surroundings);
@@ -72,9 +72,9 @@ void AddPages(Window& window, Main& main) {
       SettleLists(surroundings.mirror);
     });
     if (fillsAtOnce) Fill(window, i);
-    window.notebook->AddPage(page, ToScreen(main.TabStrip1.captions[i]));
+    window.notebook->AddPage(page, ToScreen(main.tabStrip.captions[i]));
   }
-  Reflect(window.mirror, "main.TabStrip1", window.notebook, main.TabStrip1);
+  Reflect(window.mirror, "main.TabStrip1", window.notebook, main.tabStrip);
   window.notebook->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [&window](wxBookCtrlEvent& event) {
     event.Skip();
     Fill(window, static_cast<std::size_t>(event.GetSelection()));
@@ -233,7 +233,7 @@ void ImportIntoWindow(Window& window, Main& main, const std::string& path) {
   if (window.running || window.form != nullptr) return;
   FillAll(window);
   TakeAll(window.mirror);
-  main.TabStrip1.chosen = importPlace;
+  main.tabStrip.chosen = importPlace;
   main.imports.txtImportFighter.text = path;
   ShowAll(window.mirror);
   Press(window, main, "imports.txtImportFighter.Enter");

@@ -45,7 +45,7 @@ void cmdConvert3dsToSL_Click(Host& host, ConvertPanel& panel, const Installation
   }
   // The conversion makes another folder the current one.
   std::string destination = platform::FromTheRoot(panel.txt3DDest.text);
-  const auto code = m3DtoSL(host, installation, panel.txt3DSource.text, "", destination);
+  const auto code = ConvertMesh(host, installation, panel.txt3DSource.text, "", destination);
   import.txtImportFighter.text = destination;
   // Intentional: the import form does not come up over a conversion that left no model. Where nothing was made there is
   // nothing to import, and the form would only refuse it; a model that was there before is not what was asked for.

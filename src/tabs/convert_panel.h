@@ -34,7 +34,7 @@ struct ImportWindow {
 /// Asks for a mesh, beginning in the game folder; the destination becomes the same name with the extension ".shp".
 void cmd3DSourceBrowse_Click(Host& host, ConvertPanel& panel, const Installation& installation);
 
-/// Converts the source into the destination (m3DtoSL) and goes on to the import of the new model.
+/// Converts the source into the destination (ConvertMesh) and goes on to the import of the new model.
 ///
 /// Blanks at the ends of both boxes' texts go first. Boxes titled "Oravin - 3DS2SL Mesh Converter": "Enter a source
 /// file name", "Enter a destination file name". The destination goes into txtImportFighter whatever came of it; the

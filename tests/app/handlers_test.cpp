@@ -104,7 +104,7 @@ TEST(HogHandlers, EnablingAndDisablingCloseTheArchiveFirst) {
 TEST(HogHandlers, ACopyThatOnlyLooksListsAndExtractsButWritesNothingIntoTheArchive) {
   const SmallInstallation installation;
   Session session(installation);
-  session.main.onlyLooks = true;
+  session.main.readOnly = true;
   session.Press("hog.cmdOpen");
   session.Press("hog.cmdSelectAll");
   session.main.hog.txtHogDest.text = installation.programPath;
@@ -123,11 +123,11 @@ TEST(StartingWithAFile, OpensItOnItsTab) {
   Session session(installation);
   OpenFileOnItsTab(session.main, installation.gamePath + "resource.hog");
   EXPECT_TRUE(IsArchiveOpen(session.main.hog));
-  EXPECT_EQ(session.main.TabStrip1.captions.at(static_cast<std::size_t>(session.main.TabStrip1.chosen - 1)),
+  EXPECT_EQ(session.main.tabStrip.captions.at(static_cast<std::size_t>(session.main.tabStrip.chosen - 1)),
             "Hog Editor");
   OpenFileOnItsTab(session.main, installation.gamePath + "tcachehw.dat");
   EXPECT_EQ(session.main.tcache.openCache, installation.gamePath + "tcachehw.dat");
-  EXPECT_EQ(session.main.TabStrip1.captions.at(static_cast<std::size_t>(session.main.TabStrip1.chosen - 1)),
+  EXPECT_EQ(session.main.tabStrip.captions.at(static_cast<std::size_t>(session.main.tabStrip.chosen - 1)),
             "Tcache Editor");
   session.desk.ExpectBox("File not found", "File path error");
   OpenFileOnItsTab(session.main, installation.gamePath + "none.hog");
@@ -142,9 +142,9 @@ TEST(HogHandlers, TheFormAndTheMenuWorkThroughTheTable) {
   EXPECT_EQ(session.desk.clipboard.size(), 1U);
   for (const char* action : {"hog.hogList.DblClick", "hog.pldHogProperties"}) {
     session.desk.OnForm([&](const std::string&) {
-      session.main.FAT_Editor.txtSize.text = "77";
+      session.main.tableEditor.txtSize.text = "77";
       session.Press(std::string_view(action) == "hog.hogList.DblClick" ? "FAT_Editor.cmdCancel" : "FAT_Editor.cmdSave");
-      EXPECT_FALSE(session.main.FAT_Editor.shown);
+      EXPECT_FALSE(session.main.tableEditor.shown);
     });
     session.Press(action);
   }

@@ -65,7 +65,7 @@ struct Importing : testing::Test {
   void ImportAll(const std::string& file) {
     Open(file, [&] {
       Import();
-      EXPECT_FALSE(session->main.Fighter_PACK.shown);
+      EXPECT_FALSE(session->main.importForm.shown);
     });
   }
   void ExpectSuccess(const std::string& notes = "") { session->desk.ExpectSuccess(successful + notes); }

@@ -63,7 +63,7 @@ TEST_F(Importing, APackWithAClashAndAMissingTextureIsImportedAfterARenameWithout
       "\"My pack\"\r\n\"\\hawk.shp\",\"ALPHA\",\"\"\r\n\"\\ghost.shp\",\"Ghost\",\"\"\r\n"
       "\"\\whale.shp\",\"Whale\",\"\"\r\n");
   Open("ships.pak", [&] {
-    ListView& list = session->main.Fighter_PACK.lstPack;
+    ListView& list = session->main.importForm.lstPack;
     EXPECT_EQ(list.rows[0].colour, 255U);
     session->desk.ExpectBox(
         "Ships marked in red have the same names as an existing ship in Oravin.\n"
@@ -90,7 +90,7 @@ TEST_F(Importing, UncheckingEveryRedShipLetsTheImportProceed) {
   const SmallShip ghost = Make("Ghost", "ghost.shp", {blue});
   MakePack("pack\n\\hawk.shp,Alpha,\n\\ghost.shp,Ghost,\n");
   Open("ships.pak", [&] {
-    SetChecked(session->main.Fighter_PACK.lstPack, 0, false);
+    SetChecked(session->main.importForm.lstPack, 0, false);
     session->Press("Fighter_PACK.lstPack.ItemCheck");
     ExpectSuccess();
     Import();
@@ -148,7 +148,7 @@ TEST_F(Importing, WhatCannotBeWrittenRefusesItBeforeTheFirstChange) {
                             "has been changed.");
     Open("hawk.shp", [&] {
       Import();
-      EXPECT_TRUE(session->main.Fighter_PACK.shown) << "the import can be tried again";
+      EXPECT_TRUE(session->main.importForm.shown) << "the import can be tried again";
     });
     SetReadOnly(installation.folder.Native(name), false);
     Compare("the refusal");
@@ -172,7 +172,7 @@ TEST_F(Importing, AModelWhoseFileNameIsTakenGetsTheFirstFreeNumber) {
   SmallShip first = Make("Hawk", "ALPHA.shp", {red});
   ExpectSuccess("\n\nThe model ALPHA.shp was imported as ALPHA2.shp.");
   Open("ALPHA.shp", [&] {
-    session->main.Fighter_PACK.lstPack.edited = {0, "Hawk"};
+    session->main.importForm.lstPack.edited = {0, "Hawk"};
     session->Press("Fighter_PACK.lstPack.AfterLabelEdit");
     Import();
   });
@@ -182,7 +182,7 @@ TEST_F(Importing, AModelWhoseFileNameIsTakenGetsTheFirstFreeNumber) {
   SmallShip second = Make("Kite", "Alpha.shp", {blue});
   ExpectSuccess("\n\nThe model Alpha.shp was imported as Alpha3.shp.");
   Open("Alpha.shp", [&] {
-    session->main.Fighter_PACK.lstPack.edited = {0, "Kite"};
+    session->main.importForm.lstPack.edited = {0, "Kite"};
     session->Press("Fighter_PACK.lstPack.AfterLabelEdit");
     Import();
   });
@@ -483,7 +483,7 @@ TEST_F(Importing, RenamedAndRemovedAgainEverythingIsWhereItMustBe) {
   SmallShip hawk = Make("Hawk", "hawk.shp", {red});
   ExpectSuccess();
   Open("hawk.shp", [&] {
-    session->main.Fighter_PACK.lstPack.edited = {0, "Hawk"};
+    session->main.importForm.lstPack.edited = {0, "Hawk"};
     session->Press("Fighter_PACK.lstPack.AfterLabelEdit");
     Import();
   });

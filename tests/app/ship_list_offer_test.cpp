@@ -37,7 +37,7 @@ struct ShipListOffer : testing::Test {
     desk.OnForm([this, button](const std::string& form) {
       EXPECT_EQ(form, "ShipList");
       session.Press("ShipList." + button);
-      EXPECT_FALSE(main.ShipList.shown);
+      EXPECT_FALSE(main.shipListForm.shown);
     });
   }
   bool Offer() { return OfferShipList(main, installation.gamePath, installation.programPath); }
@@ -94,8 +94,8 @@ TEST_F(ShipListOffer, YesDraftsTheListAndSaveWritesIt) {
 TEST_F(ShipListOffer, WhatWasEditedIsSaved) {
   ExpectOffer(Answer::yes);
   desk.OnForm([this](const std::string&) {
-    ASSERT_FALSE(main.ShipList.ships.empty());
-    main.ShipList.txtName.text = "My own name";
+    ASSERT_FALSE(main.shipListForm.ships.empty());
+    main.shipListForm.txtName.text = "My own name";
     session.Press("ShipList.cmdSave");
   });
   EXPECT_TRUE(Offer());

@@ -238,8 +238,8 @@ TEST_F(StartUp, FillsTheTextsOfTheTabs) {
 }
 
 TEST_F(StartUp, TheSixTabsStandInTheirOrder) {
-  EXPECT_EQ(session->main.TabStrip1.captions, (std::vector<std::string>{"Switcher", "Ship Stats / Guns", "Import Ships",
-                                                                        "Hog Editor", "Tcache Editor", "About"}));
+  EXPECT_EQ(session->main.tabStrip.captions, (std::vector<std::string>{"Switcher", "Ship Stats / Guns", "Import Ships",
+                                                                       "Hog Editor", "Tcache Editor", "About"}));
 }
 
 TEST_F(StartUp, TheFirstRunCopiesTheStatisticsAndLaterRunsLeaveTheCopyAlone) {
@@ -392,14 +392,14 @@ TEST_F(StartUp, ASecondCopyOnlyLooks) {
   EXPECT_TRUE(SameImage(before, ImageOf(installation.folder.native)));
   session = nullptr;
   session = std::make_unique<Session>(installation);
-  EXPECT_FALSE(session->main.onlyLooks);
+  EXPECT_FALSE(session->main.readOnly);
 }
 
 TEST_F(StartUp, OneFolderForGameAndProgramIsNoSecondCopy) {
   fs::copy_file(installation.Program("shipsData.txt"), installation.Game("shipsData.txt"));
   Load({installation.gamePath, WithoutBackslash(installation.gamePath)});
   EXPECT_EQ(Found().ProgramPath, installation.gamePath);
-  EXPECT_FALSE(session->main.onlyLooks);
+  EXPECT_FALSE(session->main.readOnly);
 }
 
 TEST_F(StartUp, ACopyAtWorkInTheProgramFolderAloneIsNoticed) {
@@ -407,7 +407,7 @@ TEST_F(StartUp, ACopyAtWorkInTheProgramFolderAloneIsNoticed) {
   ASSERT_TRUE(platform::LockFolder(installation.programPath, other));
   session->desk.AllowOthers([](const Message&) { return Answer::ok; });
   Load({installation.gamePath, installation.programPath});
-  EXPECT_TRUE(session->main.onlyLooks);
+  EXPECT_TRUE(session->main.readOnly);
   platform::UnlockFolder(other);
 }
 
@@ -426,7 +426,7 @@ TEST_F(StartUp, TheGameFolderAloneIsFoundAsForTheWholeStartUp) {
   FindGameFolder(session->main);
   ExpectBothFolders();
   EXPECT_FALSE(fs::exists(installation.Game("shipstats.def"))) << "nothing more than that is done";
-  EXPECT_FALSE(session->main.onlyLooks);
+  EXPECT_FALSE(session->main.readOnly);
 }
 
 TEST_F(StartUp, TheGameFolderAloneIsAskedForAndStoredNowhere) {

@@ -206,7 +206,7 @@ TEST_F(StatsCycle, AnImportedShipsWeaponsComeFromItsBackupElseFromTheAddOns) {
 }
 
 TEST_F(StatsCycle, ACopyThatOnlyLooksShowsAShipAndChangesNothing) {
-  session.main.onlyLooks = true;
+  session.main.readOnly = true;
   Choose(alpha);
   EXPECT_EQ(Weapons(), stockWeapons);
   session.Press("stats.pldStatsCopy");

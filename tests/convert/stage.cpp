@@ -28,7 +28,7 @@ void ConvertStage::WriteMesh(const std::string& name, int result, bool writes) c
 
 std::optional<std::int32_t> ConvertStage::Convert(const std::string& source, const std::string& options,
                                                   const std::string& destination) {
-  return m3DtoSL(here.host, installation, source, options, destination);
+  return ConvertMesh(here.host, installation, source, options, destination);
 }
 
 std::string ConvertStage::Report(const std::string& source, const std::string& option,
