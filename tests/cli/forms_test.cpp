@@ -73,7 +73,7 @@ TEST(JsonOfStatus, HasEverything) {
   status.changedShips = 2;
   status.files = {{"resource.hog", true, 5000000000U, 1000, "entries"}, {"shipstats.def", false, 0, 0, "blocks"}};
   EXPECT_EQ(OneLine(JsonOf(status)),
-            R"({"gameFolder":"Z:\\game\\","programFolder":"Z:\\program\\","enabled":true,"readOnly":true,"ships":63,)"
+            R"({"gameFolder":"Z:\\game\\","programFolder":"Z:\\program\\","enabled":true,"onlyLooks":true,"ships":63,)"
             R"("changedShips":2,"files":[)"
             R"({"name":"resource.hog","found":true,"size":5000000000,"count":1000,"counted":"entries"},)"
             R"({"name":"shipstats.def","found":false,"size":0,"count":0,"counted":"blocks"}]})");
