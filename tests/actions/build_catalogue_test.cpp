@@ -396,7 +396,7 @@ TEST_F(CatalogueBuild, FailingToWriteItLeavesTheOldOneAndCopiesNoModel) {
 }
 
 TEST_F(CatalogueBuild, StoppedOrFailingAtAnyOperationTheCatalogueIsWholeOldOrNew) {
-  const std::vector<ListedShip> list = ReadShipList(stage.host.files, stage.files.Program(shipListName));
+  const std::vector<ListedShip> list = ReadShipList(stage.host.files, stage.installation.shipListPath());
   const HogTable live = stage.Live();
   const FolderImage models = ImageOf(stage.files.Game("ships"));
   ASSERT_TRUE(stage.Build());

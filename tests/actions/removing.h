@@ -34,7 +34,7 @@ struct Removing : testing::Test {
     ShipRecord& record = stage.Record(bravo);
     record.Changed = true;
     record.ChangedToIndex = {TaggedValue::real, 4294967296.0 + static_cast<double>(ship), {}};
-    PutShipRecord(stage.host.files, stage.files.Program("ships.dat"), stage.installation.ships, bravo);
+    PutShipRecord(stage.host.files, stage.installation.cataloguePath(), stage.installation.ships, bravo);
     return record.ChangedToIndex;
   }
   [[nodiscard]] std::filesystem::path AddOn(const std::string& name) const {

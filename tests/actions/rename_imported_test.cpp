@@ -70,7 +70,7 @@ TEST_F(Renaming, ShipsThatAreSwappedToItHaveTheNewName) {
 
 TEST_F(Renaming, ARecordThatIsNotChangedIsLeftAloneWhateverItsIndexSays) {
   stage.Record(bravo).ChangedToIndex = Int16Value(manta);
-  PutShipRecord(stage.host.files, stage.files.Program("ships.dat"), stage.installation.ships, bravo);
+  PutShipRecord(stage.host.files, stage.installation.cataloguePath(), stage.installation.ships, bravo);
   const FolderImage expected = Renamed(stage.Image(), "Ray", "Ray");
   EXPECT_TRUE(Rename(manta, "Ray"));
   EXPECT_TRUE(SameImage(expected, stage.Image()));
@@ -80,7 +80,7 @@ TEST_F(Renaming, ARecordThatIsNotChangedIsLeftAloneWhateverItsIndexSays) {
 TEST_F(Renaming, ARecordWhoseIndexIsOnlyInItsLowerBitsTheShipsIsLeftAlone) {
   stage.Record(bravo).Changed = true;
   stage.Record(bravo).ChangedToIndex = {TaggedValue::real, 4294967296.0 + static_cast<double>(manta), {}};
-  PutShipRecord(stage.host.files, stage.files.Program("ships.dat"), stage.installation.ships, bravo);
+  PutShipRecord(stage.host.files, stage.installation.cataloguePath(), stage.installation.ships, bravo);
   EXPECT_TRUE(Rename(manta, "Ray"));
   EXPECT_EQ(stage.Record(bravo).ChangedToName.Trimmed(), "");
   EXPECT_EQ(stage.RecordOnDisk(bravo).ChangedToName.Trimmed(), "");

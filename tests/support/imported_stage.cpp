@@ -12,7 +12,7 @@ void ImportedStage::Reload() {
 void ImportedStage::SetTextures(int ship, const std::vector<std::string>& names) {
   for (ShipText& texture : Record(ship).Textures) texture.Set("");
   for (std::size_t i = 0; i < names.size(); ++i) Record(ship).Textures.at(i).Set(names[i]);
-  PutShipRecord(host.files, files.Program("ships.dat"), installation.ships, At(ship));
+  PutShipRecord(host.files, installation.cataloguePath(), installation.ships, At(ship));
 }
 
 void ImportedStage::AddUserTexture(const std::string& name) const {

@@ -36,9 +36,9 @@ constexpr std::array<const char*, 12> externalGunNames = {"Pulse Cannon",
                                                           nullptr,
                                                           "Laser Cannon Type 5"};
 
-template <std::size_t Count>
-std::string NameOf(const std::array<const char*, Count>& names, int code, const char* otherwise) {
-  const bool known = code >= 0 && static_cast<std::size_t>(code) < Count;
+template <std::size_t count>
+std::string NameOf(const std::array<const char*, count>& names, int code, const char* otherwise) {
+  const bool known = code >= 0 && static_cast<std::size_t>(code) < count;
   const char* name = known ? names.at(static_cast<std::size_t>(code)) : nullptr;
   return name == nullptr ? otherwise : name;
 }
