@@ -58,7 +58,7 @@ struct ListRow {
   std::uint32_t colour = 0;  ///< of its texts: red + 256 x green + 65536 x blue; 0 for the window's own
 };
 
-/// A row's first text as the person has edited it in its place.
+/// A row's first text as the user has edited it.
 struct LabelEdit {
   std::size_t row = 0;
   std::string text;

@@ -205,7 +205,7 @@ void AddForm(Json& layout, const wxDialog& dialog) {
   layout["formClient"] = RectangleOf(dialog, {wxPoint(0, 0), dialog.GetClientSize()});
 }
 
-/// The name of what has the keyboard; Windows' own text box of an edited label has none.
+/// Name of the control that has focus; empty for Windows' own text box of an edited label.
 std::string FocusName() {
   const wxWindow* focus = wxWindow::FindFocus();
   if (focus == nullptr) return {};

@@ -18,8 +18,7 @@ struct AboutTab {
 
 AboutTab NewAboutTab();
 
-/// The version label: major and minor version with a point, the revision behind them without one, so that version 2.1.3
-/// reads "Version 2.13". That is meant.
+/// The version label. Intentional: there is no point before the revision, so version 2.1.3 reads "Version 2.13".
 std::string VersionText(int major, int minor, int revision);
 
 /// The version for the command line: 2.1.3.

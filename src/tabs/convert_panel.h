@@ -19,7 +19,7 @@ struct ConvertPanel {
   Button cmd3DSourceBrowse;
   Button cmdConvert3dsToSL;
   Button cmd3d2SLReadme;
-  bool sourceTakesFocus = false;       ///< set where the person must give a source; the window takes it back
+  bool sourceTakesFocus = false;       ///< set when the user must give a source; the window resets it
   bool destinationTakesFocus = false;  ///< the same for the destination
 };
 
@@ -42,7 +42,7 @@ void cmd3DSourceBrowse_Click(Host& host, ConvertPanel& panel, const Installation
 void cmdConvert3dsToSL_Click(Host& host, ConvertPanel& panel, const Installation& installation,
                              const ImportWindow& import);
 
-/// Opens the converter's readme, `3ds2sl.txt` in the program folder, in the person's text editor.
+/// Opens the converter's readme, `3ds2sl.txt` in the program folder, in the user's text editor.
 void cmd3d2SLReadme_Click(const Installation& installation);
 
 }  // namespace oravin
