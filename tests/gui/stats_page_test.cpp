@@ -277,7 +277,10 @@ TEST(StatsPage, StatisticsAreCopiedPastedAndRestoredByTheMenu) {
   ASSERT_TRUE(WindowsBecome(session, windows));
   ASSERT_TRUE(StatsMenuChosen(session, 2));
   EXPECT_TRUE(ImageBecomes(session, expected));
-  EXPECT_EQ(Control(session, chart)["rows"][0]["selected"], Control(session, chart)["rows"][0]["compared"]);
+  EXPECT_TRUE(Eventually([&] {
+    const Json row = Control(session, chart)["rows"][0];
+    return row["selected"] == row["compared"];
+  }));
   ASSERT_TRUE(StatsMenuChosen(session, 3));
   EXPECT_TRUE(ImageBecomes(session, session.before));
 }
