@@ -22,7 +22,7 @@ struct ModelAttachment {
   int gun = 0;                       ///< type code of a gun
 };
 
-/// Specification of a model.
+/// What a written model contains.
 struct ModelOptions {
   std::uint64_t seed = 0;
   std::string name;                          ///< at most 15 characters, in the header chunk

@@ -79,18 +79,6 @@ void DisguiseModels(Host& host, const Installation& installation) {
 
 }  // namespace
 
-std::uint32_t UnpackFile(Host& host, const Installation& installation, const std::string& destination,
-                         std::uint32_t size, std::uint32_t offset) {
-  return Trapped(host, unpackTitle, std::uint32_t{0}, [&] {
-    RequireFile(host.files, installation.archivePath());
-    const std::string folder = ParentFolder(destination);
-    if (!FolderExists(host.files, folder)) {
-      throw FileError("could not open", folder, "it does not exist", ErrorKind::missing);
-    }
-    return UnpackEntry(host.files, installation.archivePath(), destination, size, offset);
-  });
-}
-
 bool UnpackShip(Host& host, const Installation& installation, const ShipRecord& ship, const std::string& model,
                 bool* nowhere) {
   WholeFiles alone;

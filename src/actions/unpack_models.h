@@ -1,20 +1,11 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "desk/host.h"
 #include "installation/installation.h"
 
 namespace oravin {
-
-/// Unpacks an entry of the game's archive to a file (UnpackEntry). Message boxes titled "UnpackFile()": "Error -
-/// Path(s) not found" when the archive or the destination's folder is missing, else the general one.
-/// @param destination the file's whole path
-/// @param size,offset of the entry, in bytes
-/// @return the signature, 4347 for a compressed entry; 0 when nothing was written
-std::uint32_t UnpackFile(Host& host, const Installation& installation, const std::string& destination,
-                         std::uint32_t size, std::uint32_t offset);
 
 /// Unpacks a ship's stock model into the game's ships folder, wherever the archive holds it now (LiveEntryOf). A
 /// message box says so if the archive does not hold it.

@@ -36,7 +36,7 @@ struct CheckBox {
   bool checked = false;
 };
 
-/// An item of a menu that comes up at the mouse.
+/// An item of a context menu.
 struct MenuItem {
   std::string caption;
   bool enabled = true;

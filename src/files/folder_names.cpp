@@ -22,9 +22,4 @@ const FolderNames::Item* FindIn(const FolderNames& names, const std::string& nam
   return found == names.items.end() ? nullptr : &found->second;
 }
 
-std::uint64_t LengthIn(const FolderNames& names, const std::string& name) {
-  const FolderNames::Item* item = FindIn(names, name);
-  return item == nullptr ? 0 : item->length;
-}
-
 }  // namespace oravin

@@ -24,7 +24,4 @@ FolderNames NamesIn(Files& files, const std::string& folder);
 /// A file of the folder, without regard to case; null if missing.
 const FolderNames::Item* FindIn(const FolderNames& names, const std::string& name);
 
-/// Its length in bytes; 0 if missing.
-std::uint64_t LengthIn(const FolderNames& names, const std::string& name);
-
 }  // namespace oravin

@@ -123,7 +123,7 @@ void LayOut(const HogParts& parts) {
   page->SetSizer(framed);
 }
 
-/// The context menu, at the mouse or at the focused row.
+/// Shows the context menu where the list asked for it.
 void ShowPopup(ListWindow& list, const HogTab& tab, const Action& press) {
   // The click that opens the menu may also have selected the row, which changes the menu.
   press("hog.hogList.ItemClick");

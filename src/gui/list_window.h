@@ -29,7 +29,7 @@ class ListWindow : public wxListCtrl {
   /// is fast even with a hundred thousand selected rows.
   void ShowRecord();
 
-  /// Position of the last requested context menu: at the mouse, or at the focused row for a menu requested by keyboard.
+  /// Position of the last requested context menu: the mouse pointer, or for the keyboard the focused row.
   [[nodiscard]] wxPoint MenuPlace() const;
 
   /// The height of the heading line.

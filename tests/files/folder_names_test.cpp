@@ -17,9 +17,8 @@ TEST(FolderNames, FindsFilesWithoutRegardToCase) {
   ASSERT_NE(FindIn(names, "MODEL.shp"), nullptr);
   EXPECT_EQ(FindIn(names, "MODEL.shp")->spelling, "Model.SHP");
   EXPECT_EQ(FindIn(names, "MODEL.shp")->length, 3U);
-  EXPECT_EQ(LengthIn(names, "model.shp"), 3U);
   ASSERT_NE(FindIn(names, "EMPTY"), nullptr);
-  EXPECT_EQ(LengthIn(names, "EMPTY"), 0U);
+  EXPECT_EQ(FindIn(names, "empty")->length, 0U);
 }
 
 TEST(FolderNames, AFileThatIsNotThereIsNotFound) {
@@ -28,7 +27,6 @@ TEST(FolderNames, AFileThatIsNotThereIsNotFound) {
   test::WriteFileAt(folder.Native("a"), "abc");
   const FolderNames names = NamesIn(files, folder.windows);
   EXPECT_EQ(FindIn(names, "b"), nullptr);
-  EXPECT_EQ(LengthIn(names, "b"), 0U);
 }
 
 TEST(FolderNames, FoldersDoNotCount) {

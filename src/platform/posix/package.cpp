@@ -20,7 +20,7 @@ PackagePlaces PlacesOfPackage() {
   const fs::path executable = fs::read_symlink("/proc/self/exe", failure);
   const fs::path data = executable.parent_path().parent_path() / "share" / "oravin";
   if (failure || !fs::exists(data / "readme.txt", failure)) return {};
-  // The XDG specification says to ignore a relative path.
+  // The XDG base directories must be absolute; a relative one is ignored.
   const fs::path chosen = Environment("XDG_DATA_HOME");
   const fs::path home = Environment("HOME");
   if (!chosen.is_absolute() && !home.is_absolute()) return {};

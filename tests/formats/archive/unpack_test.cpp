@@ -7,6 +7,7 @@
 #include "demo/compressor.h"
 #include "support/archive_stage.h"
 #include "support/fault.h"
+#include "support/thrown.h"
 
 namespace oravin::test {
 namespace {
@@ -101,6 +102,65 @@ TEST_F(Unpacking, NothingButTheDestinationChanges) {
   UnpackTo("out.shp", Entry("packed"));
   expected["game/ships/out.shp"] = content;
   EXPECT_TRUE(SameImage(expected, stage.Image()));
+}
+
+TEST_F(Unpacking, WithoutAFolderOrAnArchiveNothingIsWritten) {
+  const FolderImage before = stage.Image();
+  EXPECT_TRUE(KindThrown([&] { UnpackTo("nowhere\\out.shp", Entry("packed")); }));
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
+  std::filesystem::remove(stage.Game("resource.hog"));
+  EXPECT_TRUE(KindThrown([&] { UnpackTo("out.shp", {"", 0, 10, 0}); }));
+  EXPECT_EQ(ReadTextAt(stage.Game("ships/out.shp")), "as it was");
+}
+
+TEST_F(Unpacking, AnEntryPastTheArchivesEndIsRefusedAndTheDestinationStays) {
+  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
+  const FolderImage before = stage.Image();
+  const auto length = static_cast<std::uint32_t>(stage.Archive().size());
+  const std::vector<std::pair<std::uint32_t, std::uint32_t>> sizesAndOffsets = {
+      {2, length - 1}, {1, length}, {0xFFFFFFFF, 0}, {0xFFFFFFFF, 0xFFFFFFFF}, {0, 0xFFFFFFFF}, {length, 1}};
+  for (const auto& [size, offset] : sizesAndOffsets) {
+    EXPECT_EQ(TextThrown([&] {
+                UnpackTo("out.shp", {"", offset, size, 0});
+              }),
+              "could not unpack " + stage.shipsFolder + "out.shp: its place in " + stage.hogPath +
+                  " lies past that file's end");
+  }
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+}
+
+TEST_F(Unpacking, AnEntryWithoutRoomForASignatureIsRefused) {
+  const auto length = static_cast<std::uint32_t>(stage.Archive().size());
+  EXPECT_EQ(TextThrown([&] {
+              UnpackTo("out.bin", {"", length - 1, 1, 0});
+            }),
+            "could not read " + stage.hogPath + ": it ends too early");
+  EXPECT_FALSE(exists(stage.Game("ships/out.bin")));
+}
+
+TEST_F(Unpacking, ADamagedEntryIsRefusedAndTheDestinationStays) {
+  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
+  // A reference to before the start; and at the archive's end a header that is cut off by nothing but zeros, which
+  // then repeat what is not there.
+  stage.Write({{"bad", {0x10, 0xFB, 0, 0, 9, 0x00, 0x00}}, {"cut", {0x10, 0xFB, 0, 0, 9}}});
+  const FolderImage before = stage.Image();
+  for (const char* name : {"bad", "cut"}) {
+    EXPECT_EQ(TextThrown([&] { UnpackTo("out.shp", Entry(name)); }),
+              "could not unpack " + stage.shipsFolder + "out.shp: it refers to what lies before its start");
+  }
+  EXPECT_TRUE(SameImage(before, stage.Image()));
+}
+
+TEST_F(Unpacking, AStreamThatRunsOutIsRefusedAndTheDestinationStays) {
+  WriteFileAt(stage.Game("ships/out.shp"), "as it was");
+  // 3 MB of literals are promised, and neither the entry nor the 50,000 bytes after it have them.
+  Bytes endless = {0x10, 0xFB, 0x2F, 0xFF, 0xFF};
+  for (int i = 0; i < 2000; ++i) endless.insert(endless.end(), 113, 0xFB);
+  stage.Write({{"endless", endless}, {"more", Bytes(100000, 0xFB)}});
+  EXPECT_EQ(TextThrown([&] { UnpackTo("out.shp", Entry("endless")); }),
+            "could not unpack " + stage.shipsFolder + "out.shp: its compressed data end too early");
+  EXPECT_EQ(ReadTextAt(stage.Game("ships/out.shp")), "as it was");
 }
 
 TEST_F(Unpacking, AnEntryThatEndsWithTheArchiveIsInside) {
