@@ -43,16 +43,14 @@ inline constexpr int draftedKind = 1;
 ///
 /// - Where there is a `NAME.shp`, a model `t_NAME.shp` is its second part: it comes directly after it and has its name.
 /// - A name that is disguised in the table is restored from the table's backup.
-/// - The statistics block is the one whose name is nearest to the model's (actions/match_stats.h); 0 where none is
-/// near.
+/// - The statistics block is the one with the name nearest to the model's (actions/match_stats.h); 0 if none is near.
 /// - A ship is named as its block, else by its file; an imported ship as in the catalogue. Names are cut to 30
 ///   characters and made unique by numbers.
 /// - The first two texture names come from the model. A damaged model is listed with a comment.
 /// - What cannot be listed is passed over with a reason: models in folders of the archive, long names, names that no
-/// file
-///   can have, second entries of one name.
+///   file can have, second entries of one name.
 ///
-/// Nothing is written, except for what LoadHogTable repairs. It tells how far it has come and can be stopped. An
+/// Nothing is written, except for what LoadHogTable repairs. It shows its progress and can be stopped. An
 /// archive that cannot be read gives the boxes of LoadHogTable or the error trap's, and an empty draft.
 ShipListDraft DraftShipList(Host& host, const Installation& installation);
 

@@ -8,7 +8,7 @@ namespace oravin {
 /// What enabling changed.
 struct EnableResult {
   bool unswapped = false;  ///< swapped ships were restored
-  bool enabled = false;    ///< every step succeeded
+  bool enabled = false;    ///< the catalogue is built and every later step was tried; failures had message boxes
 };
 
 /// Enables the editing features: builds the catalogue, unpacks the stock models into the game's ships folder, disguises

@@ -19,8 +19,7 @@ inline constexpr BmpInfo fighterChain{0, 256, 256, 1, 8};
 ///
 /// @param info of the bitmap, as GetBMPInfo returns it
 /// @throws FileError of the kind `missing`; of the kind `wrongFormat` for a bitmap of another size or depth, or one
-/// that
-///   ends before its pixels do; or when it cannot be read
+///   that ends before its pixels do; or when it cannot be read
 Bytes ConvertFighterText(Files& files, const std::string& path, const BmpInfo& info);
 
 }  // namespace oravin
